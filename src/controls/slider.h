@@ -1,0 +1,28 @@
+// A slider or fader. The user's press, changes and release come in that order.
+#pragma once
+
+#include "controls/valued_control.h"
+
+namespace tandem {
+
+class Slider : public ValuedControl {
+ public:
+  Slider(std::int32_t minimum, std::int32_t maximum, NotifyOnPut notify, std::int32_t line_size = 1)
+      : ValuedControl(minimum, maximum, minimum > 0 ? minimum : 0, notify), LineSize(line_size) {}
+
+  ValueProperty Position{*this};
+  const std::int32_t LineSize;
+
+  Notification<> press;
+  Notification<> release;
+
+  bool held() const { return held_; }
+  // The user's hand. A release without a press, or a second press, does nothing.
+  void user_press();
+  void user_release();
+
+ private:
+  bool held_ = false;
+};
+
+}  // namespace tandem

@@ -1,0 +1,20 @@
+// The outer box of the panel's window and the screen that it stands on, in whole twips.
+#pragma once
+
+#include "base/twips.h"
+#include "controls/control.h"
+
+namespace tandem {
+
+class WindowFrame : public Control {
+ public:
+  Property<Twips> Width{view_changed, 9105};
+  Property<Twips> Height{view_changed, 3870};
+  Property<Twips> Left{view_changed, 0};
+  Property<Twips> Top{view_changed, 0};
+
+  Twips ScreenWidth = 1920 * kTwipsPerPixel;  // set by whoever knows the screen
+  Twips ScreenHeight = 1080 * kTwipsPerPixel;
+};
+
+}  // namespace tandem
