@@ -1,0 +1,48 @@
+// The half that all outputs share: orders are posted to the thread that serves the device, questions are answered from
+// what that thread last published. A class derived from it owns the thread.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "engine/output.h"
+#include "platform/heard_clock.h"
+#include "platform/output_orders.h"
+#include "platform/output_wish.h"
+
+namespace tandem {
+
+// What the serving thread publishes; any thread reads it.
+struct OutputFace {
+  std::atomic<bool> consuming{false};
+  std::atomic<int> request_frames{1280};
+  HeardClock heard;
+};
+
+class OrderedOutput : public Output {
+ public:
+  void open(int buffer_bytes) override;
+  void close() override;
+  void start() override;
+  void stop() override;
+  void pause() override;
+  void restart() override;
+  void set_depth(int buffers) override;
+
+  bool consuming() const noexcept override { return face_.consuming.load(std::memory_order_acquire); }
+  std::uint64_t heard() const noexcept override { return face_.heard.heard(monotonic_now()); }
+  int request_frames() const noexcept override { return face_.request_frames.load(std::memory_order_relaxed); }
+  bool lost() const noexcept override { return false; }  // whatever happens, the device is looked for again
+
+ protected:
+  explicit OrderedOutput(OutputRing& ring) : ring_(ring) {}
+
+  OutputRing& ring_;
+  OutputOrders orders_;
+  OutputFace face_;
+
+ private:
+  void post(OutputOrder::Kind kind, int value = 0);
+};
+
+}  // namespace tandem

@@ -1,0 +1,239 @@
+#include "platform/pulse_stream.h"
+
+#include <pulse/proplist.h>
+#include <pulse/timeval.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "engine/frames.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr int kHungryMilliseconds = 10;
+constexpr std::size_t kFrameBytes = sizeof(Sample16);
+
+void forget(pa_operation* operation) {
+  if (operation != nullptr) pa_operation_unref(operation);
+}
+
+PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
+
+// A request may be a quarter of the queue at most: the server gives the device half of what is left beside two
+// requests, and with nothing left it would run at its shortest latency and wake 2000 times a second.
+pa_buffer_attr attributes(const PulseQueue& queue) {
+  const auto buffer = static_cast<std::uint32_t>(queue.buffer_bytes);
+  const std::uint32_t whole = buffer * static_cast<std::uint32_t>(queue.depth);
+  const std::uint32_t quarter = whole / 16 * 4;  // in whole frames
+  pa_buffer_attr attributes = {};
+  attributes.maxlength = UINT32_MAX;
+  attributes.tlength = whole;
+  attributes.prebuf = std::min(buffer, 2 * quarter);
+  attributes.minreq = std::min(buffer, quarter);
+  attributes.fragsize = UINT32_MAX;
+  return attributes;
+}
+
+pa_stream* new_stream(pa_context* context) {
+  const pa_sample_spec format = {PA_SAMPLE_S16NE, static_cast<std::uint32_t>(kSampleRate), 2};
+  pa_proplist* properties = pa_proplist_new();
+  pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "music");
+  pa_stream* stream = pa_stream_new_with_proplist(context, "Tandem", &format, nullptr, properties);
+  pa_proplist_free(properties);
+  return stream;
+}
+
+std::uint64_t frames_of_time(pa_usec_t time) {
+  return static_cast<std::uint64_t>(std::llround(static_cast<double>(time) * kSampleRate / PA_USEC_PER_SEC));
+}
+
+}  // namespace
+
+PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed)
+    : ring_(*places.ring),
+      heard_(*places.heard),
+      changed_(std::move(changed)),
+      hungry_(places.api, [this] { feed(); }),
+      queue_(queue),
+      stream_(new_stream(places.context)),
+      first_(ring_.taken()),
+      stalled_at_(first_),
+      position_(first_) {
+  if (stream_ == nullptr) {
+    state_ = State::kFailed;
+    return;
+  }
+  listen();
+  connect();
+}
+
+PulseStream::~PulseStream() {
+  forget_play_out();
+  if (stream_ == nullptr) return;
+  pa_stream_set_state_callback(stream_, nullptr, nullptr);
+  pa_stream_disconnect(stream_);
+  pa_stream_unref(stream_);
+}
+
+void PulseStream::listen() {
+  pa_stream_set_state_callback(stream_, &PulseStream::on_state, this);
+  pa_stream_set_write_callback(stream_, &PulseStream::on_request, this);
+  pa_stream_set_latency_update_callback(stream_, &PulseStream::on_timing, this);
+  pa_stream_set_underflow_callback(stream_, &PulseStream::on_underflow, this);
+  pa_stream_set_started_callback(stream_, &PulseStream::on_started, this);
+  pa_stream_set_suspended_callback(stream_, &PulseStream::on_suspended, this);
+  pa_stream_set_moved_callback(stream_, &PulseStream::on_moved, this);
+  pa_stream_set_buffer_attr_callback(stream_, &PulseStream::on_queue, this);
+}
+
+void PulseStream::connect() {
+  const pa_buffer_attr wish = attributes(queue_);
+  const auto flags = static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY |
+                                                    PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
+  if (pa_stream_connect_playback(stream_, nullptr, &wish, flags, nullptr, nullptr) < 0) state_ = State::kFailed;
+}
+
+void PulseStream::play() {
+  if (motion_ == Motion::kPlaying) return;
+  if (motion_ == Motion::kHeld) {
+    stall();
+    forget(pa_stream_cork(stream_, 0, nullptr, nullptr));
+  }
+  forget_play_out();
+  motion_ = Motion::kPlaying;
+  feed();
+}
+
+void PulseStream::hold(std::uint64_t up_to) {
+  const std::uint64_t taken = ring_.taken();
+  if (motion_ != Motion::kPlaying && up_to <= taken) return;
+  if (motion_ == Motion::kHeld) play();
+  hungry_.cancel();
+  forget_play_out();
+  if (up_to > ring_.taken()) write(static_cast<std::size_t>(up_to - ring_.taken()));
+  report();
+  play_out();
+}
+
+// Also makes the server play what is shorter than it would wait for.
+void PulseStream::play_out() {
+  motion_ = Motion::kPlayingOut;
+  playing_out_ = pa_stream_drain(stream_, &PulseStream::on_played_out, this);
+}
+
+void PulseStream::forget_play_out() {
+  if (playing_out_ == nullptr) return;
+  pa_operation_cancel(playing_out_);
+  forget(std::exchange(playing_out_, nullptr));
+}
+
+void PulseStream::resize(const PulseQueue& queue) {
+  if (queue == queue_) return;
+  queue_ = queue;
+  apply_queue();
+}
+
+void PulseStream::apply_queue() {
+  const pa_buffer_attr wish = attributes(queue_);
+  forget(pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this));
+}
+
+void PulseStream::read_queue() {
+  const pa_buffer_attr* granted = pa_stream_get_buffer_attr(stream_);
+  if (granted != nullptr) request_frames_ = static_cast<int>(granted->minreq / kFrameBytes);
+  changed_();
+}
+
+void PulseStream::feed() {
+  if (motion_ != Motion::kPlaying) return;
+  const std::size_t asked = pa_stream_writable_size(stream_);
+  if (asked == static_cast<std::size_t>(-1)) return;
+  write(asked / kFrameBytes);
+  report();
+  if (pa_stream_writable_size(stream_) >= kFrameBytes) hungry_.start(kHungryMilliseconds);
+}
+
+void PulseStream::write(std::size_t frames) {
+  for (std::size_t left = std::min(frames, ring_.readable()); left > 0;) {
+    void* place = nullptr;
+    std::size_t bytes = left * kFrameBytes;
+    if (pa_stream_begin_write(stream_, &place, &bytes) < 0 || bytes < kFrameBytes) return;
+    const std::size_t read = ring_.read({static_cast<Sample16*>(place), std::min(left, bytes / kFrameBytes)});
+    if (pa_stream_write(stream_, place, read * kFrameBytes, nullptr, 0, PA_SEEK_RELATIVE) < 0) return;
+    left -= read;
+  }
+}
+
+void PulseStream::stall() {
+  stalled_ = true;
+  stalled_at_ = ring_.taken();
+}
+
+// The server's time runs on when nothing plays, so it counts only up to what it can have played.
+void PulseStream::report() {
+  const std::uint64_t taken = ring_.taken();
+  pa_usec_t time = 0;
+  if (pa_stream_get_time(stream_, &time) == 0) position_ = first_ + frames_of_time(time);
+  const std::uint64_t playable = stalled_ ? stalled_at_ : taken;
+  position_ = held() ? taken : std::min(position_, playable);
+  heard_.publish({position_, monotonic_now(), suspended_ || held() ? position_ : playable});
+}
+
+void PulseStream::on_state(pa_stream* stream, void* self) {
+  PulseStream& my = *stream_of(self);
+  const pa_stream_state_t state = pa_stream_get_state(stream);
+  if (state == PA_STREAM_CREATING) return;
+  my.state_ = state == PA_STREAM_READY ? State::kReady : State::kFailed;
+  if (my.ready()) {
+    my.suspended_ = pa_stream_is_suspended(stream) > 0;
+    my.read_queue();
+  }
+  my.changed_();
+}
+
+void PulseStream::on_request(pa_stream*, std::size_t, void* self) { stream_of(self)->feed(); }
+
+void PulseStream::on_timing(pa_stream* stream, void* self) {
+  PulseStream& my = *stream_of(self);
+  const pa_timing_info* timing = pa_stream_get_timing_info(stream);
+  if (timing != nullptr && timing->playing != 0) my.stalled_ = false;
+  my.report();
+}
+
+void PulseStream::on_underflow(pa_stream*, void* self) {
+  stream_of(self)->stall();
+  stream_of(self)->report();
+}
+
+void PulseStream::on_started(pa_stream*, void* self) {
+  stream_of(self)->stalled_ = false;
+  stream_of(self)->report();
+}
+
+void PulseStream::on_suspended(pa_stream* stream, void* self) {
+  PulseStream& my = *stream_of(self);
+  my.suspended_ = pa_stream_is_suspended(stream) > 0;
+  my.report();
+  my.changed_();
+}
+
+// Another device may grant other sizes.
+void PulseStream::on_moved(pa_stream*, void* self) { stream_of(self)->apply_queue(); }
+
+void PulseStream::on_queue(pa_stream*, void* self) { stream_of(self)->read_queue(); }
+
+void PulseStream::on_queue_set(pa_stream*, int, void* self) { stream_of(self)->read_queue(); }
+
+void PulseStream::on_played_out(pa_stream* stream, int, void* self) {
+  PulseStream& my = *stream_of(self);
+  forget(std::exchange(my.playing_out_, nullptr));
+  my.motion_ = Motion::kHeld;
+  forget(pa_stream_cork(stream, 1, nullptr, nullptr));
+  my.report();
+  my.changed_();
+}
+
+}  // namespace tandem

@@ -1,0 +1,60 @@
+#include "platform/null_output.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/output_feeder.h"
+#include "platform/output_test_server.h"
+
+namespace tandem {
+namespace {
+
+constexpr int kBuffer = 5120;
+constexpr std::uint64_t kRequest = kBuffer / sizeof(Sample16);
+
+class NullOutputTest : public testing::Test {
+ protected:
+  OutputRing ring_;
+  NullOutput output_{ring_};
+  OutputFeeder feeder_{ring_, output_, 2 * kRequest};
+};
+
+TEST_F(NullOutputTest, KeepsThePaceOfTheClock) {
+  output_.open(kBuffer);
+  output_.start();
+  ASSERT_TRUE(wait_until([&] { return output_.heard() > kRequest; }));
+  const Nanoseconds began = monotonic_now();
+  const std::uint64_t from = output_.heard();
+  ASSERT_TRUE(wait_until([&] { return output_.heard() >= from + 22050; }));
+  const Nanoseconds took = monotonic_now() - began;
+  EXPECT_GE(took, kNanosecondsPerSecond / 2 - kNanosecondsPerMillisecond);
+  EXPECT_EQ(output_.request_frames(), static_cast<int>(kRequest));
+}
+
+TEST_F(NullOutputTest, PauseHoldsWithEverythingPlayedAndRestartGoesOn) {
+  output_.start();
+  ASSERT_TRUE(wait_until([&] { return output_.heard() > kRequest; }));
+  output_.pause();
+  ASSERT_TRUE(wait_until([&] { return !output_.consuming() && output_.heard() == ring_.taken(); }));
+  const std::uint64_t held = output_.heard();
+  output_.restart();
+  EXPECT_TRUE(wait_until([&] { return output_.heard() > held + kRequest; }));
+}
+
+TEST_F(NullOutputTest, DeepQueueIsTakenAheadOfWhatIsHeard) {
+  output_.open(kBuffer);
+  output_.set_depth(12);
+  output_.start();
+  EXPECT_TRUE(wait_until([&] { return ring_.taken() >= output_.heard() + 11 * kRequest; }));
+  const std::uint64_t taken = ring_.taken();  // asked first: the clock runs on
+  EXPECT_LE(taken, output_.heard() + 12 * kRequest);
+}
+
+TEST_F(NullOutputTest, TakesNothingWhenClosed) {
+  output_.start();
+  ASSERT_TRUE(wait_until([&] { return output_.consuming(); }));
+  output_.close();
+  EXPECT_TRUE(wait_until([&] { return !output_.consuming() && output_.heard() == ring_.taken(); }));
+}
+
+}  // namespace
+}  // namespace tandem

@@ -1,0 +1,48 @@
+// What the render thread is to an output, for tests: keeps the ring filled with numbered frames while the output
+// consumes. Frame n can be told from every other within 2^30 frames, and none is silence.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <span>
+#include <thread>
+#include <vector>
+
+#include "engine/output.h"
+
+namespace tandem {
+
+Sample16 numbered_frame(std::uint64_t number);
+std::uint64_t number_of_frame(const Sample16& frame);
+bool is_silence(const Sample16& frame);
+
+class OutputFeeder {
+ public:
+  OutputFeeder(OutputRing& ring, const Output& output, std::size_t keep_frames);
+  ~OutputFeeder();
+  OutputFeeder(const OutputFeeder&) = delete;
+  OutputFeeder& operator=(const OutputFeeder&) = delete;
+
+  void hold_back(bool held) { held_back_.store(held); }  // as a render thread that is late
+
+ private:
+  void run();
+  void fill();
+
+  OutputRing& ring_;
+  const Output& output_;
+  std::size_t keep_frames_;
+  std::atomic<bool> held_back_{false};
+  std::atomic<bool> ending_{false};
+  std::thread thread_;
+};
+
+// A stretch of a recording in which the numbers follow one another.
+struct Stretch {
+  std::uint64_t first = 0;
+  std::uint64_t frames = 0;
+  std::uint64_t silence_before = 0;  // frames of silence between the stretch before (or the beginning) and this one
+};
+std::vector<Stretch> stretches_of(std::span<const Sample16> recording);
+
+}  // namespace tandem

@@ -1,0 +1,170 @@
+#include "platform/output_test_server.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <fstream>
+#include <stdexcept>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+extern char** environ;
+
+namespace tandem {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string read_text(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string text(fs::exists(path) ? fs::file_size(path) : 0, '\0');
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(file.gcount()));
+  return text;
+}
+
+std::vector<char*> as_arguments(std::vector<std::string>& command) {
+  std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
+  for (std::string& word : command) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
+  return arguments;
+}
+
+pid_t spawn(std::vector<std::string> command, const fs::path& output) {
+  posix_spawn_file_actions_t files;
+  posix_spawn_file_actions_init(&files);
+  posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  posix_spawn_file_actions_addopen(&files, STDERR_FILENO, (output.string() + ".err").c_str(),
+                                   O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  pid_t pid = -1;
+  const int error = posix_spawnp(&pid, command.front().c_str(), &files, nullptr, as_arguments(command).data(), environ);
+  posix_spawn_file_actions_destroy(&files);
+  if (error != 0) throw std::system_error(error, std::generic_category(), command.front());
+  return pid;
+}
+
+}  // namespace
+
+bool wait_until(const std::function<bool()>& holds, std::chrono::milliseconds deadline) {
+  const auto end = std::chrono::steady_clock::now() + deadline;
+  while (!holds()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  return true;
+}
+
+ChildProcess::ChildProcess(const std::vector<std::string>& command, const fs::path& output)
+    : pid_(spawn(command, output)) {}
+
+ChildProcess::ChildProcess(ChildProcess&& other) noexcept : pid_(std::exchange(other.pid_, -1)) {}
+
+ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept {
+  if (this == &other) return *this;
+  end();
+  pid_ = std::exchange(other.pid_, -1);
+  return *this;
+}
+
+void ChildProcess::send(int signal) const {
+  if (running()) ::kill(pid_, signal);
+}
+
+int ChildProcess::wait() {
+  int status = 0;
+  if (running()) ::waitpid(pid_, &status, 0);
+  pid_ = -1;
+  return status;
+}
+
+void ChildProcess::end() {
+  send(SIGKILL);
+  wait();
+}
+
+OutputTestServer::OutputTestServer() {
+  std::string name = (fs::temp_directory_path() / "tandem-sound-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw std::system_error(errno, std::generic_category(), name);
+  directory_ = name;
+  for (const char* variable : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
+    ::setenv(variable, name.c_str(), 1);
+  ::setenv("PULSE_SERVER", ("unix:" + name + "/socket").c_str(), 1);
+  ::unsetenv("DISPLAY");
+  ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+OutputTestServer::~OutputTestServer() {
+  recorder_.end();
+  daemon_.end();
+  std::error_code ignored;
+  fs::remove_all(directory_, ignored);
+}
+
+void OutputTestServer::start() {
+  fs::remove(directory_ / "socket");
+  modules_.clear();
+  daemon_ =
+      ChildProcess({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--realtime=no",
+                    "--high-priority=no", "-L",
+                    "module-native-protocol-unix socket=" + (directory_ / "socket").string() + " auth-anonymous=1"},
+                   directory_ / "daemon.log");
+  if (!wait_until([this] { return fs::exists(directory_ / "socket"); }))
+    throw std::runtime_error("pulseaudio does not start: " + read_text(directory_ / "daemon.log.err"));
+  load_sink("null0");
+}
+
+void OutputTestServer::freeze() { daemon_.send(SIGSTOP); }
+void OutputTestServer::thaw() { daemon_.send(SIGCONT); }
+
+// Without norewinds the null sink works in blocks of two seconds and starves every short queue.
+void OutputTestServer::load_sink(const std::string& name) {
+  std::string number = control({"load-module", "module-null-sink", "sink_name=" + name, "rate=44100", "norewinds=1"});
+  modules_.emplace_back(name, number.substr(0, number.find('\n')));
+}
+
+void OutputTestServer::unload_sink(const std::string& name) {
+  const auto found =
+      std::find_if(modules_.begin(), modules_.end(), [&](const auto& sink) { return sink.first == name; });
+  if (found == modules_.end()) throw std::runtime_error("no sink " + name);
+  control({"unload-module", found->second});
+  modules_.erase(found);
+}
+
+void OutputTestServer::suspend_sink(const std::string& name, bool suspended) {
+  control({"suspend-sink", name, suspended ? "1" : "0"});
+}
+
+void OutputTestServer::set_default_sink(const std::string& name) { control({"set-default-sink", name}); }
+
+void OutputTestServer::start_recording() {
+  recorder_ = ChildProcess(
+      {"parec", "-d", "null0.monitor", "--raw", "--format=s16le", "--rate=44100", "--channels=2", "--latency-msec=20"},
+      directory_ / "recording");
+  if (!wait_until([this] { return fs::file_size(directory_ / "recording") > 0; }))
+    throw std::runtime_error("parec records nothing: " + read_text(directory_ / "recording.err"));
+}
+
+std::vector<Sample16> OutputTestServer::recording() const {
+  const std::string bytes = read_text(directory_ / "recording");
+  std::vector<Sample16> frames(bytes.size() / sizeof(Sample16));
+  std::copy_n(bytes.data(), frames.size() * sizeof(Sample16), reinterpret_cast<char*>(frames.data()));
+  return frames;
+}
+
+std::string OutputTestServer::control(const std::vector<std::string>& arguments) const {
+  std::vector<std::string> command = {"pactl"};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  ChildProcess pactl(command, directory_ / "pactl.out");
+  if (pactl.wait() != 0)
+    throw std::runtime_error("pactl " + arguments.front() + ": " + read_text(directory_ / "pactl.out.err"));
+  return read_text(directory_ / "pactl.out");
+}
+
+}  // namespace tandem

@@ -1,0 +1,68 @@
+// A private sound server for one test: pulseaudio on a unix socket in a temporary directory, with one null sink, and a
+// recorder of what that sink plays. Needs the programs pulseaudio, pactl and parec. Everything it started is killed by
+// its process number, and the directory removed, when it is destroyed.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "engine/output_ring.h"
+
+namespace tandem {
+
+// Asks until it holds; false after the deadline.
+bool wait_until(const std::function<bool()>& holds, std::chrono::milliseconds deadline = std::chrono::seconds(10));
+
+class ChildProcess {  // killed and reaped at the end
+ public:
+  ChildProcess() = default;
+  ChildProcess(const std::vector<std::string>& command, const std::filesystem::path& output);
+  ~ChildProcess() { end(); }
+  ChildProcess(ChildProcess&& other) noexcept;
+  ChildProcess& operator=(ChildProcess&& other) noexcept;
+
+  bool running() const { return pid_ > 0; }
+  void send(int signal) const;
+  int wait();  // for its own end; the exit status
+  void end();  // SIGKILL
+
+ private:
+  pid_t pid_ = -1;
+};
+
+class OutputTestServer {
+ public:
+  OutputTestServer();  // not started; PULSE_SERVER of this process points at its socket
+  ~OutputTestServer();
+  OutputTestServer(const OutputTestServer&) = delete;
+  OutputTestServer& operator=(const OutputTestServer&) = delete;
+
+  void start();  // returns when it answers; throws std::runtime_error if it does not
+  void kill_hard() { daemon_.end(); }
+  void freeze();
+  void thaw();
+
+  void load_sink(const std::string& name);
+  void unload_sink(const std::string& name);
+  void suspend_sink(const std::string& name, bool suspended);
+  void set_default_sink(const std::string& name);
+
+  void start_recording();                   // returns when sound comes in
+  std::vector<Sample16> recording() const;  // so far
+  std::filesystem::path directory() const { return directory_; }
+
+ private:
+  std::string control(const std::vector<std::string>& arguments) const;
+
+  std::filesystem::path directory_;
+  ChildProcess daemon_;
+  ChildProcess recorder_;
+  std::vector<std::pair<std::string, std::string>> modules_;  // of the sinks: name, number
+};
+
+}  // namespace tandem
