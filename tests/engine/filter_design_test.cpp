@@ -1,0 +1,219 @@
+#include "engine/filter_design.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <complex>
+#include <cstring>
+#include <numbers>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include "engine/fft_real.h"
+#include "engine/filter_designer.h"
+#include "engine/frames.h"
+
+namespace tandem {
+namespace {
+
+constexpr std::array<double, 16> kEdges{0,    32,   64,   130,  260,  470,  540,   630,
+                                        1200, 2500, 4000, 5400, 6300, 8300, 12000, 20000};
+using Gains = std::array<double, 15>;
+
+std::vector<EqualizerBand> bands_of(const Gains& gains) {
+  std::vector<EqualizerBand> bands;
+  for (std::size_t i = 0; i < gains.size(); ++i) bands.push_back({kEdges[i], kEdges[i + 1], gains[i]});
+  return bands;
+}
+
+Gains even_gains(double gain) {
+  Gains gains;
+  gains.fill(gain);
+  return gains;
+}
+
+Gains alternating_gains(double gain) {
+  Gains gains;
+  for (std::size_t i = 0; i < gains.size(); ++i) gains[i] = i % 2 == 0 ? gain : -gain;
+  return gains;
+}
+
+std::vector<Gains> many_gains() {
+  std::vector<Gains> sets{even_gains(12), even_gains(-12), alternating_gains(12), alternating_gains(-12),
+                          alternating_gains(6)};
+  for (std::size_t i = 0; i < 15; ++i) {
+    sets.push_back(even_gains(0));
+    sets.back()[i] = i % 2 == 0 ? 12 : -12;
+  }
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> gain(-12, 12);
+  for (int set = 0; set < 12; ++set) {
+    sets.emplace_back();
+    for (double& g : sets.back()) g = gain(random);
+  }
+  return sets;
+}
+
+// The level in dB at one frequency, by the plain sum over all taps.
+double level(const std::vector<float>& taps, double hz) {
+  const double turn = -2.0 * std::numbers::pi * hz / kSampleRate;
+  std::complex<double> sum;
+  for (std::size_t n = 0; n < taps.size(); ++n) {
+    sum += static_cast<double>(taps[n]) * std::polar(1.0, turn * static_cast<double>(n));
+  }
+  return 20.0 * std::log10(std::abs(sum));
+}
+
+std::vector<double> centres(std::size_t band) {
+  std::vector<double> result{(kEdges[band] + kEdges[band + 1]) / 2.0};
+  if (kEdges[band] > 0.0) result.push_back(std::sqrt(kEdges[band] * kEdges[band + 1]));
+  return result;
+}
+
+TEST(FilterDesign, EveryBandCentreHasItsGain) {
+  double worst = 0.0;
+  for (const Gains& gains : many_gains()) {
+    const auto taps = design_taps(bands_of(gains));
+    for (std::size_t band = 0; band < gains.size(); ++band) {
+      for (const double hz : centres(band)) worst = std::max(worst, std::abs(level(taps, hz) - gains[band]));
+    }
+  }
+  RecordProperty("worst_centre_error_db", std::to_string(worst));
+  EXPECT_LT(worst, 0.5);  // half of the slider's step of 1 dB
+}
+
+TEST(FilterDesign, EqualGainsGiveNoRipple) {
+  for (const double gain : {12.0, -12.0}) {
+    const auto taps = design_taps(bands_of(even_gains(gain)));
+    for (double hz = 5.0; hz < 22050.0; hz *= 1.03) ASSERT_NEAR(level(taps, hz), gain, 0.01) << hz;
+  }
+}
+
+TEST(FilterDesign, TheGainOfTheLastBandIsHeldAboveIt) {
+  Gains gains = even_gains(0);
+  gains[14] = 9;
+  const auto taps = design_taps(bands_of(gains));
+  for (const double hz : {20001.0, 21000.0, 22000.0}) EXPECT_NEAR(level(taps, hz), 9.0, 0.1);
+}
+
+TEST(FilterDesign, ZeroGainsAreASingleTapAndNeedNoFilter) {
+  const auto taps = design_taps(bands_of(even_gains(0)));
+  EXPECT_EQ(taps[0], 1.0F);
+  for (std::size_t n = 1; n < taps.size(); ++n) ASSERT_EQ(taps[n], 0.0F);
+  EXPECT_EQ(design_filter(bands_of(even_gains(0))), nullptr);
+  EXPECT_NE(design_filter(bands_of(even_gains(1))), nullptr);
+}
+
+TEST(FilterDesign, NearlyZeroGainsAreNearlyASingleTap) {
+  Gains gains = even_gains(0);
+  gains[7] = 0.01;  // 0.12 % in amplitude, over a fortieth of the spectrum
+  const auto taps = design_taps(bands_of(gains));
+  EXPECT_NEAR(taps[0], 1.0F, 1e-4F);
+  for (std::size_t n = 1; n < taps.size(); ++n) ASSERT_NEAR(taps[n], 0.0F, 1e-4F);
+}
+
+// What makes a response minimum-phase: no other with the same levels has its energy earlier. The first tap is then
+// the geometric mean of the levels over all frequencies.
+TEST(FilterDesign, TheResponseIsMinimumPhase) {
+  for (const Gains& gains : many_gains()) {
+    const auto taps = design_taps(bands_of(gains));
+    double mean_db = gains[14] * (kSampleRate / 2.0 - kEdges[15]);
+    for (std::size_t i = 0; i < gains.size(); ++i) mean_db += gains[i] * (kEdges[i + 1] - kEdges[i]);
+    mean_db /= kSampleRate / 2.0;
+    // The slopes between bands are even in amplitude, not in dB: up to 14 of them, each a few Hz to the louder side.
+    EXPECT_NEAR(20.0 * std::log10(static_cast<double>(taps[0])), mean_db, 0.05);
+  }
+}
+
+TEST(FilterDesign, TheResponseEndsWithinItsTaps) {
+  for (const Gains& gains : many_gains()) {
+    const auto taps = design_taps(bands_of(gains));
+    double last = 0.0;
+    for (std::size_t n = taps.size() - 64; n < taps.size(); ++n) last = std::max(last, std::abs(double{taps[n]}));
+    EXPECT_LT(last, 1e-3);  // -60 dB at the very end: no audible cut
+  }
+}
+
+TEST(RealFft, AgreesWithThePlainSumAndComesBack) {
+  std::mt19937 random(5);
+  std::normal_distribution<double> level(0.0, 1.0);
+  std::vector<double> time(64);
+  for (double& x : time) x = level(random);
+  const RealFft fft(time.size());
+  const auto spectrum = fft.forward(time);
+  for (std::size_t k = 0; k < spectrum.size(); ++k) {
+    std::complex<double> sum;
+    for (std::size_t n = 0; n < time.size(); ++n) {
+      sum += time[n] * std::polar(1.0, -2.0 * std::numbers::pi * static_cast<double>(n * k) / 64.0);
+    }
+    EXPECT_NEAR(std::abs(sum - spectrum[k]), 0.0, 1e-12);
+  }
+  const auto again = fft.back(spectrum);
+  for (std::size_t n = 0; n < time.size(); ++n) EXPECT_NEAR(again[n], time[n], 1e-13);
+}
+
+bool same_filter(const EqualizerFilter* a, const EqualizerFilter* b) {
+  return std::memcmp(&a->partitions(), &b->partitions(), sizeof(SpectrumTable)) == 0;
+}
+
+TEST(FilterDesigner, InSimulatedTimeDesignsOnlyTheLatestRequest) {
+  FilterDesigner designer(false);
+  const EqualizerFilter* filter = nullptr;
+  EXPECT_FALSE(designer.take(filter));
+  for (int move = 1; move <= 50; ++move) designer.request(bands_of(alternating_gains(12.0 * move / 50)), false);
+  ASSERT_TRUE(designer.take(filter));
+  EXPECT_EQ(designer.designs(), 1);
+  ASSERT_NE(filter, nullptr);
+  EXPECT_TRUE(same_filter(filter, design_filter(bands_of(alternating_gains(12))).get()));
+  EXPECT_FALSE(designer.take(filter));
+  designer.give_back(filter);
+}
+
+TEST(FilterDesigner, FlatOrBypassedIsNone) {
+  FilterDesigner designer(false);
+  const EqualizerFilter stand_in(std::vector<float>{1.0F});
+  for (const auto& [gain, bypassed] : {std::pair{0.0, false}, {6.0, true}, {0.0, true}}) {
+    designer.request(bands_of(even_gains(gain)), bypassed);
+    const EqualizerFilter* filter = &stand_in;
+    ASSERT_TRUE(designer.take(filter));
+    EXPECT_EQ(filter, nullptr);
+  }
+}
+
+// Takes until the filter of these gains has come; gives all others back.
+void take_until(FilterDesigner& designer, const Gains& gains) {
+  const auto expected = design_filter(bands_of(gains));
+  for (bool found = false; !found; std::this_thread::yield()) {
+    const EqualizerFilter* filter = nullptr;
+    if (!designer.take(filter)) continue;
+    found = filter != nullptr && same_filter(filter, expected.get());
+    designer.give_back(filter);
+  }
+}
+
+TEST(FilterDesigner, ADragOfFiftyMovesDoesNotQueueFiftyDesigns) {
+  FilterDesigner designer(true);
+  for (int move = 1; move <= 50; ++move) designer.request(bands_of(alternating_gains(12.0 * move / 50)), false);
+  take_until(designer, alternating_gains(12));
+  // Fifty requests take less time than one design; half of them leaves room for any scheduling.
+  EXPECT_LE(designer.designs(), 25);
+}
+
+TEST(FilterDesigner, FreesWhatWasNeverTaken) {
+  FilterDesigner designer(true);  // the address sanitizer's leak check sees to the rest
+  designer.request(bands_of(even_gains(3)), false);
+  designer.request(bands_of(even_gains(4)), false);
+  while (designer.designs() == 0) std::this_thread::yield();
+}
+
+TEST(FilterDesigner, StopsWhileARequestIsUnderWay) {
+  for (int run = 0; run < 10; ++run) {
+    FilterDesigner designer(true);
+    designer.request(bands_of(alternating_gains(run + 1)), false);
+  }
+}
+
+}  // namespace
+}  // namespace tandem
