@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
 #include <thread>
@@ -141,7 +142,12 @@ void OutputTestServer::suspend_sink(const std::string& name, bool suspended) {
   control({"suspend-sink", name, suspended ? "1" : "0"});
 }
 
-void OutputTestServer::set_default_sink(const std::string& name) { control({"set-default-sink", name}); }
+void OutputTestServer::move_streams_to(const std::string& name) {
+  control({"set-default-sink", name});
+  std::istringstream streams(control({"list", "short", "sink-inputs"}));
+  for (std::string line; std::getline(streams, line);)
+    control({"move-sink-input", line.substr(0, line.find('\t')), name});
+}
 
 void OutputTestServer::start_recording() {
   recorder_ = ChildProcess(

@@ -50,7 +50,7 @@ class OutputTestServer {
   void load_sink(const std::string& name);
   void unload_sink(const std::string& name);
   void suspend_sink(const std::string& name, bool suspended);
-  void set_default_sink(const std::string& name);
+  void move_streams_to(const std::string& name);  // makes it the default too
 
   void start_recording();                   // returns when sound comes in
   std::vector<Sample16> recording() const;  // so far

@@ -1,0 +1,48 @@
+// A libpulse output on a private server (not started yet) with its ring, and the questions that its tests ask.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/output_feeder.h"
+#include "platform/output_test_server.h"
+#include "platform/pulse_output.h"
+
+namespace tandem {
+
+class PulseOutputFixture : public testing::Test {
+ protected:
+  static constexpr int kBuffer = 5120;
+  static constexpr std::uint64_t kRequest = kBuffer / sizeof(Sample16);
+  static constexpr std::size_t kKeep = 2 * kRequest;
+
+  bool consuming() const {
+    return wait_until([this] { return output_.consuming(); });
+  }
+  bool heard_further(std::uint64_t frames) const {
+    const std::uint64_t target = output_.heard() + frames;
+    return wait_until([&] { return output_.heard() >= target; });
+  }
+  bool played_out() const {
+    return wait_until([this] { return !output_.consuming() && output_.heard() == ring_.taken(); });
+  }
+  // What was recorded once the last frame that was taken is among it.
+  std::vector<Stretch> recorded() const {
+    std::vector<Stretch> found;
+    wait_until([&] {
+      found = stretches_of(server_.recording());
+      return !found.empty() && found.back().first + found.back().frames >= ring_.taken();
+    });
+    return found;
+  }
+
+  OutputTestServer server_;
+  OutputRing ring_;
+  PulseOutput output_{ring_};
+};
+
+}  // namespace tandem

@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
+#include "platform/pulse_output_fixture.h"
+
+namespace tandem {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kBackWithin{2000};
+
+std::ptrdiff_t entries_of(const char* directory) {
+  const std::filesystem::directory_iterator entries(directory);
+  return std::distance(begin(entries), end(entries));
+}
+
+long resident_kilobytes() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    if (word != "VmRSS:") continue;
+    long kilobytes = 0;
+    status >> kilobytes;
+    return kilobytes;
+  }
+  return 0;
+}
+
+int restarts_wished() {
+  const char* count = std::getenv("TANDEM_TEST_RESTARTS");
+  return count != nullptr ? std::max(1, std::atoi(count)) : 5;
+}
+
+class PulseOutputRecoveryTest : public PulseOutputFixture {
+ protected:
+  void play() {
+    server_.start();
+    output_.set_depth(4);
+    output_.start();
+    ASSERT_TRUE(heard_further(kRequest));
+  }
+  bool silent() const {
+    return wait_until([this] { return !output_.consuming(); });
+  }
+
+  OutputFeeder feeder_{ring_, output_, kKeep};
+};
+
+TEST_F(PulseOutputRecoveryTest, AServerThatIsKilledAgainAndAgainIsFoundAgain) {
+  play();
+  std::ptrdiff_t descriptors = 0;
+  std::ptrdiff_t threads = 0;
+  long memory = 0;
+  long slowest = 0;
+  const int restarts = restarts_wished();
+  for (int i = 0; i < restarts; ++i) {
+    server_.kill_hard();
+    ASSERT_TRUE(silent());
+    EXPECT_EQ(output_.heard(), ring_.taken());
+    server_.start();
+    const Nanoseconds back = monotonic_now();
+    ASSERT_TRUE(wait_until([&] { return output_.consuming(); }, kBackWithin)) << "restart " << i;
+    slowest = std::max(slowest, static_cast<long>((monotonic_now() - back) / kNanosecondsPerMillisecond));
+    ASSERT_TRUE(heard_further(kRequest));
+    if (i == 0) {
+      descriptors = entries_of("/proc/self/fd");
+      threads = entries_of("/proc/self/task");
+      memory = resident_kilobytes();
+    }
+  }
+  EXPECT_EQ(entries_of("/proc/self/fd"), descriptors);
+  EXPECT_EQ(entries_of("/proc/self/task"), threads);
+  RecordProperty("slowest_ms", std::to_string(slowest));
+  RecordProperty("growth_kb", std::to_string(resident_kilobytes() - memory));
+  EXPECT_LT(resident_kilobytes() - memory, 4096 + 40 * restarts);
+}
+
+TEST_F(PulseOutputRecoveryTest, NoServerAtStart) {
+  output_.start();
+  EXPECT_FALSE(output_.consuming());
+  EXPECT_EQ(output_.heard(), 0U);
+  server_.start();
+  EXPECT_TRUE(wait_until([&] { return output_.consuming(); }, kBackWithin));
+  EXPECT_TRUE(heard_further(kRequest));
+}
+
+TEST_F(PulseOutputRecoveryTest, TheLastSinkGoesAndComes) {
+  play();
+  server_.unload_sink("null0");
+  ASSERT_TRUE(silent());
+  EXPECT_EQ(output_.heard(), ring_.taken());
+  server_.load_sink("null0");
+  EXPECT_TRUE(wait_until([&] { return output_.consuming(); }, kBackWithin));
+  EXPECT_TRUE(heard_further(kRequest));
+}
+
+TEST_F(PulseOutputRecoveryTest, FollowsToAnotherSinkAndSetsItsQueueAnew) {
+  play();
+  server_.load_sink("null1");
+  server_.move_streams_to("null1");
+  server_.unload_sink("null0");
+  EXPECT_TRUE(heard_further(kRequest * 8));
+  EXPECT_TRUE(output_.consuming());
+  EXPECT_EQ(output_.request_frames(), static_cast<int>(kRequest));
+}
+
+TEST_F(PulseOutputRecoveryTest, AServerThatHangsHoldsNobodyAndGoesOnAfterwards) {
+  play();
+  server_.freeze();
+  const Nanoseconds began = monotonic_now();
+  output_.set_depth(8);
+  output_.pause();
+  output_.restart();
+  EXPECT_LT(monotonic_now() - began, 50 * kNanosecondsPerMillisecond);
+  EXPECT_TRUE(wait_until([&] { return output_.heard() == ring_.taken(); }));
+  const std::uint64_t stands = output_.heard();
+  server_.thaw();
+  EXPECT_TRUE(wait_until([&] { return output_.heard() > stands + 8 * kRequest; }));
+}
+
+TEST_F(PulseOutputRecoveryTest, ASuspendedSinkDoesNotConsume) {
+  play();
+  server_.suspend_sink("null0", true);
+  ASSERT_TRUE(silent());
+  server_.suspend_sink("null0", false);
+  ASSERT_TRUE(consuming());
+  EXPECT_TRUE(heard_further(kRequest * 4));
+}
+
+TEST_F(PulseOutputRecoveryTest, WhatWasStoppedWithoutADeviceDoesNotComeBack) {
+  play();
+  server_.kill_hard();
+  ASSERT_TRUE(silent());
+  output_.stop();
+  EXPECT_TRUE(wait_until([&] { return ring_.readable() == 0; }));
+  EXPECT_EQ(output_.heard(), ring_.taken());
+}
+
+}  // namespace
+}  // namespace tandem
