@@ -10,7 +10,9 @@ add_library(tandem_options INTERFACE)
 target_include_directories(tandem_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
 target_compile_options(tandem_options INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
-  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough)
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough
+  # gcc 12 raises false alarms of this kind inside std::string.
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(TANDEM_SANITIZE)
   target_compile_options(tandem_options INTERFACE -fsanitize=${TANDEM_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all -Wno-null-dereference -Wno-maybe-uninitialized)
@@ -41,14 +43,47 @@ function(tandem_library name)
   endif()
 endfunction()
 
-# tandem_test(NAME SOURCES file... LINKS target... [LABELS label...]): a GoogleTest program, one CTest entry.
+# tandem_test(NAME SOURCES file... LINKS target... [LABELS label...] [SERIAL] [SHARDS n]): a GoogleTest program.
+# It is one CTest entry of that name, or n entries NAME.0 ... that share its cases. Labels with a meaning for ./check:
+# "threads" is run under the thread sanitizer too, "slow" is left out under the address sanitizer. SERIAL: runs alone.
+# Each entry leaves its cases in results/ENTRY.xml of the build folder, where they are counted.
 function(tandem_test name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS;LABELS" ${ARGN})
+  cmake_parse_arguments(arg "SERIAL" "SHARDS" "SOURCES;LINKS;LABELS" ${ARGN})
   find_package(GTest REQUIRED)
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE tandem_options ${arg_LINKS} GTest::gmock GTest::gtest GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE TANDEM_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data")
-  add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 600 LABELS "${arg_LABELS}")
+  if("threads" IN_LIST arg_LABELS)
+    add_dependencies(threads_tests ${name})
+  endif()
+  if(NOT "slow" IN_LIST arg_LABELS)
+    add_dependencies(quick_tests ${name})
+  endif()
+  if(NOT arg_SHARDS)
+    tandem_test_entry(${name} ${name} "" "${arg_LABELS}" "${arg_SERIAL}")
+    return()
+  endif()
+  math(EXPR last "${arg_SHARDS} - 1")
+  foreach(shard RANGE ${last})
+    set(part "GTEST_TOTAL_SHARDS=${arg_SHARDS};GTEST_SHARD_INDEX=${shard}")
+    tandem_test_entry(${name}.${shard} ${name} "${part}" "${arg_LABELS}" "${arg_SERIAL}")
+  endforeach()
+endfunction()
+
+function(tandem_test_entry entry program environment labels serial)
+  add_test(NAME ${entry} COMMAND ${program})
+  set_tests_properties(${entry} PROPERTIES TIMEOUT 600 LABELS "${labels}" RUN_SERIAL "${serial}"
+    ENVIRONMENT "GTEST_OUTPUT=xml:${CMAKE_BINARY_DIR}/results/${entry}.xml;${environment}")
+endfunction()
+
+# The test programs that the sanitizer stages of ./check build.
+add_custom_target(quick_tests)
+add_custom_target(threads_tests)
+
+# tandem_factory_settings(TARGET): puts the factory TP.inf beside the program TARGET if there is none.
+function(tandem_factory_settings target)
+  add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+    COMMAND ${CMAKE_COMMAND} -D "FROM=${CMAKE_SOURCE_DIR}/packaging/TP.inf" -D "TO=$<TARGET_FILE_DIR:${target}>/TP.inf"
+            -P "${CMAKE_SOURCE_DIR}/cmake/copy_if_absent.cmake")
 endfunction()

@@ -54,7 +54,7 @@ void BandEqualizer::reset() noexcept {
   position_ = 0;
   transformed_ = 0;
   block_ = kPastBlocks;
-  for (Voice& voice : voices_) voice.next_for = 0;
+  for (Voice& voice : voices_) voice.first = kNever;
 }
 
 void BandEqualizer::process_block() noexcept {
@@ -86,7 +86,7 @@ void BandEqualizer::begin_fade() noexcept {
   if (next == voices_[current_].filter) return;  // from none to none
   current_ = 1 - current_;
   voices_[current_].filter = next;
-  voices_[current_].next_for = 0;
+  voices_[current_].first = kNever;
   fading_ = true;
   fade_block_ = 0;
 }
@@ -129,14 +129,14 @@ void BandEqualizer::transform_input() noexcept {
 const Block& BandEqualizer::render_voice(Voice& voice, Block& scratch) noexcept {
   if (voice.filter == nullptr) return past(block_);
   const SpectrumTable& filter = voice.filter->partitions();
-  if (voice.next_for == block_) {
-    convolve_newest(spectra_, block_, filter, voice.next);
-    transform_back(voice.next, scratch);
+  const std::size_t place = block_ - voice.first;
+  if (place < kAhead) {
+    convolve_rest(spectra_, block_, filter, place, voice.sums[place]);
+    transform_back(voice.sums[place], scratch);
   } else {
-    Spectrum now;
-    convolve_pair(spectra_, block_, filter, now, voice.next);
-    voice.next_for = block_ + 1;
-    transform_back(now, scratch);
+    voice.first = block_;
+    convolve_ahead(spectra_, block_, filter, voice.sums);
+    transform_back(voice.sums[0], scratch);
   }
   return scratch;
 }

@@ -36,12 +36,13 @@ class BandEqualizer {
   void reset() noexcept;
 
  private:
-  // One filter at work. `next` holds, for the block `next_for`, all of its sum that older blocks contribute.
+  // One filter at work. Sum k is that of block `first + k`, less what blocks after `first` contribute.
   struct Voice {
     const EqualizerFilter* filter = nullptr;
-    std::size_t next_for = 0;
-    Spectrum next;
+    std::size_t first = kNever;
+    SpectraAhead sums;
   };
+  static constexpr std::size_t kNever = 0;  // so far before the first block that no sum is left
 
   static constexpr std::size_t kPastBlocks = kPartitions + 1;
   static constexpr std::size_t kFadeBlocks = static_cast<std::size_t>(kFadeFrames) / kPartition;

@@ -22,16 +22,16 @@ class DeckRing {
   DeckRing();
 
   // Reader thread.
-  std::size_t writable() const noexcept;                          // frames that can be written now
-  void write(std::span<const StereoFrame> frames) noexcept;       // at most writable()
+  std::size_t writable() const noexcept;                     // frames that can be written now
+  void write(std::span<const StereoFrame> frames) noexcept;  // at most writable()
   std::uint64_t written() const noexcept { return tail_.load(std::memory_order_relaxed); }
 
   // Render thread.
-  std::size_t readable() const noexcept;                          // frames that can be read now
-  std::size_t read(std::span<StereoFrame> out) noexcept;          // returns how many were read
-  std::size_t peek(std::span<StereoFrame> out) const noexcept;    // as read(), but they stay
+  std::size_t readable() const noexcept;                        // frames that can be read now
+  std::size_t read(std::span<StereoFrame> out) noexcept;        // returns how many were read
+  std::size_t peek(std::span<StereoFrame> out) const noexcept;  // as read(), but they stay
   std::uint64_t position() const noexcept { return head_.load(std::memory_order_relaxed); }
-  void skip_to(std::uint64_t position) noexcept;                  // forward, at most to what is written
+  void skip_to(std::uint64_t position) noexcept;  // forward, at most to what is written
   // Goes back by `frames`, at most kHistory and at most what was read since the last skip_to().
   // Returns how far it went.
   std::size_t unread(std::size_t frames) noexcept;

@@ -109,85 +109,81 @@ TANDEM_INLINE void back(const float* re, const float* im, float* later_re, float
 constexpr std::size_t kRe = 0;
 constexpr std::size_t kIm = SpectrumTable::kGroup;
 
-TANDEM_INLINE void multiply_add(Lanes& re, Lanes& im, const ComplexLanes& a, const ComplexLanes& b) {
-  re += a.re * b.re;
-  im += a.re * b.im;
-  re -= a.im * b.im;
-  im += a.im * b.re;
+template <class Vector>
+TANDEM_INLINE Complex<Vector> entry(const float* bins, std::size_t index) {
+  const float* const place = bins + index * SpectrumTable::kEntry;
+  return {load<Vector>(place + kRe), load<Vector>(place + kIm)};
 }
 
-TANDEM_INLINE ComplexLanes entry(const float* group, std::size_t slot, std::size_t lane) {
-  const float* const at = group + slot * SpectrumTable::kEntry + lane;
-  return {load(at + kRe), load(at + kIm)};
+template <class Vector>
+TANDEM_INLINE void put(Spectrum& spectrum, std::size_t at, const Complex<Vector>& value) {
+  store(&spectrum.re[at], value.re);
+  store(&spectrum.im[at], value.im);
 }
 
-TANDEM_INLINE void pair(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, Spectrum& now,
-                        Spectrum& next) {
-  for (std::size_t g = 0; g < SpectrumTable::kGroups; ++g) {
-    const float* const xs = x.group(g);
-    const float* const hs = h.group(g);
-    ComplexLanes a0{};
-    ComplexLanes a1{};
-    ComplexLanes b0{};
-    ComplexLanes b1{};
-    for (std::size_t p = 0; p < kPartitions; ++p) {
-      const std::size_t slot = (newest - p) % kPartitions;
-      const ComplexLanes x0 = entry(xs, slot, 0);
-      const ComplexLanes x1 = entry(xs, slot, kLanes);
-      multiply_add(a0.re, a0.im, x0, entry(hs, p, 0));
-      multiply_add(a1.re, a1.im, x1, entry(hs, p, kLanes));
-      // The entry behind the last partition is zero.
-      multiply_add(b0.re, b0.im, x0, entry(hs, p + 1, 0));
-      multiply_add(b1.re, b1.im, x1, entry(hs, p + 1, kLanes));
-    }
-    const std::size_t at = g * SpectrumTable::kGroup;
-    store(&now.re[at], a0.re), store(&now.im[at], a0.im);
-    store(&now.re[at + kLanes], a1.re), store(&now.im[at + kLanes], a1.im);
-    store(&next.re[at], b0.re), store(&next.im[at], b0.im);
-    store(&next.re[at + kLanes], b1.re), store(&next.im[at + kLanes], b1.im);
+// One vector of bins. The four sums under way hide the time that one multiplication takes.
+template <class Vector>
+TANDEM_INLINE void ahead_of_bins(const float* xs, std::size_t newest, const float* hs,
+                                 Complex<Vector> (&sums)[kAhead]) {
+  for (std::size_t p = 0; p < kPartitions; ++p) {
+    const auto x = entry<Vector>(xs, (newest - p) % kPartitions);
+    for (std::size_t block = 0; block < kAhead; ++block) multiply_add(sums[block], x, entry<Vector>(hs, block));
+    hs += SpectrumTable::kEntry;
+    // Hides from the compiler that the next round reads some of h again: kept in registers it would displace the sums.
+    __asm__("" : "+r"(hs));
   }
 }
 
-TANDEM_INLINE void single(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, Spectrum& sum) {
-  const std::size_t slot = newest % kPartitions;
-  for (std::size_t at = 0; at < kTransform; at += kLanes) {
-    const std::size_t g = at / SpectrumTable::kGroup;
-    const std::size_t lane = at % SpectrumTable::kGroup;
-    ComplexLanes value{load(&sum.re[at]), load(&sum.im[at])};
-    multiply_add(value.re, value.im, entry(x.group(g), slot, lane), entry(h.group(g), 0, lane));
-    store(&sum.re[at], value.re);
-    store(&sum.im[at], value.im);
+template <class Vector>
+TANDEM_INLINE void ahead(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, SpectraAhead& sums) {
+  constexpr std::size_t kStep = sizeof(Vector) / sizeof(float);
+  static_assert(SpectrumTable::kGroup % kStep == 0);
+  for (std::size_t bin = 0; bin < kTransform; bin += kStep) {
+    Complex<Vector> values[kAhead]{};
+    ahead_of_bins<Vector>(x.at(bin), newest, h.at(bin), values);
+    for (std::size_t block = 0; block < kAhead; ++block) put(sums[block], bin, values[block]);
+  }
+}
+
+TANDEM_INLINE void rest(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, std::size_t count,
+                        Spectrum& sum) {
+  for (std::size_t bin = 0; bin < kTransform; bin += kLanes) {
+    ComplexLanes value{load(&sum.re[bin]), load(&sum.im[bin])};
+    for (std::size_t p = 0; p < count; ++p) {
+      multiply_add(value, entry<Lanes>(x.at(bin), (newest - p) % kPartitions), entry<Lanes>(h.at(bin), p));
+    }
+    put(sum, bin, value);
   }
 }
 
 struct Kernels {
   void (*forward)(float*, float*);
   void (*back)(const float*, const float*, float*, float*);
-  void (*pair)(const SpectrumTable&, std::size_t, const SpectrumTable&, Spectrum&, Spectrum&);
-  void (*single)(const SpectrumTable&, std::size_t, const SpectrumTable&, Spectrum&);
+  void (*ahead)(const SpectrumTable&, std::size_t, const SpectrumTable&, SpectraAhead&);
+  void (*rest)(const SpectrumTable&, std::size_t, const SpectrumTable&, std::size_t, Spectrum&);
 };
 
 // The same code once for each kind of processor, chosen by hand rather than by the loader: the loader's choice runs
 // before a sanitizer's runtime is ready.
-#define TANDEM_KERNELS(name, attribute)                                                                               \
-  struct name {                                                                                                       \
-    attribute static void run_forward(float* re, float* im) { forward(re, im); }                                      \
-    attribute static void run_back(const float* re, const float* im, float* l, float* r) { back(re, im, l, r); }      \
-    attribute static void run_pair(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, Spectrum& now, \
-                                   Spectrum& next) {                                                                  \
-      pair(x, newest, h, now, next);                                                                                  \
-    }                                                                                                                 \
-    attribute static void run_single(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h,              \
-                                     Spectrum& sum) {                                                                 \
-      single(x, newest, h, sum);                                                                                      \
-    }                                                                                                                 \
-    static constexpr Kernels kAll{run_forward, run_back, run_pair, run_single};                                       \
+#define TANDEM_KERNELS(name, width, attribute)                                                                   \
+  struct name {                                                                                                  \
+    attribute static void run_forward(float* re, float* im) { forward(re, im); }                                 \
+    attribute static void run_back(const float* re, const float* im, float* l, float* r) { back(re, im, l, r); } \
+    attribute static void run_ahead(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h,          \
+                                    SpectraAhead& sums) {                                                        \
+      ahead<VectorOf<width>::Type>(x, newest, h, sums);                                                          \
+    }                                                                                                            \
+    attribute static void run_rest(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h,           \
+                                   std::size_t count, Spectrum& sum) {                                           \
+      rest(x, newest, h, count, sum);                                                                            \
+    }                                                                                                            \
+    static constexpr Kernels kAll{run_forward, run_back, run_ahead, run_rest};                                   \
   };
 
-TANDEM_KERNELS(Plain, )
+TANDEM_KERNELS(Plain, 4, )
 #if defined(__x86_64__)
-TANDEM_KERNELS(Avx2, [[gnu::target("avx2,fma")]])
-TANDEM_KERNELS(Avx512, [[gnu::target("avx2,fma,avx512f,avx512vl,avx512dq")]])
+TANDEM_KERNELS(Avx2, 8, [[gnu::target("avx2,fma")]])
+TANDEM_KERNELS(Avx512, 16, [[gnu::target("avx2,fma,avx512f,avx512vl,avx512dq")]])
 #endif
 
 Kernels choose() {
@@ -217,13 +213,13 @@ void transform_back(const Spectrum& spectrum, Block& later_half) noexcept {
   kernels.back(spectrum.re.data(), spectrum.im.data(), later_half.left.data(), later_half.right.data());
 }
 
-void convolve_pair(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, Spectrum& now,
-                   Spectrum& next) noexcept {
-  kernels.pair(x, newest, h, now, next);
+void convolve_ahead(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, SpectraAhead& sums) noexcept {
+  kernels.ahead(x, newest, h, sums);
 }
 
-void convolve_newest(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, Spectrum& sum) noexcept {
-  kernels.single(x, newest, h, sum);
+void convolve_rest(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, std::size_t count,
+                   Spectrum& sum) noexcept {
+  kernels.rest(x, newest, h, count, sum);
 }
 
 }  // namespace tandem

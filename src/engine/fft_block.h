@@ -26,19 +26,27 @@ struct alignas(64) Block {
   std::array<float, kPartition> right{};
 };
 
+inline constexpr std::size_t kAhead = 4;  // blocks whose sums are made at once
+using SpectraAhead = std::array<Spectrum, kAhead>;
+
 // The spectra of 32 blocks or partitions, stored so that one group of bins of all 32 is contiguous.
+// Behind the last entry some more read as zero.
 class SpectrumTable {
  public:
-  static constexpr std::size_t kGroup = 16;                    // bins in a group
-  static constexpr std::size_t kGroups = kTransform / kGroup;  //
-  static constexpr std::size_t kEntry = 2 * kGroup;            // real parts, then imaginary parts
-  static constexpr std::size_t kGroupStride =
-      kEntry * kPartitions + kEntry;  // not a multiple of the cache's 4096 bytes
+  static constexpr std::size_t kGroup = 16;          // bins in a group
+  static constexpr std::size_t kEntry = 2 * kGroup;  // real parts, then imaginary parts
 
   void put(std::size_t slot, const Spectrum& spectrum) noexcept;
-  const float* group(std::size_t index) const noexcept { return values_.data() + index * kGroupStride; }
+
+  // Entry 0 of a bin; entry n lies n * kEntry further on, the imaginary part kGroup behind the real one.
+  const float* at(std::size_t bin) const noexcept {
+    return values_.data() + bin / kGroup * kGroupStride + bin % kGroup;
+  }
 
  private:
+  static constexpr std::size_t kGroups = kTransform / kGroup;
+  static constexpr std::size_t kGroupStride = kEntry * (kPartitions + kAhead - 1);
+
   alignas(64) std::array<float, kGroups * kGroupStride> values_{};
 };
 
@@ -49,13 +57,13 @@ void transform_forward(Spectrum& points) noexcept;
 void transform_back(const Spectrum& spectrum, Block& later_half) noexcept;
 
 // With x(b) the spectrum of block b, stored in slot b mod 32, and h(p) that of partition p:
-//   now  = sum over p = 0 .. 31 of h(p) x(newest - p), the whole output of the newest block;
-//   next = sum over p = 1 .. 31 of h(p) x(newest + 1 - p), what is already known of the block that follows.
-// Both are made in one go because every spectrum is then read once for two blocks.
-void convolve_pair(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, Spectrum& now,
-                   Spectrum& next) noexcept;
+//   sums[k] = sum over p = k .. 31 of h(p) x(newest + k - p),
+// the whole output of the newest block, and what is already known of the three that follow. All are made in one go
+// because every spectrum is then fetched once for four blocks: memory, not arithmetic, is what this waits for.
+void convolve_ahead(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, SpectraAhead& sums) noexcept;
 
-// sum += h(0) x(newest)
-void convolve_newest(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, Spectrum& sum) noexcept;
+// sum += sum over p = 0 .. count - 1 of h(p) x(newest - p): what was not yet known.
+void convolve_rest(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, std::size_t count,
+                   Spectrum& sum) noexcept;
 
 }  // namespace tandem

@@ -14,20 +14,30 @@ namespace tandem::lanes {
 
 inline constexpr std::size_t kLanes = 8;
 
-using Lanes [[gnu::vector_size(kLanes * sizeof(float))]] = float;
-
-struct ComplexLanes {
-  Lanes re;
-  Lanes im;
+template <std::size_t Count>
+struct VectorOf {
+  using Type [[gnu::vector_size(Count * sizeof(float))]] = float;
 };
+using Lanes = VectorOf<kLanes>::Type;
 
-TANDEM_INLINE Lanes load(const float* from) {
-  Lanes value;
+template <class Vector>
+struct Complex {
+  Vector re;
+  Vector im;
+};
+using ComplexLanes = Complex<Lanes>;
+
+template <class Vector = Lanes>
+TANDEM_INLINE Vector load(const float* from) {
+  Vector value;
   __builtin_memcpy(&value, from, sizeof value);
   return value;
 }
 
-TANDEM_INLINE void store(float* to, const Lanes& value) { __builtin_memcpy(to, &value, sizeof value); }
+template <class Vector>
+TANDEM_INLINE void store(float* to, const Vector& value) {
+  __builtin_memcpy(to, &value, sizeof value);
+}
 
 TANDEM_INLINE ComplexLanes operator+(const ComplexLanes& a, const ComplexLanes& b) {
   return {a.re + b.re, a.im + b.im};
@@ -37,6 +47,14 @@ TANDEM_INLINE ComplexLanes operator-(const ComplexLanes& a, const ComplexLanes& 
 }
 TANDEM_INLINE ComplexLanes operator*(const ComplexLanes& a, const ComplexLanes& b) {
   return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
+}
+
+template <class Vector>
+TANDEM_INLINE void multiply_add(Complex<Vector>& sum, const Complex<Vector>& a, const Complex<Vector>& b) {
+  sum.re += a.re * b.re;
+  sum.im += a.re * b.im;
+  sum.re -= a.im * b.im;
+  sum.im += a.im * b.re;
 }
 
 TANDEM_INLINE ComplexLanes times_minus_i(const ComplexLanes& a) { return {a.im, -a.re}; }

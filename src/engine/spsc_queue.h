@@ -33,9 +33,7 @@ class SpscQueue {
   }
 
   // Seen from either side; the other may change it at once.
-  bool empty() const noexcept {
-    return head_.load(std::memory_order_acquire) == tail_.load(std::memory_order_acquire);
-  }
+  bool empty() const noexcept { return head_.load(std::memory_order_acquire) == tail_.load(std::memory_order_acquire); }
 
  private:
   std::array<T, Capacity> items_{};

@@ -28,7 +28,7 @@ class TimeStretch {
   // Begins anew at the ring's reading position, frame `at` of the song; takes what lies before it from the ring too.
   void begin(const DeckSong& song, Frames at) noexcept;
 
-  // Adds frames up to the next splice and 40 ms behind it. heard_at: the frame of the song that should be heard at the
+  // Adds frames up to the next splice and 30 ms behind it. heard_at: the frame of the song that should be heard at the
   // splice; ratio: how fast the reader will go there; bias: see SpliceSearch. False if the ring ran dry: nothing is
   // added then, and it can be tried again.
   bool splice(const DeckSong& song, double heard_at, double ratio, float bias) noexcept;

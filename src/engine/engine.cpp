@@ -1,0 +1,131 @@
+#include "engine/engine.h"
+
+#include <utility>
+
+#include "engine/equalizer_control.h"
+#include "engine/pitch_engine.h"
+#include "engine/reader_thread.h"
+#include "engine/render_thread.h"
+
+namespace tandem {
+
+Engine::Engine(TimerQueue& timers, Output& output, OutputRing& ring, Mode mode)
+    : timers_(timers),
+      output_(output),
+      ring_(ring),
+      designer_(mode == Mode::Threads),
+      chain_(readers_, designer_),
+      orders_(chain_.orders()),
+      decks_{DeckControl(0, readers_[0], orders_, chain_,
+                         [this] {
+                           if (reader_threads_[0]) reader_threads_[0]->wake();
+                         }),
+             DeckControl(1, readers_[1], orders_, chain_, [this] {
+               if (reader_threads_[1]) reader_threads_[1]->wake();
+             })} {
+  if (mode == Mode::Simulated) return;
+  for (std::size_t i = 0; i < readers_.size(); ++i) reader_threads_[i] = std::make_unique<ReaderThread>(readers_[i]);
+  render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_);
+}
+
+Engine::~Engine() {
+  render_thread_.reset();
+  for (auto& thread : reader_threads_) thread.reset();
+  chain_.take_orders_silently();  // orders that never arrived carry pitch engines
+  RenderNews news;
+  while (chain_.news().pop(news)) delete news.engine;
+}
+
+MixTick Engine::mix_tick() {
+  return {[this] { return mix_clock_->running(); }, [this] { mix_clock_->tick_now(); },
+          [this] { return mix_clock_->ticks(); }};
+}
+
+void Engine::fill(SoundGraph& graph) {
+  auto mixer = std::make_unique<MixerControl>(decks_, orders_);
+  auto device = std::make_unique<DeviceControl>(output_, orders_);
+  auto mix_clock = std::make_unique<MixClock>(timers_);
+  mixer_ = mixer.get();
+  device_ = device.get();
+  mix_clock_ = mix_clock.get();
+  song_end_ = std::make_unique<SongEnd>(decks_, *mixer_, mix_tick());
+
+  for (int i = 0; i < 2; ++i) {
+    auto& deck = decks_[static_cast<std::size_t>(i)];
+    graph.AudioFile[static_cast<std::size_t>(i)] =
+        std::make_unique<DeckFile>(deck, [this, i](std::int32_t ms) { song_end_->finish(i, ms); });
+    graph.Pitch[static_cast<std::size_t>(i)] = std::make_unique<DeckPitch>(deck);
+  }
+  graph.TempFile = std::make_unique<ProbeFile>();
+  graph.WaveMixer = std::move(mixer);
+  graph.MMRingBufferX1 = std::make_unique<PassingRingBuffer>();
+  graph.EQ = std::make_unique<EqualizerControl>(designer_);
+  graph.WaveOut = std::move(device);
+  graph.MMConnectorX1 = std::make_unique<Connector>();
+  graph.Helper = std::make_unique<TimeText>();
+  graph.MixTimer = std::move(mix_clock);
+  graph.Timer = std::make_unique<HiTimer>(timers_, 200, true);
+  graph.ListTimer = std::make_unique<HiTimer>(timers_, 2500, false);
+}
+
+void Engine::wake() {
+  orders_.flush();
+  if (render_thread_) render_thread_->wake();
+}
+
+void Engine::take_news() {
+  RenderNews news;
+  while (chain_.news().pop(news)) {
+    switch (news.kind) {
+      case RenderNews::Kind::SongEnded:
+        song_end_->report(news);
+        break;
+      case RenderNews::Kind::GateClosed:
+        device_->gate_closed();
+        break;
+      case RenderNews::Kind::RetiredEngine:
+        delete news.engine;
+        break;
+    }
+  }
+}
+
+void Engine::deliver() {
+  take_news();
+  while (song_end_->deliver_one()) {
+  }
+  const bool playing = mix_clock_->running() && device_->playing();
+  if (silence_guard_.due(playing, chain_.steps(), chain_.last_live_step())) song_end_->break_silence();
+  device_->watch_device();
+  wake();
+}
+
+void Engine::work_inline() {
+  for (DeckReader& reader : readers_)
+    while (reader.work()) {
+    }
+}
+
+void Engine::step() {
+  orders_.flush();
+  // The readers come to new songs, the chain then gives up the old ones' frames, and the readers fill the room.
+  work_inline();
+  if (!output_.consuming() || !chain_.wants_render()) {
+    chain_.take_orders_silently();
+  } else {
+    chain_.take_orders_ahead();
+  }
+  work_inline();
+  render_one_step();
+  deliver();
+}
+
+// The gate may just have been opened or shut by the orders.
+void Engine::render_one_step() {
+  if (!output_.consuming() || !chain_.wants_render()) return;
+  std::array<Sample16, kStepFrames> block;
+  chain_.render(block);
+  ring_.write(block);
+}
+
+}  // namespace tandem

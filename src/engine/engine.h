@@ -1,0 +1,82 @@
+// The sound engine: one of everything between the panel's components and the output's ring.
+//
+// In the player the readers, the filter designer and the chain run on threads of their own (start_threads). In
+// simulated time nothing does: step() makes 10 ms of sound with all work inline, so that every run gives the same
+// bytes.
+//
+// UI thread, all but the Chain's own promises.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "audio/sound_graph.h"
+#include "engine/chain.h"
+#include "engine/deck_control.h"
+#include "engine/device_control.h"
+#include "engine/mixer_control.h"
+#include "engine/output.h"
+#include "engine/silence_guard.h"
+#include "engine/small_components.h"
+#include "engine/song_end.h"
+
+namespace tandem {
+
+class ReaderThread;
+class RenderThread;
+
+class Engine {
+ public:
+  enum class Mode { Threads, Simulated };
+
+  Engine(TimerQueue& timers, Output& output, OutputRing& ring, Mode mode);
+  ~Engine();
+  Engine(const Engine&) = delete;
+  Engine& operator=(const Engine&) = delete;
+
+  // Puts the sound components and the timers into the graph; the displays are somebody else's. Called once; the graph's
+  // components stand on this engine.
+  void fill(SoundGraph& graph);
+
+  // Delivers what the render thread has told: song ends first, then the guard against silence. To be called before the
+  // timers are advanced, at every tick of the clock.
+  void deliver();
+
+  // Simulated time: one step of sound, if the output takes any, then deliver().
+  void step();
+
+  SilenceGuard& silence_guard() { return silence_guard_; }
+  const DisplayFeed& display_feed() const { return chain_.display_feed(); }
+  const Chain& chain() const { return chain_; }
+  bool device_idle() const { return !device_ || device_->idle(); }
+  bool playing() const { return device_ != nullptr && device_->playing(); }
+
+ private:
+  void work_inline();
+  void render_one_step();
+  void take_news();
+  void wake();
+  MixTick mix_tick();
+
+  TimerQueue& timers_;
+  Output& output_;
+  OutputRing& ring_;
+  std::array<DeckReader, 2> readers_;
+  FilterDesigner designer_;
+  Chain chain_;
+  OrderSender orders_;
+  std::array<DeckControl, 2> decks_;
+
+  // Owned by the graph.
+  MixerControl* mixer_ = nullptr;
+  DeviceControl* device_ = nullptr;
+  MixClock* mix_clock_ = nullptr;
+
+  std::unique_ptr<SongEnd> song_end_;
+  SilenceGuard silence_guard_;
+  std::array<std::unique_ptr<ReaderThread>, 2> reader_threads_;
+  std::unique_ptr<RenderThread> render_thread_;
+};
+
+}  // namespace tandem

@@ -1,0 +1,48 @@
+// A small value that one thread publishes and any other may look at, without locks: a sequence lock over atomic words.
+// A look may fail while the publisher is in the middle of writing; the looker then keeps what it had.
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+namespace tandem {
+
+template <class T>
+class Published {
+  static_assert(std::is_trivially_copyable_v<T> && sizeof(T) % sizeof(std::uint64_t) == 0);
+  static constexpr std::size_t kWords = sizeof(T) / sizeof(std::uint64_t);
+  using Words = std::array<std::uint64_t, kWords>;
+
+ public:
+  explicit Published(const T& value) { publish(value); }
+
+  void publish(const T& value) noexcept {  // the one publishing thread
+    const Words words = std::bit_cast<Words>(value);
+    const std::uint32_t sequence = sequence_.load(std::memory_order_relaxed);
+    sequence_.store(sequence + 1, std::memory_order_relaxed);
+    // Released: whoever sees a new word also sees that the sequence is odd.
+    for (std::size_t i = 0; i < kWords; ++i) words_[i].store(words[i], std::memory_order_release);
+    sequence_.store(sequence + 2, std::memory_order_release);
+  }
+
+  bool try_read(T& value) const noexcept {  // any thread
+    const std::uint32_t before = sequence_.load(std::memory_order_acquire);
+    if ((before & 1U) != 0) return false;
+    Words words;
+    for (std::size_t i = 0; i < kWords; ++i) words[i] = words_[i].load(std::memory_order_acquire);
+    if (sequence_.load(std::memory_order_relaxed) != before) return false;
+    value = std::bit_cast<T>(words);
+    return true;
+  }
+
+ private:
+  std::atomic<std::uint32_t> sequence_{0};
+  std::array<std::atomic<std::uint64_t>, kWords> words_{};
+};
+
+}  // namespace tandem
