@@ -1,0 +1,144 @@
+#include "engine/deck_ring.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <memory>
+#include <random>
+#include <thread>
+#include <vector>
+
+namespace tandem {
+namespace {
+
+// Every frame tells its own number: exact in a float up to 2^24.
+StereoFrame numbered(std::uint64_t number) {
+  const auto value = static_cast<float>(number & 0xFFFFFF);
+  return {value, -value};
+}
+
+std::vector<StereoFrame> numbers(std::uint64_t from, std::size_t count) {
+  std::vector<StereoFrame> frames(count);
+  for (std::size_t i = 0; i < count; ++i) frames[i] = numbered(from + i);
+  return frames;
+}
+
+class DeckRingTest : public testing::Test {
+ protected:
+  void write(std::size_t count) { ring->write(numbers(ring->written(), count)); }
+  std::vector<StereoFrame> read(std::size_t count) {
+    std::vector<StereoFrame> frames(count);
+    frames.resize(ring->read(frames));
+    return frames;
+  }
+  std::unique_ptr<DeckRing> ring = std::make_unique<DeckRing>();
+};
+
+TEST_F(DeckRingTest, IsEmptyAtFirst) {
+  EXPECT_EQ(ring->readable(), 0U);
+  EXPECT_EQ(ring->writable(), DeckRing::kCapacity);
+  EXPECT_TRUE(read(10).empty());
+}
+
+TEST_F(DeckRingTest, GivesWhatWasWrittenAndNoMore) {
+  write(100);
+  EXPECT_EQ(read(60), numbers(0, 60));
+  EXPECT_EQ(read(60), numbers(60, 40));
+  EXPECT_EQ(ring->position(), 100U);
+}
+
+TEST_F(DeckRingTest, PeekLeavesTheFrames) {
+  write(10);
+  std::vector<StereoFrame> seen(20);
+  EXPECT_EQ(ring->peek(seen), 10U);
+  EXPECT_EQ(ring->position(), 0U);
+  EXPECT_EQ(read(10), numbers(0, 10));
+}
+
+TEST_F(DeckRingTest, GoesAroundItsEnd) {
+  for (std::uint64_t at = 0; at < 3 * DeckRing::kCapacity; at += 50000) {
+    write(50000);
+    ASSERT_EQ(read(50000), numbers(at, 50000));
+  }
+}
+
+TEST_F(DeckRingTest, KeepsTheHistoryFromTheWriter) {
+  write(DeckRing::kCapacity);
+  EXPECT_EQ(ring->writable(), 0U);
+  read(DeckRing::kHistory);
+  EXPECT_EQ(ring->writable(), 0U);
+  read(1000);
+  EXPECT_EQ(ring->writable(), 1000U);
+}
+
+TEST_F(DeckRingTest, GoesBackByNoMoreThanItsHistory) {
+  write(100000);
+  read(50000);
+  EXPECT_EQ(ring->unread(100), 100U);
+  EXPECT_EQ(read(50), numbers(49900, 50));
+  EXPECT_EQ(ring->unread(DeckRing::kHistory * 2), DeckRing::kHistory - 50);
+  EXPECT_EQ(ring->position(), 50000 - DeckRing::kHistory);
+  EXPECT_EQ(ring->unread(1), 0U);
+  EXPECT_EQ(read(DeckRing::kHistory + 5), numbers(50000 - DeckRing::kHistory, DeckRing::kHistory + 5));
+}
+
+TEST_F(DeckRingTest, DoesNotGoBackBeyondItsBeginning) {
+  write(100);
+  read(30);
+  EXPECT_EQ(ring->unread(1000), 30U);
+  EXPECT_EQ(ring->position(), 0U);
+}
+
+TEST_F(DeckRingTest, DoesNotGoBackBeyondASkip) {
+  write(100000);
+  read(1000);
+  ring->skip_to(60000);
+  EXPECT_EQ(ring->unread(10), 0U);
+  EXPECT_EQ(ring->writable(), DeckRing::kCapacity - 40000);
+  EXPECT_EQ(read(20), numbers(60000, 20));
+  EXPECT_EQ(ring->unread(100), 20U);
+}
+
+TEST_F(DeckRingTest, GoingBackGivesTheWriterNoLessRoom) {
+  write(DeckRing::kCapacity);
+  read(100000);
+  const std::size_t room = ring->writable();
+  ring->unread(DeckRing::kHistory);
+  EXPECT_EQ(ring->writable(), room);
+}
+
+// The writer fills whatever room there is while the reader reads, goes back and skips: no frame may ever be another
+// than its number says.
+TEST(DeckRingThreads, NoFrameIsTornWhileBothWork) {
+  constexpr std::uint64_t kTotal = std::uint64_t{40} * DeckRing::kCapacity;
+  const auto ring = std::make_unique<DeckRing>();
+  std::thread writer([&ring] {
+    std::mt19937 random(7);
+    while (ring->written() < kTotal) {
+      const std::size_t most = std::min<std::uint64_t>(ring->writable(), kTotal - ring->written());
+      if (most == 0) {
+        std::this_thread::yield();
+        continue;
+      }
+      ring->write(numbers(ring->written(), std::min<std::size_t>(most, 1 + random() % 20000)));
+    }
+  });
+  std::mt19937 random(3);
+  std::vector<StereoFrame> block(4000);
+  std::uint64_t wrong = 0;
+  while (ring->position() < kTotal) {
+    const std::uint64_t from = ring->position();
+    const std::size_t count = ring->read(std::span(block).first(1 + random() % block.size()));
+    for (std::size_t i = 0; i < count; ++i) wrong += block[i] == numbered(from + i) ? 0U : 1U;
+    if (count == 0) std::this_thread::yield();
+    const unsigned chance = random() % 64;
+    if (chance < 8) ring->unread(random() % 6000);
+    if (chance == 8) ring->skip_to(ring->position() + std::min<std::size_t>(ring->readable(), random() % 5000));
+  }
+  writer.join();
+  EXPECT_EQ(wrong, 0U);
+}
+
+}  // namespace
+}  // namespace tandem
