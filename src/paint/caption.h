@@ -1,0 +1,36 @@
+// Printed text of the panel: Roboto Condensed from the program's own resources, sizes in px at 100 % and may be
+// fractions. No hinting, grey antialiasing, no kerning, so that it looks the same at every scale. UI thread; needs a
+// QGuiApplication. If the resource cannot be loaded, the fallback families stand in.
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QString>
+
+namespace tandem {
+
+struct CaptionStyle {
+  double size = 10.5;
+  QRgb colour = 0xFFDDE2E7;
+  bool bold = false;
+  double spacing = 0;  ///< added after every letter, px
+};
+
+enum class Anchor { Start, Middle, End };
+
+/// The caption font at kFontUnits times its size: whole-pixel font sizes are too coarse for the captions, so text is
+/// set large and drawn through a smaller scale.
+inline constexpr double kFontUnits = 10;
+QFont caption_font(double size, bool bold = false, double spacing = 0);
+
+/// Draws with the baseline through `at`, which is the text's start, middle or end.
+void draw_caption(QPainter& painter, const QPointF& at, const QString& text, const CaptionStyle& style = {},
+                  Anchor anchor = Anchor::Start);
+
+/// Advance in px at 100 %.
+double caption_width(const QString& text, const CaptionStyle& style = {});
+
+/// The letters "dB" of the meters: an Arial metric bold at `size`, right edge at `at`.
+void draw_arial_bold(QPainter& painter, const QPointF& at, const QString& text, double size, QRgb colour);
+
+}  // namespace tandem

@@ -1,0 +1,90 @@
+// The contents of the two glass panels: labels and gauge on the left, the chosen display on the right.
+#include "paint/gauge.h"
+#include "paint/ink.h"
+#include "paint/palette.h"
+#include "paint/panel_painter.h"
+#include "paint/panels.h"
+
+namespace tandem {
+
+namespace {
+
+void paint_label(QPainter& painter, std::string_view name, const LedLabelLook& look) {
+  paint_led_label(painter, control_box(name).box().topLeft(), look);
+}
+
+void paint_fixed_label(QPainter& painter, std::string_view name) {
+  const ControlBox& label = control_box(name);
+  paint_label(painter, name,
+              {.text = QString::fromUtf8(label.caption.data(), static_cast<qsizetype>(label.caption.size())),
+               .cells = label.count,
+               .pitch = label.pitch,
+               .colour = palette::kCaptionLed});
+}
+
+void paint_pitch_lamps(QPainter& painter, int pitch) {
+  const QRectF below = control_box("LED1").box();
+  const QRectF zero = control_box("LED2").box();
+  const QRectF above = control_box("LED3").box();
+  paint_lamp_link(painter, below, zero);
+  paint_lamp_link(painter, zero, above);
+  paint_pitch_lamp(painter, below, pitch < 0 ? palette::kRed : palette::kMaroon, pitch < 0);
+  paint_pitch_lamp(painter, zero, pitch == 0 ? palette::kAqua : palette::kTeal, pitch == 0);
+  paint_pitch_lamp(painter, above, pitch > 0 ? palette::kRed : palette::kMaroon, pitch > 0);
+}
+
+void paint_spectrum(QPainter& painter, const VisualLook& look) {
+  const QRectF area = control_box("MMSpectrum1").box();
+  const SpectrumFace face(look.style, device_scale(painter), area, control_box("Display well").box());
+  QImage image(face.size(), QImage::Format_RGB32);
+  SpectrumTrace nothing;
+  update_spectrum(image, {0, 0}, face, look.spectrum, nothing);
+  const DevicePixels pixels(painter);
+  painter.drawImage(pixels.at(area.topLeft()), image);
+}
+
+void paint_needles(QPainter& painter, const VisualLook& look) {
+  // The meters overlap the level bar by 1 px: each paints 162 px of its 163.
+  const QRectF left = QRectF(control_box("MMMeterX1").box()).adjusted(0, 0, -1, 0);
+  const QRectF right = QRectF(control_box("MMMeterX2").box()).adjusted(1, 0, 0, 0);
+  paint_needle_face(painter, left, false);
+  paint_needle_face(painter, right, true);
+  paint_needle(painter, left, look.left_needle.db);
+  paint_needle(painter, right, look.right_needle.db);
+  paint_level_bar(painter, control_box("MMLevelX1").box(), look.level);
+}
+
+}  // namespace
+
+void paint_display_panel(QPainter& painter, const DisplayLook& look) {
+  const QRectF panel = control_box("MMPanelX1(1)").box();
+  for (const std::string_view name : {"MMLEDLABELX1", "MMLEDLABELX2", "MMLEDLABELX3"}) paint_fixed_label(painter, name);
+  paint_label(painter, "SongLabel", look.song);
+  paint_label(painter, "LblPosition", look.position);
+  paint_label(painter, "LblTempTot", look.total);
+  paint_label(painter, "ClockLabel", look.clock);
+  paint_label(painter, "INDIC", look.read_out);
+  if (look.pitch_mode) {
+    paint_pitch_lamps(painter, look.pitch);
+  } else {
+    paint_gauge(painter, control_box("MeterVol").box(), look.gauge_percent);
+  }
+  paint_glass_shine(painter, panel);
+  paint_glass_hover(painter, panel, look.hover);
+}
+
+void paint_visual(QPainter& painter, const VisualLook& look) {
+  if (look.display == VisualDisplay::Spectrum) {
+    paint_spectrum(painter, look);  // has its shine already
+    return;
+  }
+  if (look.display == VisualDisplay::Needles) paint_needles(painter, look);
+  if (look.display == VisualDisplay::Oscilloscope) {
+    const QRectF area = control_box("MMOscopeX1").box();
+    paint_graticule(painter, area);
+    paint_traces(painter, area, look.scope);
+  }
+  paint_glass_shine(painter, control_box("Display well").box());
+}
+
+}  // namespace tandem

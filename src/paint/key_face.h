@@ -1,0 +1,16 @@
+// The pictures on keys, drawn about a centre within 24 x 20 px. UI thread.
+#pragma once
+
+#include <QPainter>
+
+namespace tandem {
+
+enum class Face { None, Play, PlayActive, Pause, PauseActive, Stop, StopActive, Next, Up, Down, Minimise, Close };
+
+/// The face of picture Icone(index), 0..5; any other index has none.
+Face icone(int index);
+
+/// A disabled key shows the resting picture in grey.
+void paint_face(QPainter& painter, const QPointF& centre, Face face, bool enabled);
+
+}  // namespace tandem

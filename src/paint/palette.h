@@ -1,0 +1,71 @@
+// The panel's colours as the painters use them (opaque, 0xAARRGGBB), and the one conversion from a control's number.
+#pragma once
+
+#include <QColor>
+#include <cstdint>
+
+namespace tandem {
+
+/// The colour of a control's number: 24 bits in the order blue, green, red. Higher bits are ignored.
+inline QColor from_bgr(std::uint32_t number) {
+  return QColor(static_cast<int>(number & 0xFF), static_cast<int>((number >> 8) & 0xFF),
+                static_cast<int>((number >> 16) & 0xFF));
+}
+
+}  // namespace tandem
+
+namespace tandem::palette {
+
+inline constexpr QRgb kFaceplate[] = {0xFF454B52, 0xFF383D43, 0xFF2C3035, 0xFF24282C};
+inline constexpr QRgb kOuterEdge = 0xFF08090A;
+inline constexpr QRgb kSlot = 0xFF060708;
+inline constexpr QRgb kWellRim = 0xFF050607;
+inline constexpr QRgb kRecessTop = 0xFF1A1D20;
+inline constexpr QRgb kRecessUpper = 0xFF1E2125;
+inline constexpr QRgb kRecessBottom = 0xFF2A2E33;
+inline constexpr QRgb kGlassTop = 0xFF0B0F12;
+inline constexpr QRgb kGlassMiddle = 0xFF05080A;
+inline constexpr QRgb kGlassBottom = 0xFF020304;
+
+inline constexpr QRgb kLegend = 0xFFDDE2E7;
+inline constexpr QRgb kLegendUnchosen = 0xFFB4BCC4;
+inline constexpr QRgb kMark = 0xFF8B939B;
+inline constexpr QRgb kNameStrip = 0xFFC8CFD6;
+inline constexpr QRgb kFocus = 0xFF7FD1FF;
+inline constexpr QRgb kBlack = 0xFF000000;
+inline constexpr QRgb kWhite = 0xFFFFFFFF;
+
+inline constexpr QRgb kCap[] = {0xFFC9CFD6, 0xFF8E959D, 0xFF5A6067, 0xFF34383D};
+inline constexpr QRgb kTileTop = 0xFF30353B;
+inline constexpr QRgb kTileBottom = 0xFF1A1D20;
+inline constexpr QRgb kTileHoverTop = 0xFF3D434A;
+inline constexpr QRgb kTileHoverBottom = 0xFF24282C;
+
+inline constexpr QRgb kRed = 0xFFFF0000;
+inline constexpr QRgb kMaroon = 0xFF800000;
+inline constexpr QRgb kLime = 0xFF00FF00;
+inline constexpr QRgb kGreen = 0xFF008000;
+inline constexpr QRgb kYellow = 0xFFFFFF00;
+inline constexpr QRgb kOlive = 0xFF808000;
+inline constexpr QRgb kAqua = 0xFF00FFFF;
+inline constexpr QRgb kTeal = 0xFF008080;
+inline constexpr QRgb kSilver = 0xFFC0C0C0;
+inline constexpr QRgb kOrange = 0xFFFF8000;
+inline constexpr QRgb kBrown = 0xFF804000;
+inline constexpr QRgb kGauge = 0xFFC0C000;
+inline constexpr QRgb kStopRed = 0xFFFF3B30;
+inline constexpr QRgb kNeedle = 0xFFFF7A38;
+
+// Key frames without a colour of the panel's own.
+inline constexpr QRgb kNeutralKey = 0xFF4C5259;
+inline constexpr QRgb kPlayingKey = 0xFF1F7A33;
+inline constexpr QRgb kStoppedKey = 0xFF7A2A20;
+
+// Dark dots of the LED labels; the three small captions have none.
+inline constexpr QRgb kCaptionLed = 0xFFA9B9C4;
+inline constexpr QRgb kWhiteDots = 0xFF262B30;
+inline constexpr QRgb kLimeDots = 0xFF093512;
+inline constexpr QRgb kOrangeDots = 0xFF3D2004;
+inline constexpr QRgb kReadOutDots = 0xFF004000;
+
+}  // namespace tandem::palette

@@ -1,0 +1,91 @@
+#include "paint/song_list.h"
+
+#include <algorithm>
+
+#include "paint/caption.h"
+#include "paint/ink.h"
+#include "paint/palette.h"
+
+namespace tandem {
+
+using palette::kWhite;
+
+namespace {
+
+constexpr double kTextInset = 7;
+constexpr double kBaseline = 10.2;
+constexpr double kThumbLeast = 16;
+
+struct RowColours {
+  QRgb number;
+  QRgb directory;
+  QRgb file;
+};
+
+constexpr RowColours kPlain{palette::kLegendUnchosen, 0xFF8D969F, 0xFFE6EAEE};
+constexpr RowColours kChosen{palette::kWhite, 0xFFC9E6FA, palette::kWhite};
+
+void paint_row_ground(QPainter& painter, const QRectF& row, bool chosen, bool odd) {
+  if (chosen) {
+    fill_box(painter, row, QColor::fromRgb(0xFF0B4A78), 2);
+    fill_box(painter, row, downward(row, {{0, kWhite, .16}, {1, kWhite, 0}}), 2);
+    fill_box(painter, {row.left(), row.top() + 1.5, 2, row.height() - 3}, QColor::fromRgb(palette::kAqua), 1);
+  } else if (odd) {
+    fill_box(painter, row, faded(kWhite, .025));
+  }
+}
+
+// A line is "number - path"; three-digit numbers need a wider column.
+void paint_row_text(QPainter& painter, const QRectF& row, const QString& line, const RowColours& colours) {
+  const qsizetype dash = line.indexOf(QStringLiteral(" - "));
+  const qsizetype cut = dash < 0 ? 0 : dash + 3;
+  const double column = cut > 5 ? 39 : 33;
+  const QPointF start(row.left() + column, row.top() + kBaseline);
+  const QString path = elide_directories(line.mid(cut), row.right() - start.x() - 3,
+                                         [](const QString& text) { return caption_width(text); });
+  const qsizetype file = path.lastIndexOf(u'/') + 1;
+  const QString directory = path.left(file);
+  draw_caption(painter, {row.left() + kTextInset, start.y()}, line.left(cut), {.colour = colours.number});
+  draw_caption(painter, start, directory, {.colour = colours.directory});
+  draw_caption(painter, start + QPointF(caption_width(directory), 0), path.mid(file), {.colour = colours.file});
+}
+
+void paint_scroll_bar(QPainter& painter, const QRectF& box, const SongListLook& look) {
+  if (look.count <= kListRows) return;
+  const QRectF thumb = list_thumb_box(box, look.top, look.count);
+  fill_box(painter, list_track_box(box), faded(kWhite, .06), 3.5);
+  fill_box(painter, thumb, QColor::fromRgb(0xFF6C747C), 3.5);
+  const QRectF sheen = thumb.adjusted(.5, .5, -.5, -.5);
+  fill_box(painter, sheen, rightward(sheen, {{0, kWhite, .22}, {1, palette::kBlack, .2}}), 3);
+}
+
+}  // namespace
+
+QRectF list_row_box(const QRectF& box, int row) {
+  return {box.left() + 3, box.top() + 5 + row * kListRowHeight, box.width() - 15, kListRowHeight};
+}
+
+QRectF list_track_box(const QRectF& box) { return {box.right() - 11, box.top() + 4, 7, box.height() - 8}; }
+
+QRectF list_thumb_box(const QRectF& box, int top, int count) {
+  const QRectF track = list_track_box(box);
+  const double height = std::max(kThumbLeast, track.height() * kListRows / std::max(count, kListRows));
+  const int steps = std::max(1, count - kListRows);
+  return {track.left(), track.top() + (track.height() - height) * top / steps, track.width(), height};
+}
+
+void paint_song_list(QPainter& painter, const QRectF& box, const SongListLook& look) {
+  for (int i = 0; i < kListRows && i < look.rows.size(); ++i) {
+    const QRectF row = snapped(painter, list_row_box(box, i));
+    const bool chosen = look.top + i == look.selected;
+    painter.save();
+    painter.setClipRect(row, Qt::IntersectClip);
+    paint_row_ground(painter, row, chosen, i % 2 != 0);
+    paint_row_text(painter, row, look.rows[i], chosen ? kChosen : kPlain);
+    painter.restore();
+  }
+  paint_scroll_bar(painter, box, look);
+  if (look.touch.focused) paint_focus_ring(painter, box, 3);
+}
+
+}  // namespace tandem

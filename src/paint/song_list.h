@@ -1,0 +1,34 @@
+// The song list: ten rows of 13 px on black glass, the directory dim and the file name bright. UI thread.
+#pragma once
+
+#include <QPainter>
+#include <QStringList>
+#include <functional>
+
+#include "paint/touch.h"
+
+namespace tandem {
+
+inline constexpr int kListRows = 10;
+inline constexpr double kListRowHeight = 13;
+
+struct SongListLook {
+  QStringList rows;   ///< the lines in view, from `top` on, at most ten; each "number - path"
+  int top = 0;        ///< index of the first line in view
+  int count = 0;      ///< lines in the whole list
+  int selected = -1;  ///< index in the whole list
+  Touch touch{};
+};
+
+/// Rows and scroll bar (hidden when all lines fit) over glass that is painted already; the list has no shine.
+void paint_song_list(QPainter& painter, const QRectF& box, const SongListLook& look);
+/// Box of row 0..9 of the view, and of the scroll bar's track and thumb.
+QRectF list_row_box(const QRectF& box, int row);
+QRectF list_track_box(const QRectF& box);
+QRectF list_thumb_box(const QRectF& box, int top, int count);
+
+/// A path that is too wide loses directories in the middle ("/home/ana/…/Winter Sun.mp3"), last ones first; the file
+/// name stays whole even if it is wider than the room. `width` measures a text in the unit of `room`.
+QString elide_directories(const QString& path, double room, const std::function<double(const QString&)>& width);
+
+}  // namespace tandem

@@ -1,0 +1,16 @@
+// How the hand stands to a control; every look of a control that can be used holds one.
+#pragma once
+
+namespace tandem {
+
+struct Touch {
+  double hover = 0;  ///< 0 pointer elsewhere .. 1 pointer on the control; between while the hover light fades
+  bool pressed = false;
+  bool focused = false;  ///< keyboard focus that shall be shown
+  bool enabled = true;
+};
+
+/// No control paints further outside its box than this, px at 100 %: glow, shadow and focus ring.
+inline constexpr int kPaintMargin = 5;
+
+}  // namespace tandem
