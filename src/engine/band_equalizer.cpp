@@ -108,21 +108,12 @@ void BandEqualizer::mix_fade() noexcept {
   if (++fade_block_ == kFadeBlocks) end_fade();
 }
 
-void BandEqualizer::transform_block(std::size_t index) noexcept {
-  const Block& before = past(index - 1);
-  const Block& block = past(index);
-  Spectrum points;
-  std::copy(before.left.begin(), before.left.end(), points.re.begin());
-  std::copy(block.left.begin(), block.left.end(), points.re.begin() + kPartition);
-  std::copy(before.right.begin(), before.right.end(), points.im.begin());
-  std::copy(block.right.begin(), block.right.end(), points.im.begin() + kPartition);
-  transform_forward(points);
-  spectra_.put(index % kPartitions, points);
-}
-
 // While no filter was at work only the past itself was kept; the spectra of all of it are made when one begins.
 void BandEqualizer::transform_input() noexcept {
-  for (std::size_t i = std::max(transformed_, block_ + 1 - kPartitions); i <= block_; ++i) transform_block(i);
+  for (std::size_t i = std::max(transformed_, block_ + 1 - kPartitions); i <= block_; ++i) {
+    transform_forward(past(i - 1), past(i), spectra_, i % kPartitions);
+  }
+
   transformed_ = block_ + 1;
 }
 

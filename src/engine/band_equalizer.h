@@ -40,7 +40,7 @@ class BandEqualizer {
   struct Voice {
     const EqualizerFilter* filter = nullptr;
     std::size_t first = kNever;
-    SpectraAhead sums;
+    SpectraAhead sums{};
   };
   static constexpr std::size_t kNever = 0;  // so far before the first block that no sum is left
 
@@ -52,7 +52,6 @@ class BandEqualizer {
   void end_fade() noexcept;
   void retire(const EqualizerFilter* filter) noexcept;
   void keep_input() noexcept;
-  void transform_block(std::size_t index) noexcept;
   void transform_input() noexcept;
   const Block& render_voice(Voice& voice, Block& scratch) noexcept;
   void mix_fade() noexcept;
@@ -67,14 +66,14 @@ class BandEqualizer {
   std::array<Block, kPastBlocks> past_{};  // the last input, block n in n mod 33
   SpectrumTable spectra_;                  // the spectrum of blocks n - 1 and n in slot n mod 32
 
-  Voice voices_[2];
+  std::array<Voice, 2> voices_{};
   std::size_t current_ = 0;     // the voice that sounds, or fades in
   std::size_t fade_block_ = 0;  // blocks of the running fade that are done
   bool fading_ = false;
   bool waiting_ = false;
   const EqualizerFilter* waiting_filter_ = nullptr;
   const EqualizerFilter* retired_ = nullptr;
-  Block scratch_[2];
+  std::array<Block, 2> scratch_{};
   std::array<float, kFadeFrames> fade_in_{};
 };
 

@@ -1,6 +1,7 @@
 #include "engine/equalizer_filter.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tandem {
 
@@ -9,20 +10,23 @@ namespace {
 // The inverse transform gives 512 times the signal; the filter takes that back.
 constexpr float kScale = 1.0F / static_cast<float>(kTransform);
 
-Spectrum partition_spectrum(std::span<const float> taps, std::size_t index) {
-  const bool last = index + 1 == kPartitions;
-  const std::size_t first = std::min(index * kPartition, taps.size());
-  const std::size_t count = std::min(last ? kPartition + 1 : kPartition, taps.size() - first);
-  Spectrum spectrum;
-  for (std::size_t i = 0; i < count; ++i) spectrum.re[i] = taps[first + i] * kScale;
-  transform_forward(spectrum);
-  return spectrum;
+// The 512 points of a partition: its taps, then silence (but for the last one's additional tap).
+std::array<Block, 2> points_of(std::span<const float> taps, std::size_t partition) {
+  const std::size_t first = std::min(partition * kPartition, taps.size());
+  const std::size_t most = partition + 1 == kPartitions ? kPartition + 1 : kPartition;
+  const std::size_t count = std::min(most, taps.size() - first);
+  std::array<Block, 2> points{};
+  for (std::size_t i = 0; i < count; ++i) points[i / kPartition].left[i % kPartition] = taps[first + i] * kScale;
+  return points;
 }
 
 }  // namespace
 
 EqualizerFilter::EqualizerFilter(std::span<const float> taps) {
-  for (std::size_t i = 0; i < kPartitions; ++i) partitions_.put(i, partition_spectrum(taps, i));
+  for (std::size_t i = 0; i < kPartitions; ++i) {
+    const std::array<Block, 2> points = points_of(taps, i);
+    transform_forward(points[0], points[1], partitions_, i);
+  }
 }
 
 }  // namespace tandem

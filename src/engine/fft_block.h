@@ -14,16 +14,16 @@ inline constexpr std::size_t kPartition = 256;             // frames of sound in
 inline constexpr std::size_t kTransform = 2 * kPartition;  // points of a transform
 inline constexpr std::size_t kPartitions = 32;             // partitions of a filter
 
-// 512 complex numbers, in time or in frequency.
-struct alignas(64) Spectrum {
-  std::array<float, kTransform> re{};
-  std::array<float, kTransform> im{};
+// One block of both channels. Not set by its definition alone; Block{} is silence.
+struct alignas(64) Block {
+  std::array<float, kPartition> left;
+  std::array<float, kPartition> right;
 };
 
-// One block of both channels.
-struct alignas(64) Block {
-  std::array<float, kPartition> left{};
-  std::array<float, kPartition> right{};
+// The 512 bins of one spectrum. Not set by its definition alone; Spectrum{} is zero.
+struct alignas(64) Spectrum {
+  std::array<float, kTransform> re;
+  std::array<float, kTransform> im;
 };
 
 inline constexpr std::size_t kAhead = 4;  // blocks whose sums are made at once
@@ -36,22 +36,21 @@ class SpectrumTable {
   static constexpr std::size_t kGroup = 16;          // bins in a group
   static constexpr std::size_t kEntry = 2 * kGroup;  // real parts, then imaginary parts
 
-  void put(std::size_t slot, const Spectrum& spectrum) noexcept;
-
   // Entry 0 of a bin; entry n lies n * kEntry further on, the imaginary part kGroup behind the real one.
-  const float* at(std::size_t bin) const noexcept {
-    return values_.data() + bin / kGroup * kGroupStride + bin % kGroup;
-  }
+  const float* at(std::size_t bin) const noexcept { return values_.data() + place(bin); }
+  float* at(std::size_t bin) noexcept { return values_.data() + place(bin); }
 
  private:
   static constexpr std::size_t kGroups = kTransform / kGroup;
   static constexpr std::size_t kGroupStride = kEntry * (kPartitions + kAhead - 1);
 
+  static constexpr std::size_t place(std::size_t bin) { return bin / kGroup * kGroupStride + bin % kGroup; }
+
   alignas(64) std::array<float, kGroups * kGroupStride> values_{};
 };
 
-// In place: 512 points of time become their spectrum.
-void transform_forward(Spectrum& points) noexcept;
+// The spectrum of two blocks in a row becomes entry `slot` of the table.
+void transform_forward(const Block& earlier, const Block& later, SpectrumTable& table, std::size_t slot) noexcept;
 
 // The later half of the inverse transform, times 512: with overlap-save the half that is free of wrap-around.
 void transform_back(const Spectrum& spectrum, Block& later_half) noexcept;

@@ -1,6 +1,6 @@
 // Eight numbers at a time: the arithmetic from which the equalizer's transforms are built. Written with the compiler's
 // vector types, so that one source becomes SSE, AVX or AVX-512 code according to the function it is inlined into.
-// Private to fft_block.cpp. Any thread, no state.
+// Private to fft_kernels.cpp. Any thread, no state.
 #pragma once
 
 #include <cstddef>
