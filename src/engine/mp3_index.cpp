@@ -89,14 +89,24 @@ bool Mp3Index::step() {
   if (ended_) return false;
   const auto frame = walk_.next();
   if (believed_) {
-    if (frame && same_stream(frame->header, parts_.front().header)) add_after_gap(*frame);
-    if (!frame) add_lost(noted_frames_ - places_.size());
-    ended_ = places_.size() >= noted_frames_;
+    step_as_noted(frame);
     return true;
   }
   if (frame) add(*frame);
   ended_ = !frame;
   return !ended_;
+}
+
+void Mp3Index::step_as_noted(const std::optional<Mp3Frame>& frame) {
+  if (frame && same_stream(frame->header, parts_.front().header)) add_after_gap(*frame);
+  if (!frame && file_is_whole()) add_lost(noted_frames_ - places_.size());
+  ended_ = !frame || places_.size() >= noted_frames_;
+}
+
+// False if the file was cut after it was opened, or cannot be read any more.
+bool Mp3Index::file_is_whole() const {
+  std::array<std::uint8_t, 1> last{};
+  return file_->read_at(walk_.end() - 1, last) == last.size();
 }
 
 void Mp3Index::add(const Mp3Frame& frame) {

@@ -62,6 +62,8 @@ class Mp3Index {
   bool last_frame_in_place(const MpegHeader& header);
   void start();
   bool step();
+  void step_as_noted(const std::optional<Mp3Frame>& frame);
+  bool file_is_whole() const;
   void add(const Mp3Frame& frame);
   void add_lost(std::size_t count);
   void add_after_gap(const Mp3Frame& frame);

@@ -1,0 +1,163 @@
+// MPEG audio files with things around, between and within their frames that are no sound.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "support/mp3_maker.h"
+#include "support/song_check.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr std::size_t kFrameBytes = 417;  // 128 kbit/s at 44.1 kHz, without padding
+
+class Mp3Damage : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    tagged_ = new Bytes(make_mp3(music(4.0), {"-V2"}));
+    plain_ = new Bytes(make_mp3(music(4.0), {"-b", "128", "-t"}));
+    whole_ = new Sound(check_song(*tagged_).sound);
+  }
+  static void TearDownTestSuite() {
+    delete tagged_;
+    delete plain_;
+    delete whole_;
+  }
+  static const Bytes& tagged() { return *tagged_; }
+  static const Bytes& plain() { return *plain_; }
+  static const Sound& whole() { return *whole_; }
+
+  // Offset of the first frame at or behind `from`.
+  static std::size_t frame_at(const Bytes& bytes, std::size_t from) {
+    while (bytes[from] != 0xFF || (bytes[from + 1] & 0xFE) != 0xFA) ++from;
+    return from;
+  }
+
+ private:
+  static inline Bytes* tagged_ = nullptr;
+  static inline Bytes* plain_ = nullptr;
+  static inline Sound* whole_ = nullptr;
+};
+
+TEST_F(Mp3Damage, TagsNeverSound) {
+  const std::vector<std::pair<Bytes, Bytes>> around = {
+      {make_id3v2(3000), make_id3v1()},
+      {make_id3v2(3000, 0x80), {}},  // unsynchronised
+      {make_id3v2(2000) + make_id3v2(4000), make_ape() + make_id3v1()},
+      {make_ape(), make_lyrics3() + make_id3v1()},
+      {{}, make_ape() + make_lyrics3() + make_id3v1()},
+      {Bytes(5000), Bytes(3000)},
+  };
+  for (std::size_t i = 0; i < around.size(); ++i) {
+    const SongCheck check = check_song(around[i].first + tagged() + around[i].second);
+    EXPECT_TRUE(check.consistent(0.0F)) << i << ": " << check.length << " " << check.probed << " "
+                                        << check.sound.size();
+    EXPECT_EQ(check.sound, whole()) << i << ": " << check.sound.size();
+  }
+}
+
+TEST_F(Mp3Damage, HugeTagIsSkipped) {
+  const SongCheck check = check_song(make_id3v2(20'000'000) + tagged());
+  EXPECT_TRUE(check.consistent(0.0F));
+  EXPECT_EQ(check.sound, whole());
+}
+
+TEST_F(Mp3Damage, TagBetweenTwoStreamsNeverSounds) {
+  const SongCheck apart = check_song(plain());
+  const SongCheck check = check_song(plain() + make_id3v1() + make_id3v2(50000) + plain());
+  EXPECT_TRUE(check.consistent(0.0F));
+  ASSERT_EQ(check.length, 2 * apart.length);
+  EXPECT_TRUE(std::ranges::equal(std::span(check.sound).last(apart.sound.size()), apart.sound));
+}
+
+TEST_F(Mp3Damage, GarbageBeforeTheFirstFrame) {
+  const SongCheck check = check_song(random_bytes(900'000, 1) + tagged());
+  EXPECT_TRUE(check.consistent(0.0F));
+  EXPECT_EQ(check.sound, whole());
+}
+
+TEST_F(Mp3Damage, TooMuchGarbageIsNoSong) { EXPECT_FALSE(check_song(random_bytes(1'200'000, 1) + tagged()).opened); }
+
+TEST_F(Mp3Damage, GarbageWithinDoesNotEndTheSong) {
+  for (const Bytes& song : {tagged(), plain()}) {
+    const std::size_t at = frame_at(song, song.size() / 2);
+    const SongCheck check = check_song(slice(song, 0, at) + random_bytes(65536, 2) + slice(song, at, song.size()));
+    const SongCheck before = check_song(song);
+    EXPECT_TRUE(check.consistent(0.0F)) << check.length << " " << check.probed << " " << check.sound.size() << " "
+                                        << check.difference;
+    EXPECT_EQ(check.length, before.length);
+    const std::size_t tail = 20000;
+    EXPECT_TRUE(std::ranges::equal(std::span(check.sound).last(tail), std::span(before.sound).last(tail)));
+  }
+}
+
+TEST_F(Mp3Damage, OverwrittenFramesAreSilentWhereTheyWere) {
+  Bytes song = tagged();
+  const std::size_t at = song.size() / 2;
+  const Bytes noise = random_bytes(10'000, 3);
+  std::copy(noise.begin(), noise.end(), song.begin() + static_cast<std::ptrdiff_t>(at));
+  const SongCheck check = check_song(song);
+  EXPECT_TRUE(check.consistent(0.0F)) << check.length << " " << check.probed << " " << check.sound.size() << " "
+                                      << check.difference;
+  ASSERT_EQ(check.sound.size(), whole().size());
+  const std::size_t stretch = 40000;
+  EXPECT_TRUE(std::ranges::equal(std::span(check.sound).first(stretch), std::span(whole()).first(stretch)));
+  const auto reference = std::span(whole()).last(stretch);
+  const auto end = std::span(check.sound).last(stretch);
+  // How many frames were lost is estimated from the lost bytes: within two frames at a variable bit rate.
+  EXPECT_LE(std::abs(lag(reference, end, 5000, 20000, 3000)), 2 * 1152);
+}
+
+TEST_F(Mp3Damage, MissingBytesCostOnlyTheirFrames) {
+  const std::size_t at = frame_at(plain(), 20'000) + 100;
+  const SongCheck before = check_song(plain());
+  const SongCheck check = check_song(slice(plain(), 0, at) + slice(plain(), at + 50, plain().size()));
+  EXPECT_TRUE(check.consistent(0.0F));
+  EXPECT_EQ(check.length, before.length - 1152);
+}
+
+TEST_F(Mp3Damage, TruncatedFilePlaysItsWholeFrames) {
+  const Bytes cut = slice(plain(), 0, 40'000);
+  const SongCheck check = check_song(cut);
+  EXPECT_TRUE(check.consistent(0.0F));
+  EXPECT_EQ(check.length, static_cast<Frames>(cut.size() / (kFrameBytes + 1)) * 1152);
+}
+
+TEST_F(Mp3Damage, TruncatedTaggedFileKeepsItsPlace) {
+  const SongCheck check = check_song(slice(tagged(), 0, tagged().size() / 2));
+  EXPECT_TRUE(check.consistent(0.0F));
+  EXPECT_LT(check.length, static_cast<Frames>(whole().size()));
+  ASSERT_GT(check.length, 50000);
+  EXPECT_TRUE(std::ranges::equal(std::span(check.sound).first(50000), std::span(whole()).first(50000)));
+}
+
+// The counts of an information frame are not believed as such.
+TEST_F(Mp3Damage, LyingInformationFrame) {
+  const std::size_t at = frame_at(tagged(), 0) + 4 + 32 + 8;
+  for (const std::uint32_t lie : {0U, 1U, 50U, 100'000U, 0xFFFFFFFFU}) {
+    Bytes song = tagged();
+    const Bytes number = number_bytes(lie, 4, true);
+    std::copy(number.begin(), number.end(), song.begin() + static_cast<std::ptrdiff_t>(at));
+    const SongCheck check = check_song(song);
+    EXPECT_TRUE(check.consistent(0.0F)) << lie;
+    EXPECT_GE(check.length, static_cast<Frames>(whole().size())) << lie;
+    EXPECT_LT(check.length, static_cast<Frames>(whole().size()) + 2 * 1152) << lie;
+  }
+}
+
+TEST_F(Mp3Damage, AppendedStreamIsCounted) {
+  const SongCheck check = check_song(tagged() + tagged());
+  EXPECT_TRUE(check.consistent(0.0F));
+  EXPECT_GT(check.length, 2 * static_cast<Frames>(whole().size()));
+}
+
+TEST_F(Mp3Damage, FewFramesThatRunToTheEnd) {
+  const std::size_t second = frame_at(plain(), 4);
+  EXPECT_EQ(check_song(slice(plain(), 0, second)).length, 1152);
+  EXPECT_TRUE(check_song(slice(plain(), 0, second)).consistent(0.0F));
+  EXPECT_FALSE(check_song(slice(plain(), 0, second - 1)).opened);            // not one whole frame
+  EXPECT_FALSE(check_song(slice(plain(), 0, second) + Bytes(9000)).opened);  // goes on as something else
+}
+
+}  // namespace
+}  // namespace tandem::test

@@ -1,0 +1,29 @@
+// Reads whole songs for tests.
+#pragma once
+
+#include <string>
+
+#include "engine/song_source.h"
+#include "support/bytes.h"
+#include "support/signal.h"
+#include "support/temp_directory.h"
+
+namespace tandem::test {
+
+Sound read_all(SongSource& source);
+
+struct SongCheck {
+  bool opened = false;
+  Sound sound;           // read from front to back
+  Frames length = -1;    // by SongSource
+  Frames probed = -1;    // by probe_song
+  int misplaced = 0;     // of 300 random seeks, those after which too few or too many frames came
+  float difference = 0;  // greatest deviation of a sample after these seeks from `sound`
+  // All three lengths agree, and no seek was misplaced or differed by more than `tolerance`.
+  bool consistent(float tolerance) const;
+};
+
+SongCheck check_song(const std::string& path);
+SongCheck check_song(const Bytes& file);
+
+}  // namespace tandem::test
