@@ -1,0 +1,39 @@
+// The output that the player uses: the sound server's if there is one, else ALSA's while no server can be reached and
+// the machine has a card, else it goes on looking for both; until then consuming() is false.
+// A server that was only restarted is waited for (about a second) before ALSA takes the card.
+// Threads and failures: those of PulseOutput and AlsaOutput.
+#pragma once
+
+#include <string>
+
+#include "engine/output.h"
+#include "platform/alsa_output.h"
+#include "platform/pulse_output.h"
+
+namespace tandem {
+
+class DeviceOutput final : public Output {
+ public:
+  // alsa_device: empty for the machine's own choice.
+  explicit DeviceOutput(OutputRing& ring, std::string alsa_device = {});
+
+  void open(int buffer_bytes) override;
+  void close() override;
+  void start() override;
+  void stop() override;
+  void pause() override;
+  void restart() override;
+  void set_depth(int buffers) override;
+
+  bool consuming() const noexcept override { return pulse_.consuming() || alsa_.consuming(); }
+  std::uint64_t heard() const noexcept override;
+  int request_frames() const noexcept override;
+  bool lost() const noexcept override { return false; }
+
+ private:
+  RingLease lease_;  // whoever of the two holds a device reads the ring
+  AlsaOutput alsa_;
+  PulseOutput pulse_;  // tells alsa_ whether it may play, so it goes first
+};
+
+}  // namespace tandem
