@@ -8,80 +8,80 @@ namespace tandem {
 namespace {
 
 // The release aims a little beyond full gain, so that it arrives in finite time.
-constexpr double kReleaseTarget = 1.02;
-const double release_step = 1.0 - std::exp(-1.0 / (Limiter::kReleaseSeconds * kSampleRate));
+constexpr float kReleaseTarget = 1.02F;
+const auto release_step =
+    static_cast<float>(1.0 - std::exp(-static_cast<double>(Limiter::kCell) / (Limiter::kReleaseSeconds * kSampleRate)));
 
-float peak_of(const StereoFrame& frame) { return std::max(std::abs(frame.left), std::abs(frame.right)); }
+using Cell = std::span<StereoFrame, Limiter::kCell>;
 
+// False too if a sample is no number. Counts rather than leaving early: a loop without branches.
+bool within_full_scale(Cell frames) {
+  int within = 0;
+  for (const StereoFrame& frame : frames) {
+    within += static_cast<int>(std::abs(frame.left) <= 1.0F) + static_cast<int>(std::abs(frame.right) <= 1.0F);
+  }
+  return within == 2 * static_cast<int>(frames.size());
+}
+
+void silence_what_is_no_number(Cell frames) {
+  for (StereoFrame& frame : frames) {
+    if (!std::isfinite(frame.left) || !std::isfinite(frame.right)) frame = {};
+  }
+}
+
+float peak_of(Cell frames) {
+  float peak = 0.0F;
+  for (const StereoFrame& frame : frames) peak = std::max({peak, std::abs(frame.left), std::abs(frame.right)});
+  return peak;
+}
+
+// Rounding can lift a peak by its last place.
 float within_one(float sample) { return std::clamp(sample, -1.0F, 1.0F); }
+
+void apply(Cell frames, float from, float to) {
+  const float slope = (to - from) / static_cast<float>(Limiter::kCell);
+  for (std::size_t i = 0; i < frames.size(); ++i) {
+    const float gain = from + slope * static_cast<float>(i + 1);
+    frames[i] = {within_one(frames[i].left * gain), within_one(frames[i].right * gain)};
+  }
+}
 
 }  // namespace
 
-Limiter::Gain Limiter::Mean::put(Gain value) noexcept {
-  sum_ += value - last_[place_];
-  last_[place_] = value;
-  place_ = (place_ + 1) % kLength;
-  return sum_ / static_cast<Gain>(kLength);
-}
-
-Limiter::Gain Limiter::Least::put(Gain value) noexcept {
-  ++now_;
-  if (first_ != last_ && entries_[first_ % kSize].until < now_) ++first_;
-  if (value < kFull) {
-    while (first_ != last_ && entries_[(last_ - 1) % kSize].value >= value) --last_;
-    entries_[last_++ % kSize] = {value, now_ + kWindow};
-  }
-  return empty() ? kFull : entries_[first_ % kSize].value;
-}
-
-bool Limiter::within_full_scale(std::span<const StereoFrame> frames) noexcept {
-  // Counting instead of leaving at the first keeps the loop free of branches, and a NaN is not within.
-  std::size_t beyond = 0;
-  for (const StereoFrame& frame : frames) {
-    beyond += static_cast<std::size_t>(!(std::abs(frame.left) <= 1.0F)) +
-              static_cast<std::size_t>(!(std::abs(frame.right) <= 1.0F));
-  }
-  return beyond == 0;
-}
-
-Limiter::Gain Limiter::needed_gain(const StereoFrame& frame) noexcept {
-  const float peak = peak_of(frame);
-  if (peak <= 1.0F) return kFull;
-  return static_cast<Gain>(static_cast<double>(kFull) / static_cast<double>(peak));
-}
-
 void Limiter::process(std::span<StereoFrame> in_out) noexcept {
-  constexpr std::size_t kStretch = 64;
   while (!in_out.empty()) {
-    const auto stretch = in_out.first(std::min(in_out.size(), kStretch));
-    if (at_rest() && within_full_scale(stretch)) {
-      pass(stretch);
-    } else {
-      for (StereoFrame& frame : stretch) limit(frame);
-    }
-    in_out = in_out.subspan(stretch.size());
+    const std::size_t count = std::min(in_out.size(), kCell - place_ % kCell);
+    for (std::size_t i = 0; i < count; ++i) std::swap(in_out[i], sound_[place_ + i]);
+    place_ += count;
+    in_out = in_out.subspan(count);
+    if (place_ % kCell == 0) end_cell();
   }
 }
 
-void Limiter::pass(std::span<StereoFrame> in_out) noexcept {
-  for (StereoFrame& frame : in_out) {
-    std::swap(frame, delayed_[place_]);
-    place_ = (place_ + 1) % delayed_.size();
-  }
+void Limiter::end_cell() noexcept {
+  const Cell filled = cell(place_ / kCell - 1);
+  if (place_ == sound_.size()) place_ = 0;
+  const bool quiet = within_full_scale(filled);
+  if (quiet && at_rest()) return;
+  if (!quiet) silence_what_is_no_number(filled);
+  const float from = gain_;
+  gain_ = next_gain(quiet ? 1.0F : peak_of(filled));
+  // The oldest cell lies where the next input will go.
+  if (from != 1.0F || gain_ != 1.0F) apply(cell(place_ / kCell), from, gain_);
 }
 
-void Limiter::limit(StereoFrame& frame) noexcept {
-  if (!std::isfinite(frame.left) || !std::isfinite(frame.right)) frame = {};
-  const Gain least = least_.put(needed_gain(frame));
-  const auto current = static_cast<double>(envelope_);
-  const double risen = current + (kReleaseTarget * static_cast<double>(kFull) - current) * release_step;
-  envelope_ = std::min({least, static_cast<Gain>(risen), kFull});
-  calm_ = envelope_ == kFull ? std::min(calm_ + 1, 2 * kDelay) : 0;
-  gain_ = static_cast<float>(second_mean_.put(first_mean_.put(envelope_))) / static_cast<float>(kFull);
-  std::swap(frame, delayed_[place_]);
-  place_ = (place_ + 1) % delayed_.size();
-  frame.left = within_one(frame.left * gain_);
-  frame.right = within_one(frame.right * gain_);
+// A gain takes part in the weighted mean of four cells, and a cell's line runs between two such means: five cells in
+// all, none of which asks for more than the cell that is given out allows.
+float Limiter::next_gain(float peak) noexcept {
+  newest_ = (newest_ + 1) % needed_.size();
+  needed_[newest_] = peak > 1.0F ? 1.0F / peak : 1.0F;
+  const float least = *std::min_element(needed_.begin(), needed_.end());
+  const float risen = envelope_[0] + (kReleaseTarget - envelope_[0]) * release_step;
+  std::shift_right(envelope_.begin(), envelope_.end(), 1);
+  envelope_[0] = std::min(least, risen);
+  const float mean = (envelope_[0] + 2.0F * envelope_[1] + 2.0F * envelope_[2] + envelope_[3]) / 6.0F;
+  calm_ = least == 1.0F && mean == 1.0F && gain_ == 1.0F ? std::min(calm_ + 1, kRemembered) : 0;
+  return mean;
 }
 
 }  // namespace tandem
