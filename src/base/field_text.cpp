@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <limits>
 
+#include "base/rounding.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 
@@ -12,21 +12,16 @@ namespace tandem {
 
 namespace {
 
-// Half to even, whatever the floating-point environment says.
-double rounded(double value) {
-  const double below = std::floor(value);
-  const double part = value - below;
-  if (part != 0.5) return std::floor(value + 0.5);
-  return std::fmod(below, 2.0) == 0.0 ? below : below + 1.0;
-}
-
-// The number at the front of a text, 0 if there is none; what is too large for a double is infinite.
+// The number at the front of a text, 0 if there is none (a word such as "inf" is none); what is too large for a double
+// is infinite.
 double leading_number(std::string_view text) {
-  if (text.starts_with('+')) text.remove_prefix(1);
+  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+  const std::size_t digits = std::min(text.find_first_not_of("-."), text.size());
+  if (digits == text.size() || text[digits] < '0' || text[digits] > '9') return 0.0;
   double value = 0.0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error == std::errc::result_out_of_range) return std::numeric_limits<double>::infinity();
-  return error == std::errc{} && !std::isnan(value) ? value : 0.0;
+  return error == std::errc{} ? value : 0.0;
 }
 
 template <class Narrow>
@@ -58,7 +53,7 @@ double FieldReader::read_number() {
   rest_.remove_prefix(length);
   skip_blanks();
   if (rest_.starts_with(',') || rest_.starts_with('\n') || rest_.starts_with("\r\n")) take_field();
-  return rounded(value);
+  return rounded_half_to_even(value);
 }
 
 std::int16_t FieldReader::read_int16() { return narrowed<std::int16_t>(read_number()); }
