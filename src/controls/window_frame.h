@@ -1,6 +1,8 @@
 // The outer box of the panel's window and the screen that it stands on, in whole twips.
 #pragma once
 
+#include <string>
+
 #include "base/twips.h"
 #include "controls/control.h"
 
@@ -12,6 +14,10 @@ class WindowFrame : public Control {
   Property<Twips> Height{view_changed, 3870};
   Property<Twips> Left{view_changed, 0};
   Property<Twips> Top{view_changed, 0};
+
+  // Files dropped on the window, as the file dialog returns several: directory, NUL, name, NUL, name; one directory
+  // each.
+  Notification<const std::string&> files_dropped;
 
   Twips ScreenWidth = 1920 * kTwipsPerPixel;  // set by whoever knows the screen
   Twips ScreenHeight = 1080 * kTwipsPerPixel;
