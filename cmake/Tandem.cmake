@@ -45,7 +45,8 @@ endfunction()
 
 # tandem_test(NAME SOURCES file... LINKS target... [LABELS label...] [SERIAL] [SHARDS n]): a GoogleTest program.
 # It is one CTest entry of that name, or n entries NAME.0 ... that share its cases. Labels with a meaning for ./check:
-# "threads" is run under the thread sanitizer too, "slow" is left out under the address sanitizer. SERIAL: runs alone.
+# "threads" is run under the thread sanitizer too, "slow" is left out under the address sanitizer (what is not slow
+# gets the label "quick"). SERIAL: runs alone.
 # Each entry leaves its cases in results/ENTRY.xml of the build folder, where they are counted.
 function(tandem_test name)
   cmake_parse_arguments(arg "SERIAL" "SHARDS" "SOURCES;LINKS;LABELS" ${ARGN})
@@ -58,6 +59,7 @@ function(tandem_test name)
     add_dependencies(threads_tests ${name})
   endif()
   if(NOT "slow" IN_LIST arg_LABELS)
+    list(APPEND arg_LABELS quick)
     add_dependencies(quick_tests ${name})
   endif()
   if(NOT arg_SHARDS)
