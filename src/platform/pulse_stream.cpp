@@ -14,6 +14,7 @@ namespace tandem {
 namespace {
 
 constexpr int kHungryMilliseconds = 10;
+constexpr int kPatientMilliseconds = 100;
 constexpr std::size_t kFrameBytes = sizeof(Sample16);
 
 void forget(pa_operation* operation) {
@@ -151,9 +152,17 @@ void PulseStream::feed() {
   if (motion_ != Motion::kPlaying) return;
   const std::size_t asked = pa_stream_writable_size(stream_);
   if (asked == static_cast<std::size_t>(-1)) return;
+  const std::uint64_t before = ring_.taken();
   write(asked / kFrameBytes);
   report();
-  if (pa_stream_writable_size(stream_) >= kFrameBytes) hungry_.start(kHungryMilliseconds);
+  if (pa_stream_writable_size(stream_) >= kFrameBytes) come_back(ring_.taken() - before);
+}
+
+// The more is queued the later, but always soon enough to take more than is played meanwhile.
+void PulseStream::come_back(std::uint64_t just_taken) {
+  const std::uint64_t frames = std::min((ring_.taken() - position_) / 4, just_taken / 2);
+  const auto milliseconds = static_cast<int>(milliseconds_of(static_cast<Frames>(frames)));
+  hungry_.start(std::clamp(milliseconds, kHungryMilliseconds, kPatientMilliseconds));
 }
 
 void PulseStream::write(std::size_t frames) {

@@ -2,7 +2,8 @@
 // what was heard. Lives on the loop's thread; dies only outside its own callbacks.
 //
 // It is made held (corked). hold() lets everything be played that was taken before the device is held, so that nothing
-// is cut off. When the ring runs dry nothing is put in its place: the stream comes back for the rest every 10 ms.
+// is cut off. When the ring runs dry nothing is put in its place: the stream comes back for the rest after 10 to 100
+// ms.
 #pragma once
 
 #include <pulse/stream.h>
@@ -54,6 +55,7 @@ class PulseStream {
   void listen();
   void connect();
   void feed();
+  void come_back(std::uint64_t just_taken);
   void write(std::size_t frames);
   void play_out();
   void forget_play_out();
