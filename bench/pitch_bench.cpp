@@ -2,13 +2,13 @@
 // For comparison, in the same run, the pitch shift of SoundTouch at its usual and at its best settings for music.
 // Usage: pitch_bench [seconds of sound, default 60]
 #include <SoundTouch.h>
-#include <time.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <numbers>
 #include <random>

@@ -1,5 +1,7 @@
 #include "engine/pitch_kernels.h"
 
+#include <array>
+
 #if defined(__x86_64__)
 #include <immintrin.h>
 #endif
@@ -19,6 +21,26 @@ Reading reading_at(const float* bank, double position) noexcept {
   const double phase = (position - static_cast<double>(whole)) * static_cast<double>(kKernelPhases);
   const auto row = static_cast<std::size_t>(phase);
   return {bank + row * kKernelTaps, static_cast<float>(phase - static_cast<double>(row)), whole - kKernelBefore};
+}
+
+void interpolate_plain(const float* bank, const float* left, const float* right, std::span<const double> positions,
+                       StereoFrame* out) noexcept {
+  for (const double position : positions) {
+    const Reading at = reading_at(bank, position);
+    StereoFrame frame;
+    for (std::size_t i = 0; i < kKernelTaps; ++i) {
+      const float tap = at.row[i] + at.part * (at.row[kKernelTaps + i] - at.row[i]);
+      frame.left += tap * left[at.first + i];
+      frame.right += tap * right[at.first + i];
+    }
+    *out++ = frame;
+  }
+}
+
+float dot_plain(const float* a, const float* b, std::size_t count) noexcept {
+  float total = 0.0F;
+  for (std::size_t i = 0; i < count; ++i) total += a[i] * b[i];
+  return total;
 }
 
 #if defined(__x86_64__)
@@ -91,42 +113,30 @@ __attribute__((target("avx2,fma"))) float dot_avx2(const float* a, const float* 
   return rest;
 }
 
-bool has_avx2() noexcept { return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma"); }
+constexpr std::array<PitchKernels, 3> kAll{
+    {{interpolate_avx2, dot_avx2}, {interpolate_sse, dot_sse}, {interpolate_plain, dot_plain}}};
 
-const auto chosen_interpolate = has_avx2() ? interpolate_avx2 : interpolate_sse;
-const auto chosen_dot = has_avx2() ? dot_avx2 : dot_sse;
+std::size_t first_known() noexcept { return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") ? 0 : 1; }
 
 #else
 
-void chosen_interpolate(const float* bank, const float* left, const float* right, std::span<const double> positions,
-                        StereoFrame* out) noexcept {
-  for (const double position : positions) {
-    const Reading at = reading_at(bank, position);
-    StereoFrame frame;
-    for (std::size_t i = 0; i < kKernelTaps; ++i) {
-      const float tap = at.row[i] + at.part * (at.row[kKernelTaps + i] - at.row[i]);
-      frame.left += tap * left[at.first + i];
-      frame.right += tap * right[at.first + i];
-    }
-    *out++ = frame;
-  }
-}
+constexpr std::array<PitchKernels, 1> kAll{{{interpolate_plain, dot_plain}}};
 
-float chosen_dot(const float* a, const float* b, std::size_t count) noexcept {
-  float total = 0.0F;
-  for (std::size_t i = 0; i < count; ++i) total += a[i] * b[i];
-  return total;
-}
+constexpr std::size_t first_known() noexcept { return 0; }
 
 #endif
+
+const PitchKernels chosen = kAll[first_known()];
 
 }  // namespace
 
 void interpolate(const float* bank, const float* left, const float* right, std::span<const double> positions,
                  StereoFrame* out) noexcept {
-  chosen_interpolate(bank, left, right, positions, out);
+  chosen.read(bank, left, right, positions, out);
 }
 
-float dot_product(const float* a, const float* b, std::size_t count) noexcept { return chosen_dot(a, b, count); }
+float dot_product(const float* a, const float* b, std::size_t count) noexcept { return chosen.multiply(a, b, count); }
+
+std::span<const PitchKernels> pitch_kernels() noexcept { return std::span(kAll).subspan(first_known()); }
 
 }  // namespace tandem

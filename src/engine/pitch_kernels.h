@@ -1,5 +1,5 @@
-// The two inner loops of the pitch stage, in the widest vectors that the processor has (AVX2, else SSE or plain code).
-// Any thread, no state, no allocation. The choice is made once, when the program starts.
+// The two inner loops of the pitch stage, in the widest vectors that the processor has (AVX2, else SSE, else plain
+// code). Any thread, no state, no allocation. The choice is made once, when the program starts.
 #pragma once
 
 #include <cstddef>
@@ -23,5 +23,14 @@ void interpolate(const float* bank, const float* left, const float* right, std::
 
 // The sum of the products.
 float dot_product(const float* a, const float* b, std::size_t count) noexcept;
+
+// One way to do both; they differ by rounding only.
+struct PitchKernels {
+  decltype(&interpolate) read;
+  decltype(&dot_product) multiply;
+};
+
+// The ways that this processor knows, the fastest first: that is the one used.
+std::span<const PitchKernels> pitch_kernels() noexcept;
 
 }  // namespace tandem
