@@ -11,9 +11,9 @@ import sys
 
 CODE_LIMIT = 300
 CODE = ('.h', '.cpp', '.py', '.bash')
-TEXT = CODE + ('.md', '.txt', '.cmake', '.json', '.packages', '.desktop', '.in')
+TEXT = CODE + ('.md', '.txt', '.cmake', '.json', '.packages', '.desktop', '.svg')
 BARE_NAMES = ('run', 'check', 'install_packages', 'run_headless', 'make_songs', 'screen_picture', 'sound_report',
-              'LICENSE', '.clang-format', '.clang-tidy')
+              'tandem', 'LICENSE', '.clang-format', '.clang-tidy', '.gitattributes')
 TOPS = ('src', 'tests', 'tools', 'bench', 'fuzz', 'cmake', 'packaging', 'docs', '.ci')
 # Data of the tests is compared byte by byte and may hold anything.
 EXEMPT = ('tests/data/', 'fuzz/seeds/')
