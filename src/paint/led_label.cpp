@@ -17,8 +17,11 @@ constexpr int kRows = 7;
 constexpr int kCellColumns = 6;
 constexpr std::size_t kCacheLimit = 1024;
 
+/// Seven columns of eight bits: the neighbours' nearest columns, whose glow reaches into this cell, and the own five.
+using CellDots = std::uint64_t;
+
 struct GlyphKey {
-  std::uint64_t dots;
+  CellDots dots;
   QRgb colour;
   QRgb dark;
   int pitch;
@@ -35,15 +38,17 @@ struct Dots {
   QPainterPath dark;
 };
 
-bool lit_at(std::uint64_t dots, int column, int row) { return (dots >> (column * 8 + row) & 1) != 0; }
+bool lit_at(CellDots dots, int column, int row) { return (dots >> ((column + 1) * 8 + row) & 1) != 0; }
 
 Dots dot_paths(const GlyphKey& key) {
   Dots dots;
   const double side = key.pitch >= 2 ? key.pitch * .86 : 1;
-  for (int column = 0; column < kColumns; ++column) {
+  for (int column = -1; column <= kColumns; ++column) {
+    const int gap = column < 0 ? -1 : column == kColumns ? 1 : 0;
     for (int row = 0; row < kRows; ++row) {
-      QPainterPath& path = lit_at(key.dots, column, row) ? dots.lit : dots.dark;
-      path.addRect(column * key.pitch, row * key.pitch, side, side);
+      const bool lit = lit_at(key.dots, column, row);
+      if (gap != 0 && !lit) continue;
+      (lit ? dots.lit : dots.dark).addRect((column + gap) * key.pitch, row * key.pitch, side, side);
     }
   }
   return dots;
@@ -78,28 +83,59 @@ const QImage& cached_glyph(const GlyphKey& key) {
   return *found;
 }
 
-std::uint64_t packed(const DotGlyph& glyph) {
-  std::uint64_t dots = 0;
-  for (std::size_t column = 0; column < glyph.size(); ++column) dots |= std::uint64_t{glyph[column]} << (column * 8);
-  return dots;
-}
+/// A label's text as it stands in the cells, with its scroll resolved.
+class Cells {
+ public:
+  explicit Cells(const LedLabelLook& look) : letters_(look.text.toUcs4()), ring_(look.scroll && !letters_.isEmpty()) {
+    const auto columns = static_cast<int>(letters_.size()) * kCellColumns;
+    const int moved = ring_ ? *look.scroll % columns : 0;
+    skipped_ = moved / kCellColumns;
+    part_ = moved % kCellColumns;
+    count_ = look.cells + (part_ > 0 ? 1 : 0);
+  }
+
+  [[nodiscard]] int count() const { return count_; }
+  [[nodiscard]] int first_column(int cell) const { return cell * kCellColumns - part_; }
+
+  [[nodiscard]] CellDots dots(int cell) const {
+    CellDots dots = column(cell - 1, kColumns - 1);
+    for (int i = 0; i < kColumns; ++i) dots |= column(cell, i) << ((i + 1) * 8);
+    return dots | column(cell + 1, 0) << ((kColumns + 1) * 8);
+  }
+
+ private:
+  [[nodiscard]] CellDots column(int cell, int index) const {
+    if (cell < 0 || cell >= count_) return 0;
+    const auto size = static_cast<int>(letters_.size());
+    const int place = ring_ ? (cell + skipped_) % size : cell;
+    const char32_t letter = place < size ? letters_[place] : U' ';
+    return dot_glyph(letter)[static_cast<std::size_t>(index)];
+  }
+
+  QList<uint> letters_;
+  bool ring_;
+  int skipped_ = 0;
+  int part_ = 0;
+  int count_ = 0;
+};
 
 void draw_cells(QPainter& painter, const QPointF& top_left, const LedLabelLook& look) {
-  const QList<uint> letters = look.text.toUcs4();
-  const auto count = static_cast<int>(letters.size());
-  const int moved = look.scroll && count > 0 ? *look.scroll % (count * kCellColumns) : 0;
-  const int skipped = moved / kCellColumns;
-  const int part = moved % kCellColumns;
+  const Cells cells(look);
   const double scale = device_scale(painter);
   const DevicePixels pixels(painter);
   const auto margin = static_cast<int>(std::ceil(look.pitch * scale));
-  for (int cell = 0; cell < look.cells + (part > 0 ? 1 : 0); ++cell) {
-    const int index = look.scroll && count > 0 ? (cell + skipped) % count : cell;
-    const char32_t letter = index < count ? letters[index] : U' ';
-    const GlyphKey key{packed(dot_glyph(letter)), look.colour, look.dark_dots.value_or(0), look.pitch, scale};
-    const int column = cell * kCellColumns - part;
-    const QPoint at = pixels.at(top_left + QPointF(column * look.pitch, 0));
-    painter.drawImage(at - QPoint(margin, margin), cached_glyph(key));
+  const int seam = margin / 2;  // neighbouring cells meet in the middle of the gap between them
+  const auto cell_left = [&](int cell) {
+    return pixels.at(top_left + QPointF(cells.first_column(cell) * look.pitch, 0)) - QPoint(margin, margin);
+  };
+  for (int cell = 0; cell < cells.count(); ++cell) {
+    const GlyphKey key{cells.dots(cell), look.colour, look.dark_dots.value_or(0), look.pitch, scale};
+    const QImage& image = cached_glyph(key);
+    const QPoint at = cell_left(cell);
+    const int left = cell == 0 ? 0 : seam;
+    const bool last = cell + 1 == cells.count();
+    const int right = last ? image.width() : cell_left(cell + 1).x() - at.x() + seam;
+    painter.drawImage(at + QPoint(left, 0), image, QRect(left, 0, right - left, image.height()));
   }
 }
 
