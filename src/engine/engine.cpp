@@ -9,9 +9,8 @@
 
 namespace tandem {
 
-Engine::Engine(TimerQueue& timers, Output& output, OutputRing& ring, Mode mode)
-    : timers_(timers),
-      output_(output),
+Engine::Engine(Output& output, OutputRing& ring, Mode mode)
+    : output_(output),
       ring_(ring),
       designer_(mode == Mode::Threads),
       chain_(readers_, designer_),
@@ -41,10 +40,10 @@ MixTick Engine::mix_tick() {
           [this] { return mix_clock_->ticks(); }};
 }
 
-void Engine::fill(SoundGraph& graph) {
+void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
   auto mixer = std::make_unique<MixerControl>(decks_, orders_);
   auto device = std::make_unique<DeviceControl>(output_, orders_);
-  auto mix_clock = std::make_unique<MixClock>(timers_);
+  auto mix_clock = std::make_unique<MixClock>(timers);
   mixer_ = mixer.get();
   device_ = device.get();
   mix_clock_ = mix_clock.get();
@@ -64,8 +63,8 @@ void Engine::fill(SoundGraph& graph) {
   graph.MMConnectorX1 = std::make_unique<Connector>();
   graph.Helper = std::make_unique<TimeText>();
   graph.MixTimer = std::move(mix_clock);
-  graph.Timer = std::make_unique<HiTimer>(timers_, 200, true);
-  graph.ListTimer = std::make_unique<HiTimer>(timers_, 2500, false);
+  graph.Timer = std::make_unique<HiTimer>(timers, 200, true);
+  graph.ListTimer = std::make_unique<HiTimer>(timers, 2500, false);
 }
 
 void Engine::wake() {

@@ -30,14 +30,14 @@ class Engine {
  public:
   enum class Mode { Threads, Simulated };
 
-  Engine(TimerQueue& timers, Output& output, OutputRing& ring, Mode mode);
+  Engine(Output& output, OutputRing& ring, Mode mode);
   ~Engine();
   Engine(const Engine&) = delete;
   Engine& operator=(const Engine&) = delete;
 
   // Puts the sound components and the timers into the graph; the displays are somebody else's. Called once; the graph's
-  // components stand on this engine.
-  void fill(SoundGraph& graph);
+  // components stand on this engine, which must outlive their use.
+  void fill(SoundGraph& graph, TimerQueue& timers);
 
   // Delivers what the render thread has told: song ends first, then the guard against silence. To be called before the
   // timers are advanced, at every tick of the clock.
@@ -59,7 +59,6 @@ class Engine {
   void wake();
   MixTick mix_tick();
 
-  TimerQueue& timers_;
   Output& output_;
   OutputRing& ring_;
   std::array<DeckReader, 2> readers_;

@@ -169,6 +169,7 @@ TANDEM_INLINE void rest(const SpectrumTable& x, std::size_t newest, const Spectr
 
 // The same code once for each kind of processor, chosen by hand rather than by the loader: the loader's choice runs
 // before a sanitizer's runtime is ready.
+// NOLINTBEGIN(bugprone-macro-parentheses): an attribute and a struct's name take none
 #define TANDEM_KERNELS(name, width, attribute)                                                                  \
   struct name {                                                                                                 \
     attribute static void run_forward(const Block& earlier, const Block& later, SpectrumTable& table,           \
@@ -186,6 +187,8 @@ TANDEM_INLINE void rest(const SpectrumTable& x, std::size_t newest, const Spectr
     }                                                                                                           \
     static constexpr Kernels kAll{#name, run_forward, run_back, run_ahead, run_rest};                           \
   };
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 TANDEM_KERNELS(Plain, 4, )
 #if defined(__x86_64__)

@@ -28,8 +28,8 @@ class PitchEngine {
 
   // Goes over to another ratio within 512 frames.
   void steer(double ratio) noexcept;
-  // Goes over to ratio 1 and into step with the song (0.1 to 0.7 s); landed() is then true, and what is given is the
-  // song's own frames (but for the filter's edge above 20 kHz). steer() leaves it again.
+  // Goes over to ratio 1 and into step with the song (0.1 to 1 s, a third of a semitone off at most); landed() is then
+  // true, and what is given is the song's own frames (but for the filter's edge above 20 kHz). steer() leaves it again.
   void land() noexcept;
   bool landed() const noexcept { return path_.in_step(); }
 

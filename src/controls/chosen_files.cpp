@@ -1,0 +1,47 @@
+#include "controls/chosen_files.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/natural_order.h"
+#include "base/text.h"
+
+namespace tandem {
+
+namespace {
+
+struct Directory {
+  std::string path;  // with its last separator
+  std::vector<std::string> names;
+};
+
+std::vector<Directory> by_directory(const std::vector<std::string>& paths) {
+  std::vector<Directory> directories;
+  for (const std::string& path : paths) {
+    const std::string directory = path.substr(0, name_begin(path));
+    auto found = std::find_if(directories.begin(), directories.end(),
+                              [&directory](const Directory& known) { return known.path == directory; });
+    if (found == directories.end()) found = directories.insert(found, {directory, {}});
+    found->names.push_back(path.substr(directory.size()));
+  }
+  return directories;
+}
+
+std::string result(Directory directory) {
+  if (directory.names.size() == 1) return directory.path + directory.names.front();
+  std::sort(directory.names.begin(), directory.names.end(),
+            [](const std::string& a, const std::string& b) { return natural_less(b, a); });
+  std::string text = directory.path.substr(0, directory.path.size() - 1);
+  for (const std::string& name : directory.names) text += '\0' + name;
+  return text;
+}
+
+}  // namespace
+
+std::vector<std::string> dialog_results(const std::vector<std::string>& paths) {
+  std::vector<std::string> results;
+  for (Directory& directory : by_directory(paths)) results.push_back(result(std::move(directory)));
+  return results;
+}
+
+}  // namespace tandem

@@ -1,0 +1,32 @@
+// The desktop's file dialog. UI thread; timers and notifications go on while it is open.
+// It keeps its size, view and place until the program closes, and stores nothing on disk.
+#pragma once
+
+#include <QFileDialog>
+#include <memory>
+#include <string>
+
+#include "controls/file_dialog.h"
+
+namespace tandem {
+
+class QtFileDialog final : public FileDialog {
+ public:
+  QtFileDialog();
+  ~QtFileDialog() override;
+
+  void set_parent(QWidget* parent) { parent_ = parent; }  // the window that it belongs to
+
+ protected:
+  std::string ask_open() override;
+  std::string ask_save() override;
+
+ private:
+  QFileDialog& prepared(QFileDialog::AcceptMode mode);
+
+  QWidget* parent_ = nullptr;
+  std::unique_ptr<QFileDialog> open_;
+  std::unique_ptr<QFileDialog> save_;
+};
+
+}  // namespace tandem

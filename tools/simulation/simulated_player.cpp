@@ -1,0 +1,78 @@
+#include "tools/simulation/simulated_player.h"
+
+#include <cstdio>
+#include <memory>
+#include <utility>
+
+#include "displays/level_bar.h"
+#include "displays/needle_meter.h"
+#include "displays/oscilloscope.h"
+#include "displays/spectrum_analyser.h"
+#include "platform/upper_case.h"
+#include "tools/support/logged_graph.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr int kStartMinutes = 12 * 60;  // the clock starts at noon
+
+void add_displays(SoundGraph& graph) {
+  graph.MMSpectrum1 = std::make_unique<SpectrumAnalyser>();
+  graph.MMMeterX1 = std::make_unique<NeedleMeter>(0);
+  graph.MMMeterX2 = std::make_unique<NeedleMeter>(1);
+  graph.MMLevelX1 = std::make_unique<LevelBar>();
+  graph.MMOscopeX1 = std::make_unique<Oscilloscope>();
+}
+
+}  // namespace
+
+std::string ScriptedDialog::take() {
+  if (answers.empty()) return {};
+  std::string answer = std::move(answers.front());
+  answers.pop_front();
+  return answer;
+}
+
+SimulatedPlayer::SimulatedPlayer(const Options& options)
+    : output(ring, options.sink),
+      engine(output, ring, Engine::Mode::Simulated),
+      program([this, &options](TimerQueue& timers) { return make_graph(timers, options); }, environment(options)) {}
+
+SoundGraph SimulatedPlayer::make_graph(TimerQueue& timers, const Options& options) {
+  SoundGraph graph;
+  engine.fill(graph, timers);
+  add_displays(graph);
+  if (!options.log) return graph;
+  return logged_graph(std::move(graph), [this, log = options.log](const std::string& operation) {
+    log("@" + std::to_string(now_) + " " + operation);
+  });
+}
+
+std::string SimulatedPlayer::time_of_day() const {
+  const auto minutes = static_cast<int>((kStartMinutes + now_ / 60000) % (24 * 60));
+  char text[16];
+  std::snprintf(text, sizeof text, "%02d:%02d", minutes / 60, minutes % 60);
+  return text;
+}
+
+Environment SimulatedPlayer::environment(const Options& options) {
+  return {options.directory, [this] { return time_of_day(); }, upper_case, options.show_message, dialog};
+}
+
+void SimulatedPlayer::run(std::int64_t milliseconds) {
+  for (owed_ += milliseconds; owed_ >= kStepMilliseconds; owed_ -= kStepMilliseconds) {
+    engine.step();
+    output.drain();
+    now_ += kStepMilliseconds;
+    program.timers.advance(now_);
+  }
+}
+
+void SimulatedPlayer::unload() {
+  program.panel.unload();
+  engine.step();
+  output.drain();
+}
+
+}  // namespace tandem
