@@ -35,12 +35,8 @@ inline Sound noise(std::size_t frames, unsigned seed) {
 // Owns the filters handed to an equalizer and checks that each comes back once.
 class Rig {
  public:
-  void adopt(const std::vector<EqualizerBand>& bands) {
-    const EqualizerFilter* const filter = design_filter(bands).release();
-    if (filter != nullptr) out_.insert(filter);
-    equalizer.adopt(filter);
-    collect();
-  }
+  void adopt(const std::vector<EqualizerBand>& bands) { adopt_own(design_filter(bands).release()); }
+  void adopt_taps(std::span<const float> taps) { adopt_own(new EqualizerFilter(taps)); }
 
   void play(std::span<StereoFrame> sound) {
     equalizer.process(sound);
@@ -74,6 +70,12 @@ class Rig {
   BandEqualizer equalizer;
 
  private:
+  void adopt_own(const EqualizerFilter* filter) {
+    if (filter != nullptr) out_.insert(filter);
+    equalizer.adopt(filter);
+    collect();
+  }
+
   std::set<const EqualizerFilter*> out_;
 };
 
