@@ -1,0 +1,89 @@
+// What the displays cost: microseconds of CPU for one picture at 60 pictures a second, feeding included.
+// Usage: displays_bench [pictures, default 20000]
+#include <time.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <span>
+#include <vector>
+
+#include "displays/level_bar.h"
+#include "displays/needle_meter.h"
+#include "displays/oscilloscope.h"
+#include "displays/spectrum_analyser.h"
+
+namespace {
+
+using namespace tandem;
+
+constexpr std::size_t kPerPicture = 735;
+
+double cpu_microseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * 1e6 + static_cast<double>(now.tv_nsec) * 1e-3;
+}
+
+// Noise whose loudness changes, so that bars, marks and needles are always on the move.
+std::vector<SoundFrame> restless_sound() {
+  std::vector<SoundFrame> sound(kPerPicture * 64);
+  std::mt19937 random(1);
+  std::uniform_real_distribution<float> noise(-1.0F, 1.0F);
+  for (std::size_t i = 0; i < sound.size(); ++i) {
+    const float loudness = i / (kPerPicture * 8) % 2 == 0 ? 0.8F : 0.05F;
+    sound[i] = {loudness * noise(random), loudness * noise(random)};
+  }
+  return sound;
+}
+
+double per_picture(SoundDisplay& display, std::span<const SoundFrame> sound, int pictures) {
+  const std::size_t lots = sound.size() / kPerPicture;
+  const double before = cpu_microseconds();
+  for (int i = 0; i < pictures; ++i) {
+    display.feed(sound.subspan(static_cast<std::size_t>(i) % lots * kPerPicture, kPerPicture));
+    display.advance(1.0 / 60.0);
+  }
+  return (cpu_microseconds() - before) / pictures;
+}
+
+template <class Display>
+void report(const char* name, Display& display, std::span<const SoundFrame> sound, int pictures) {
+  const double cost = per_picture(display, sound, pictures);
+  std::printf("%-28s %8.2f us  %6.3f %% of a core at 60 a second\n", name, cost, cost * 60.0 * 1e-4);
+}
+
+void spectrum(std::int32_t length, std::int32_t kind, std::span<const SoundFrame> sound, int pictures) {
+  SpectrumAnalyser analyser;
+  analyser.put_Enabled(true);
+  analyser.put(SpectrumSetting::FFTLength, length);
+  analyser.put(SpectrumSetting::Kind, kind);
+  analyser.put(SpectrumSetting::DrawPeaks, 1);
+  analyser.put(SpectrumSetting::PeakCount, 5);
+  char name[64];
+  std::snprintf(name, sizeof name, "spectrum %4d, %s", length, kind == 5 ? "roll" : "bars, 5 marks");
+  report(name, analyser, sound, pictures);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const int pictures = std::max(100, argc > 1 ? std::atoi(argv[1]) : 20000);
+  const std::vector<SoundFrame> sound = restless_sound();
+  const std::vector<SoundFrame> silence(kPerPicture * 4);
+  for (const std::int32_t kind : {3, 5})
+    for (const std::int32_t length : {64, 512, 4096}) spectrum(length, kind, sound, pictures);
+  std::printf("in silence:\n");
+  spectrum(4096, 3, silence, pictures);
+  NeedleMeter needle(0);
+  LevelBar bar;
+  Oscilloscope scope;
+  needle.put_Enabled(true);
+  bar.put_Enabled(true);
+  scope.put_Enabled(true);
+  report("needle meter", needle, sound, pictures);
+  report("level bar", bar, sound, pictures);
+  report("oscilloscope", scope, sound, pictures);
+  return 0;
+}

@@ -1,0 +1,29 @@
+// Tells a picture that merely came between two lots of sound from sound that is held back.
+#pragma once
+
+namespace tandem {
+
+class FeedWatch {
+ public:
+  enum class News { Fresh, Waiting, Gone };
+
+  void fed() noexcept { fresh_ = true; }
+
+  // Fresh: there was sound since the last call. Waiting: none yet, what was shown still stands.
+  // Gone: none for 50 ms; silence.
+  News advance(double seconds) noexcept {
+    waited_ = fresh_ ? 0.0 : waited_ + seconds;
+    const bool fresh = fresh_;
+    fresh_ = false;
+    if (fresh) return News::Fresh;
+    return waited_ < kPatience ? News::Waiting : News::Gone;
+  }
+
+ private:
+  static constexpr double kPatience = 0.05;  // seconds; longer than any lot of sound that an output reports at once
+
+  bool fresh_ = false;
+  double waited_ = 0.0;
+};
+
+}  // namespace tandem

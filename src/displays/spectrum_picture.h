@@ -1,0 +1,36 @@
+// What the spectrum analyser shows: plain numbers for the painter.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "displays/roll_history.h"
+#include "displays/sound_frame.h"
+#include "displays/spectrum_columns.h"
+#include "displays/spectrum_settings.h"
+
+namespace tandem {
+
+struct SpectrumPicture {
+  SpectrumKind kind = SpectrumKind::Bar;
+  bool grid = false;
+  bool inactive = true;  // unlit spots are drawn
+  bool solid_bars = false;
+  bool solid_marks = false;
+  int draw_mode = 1;
+
+  ColumnFit columns;  // of each half
+  FrequencyRange range;
+  double reference = 0.0;  // where the reference frequency stands on the scale strip, 0 .. 1
+
+  // One for each column. Empty for the kind Roll.
+  BothSides<std::vector<float>> heights;
+  // peak_count marks for each column: the newest of all columns, then the next older ones; 0 = no mark. None unless
+  // peak marks are drawn.
+  std::size_t peak_count = 0;
+  BothSides<std::vector<float>> peaks;
+  // Without steps unless the kind is Roll.
+  RollCells roll;
+};
+
+}  // namespace tandem
