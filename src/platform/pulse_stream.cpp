@@ -160,7 +160,8 @@ void PulseStream::feed() {
 
 // The more is queued the later, but always soon enough to take more than is played meanwhile.
 void PulseStream::come_back(std::uint64_t just_taken) {
-  const std::uint64_t frames = std::min((ring_.taken() - position_) / 4, just_taken / 2);
+  const std::uint64_t queued = ring_.taken() - std::min(heard_.heard(monotonic_now()), ring_.taken());
+  const std::uint64_t frames = std::min(queued / 4, just_taken / 2);
   const auto milliseconds = static_cast<int>(milliseconds_of(static_cast<Frames>(frames)));
   hungry_.start(std::clamp(milliseconds, kHungryMilliseconds, kPatientMilliseconds));
 }
@@ -176,19 +177,31 @@ void PulseStream::write(std::size_t frames) {
   }
 }
 
+// What it has is still on its way through the device: the clock runs on to its end, which the server no longer tells.
 void PulseStream::stall() {
+  if (!stalled_) position_ = time_heard();
   stalled_ = true;
   stalled_at_ = ring_.taken();
+  heard_.publish({position_, monotonic_now(), stalled_at_});
 }
 
 // The server's time runs on when nothing plays, so it counts only up to what it can have played.
+std::uint64_t PulseStream::time_heard() const {
+  pa_usec_t time = 0;
+  if (pa_stream_get_time(stream_, &time) != 0) return position_;
+  return std::min(first_ + frames_of_time(time), ring_.taken());
+}
+
 void PulseStream::report() {
   const std::uint64_t taken = ring_.taken();
-  pa_usec_t time = 0;
-  if (pa_stream_get_time(stream_, &time) == 0) position_ = first_ + frames_of_time(time);
-  const std::uint64_t playable = stalled_ ? stalled_at_ : taken;
-  position_ = held() ? taken : std::min(position_, playable);
-  heard_.publish({position_, monotonic_now(), suspended_ || held() ? position_ : playable});
+  if (held()) {
+    position_ = taken;
+  } else if (!stalled_) {
+    position_ = time_heard();
+  } else if (!suspended_) {
+    return;
+  }
+  heard_.publish({position_, monotonic_now(), suspended_ ? position_ : taken});
 }
 
 void PulseStream::on_state(pa_stream* stream, void* self) {
@@ -212,10 +225,7 @@ void PulseStream::on_timing(pa_stream* stream, void* self) {
   my.report();
 }
 
-void PulseStream::on_underflow(pa_stream*, void* self) {
-  stream_of(self)->stall();
-  stream_of(self)->report();
-}
+void PulseStream::on_underflow(pa_stream*, void* self) { stream_of(self)->stall(); }
 
 void PulseStream::on_started(pa_stream*, void* self) {
   stream_of(self)->stalled_ = false;
@@ -226,6 +236,7 @@ void PulseStream::on_suspended(pa_stream* stream, void* self) {
   PulseStream& my = *stream_of(self);
   my.suspended_ = pa_stream_is_suspended(stream) > 0;
   my.report();
+  if (my.stalled_ && !my.suspended_ && !my.held()) my.stall();
   my.changed_();
 }
 

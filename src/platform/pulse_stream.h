@@ -62,6 +62,7 @@ class PulseStream {
   void stall();
   void read_queue();
   void apply_queue();
+  std::uint64_t time_heard() const;
   void report();
 
   static void on_state(pa_stream*, void* self);

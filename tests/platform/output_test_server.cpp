@@ -116,10 +116,12 @@ void OutputTestServer::start() {
                     "--high-priority=no", "-L",
                     "module-native-protocol-unix socket=" + (directory_ / "socket").string() + " auth-anonymous=1"},
                    directory_ / "daemon.log");
-  if (!wait_until([this] { return fs::exists(directory_ / "socket"); }))
+  if (!wait_until([this] { return fs::exists(directory_ / "socket") && answers(); }))
     throw std::runtime_error("pulseaudio does not start: " + read_text(directory_ / "daemon.log.err"));
   load_sink("null0");
 }
+
+bool OutputTestServer::answers() const { return ChildProcess({"pactl", "info"}, directory_ / "pactl.out").wait() == 0; }
 
 void OutputTestServer::freeze() { daemon_.send(SIGSTOP); }
 void OutputTestServer::thaw() { daemon_.send(SIGCONT); }

@@ -57,6 +57,7 @@ class OutputTestServer {
   std::filesystem::path directory() const { return directory_; }
 
  private:
+  bool answers() const;
   std::string control(const std::vector<std::string>& arguments) const;
 
   std::filesystem::path directory_;

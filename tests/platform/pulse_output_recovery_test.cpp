@@ -121,6 +121,18 @@ TEST_F(PulseOutputRecoveryTest, AServerThatHangsHoldsNobodyAndGoesOnAfterwards) 
   EXPECT_TRUE(wait_until([&] { return output_.heard() > stands + 8 * kRequest; }));
 }
 
+TEST_F(PulseOutputRecoveryTest, AServerThatHangsDoesNotHoldTheEnd) {
+  server_.start();
+  server_.freeze();
+  const Nanoseconds began = monotonic_now();
+  {
+    OutputRing ring;
+    PulseOutput output(ring);
+    output.start();
+  }
+  EXPECT_LT(monotonic_now() - began, kNanosecondsPerSecond);
+}
+
 TEST_F(PulseOutputRecoveryTest, ASuspendedSinkDoesNotConsume) {
   play();
   server_.suspend_sink("null0", true);

@@ -30,7 +30,6 @@ TEST_F(PulseOutputTest, EveryFrameIsPlayedOnceAndUnchanged) {
   EXPECT_EQ(played[0].frames, ring_.taken());
 }
 
-// A thread that is scheduled late gives a late reading, so a few of them may stand aside.
 TEST_F(PulseOutputTest, HeardFollowsTheClockAndNeverGoesBack) {
   output_.set_depth(6);
   output_.start();
@@ -43,11 +42,14 @@ TEST_F(PulseOutputTest, HeardFollowsTheClockAndNeverGoesBack) {
     const std::uint64_t heard = output_.heard();
     back = back || heard < last || heard > ring_.taken();
     last = heard;
-    ahead.push_back(static_cast<double>(heard) * 1e3 / kSampleRate - static_cast<double>(now - began) / 1e6);
+    // A reading that was interrupted says nothing about the position.
+    if (monotonic_now() - now < kNanosecondsPerMillisecond / 2)
+      ahead.push_back(static_cast<double>(heard) * 1e3 / kSampleRate - static_cast<double>(now - began) / 1e6);
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   std::sort(ahead.begin(), ahead.end());
   EXPECT_FALSE(back);
+  ASSERT_GT(ahead.size(), 20U);
   const double spread = ahead[ahead.size() * 95 / 100] - ahead[ahead.size() * 5 / 100];
   RecordProperty("spread_ms", std::to_string(spread));
   EXPECT_LT(spread, 6.0);
