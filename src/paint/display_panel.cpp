@@ -43,15 +43,33 @@ void paint_spectrum(QPainter& painter, const VisualLook& look) {
   painter.drawImage(pixels.at(area.topLeft()), image);
 }
 
+void paint_needle_meter(QPainter& painter, const QRectF& box, const NeedlePicture& picture) {
+  NeedleFace face(device_scale(painter), box, control_box("Display well").box(), picture.right);
+  QImage image(face.size(), QImage::Format_RGB32);
+  QRect nothing;
+  face.draw(image, {0, 0}, picture.db, nothing);
+  const DevicePixels pixels(painter);
+  painter.drawImage(pixels.at(box.topLeft()), image);
+}
+
 void paint_needles(QPainter& painter, const VisualLook& look) {
-  // The meters overlap the level bar by 1 px: each paints 162 px of its 163.
-  const QRectF left = QRectF(control_box("MMMeterX1").box()).adjusted(0, 0, -1, 0);
-  const QRectF right = QRectF(control_box("MMMeterX2").box()).adjusted(1, 0, 0, 0);
-  paint_needle_face(painter, left, false);
-  paint_needle_face(painter, right, true);
-  paint_needle(painter, left, look.left_needle.db);
-  paint_needle(painter, right, look.right_needle.db);
-  paint_level_bar(painter, control_box("MMLevelX1").box(), look.level);
+  paint_needle_meter(painter, left_meter_box(), look.left_needle);
+  paint_needle_meter(painter, right_meter_box(), look.right_needle);
+  const QRectF bar = control_box("MMLevelX1").box();
+  paint_level_bar(painter, bar, look.level);
+  painter.save();
+  painter.setClipRect(bar, Qt::IntersectClip);
+  paint_glass_shine(painter, control_box("Display well").box());
+  painter.restore();
+}
+
+void paint_scope(QPainter& painter, const VisualLook& look) {
+  const QRectF area = control_box("MMOscopeX1").box();
+  ScopeFace face(device_scale(painter), area, control_box("Display well").box());
+  QImage image(face.size(), QImage::Format_RGB32);
+  face.draw(image, {0, 0}, look.scope);
+  const DevicePixels pixels(painter);
+  painter.drawImage(pixels.at(area.topLeft()), image);
 }
 
 }  // namespace
@@ -74,17 +92,20 @@ void paint_display_panel(QPainter& painter, const DisplayLook& look) {
 }
 
 void paint_visual(QPainter& painter, const VisualLook& look) {
-  if (look.display == VisualDisplay::Spectrum) {
-    paint_spectrum(painter, look);  // has its shine already
-    return;
+  switch (look.display) {
+    case VisualDisplay::Spectrum:
+      paint_spectrum(painter, look);
+      break;
+    case VisualDisplay::Needles:
+      paint_needles(painter, look);
+      break;
+    case VisualDisplay::Oscilloscope:
+      paint_scope(painter, look);
+      break;
+    case VisualDisplay::None:
+      paint_glass_shine(painter, control_box("Display well").box());
+      break;
   }
-  if (look.display == VisualDisplay::Needles) paint_needles(painter, look);
-  if (look.display == VisualDisplay::Oscilloscope) {
-    const QRectF area = control_box("MMOscopeX1").box();
-    paint_graticule(painter, area);
-    paint_traces(painter, area, look.scope);
-  }
-  paint_glass_shine(painter, control_box("Display well").box());
 }
 
 }  // namespace tandem

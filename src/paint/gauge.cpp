@@ -1,5 +1,6 @@
 #include "paint/gauge.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "paint/ink.h"
@@ -12,37 +13,29 @@ namespace {
 constexpr double kSegmentPitch = 4;
 constexpr double kSegmentWidth = 3;
 
-struct Segments {
-  QPainterPath lit;
-  QPainterPath high;
-  QPainterPath dark;
-};
+int segment_count(const QRectF& box) { return static_cast<int>((box.width() + 1) / kSegmentPitch); }
 
-Segments segment_paths(const QRectF& box, double percent) {
-  Segments paths;
-  const int count = static_cast<int>((box.width() + 1) / kSegmentPitch);
-  const auto lit = static_cast<int>(std::lround(percent * count / 100));
-  for (int i = 0; i < count; ++i) {
-    const double x = box.left() + i * kSegmentPitch;
-    if (i >= lit) {
-      paths.dark.addRect(x, box.bottom() - 2, kSegmentWidth, 2);
-    } else {
-      ((i + 1) * 100.0 / count > 75 ? paths.high : paths.lit).addRect(x, box.top(), kSegmentWidth, box.height());
-    }
+void fill_segments(QPainter& painter, const QRectF& box, int first, int last, QRgb colour) {
+  for (int i = first; i < last; ++i) {
+    fill_box(painter, {box.left() + i * kSegmentPitch, box.top(), kSegmentWidth, box.height()},
+             QColor::fromRgb(colour));
   }
-  return paths;
 }
 
 }  // namespace
 
 void paint_gauge(QPainter& painter, const QRectF& box, double percent) {
-  const Segments paths = segment_paths(box, percent);
-  QPainterPath glowing = paths.lit;
-  glowing.addPath(paths.high);
-  fill_path(painter, paths.dark, QColor::fromRgb(palette::kOlive));
-  stroke_path(painter, glowing, faded(palette::kGauge, .16), 2, Qt::FlatCap, Qt::MiterJoin);
-  fill_path(painter, paths.lit, QColor::fromRgb(palette::kGauge));
-  fill_path(painter, paths.high, QColor::fromRgb(palette::kYellow));
+  const int count = segment_count(box);
+  const auto lit = static_cast<int>(std::lround(percent * count / 100));
+  const int high = std::min(lit, count * 3 / 4);
+  fill_segments(painter, box.adjusted(0, box.height() - 2, 0, 0), lit, count, palette::kOlive);
+  if (lit > 0) {
+    // The glow of neighbouring segments runs together: one strip, 1 px wider than the lit ones.
+    const double width = lit * kSegmentPitch - (kSegmentPitch - kSegmentWidth);
+    fill_box(painter, {box.left() - 1, box.top() - 1, width + 2, box.height() + 2}, faded(palette::kGauge, .16));
+  }
+  fill_segments(painter, box, 0, high, palette::kGauge);
+  fill_segments(painter, box, high, lit, palette::kYellow);
 }
 
 void paint_pitch_lamp(QPainter& painter, const QRectF& box, QRgb colour, bool lit) {

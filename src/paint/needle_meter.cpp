@@ -1,11 +1,14 @@
 #include "paint/needle_meter.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 #include "paint/caption.h"
 #include "paint/ink.h"
 #include "paint/palette.h"
+#include "paint/panels.h"
 
 namespace tandem {
 
@@ -13,6 +16,9 @@ namespace {
 
 constexpr double kScaleRadius = 92;
 constexpr double kSpan = 43;
+constexpr double kNeedleRadius = 95.5;
+constexpr double kRimRadius = 43.2;     // of the cover, with the needle's round end
+constexpr double kMostAngle = 47;       // a stop just beyond the scale
 constexpr double kFullScale = 1.41254;  // +3 dB as an amplitude
 
 QPointF pivot(const QRectF& box) { return {box.center().x(), box.bottom() + 30}; }
@@ -65,6 +71,17 @@ void paint_cover(QPainter& painter, const QPointF& centre) {
   draw_ring(painter, centre, 41.4, faded(palette::kMark, .55), .8);
 }
 
+QImage still_picture(double scale, const QRectF& box, const QRectF& well, bool right) {
+  QImage image(static_cast<int>(std::lround(box.width() * scale)), static_cast<int>(std::lround(box.height() * scale)),
+               QImage::Format_RGB32);
+  QPainter painter(&image);
+  set_up(painter, scale);
+  painter.translate(-box.topLeft());
+  paint_needle_face(painter, box, right);
+  paint_glass_shine(painter, well);
+  return image;
+}
+
 }  // namespace
 
 double needle_angle(double db) { return -kSpan + 2 * kSpan * std::pow(10, db / 20) / kFullScale; }
@@ -80,20 +97,46 @@ void paint_needle_face(QPainter& painter, const QRectF& box, bool right) {
   draw_arial_bold(painter, {box.right() - 9, baseline}, QStringLiteral("dB"), 11.5, palette::kSilver);
   draw_caption(painter, {box.left() + 9, baseline}, right ? QStringLiteral("R") : QStringLiteral("L"),
                {.colour = palette::kSilver, .bold = true});
-}
-
-void paint_needle(QPainter& painter, const QRectF& box, double db) {
-  const QPointF centre = pivot(box);
-  const QPointF tip = on_circle(centre, kScaleRadius + 3.5, needle_angle(db));
-  const QPointF root = on_circle(centre, 20, needle_angle(db));
-  const QPointF shadow(1.6, 1.6);
   painter.save();
   painter.setClipRect(box, Qt::IntersectClip);
-  draw_line(painter, root + shadow, tip + shadow, faded(palette::kBlack, .55), 2.2);
-  draw_line(painter, root, tip, faded(0xFFFF5A1F, .18), 3.6);
-  draw_line(painter, root, tip, QColor::fromRgb(palette::kNeedle), 1.5, Qt::RoundCap);
   paint_cover(painter, centre);
   painter.restore();
+}
+
+NeedleFace::NeedleFace(double scale, const QRectF& box, const QRectF& well, bool right)
+    : scale_(scale),
+      pivot_((pivot(box) - box.topLeft()) * scale),
+      still_(still_picture(scale, box, well, right)),
+      shadow_(still_.size()),
+      needle_(still_.size()),
+      shadow_profile_(palette::kBlack, {{2.2 * scale, .55}}),
+      glow_profile_(0xFFFF5A1F, {{3.6 * scale, .18}}),
+      needle_profile_(palette::kNeedle, {{1.5 * scale, 1}}) {}
+
+QRect NeedleFace::draw(QImage& image, const QPoint& origin, double db, QRect& standing) {
+  const double angle = std::clamp(needle_angle(db), -kSpan, kMostAngle);
+  const QPointF tip = on_circle(pivot_, kNeedleRadius * scale_, angle);
+  // The cover is part of the still picture, so the needle begins at its rim.
+  const QPointF root = on_circle(pivot_, kRimRadius * scale_, angle);
+  const QPointF offset(1.6 * scale_, 1.6 * scale_);
+  shadow_.clear();
+  shadow_.add_line(on_circle(pivot_, (kRimRadius + 2) * scale_, angle) + offset, tip + offset, shadow_profile_.reach());
+  needle_.clear();
+  needle_.add_line(root, tip, glow_profile_.reach());
+
+  const QRect whole(QPoint(0, 0), still_.size());
+  const QRect stands = (shadow_.touched() | needle_.touched()) & whole;
+  const QRect drawn = standing.isEmpty() ? whole : standing | stands;
+  for (int y = drawn.top(); y <= drawn.bottom(); ++y) {
+    QRgb* pixels = reinterpret_cast<QRgb*>(image.scanLine(y + origin.y())) + origin.x();
+    std::memcpy(pixels + drawn.left(), reinterpret_cast<const QRgb*>(still_.constScanLine(y)) + drawn.left(),
+                static_cast<std::size_t>(drawn.width()) * sizeof(QRgb));
+  }
+  shadow_.blend(image, origin, shadow_profile_);
+  needle_.blend(image, origin, glow_profile_);
+  needle_.blend(image, origin, needle_profile_);
+  standing = stands;
+  return drawn.translated(origin);
 }
 
 }  // namespace tandem

@@ -1,11 +1,12 @@
 #include "paint/oscilloscope.h"
 
-#include <QPolygonF>
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "paint/ink.h"
 #include "paint/palette.h"
+#include "paint/panels.h"
 
 namespace tandem {
 
@@ -13,20 +14,16 @@ namespace {
 
 double middle(const QRectF& box) { return box.top() + box.height() / 2; }
 
-QPolygonF trace_line(const QRectF& box, std::span<const float> values) {
-  QPolygonF line;
-  line.reserve(static_cast<qsizetype>(values.size()));
-  double x = box.left();
-  for (const float value : values) {
-    line.append({x, middle(box) - static_cast<double>(std::clamp(value, -1.0F, 1.0F)) * box.height() / 2});
-    x += 1;
-  }
-  return line;
-}
-
-void stroke_trace(QPainter& painter, const QPolygonF& line, const QColor& colour, double width) {
-  painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPolyline(line);
+QImage still_picture(double scale, const QRectF& area, const QRectF& well) {
+  QImage image(static_cast<int>(std::lround(area.width() * scale)),
+               static_cast<int>(std::lround(area.height() * scale)), QImage::Format_RGB32);
+  QPainter painter(&image);
+  set_up(painter, scale);
+  painter.translate(-area.topLeft());
+  paint_glass(painter, well);
+  paint_graticule(painter, area);
+  paint_glass_shine(painter, well);
+  return image;
 }
 
 }  // namespace
@@ -55,16 +52,32 @@ void paint_graticule(QPainter& painter, const QRectF& box) {
   draw_line(painter, {box.left(), mid}, {box.right(), mid}, teal, 1);
 }
 
-void paint_traces(QPainter& painter, const QRectF& box, const ScopePicture& picture) {
-  painter.save();
-  painter.setClipRect(box, Qt::IntersectClip);
-  painter.setBrush(Qt::NoBrush);
-  stroke_trace(painter, trace_line(box, picture.right), faded(palette::kAqua, .75), .9);
-  const QPolygonF left = trace_line(box, picture.left);
-  stroke_trace(painter, left, faded(palette::kLime, .10), 4.5);
-  stroke_trace(painter, left, faded(palette::kLime, .22), 2.4);
-  stroke_trace(painter, left, QColor::fromRgb(palette::kLime), 1.2);
-  painter.restore();
+ScopeFace::ScopeFace(double scale, const QRectF& area, const QRectF& well)
+    : scale_(scale),
+      still_(still_picture(scale, area, well)),
+      field_(still_.size()),
+      left_profile_(palette::kLime, {{4.5 * scale, .10}, {2.4 * scale, .22}, {1.2 * scale, 1}}),
+      right_profile_(palette::kAqua, {{.9 * scale, .75}}) {}
+
+void ScopeFace::draw(QImage& image, const QPoint& origin, const ScopePicture& picture) {
+  const auto bytes = static_cast<std::size_t>(still_.width()) * sizeof(QRgb);
+  for (int y = 0; y < still_.height(); ++y) {
+    std::memcpy(reinterpret_cast<QRgb*>(image.scanLine(y + origin.y())) + origin.x(), still_.constScanLine(y), bytes);
+  }
+  draw_trace(image, origin, picture.right, right_profile_);
+  draw_trace(image, origin, picture.left, left_profile_);
+}
+
+void ScopeFace::draw_trace(QImage& image, const QPoint& origin, std::span<const float> values,
+                           const StrokeProfile& profile) {
+  const double middle = still_.height() / 2.0;
+  const auto point = [&](std::size_t i) {
+    return QPointF(static_cast<double>(i) * scale_,
+                   middle - static_cast<double>(std::clamp(values[i], -1.0F, 1.0F)) * middle);
+  };
+  field_.clear();
+  for (std::size_t i = 1; i < values.size(); ++i) field_.add_line(point(i - 1), point(i), profile.reach());
+  field_.blend(image, origin, profile);
 }
 
 }  // namespace tandem

@@ -1,9 +1,11 @@
-// The oscilloscope, 337 x 91 px. UI thread. Cache what paint_graticule() draws; the traces, and a glass shine after
-// them, go over it at every frame.
+// The oscilloscope, 337 x 91 px. UI thread.
 #pragma once
 
+#include <QImage>
 #include <QPainter>
 #include <span>
+
+#include "paint/stroke_field.h"
 
 namespace tandem {
 
@@ -14,7 +16,28 @@ struct ScopePicture {
   std::span<const float> right;
 };
 
+/// The still part: dotted grid and middle line.
 void paint_graticule(QPainter& painter, const QRectF& box);
-void paint_traces(QPainter& painter, const QRectF& box, const ScopePicture& picture);
+
+/// The display in device pixels for one scale: its still picture, and room to draw the traces in. Keep one.
+class ScopeFace {
+ public:
+  /// `area` is the display area in px, `well` the glass round it.
+  ScopeFace(double scale, const QRectF& area, const QRectF& well);
+
+  [[nodiscard]] QSize size() const { return still_.size(); }
+
+  /// Draws the display area whole, its top left at `origin` in an RGB32 (or opaque premultiplied) image. No allocation.
+  void draw(QImage& image, const QPoint& origin, const ScopePicture& picture);
+
+ private:
+  void draw_trace(QImage& image, const QPoint& origin, std::span<const float> values, const StrokeProfile& profile);
+
+  double scale_;
+  QImage still_;
+  StrokeField field_;
+  StrokeProfile left_profile_;
+  StrokeProfile right_profile_;
+};
 
 }  // namespace tandem

@@ -54,6 +54,10 @@ const ControlBox& control_box(std::string_view family, int index) {
   return control_box(std::string(family) + "(" + std::to_string(index) + ")");
 }
 
+QRectF left_meter_box() { return QRectF(control_box("MMMeterX1").box()).adjusted(0, 0, -1, 0); }
+
+QRectF right_meter_box() { return QRectF(control_box("MMMeterX2").box()).adjusted(1, 0, 0, 0); }
+
 QRect hit_box(const ControlBox& control) {
   if (control.kind == ControlKind::LampButton) return {control.x - 2, control.y - 5, 84, 21};
   return control.box();

@@ -80,6 +80,10 @@ const ControlBox& control_box(std::string_view name);
 /// The same for "family(index)".
 const ControlBox& control_box(std::string_view family, int index);
 
+/// What the needle meters paint: their boxes overlap the level bar by 1 px, so each leaves that px out.
+QRectF left_meter_box();
+QRectF right_meter_box();
+
 /// What the mouse may press: the box, for lamp buttons lamp and caption together.
 QRect hit_box(const ControlBox& control);
 

@@ -92,9 +92,13 @@ QRgb towards_white(QRgb pixel, unsigned opacity) {
 
 void draw_column(const SpectrumTarget& target, const SpectrumFace& face, const Column& column, int x, Lines lines) {
   const auto bytes = static_cast<std::size_t>(face.grid().width) * sizeof(QRgb);
+  // A point may lie across the border of two colours.
+  const bool one_colour = face.style().kind == SpectrumKind::Points;
   for (int y = lines.top; y < lines.bottom; ++y) {
-    const QImage& from = y >= column.top && y < column.bottom ? face.lit() : face.dark();
-    std::memcpy(target.line(y, x), reinterpret_cast<const QRgb*>(from.constScanLine(y)) + x, bytes);
+    const bool is_lit = y >= column.top && y < column.bottom;
+    const QImage& from = is_lit ? face.lit() : face.dark();
+    const int source = is_lit && one_colour ? column.top : y;
+    std::memcpy(target.line(y, x), reinterpret_cast<const QRgb*>(from.constScanLine(source)) + x, bytes);
   }
   for (std::size_t i = kMostPeakMarks; i-- > 0;) {
     if (column.marks[i] < 0) continue;
