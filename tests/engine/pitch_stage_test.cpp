@@ -60,7 +60,7 @@ TEST(PitchStage, GivesExactlyAsManyFramesAsTheSongAtEveryValue) {
 }
 
 TEST(PitchStage, GivesExactlyAsManyFramesHoweverTheValueMovesAndTheBlocksAreCut) {
-  for (unsigned seed = 0; seed < 20; ++seed) {
+  for (unsigned seed = 0; seed < 10; ++seed) {
     std::mt19937 random(seed);
     PitchDeck deck(noise(60000 + random() % 60000));
     deck.clear(static_cast<float>(random() % 3) * 5.0F);
