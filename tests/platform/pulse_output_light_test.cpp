@@ -57,5 +57,19 @@ TEST_F(PulseOutputLightTest, AShortQueueDoesNotSpin) {
   EXPECT_LT(rate, 250.0);
 }
 
+TEST_F(PulseOutputLightTest, AStarvedStreamDoesNotSpin) {
+  server_.start();
+  OutputFeeder feeder(ring_, output_, kKeep);
+  output_.start();
+  ASSERT_TRUE(heard_further(kRequest));
+  feeder.hold_back(true);
+  ASSERT_TRUE(wait_until([&] { return ring_.readable() == 0 && output_.heard() == ring_.taken(); }));
+  const long before = sleeps_of_the_output();
+  const Nanoseconds began = monotonic_now();
+  ASSERT_TRUE(wait_until([&] { return monotonic_now() - began > kNanosecondsPerSecond / 2; }));
+  const auto seconds = static_cast<double>(monotonic_now() - began) / 1e9;
+  EXPECT_LT(static_cast<double>(sleeps_of_the_output() - before) / seconds, 150.0);
+}
+
 }  // namespace
 }  // namespace tandem
