@@ -18,6 +18,13 @@ constexpr std::int64_t kMostOverheadBytes = 4 + 2 + 32;  // header, checksum and
 constexpr std::size_t kSynthesisPeriod = 8;
 constexpr int kMostSamples = 1152;
 
+// Frames that are damaged can come out a thousand times too loud; whole ones stay well within this.
+constexpr float kLoudest = 4.0F;
+
+StereoFrame within_reason(const StereoFrame& frame) {
+  return {std::clamp(frame.left, -kLoudest, kLoudest), std::clamp(frame.right, -kLoudest, kLoudest)};
+}
+
 mpg123_handle_struct* new_handle() {
   static const int ready = mpg123_init();
   mpg123_handle* handle = ready == MPG123_OK ? mpg123_new(nullptr, nullptr) : nullptr;
@@ -54,7 +61,8 @@ std::size_t Mp3Decoder::read(std::span<StereoFrame> out) {
   while (done < count) {
     if (ready_.empty() && !decode_next()) break;
     const std::size_t some = std::min(ready_.size(), count - done);
-    std::copy_n(ready_.begin(), some, out.begin() + static_cast<std::ptrdiff_t>(done));
+    std::transform(ready_.begin(), ready_.begin() + static_cast<std::ptrdiff_t>(some),
+                   out.begin() + static_cast<std::ptrdiff_t>(done), within_reason);
     ready_ = ready_.subspan(some);
     done += some;
   }

@@ -69,12 +69,24 @@ bool Mp3FrameWalk::begins_chain(const Mp3Frame& frame) noexcept {
 // Only the distance to the next header tells the size of a frame in free format.
 std::optional<Mp3Frame> Mp3FrameWalk::begins_free_format_chain(Mp3Frame frame) noexcept {
   const std::int32_t before = free_format_bytes_;
-  for (frame.bytes = kShortestFrame; frame.bytes <= MpegHeader::kLongestFrame; ++frame.bytes) {
-    free_format_bytes_ = frame.bytes - frame.header.padding;
+  for (std::int32_t size = kShortestFrame; size <= MpegHeader::kLongestFrame; ++size) {
+    size = next_sync(frame.offset, size);
+    frame.bytes = size;
+    free_format_bytes_ = size - frame.header.padding;
     if (follower(frame) && begins_chain(frame)) return frame;
   }
   free_format_bytes_ = before;
   return std::nullopt;
+}
+
+// The first place from offset + distance on where a header may begin, as a distance; kLongestFrame if there is none.
+std::int32_t Mp3FrameWalk::next_sync(std::int64_t offset, std::int32_t distance) noexcept {
+  const auto reach = static_cast<std::int64_t>(MpegHeader::kLongestFrame - distance);
+  const auto count = static_cast<std::size_t>(std::clamp<std::int64_t>(end() - offset - distance, 0, reach));
+  const std::uint8_t* bytes = window_.at(offset + distance, count);
+  const void* sync = bytes == nullptr ? nullptr : std::memchr(bytes, 0xFF, count);
+  if (sync == nullptr) return MpegHeader::kLongestFrame;
+  return distance + static_cast<std::int32_t>(static_cast<const std::uint8_t*>(sync) - bytes);
 }
 
 std::optional<Mp3Frame> Mp3FrameWalk::chain_at(std::int64_t offset) noexcept {

@@ -37,6 +37,7 @@ class Mp3FrameWalk {
   std::optional<Mp3Frame> follower(const Mp3Frame& frame) noexcept;
   bool begins_chain(const Mp3Frame& frame) noexcept;
   std::optional<Mp3Frame> begins_free_format_chain(Mp3Frame frame) noexcept;
+  std::int32_t next_sync(std::int64_t offset, std::int32_t distance) noexcept;
   std::optional<Mp3Frame> chain_at(std::int64_t offset) noexcept;
   std::optional<Mp3Frame> find_chain(std::int64_t from, std::int64_t limit) noexcept;
   bool find_next(const Mp3Frame& frame) noexcept;

@@ -14,6 +14,7 @@ constexpr std::uint64_t kUnknownSize = 0xFFFFFFFFU;
 constexpr std::uint64_t kMostFormatBytes = 4096;
 constexpr std::uint64_t kLeastFormatBytes = 16;
 constexpr std::uint16_t kExtensibleTag = 0xFFFE;
+constexpr std::array<std::uint16_t, 3> kBlockTags = {0x02, 0x11, 0x31};  // MS ADPCM, IMA ADPCM, GSM
 constexpr int kMostChannels = 32;
 constexpr int kMostChunks = 100'000;
 
@@ -121,6 +122,7 @@ class HeaderReader {
       offset = chunk->next;
     }
     if (!complete() || !parse_format()) return std::nullopt;
+    drop_part_of_block();
     return header_;
   }
 
@@ -159,6 +161,13 @@ class HeaderReader {
     if (size == 0 && room > 0 && !chunks_.chunks_to_end(chunk.body)) size = room;
     header_.data_begin = chunk.body;
     header_.data_end = chunk.body + static_cast<std::int64_t>(std::min(size, room));
+  }
+
+  // What is left of a block that was cut cannot be decoded.
+  void drop_part_of_block() {
+    const auto block = static_cast<std::int64_t>(field(12, 2));
+    const bool in_blocks = std::ranges::find(kBlockTags, header_.tag) != kBlockTags.end();
+    if (in_blocks && block > 0) header_.data_end -= (header_.data_end - header_.data_begin) % block;
   }
 
   std::uint64_t field(std::size_t at, std::size_t count) const {

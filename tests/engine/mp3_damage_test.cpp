@@ -108,6 +108,18 @@ TEST_F(Mp3Damage, OverwrittenFramesAreSilentWhereTheyWere) {
   EXPECT_LE(std::abs(lag(reference, end, 5000, 20000, 3000)), 2 * 1152);
 }
 
+// Broken side information can ask for any gain.
+TEST_F(Mp3Damage, DamageIsNotMadeThousandfoldLoud) {
+  Bytes song = plain();
+  const Bytes noise = random_bytes(32, 8);
+  for (std::size_t at = frame_at(song, 20'000); at < 40'000; at = frame_at(song, at + 400)) {
+    std::copy(noise.begin(), noise.end(), song.begin() + static_cast<std::ptrdiff_t>(at + 4));
+  }
+  const SongCheck check = check_song(song);
+  EXPECT_EQ(check.length, check_song(plain()).length);
+  EXPECT_LE(greatest_difference(check.sound, Sound(check.sound.size())), 4.0F);
+}
+
 TEST_F(Mp3Damage, MissingBytesCostOnlyTheirFrames) {
   const std::size_t at = frame_at(plain(), 20'000) + 100;
   const SongCheck before = check_song(plain());

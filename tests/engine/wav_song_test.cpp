@@ -159,7 +159,7 @@ TEST(WavSong, LongSizes) {
   const Signal signal = short_music();
   const Bytes data = encode(signal.samples, Encoding::kInt16);
   for (const std::uint64_t told : {std::uint64_t{data.size()}, std::uint64_t{0}}) {
-    const Bytes sizes = number_bytes(data.size() + 100, 8) + number_bytes(told, 8) + number_bytes(0, 12);
+    const Bytes sizes = number_bytes(data.size() + 100, 8) + number_bytes(told, 8) + Bytes(12);
     const Bytes chunks = wav_chunk("ds64", sizes) + format16(signal) + wav_chunk_saying("data", data, 0xFFFFFFFF);
     expect_plays(wav_file(chunks, "RF64"), as_16_bit(signal), "RF64");
     expect_plays(wav_file(chunks, "BW64"), as_16_bit(signal), "BW64");

@@ -27,6 +27,7 @@ bool spawn_and_wait(const std::vector<char*>& arguments) {
 void run_program(const std::vector<std::string>& words) {
   std::vector<std::string> copies = words;
   std::vector<char*> arguments;
+  arguments.reserve(copies.size() + 1);
   for (std::string& word : copies) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   if (!spawn_and_wait(arguments)) throw std::runtime_error("cannot run " + words.front());
