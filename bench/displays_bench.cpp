@@ -1,10 +1,9 @@
 // What the displays cost: microseconds of CPU for one picture at 60 pictures a second, feeding included.
 // Usage: displays_bench [pictures, default 20000]
-#include <time.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <random>
 #include <span>
 #include <vector>
