@@ -32,7 +32,7 @@ inline constexpr double kSliderCapWidth = 18;
 void paint_slider(QPainter& painter, const QRectF& box, const SliderLook& look);
 
 struct SlideSwitchLook {
-  std::array<QString, 2> captions;  ///< the upper and the lower position
+  std::array<QString, 2> captions{};  ///< the upper and the lower position
   int position = 0;
   double cap = 0;  ///< where the cap is: 0 up .. 1 down, between while it moves
   Touch touch{};

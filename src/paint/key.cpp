@@ -77,7 +77,7 @@ void paint_stud(QPainter& painter, const QRectF& box, const Touch& touch) {
   if (!touch.pressed) fill_disc(painter, centre + QPointF(0, .6), radius + .6, faded(kBlack, .4));
   fill_disc(painter, centre, radius, QColor::fromRgb(touch.pressed ? 0xFF808080 : palette::kSilver));
   fill_disc(painter, centre, radius,
-            touch.pressed ? downward(disc, {{0, kBlack, .35}, {.4, kBlack, 0}, {1, kWhite, .12}})
+            touch.pressed ? downward(disc, {{0, kBlack, .35}, {.4, kBlack, 0}, {.6, kWhite, 0}, {1, kWhite, .12}})
                           : downward(disc, {{0, kWhite, .75}, {.35, kWhite, 0}, {.62, kBlack, 0}, {1, kBlack, .42}}));
   draw_ring(painter, centre, radius * .55, faded(kBlack, .22), .7);
   if (touch.hover > 0) fill_disc(painter, centre, radius, faded(kWhite, .25 * touch.hover));

@@ -11,8 +11,8 @@ struct SpinnerLook {
   int value = 0;
   int digits = 2;    ///< a longer number shows its last digits, the places before a shorter one stay dark
   bool lime = true;  ///< lime on dark green, else white on grey
-  Touch up;
-  Touch down;
+  Touch up{};
+  Touch down{};
   bool focused = false;
 };
 

@@ -1,0 +1,26 @@
+// Painting text needs an application object; one for the whole test program, without a screen.
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <memory>
+
+namespace {
+
+class ApplicationEnvironment : public ::testing::Environment {
+ public:
+  void SetUp() override {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    application_ = std::make_unique<QGuiApplication>(count_, arguments_);
+  }
+  void TearDown() override { application_.reset(); }
+
+ private:
+  int count_ = 1;
+  char name_[11] = "paint_test";
+  char* arguments_[2] = {name_, nullptr};
+  std::unique_ptr<QGuiApplication> application_;
+};
+
+[[maybe_unused]] const auto* const kEnvironment = ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
+
+}  // namespace

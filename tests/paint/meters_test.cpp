@@ -1,0 +1,195 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "paint/level_bar.h"
+#include "paint/needle_meter.h"
+#include "paint/oscilloscope.h"
+#include "paint/palette.h"
+#include "paint/stroke_field.h"
+#include "sketch.h"
+
+namespace tandem {
+namespace {
+
+const QRectF kWell(262, 14, 341, 95);
+const QRectF kMeter(264, 16, 162, 91);
+const QRectF kArea(264, 16, 337, 91);
+
+QImage black(const QSize& size) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::black);
+  return image;
+}
+
+TEST(StrokeField, CoversALineAsWideAsItIs) {
+  StrokeField field({40, 20});
+  const StrokeProfile profile(palette::kWhite, {{4, 1}});
+  field.add_line({5, 10}, {35, 10}, profile.reach());
+  QImage image = black({40, 20});
+  field.blend(image, {0, 0}, profile);
+  EXPECT_EQ(image.pixel(20, 9), palette::kWhite);
+  EXPECT_EQ(image.pixel(20, 8), palette::kWhite);
+  EXPECT_EQ(image.pixel(20, 7), 0xFF000000);
+  EXPECT_EQ(image.pixel(20, 12), 0xFF000000);
+  EXPECT_EQ(image.pixel(39, 10), 0xFF000000);
+}
+
+TEST(StrokeField, ThinLinesShowTheirShare) {
+  StrokeField field({40, 20});
+  const StrokeProfile profile(palette::kWhite, {{.5, 1}});
+  field.add_line({5, 10.5}, {35, 10.5}, profile.reach());
+  QImage image = black({40, 20});
+  field.blend(image, {0, 0}, profile);
+  EXPECT_NEAR(qGray(image.pixel(20, 10)), 128, 3);
+}
+
+TEST(StrokeField, CrossingLinesDoNotAddUp) {
+  StrokeField field({40, 40});
+  const StrokeProfile profile(palette::kWhite, {{6, .5}});
+  field.add_line({5, 20}, {35, 20}, profile.reach());
+  field.add_line({20, 5}, {20, 35}, profile.reach());
+  QImage image = black({40, 40});
+  field.blend(image, {0, 0}, profile);
+  EXPECT_EQ(image.pixel(20, 20), image.pixel(10, 20));
+  EXPECT_NEAR(qGray(image.pixel(20, 20)), 128, 2);
+}
+
+TEST(StrokeField, LongSteepLinesAreWhole) {
+  StrokeField field({120, 100});
+  const StrokeProfile profile(palette::kWhite, {{3, 1}});
+  const QPointF from(10, 90);
+  const QPointF to(110, 5);
+  field.add_line(from, to, profile.reach());
+  QImage image = black({120, 100});
+  field.blend(image, {0, 0}, profile);
+  for (int i = 0; i <= 100; ++i) {
+    EXPECT_GT(qGray(image.pixel((from + (to - from) * i / 100).toPoint())), 200) << i;
+  }
+}
+
+TEST(StrokeField, ForgetsAndStaysInside) {
+  StrokeField field({20, 20});
+  const StrokeProfile profile(palette::kWhite, {{2, 1}});
+  field.add_line({-50, -50}, {70, 70}, profile.reach());
+  EXPECT_TRUE(QRect(0, 0, 20, 20).contains(field.touched()));
+  field.clear();
+  QImage image = black({20, 20});
+  field.blend(image, {0, 0}, profile);
+  EXPECT_EQ(image, black({20, 20}));
+  field.add_line({-50, 5}, {-30, 9}, profile.reach());
+  EXPECT_TRUE(field.touched().isEmpty());
+}
+
+TEST(NeedleMeter, AnglesFollowTheScale) {
+  EXPECT_NEAR(needle_angle(3), 43, .01);
+  EXPECT_NEAR(needle_angle(-200), -43, .01);
+  EXPECT_NEAR(needle_angle(0), -43 + 86 / 1.41254, .01);
+  EXPECT_LT(needle_angle(-20), needle_angle(-10));
+}
+
+QPointF needle_middle(double db, double scale) {
+  return on_circle(QPointF(81, 121) * scale, 70 * scale, needle_angle(db));
+}
+
+TEST(NeedleMeter, PointsToItsReading) {
+  for (const double scale : {1.0, 1.25, 2.0}) {
+    NeedleFace face(scale, kMeter, kWell, false);
+    for (const double db : {-40.0, -10.0, -3.0, 0.0, 3.0}) {
+      QImage image = black(face.size());
+      QRect standing;
+      face.draw(image, {0, 0}, db, standing);
+      const QPointF at = needle_middle(db, scale);
+      EXPECT_GT(qRed(image.pixel(static_cast<int>(at.x()), static_cast<int>(at.y()))), 150) << db << ' ' << scale;
+    }
+  }
+}
+
+TEST(NeedleMeter, StepByStepGivesThePictureDrawnAtOnce) {
+  NeedleFace face(1.5, kMeter, kWell, true);
+  QImage moving = black(face.size());
+  QRect standing;
+  for (int i = 0; i < 40; ++i) {
+    const double db = -20 + 23 * std::abs(std::sin(i * .4));
+    const QImage before = moving.copy();
+    const QRect changed = face.draw(moving, {0, 0}, db, standing);
+    QImage at_once = black(face.size());
+    QRect nothing;
+    face.draw(at_once, {0, 0}, db, nothing);
+    ASSERT_EQ(moving, at_once) << i;
+    for (int y = 0; y < moving.height(); ++y) {
+      for (int x = 0; x < moving.width(); ++x) {
+        if (changed.contains(x, y)) continue;
+        ASSERT_EQ(moving.pixel(x, y), before.pixel(x, y));
+      }
+    }
+  }
+}
+
+TEST(NeedleMeter, StopsJustBeyondTheScale) {
+  NeedleFace face(1, kMeter, kWell, false);
+  QImage image = black(face.size());
+  QRect standing;
+  face.draw(image, {0, 0}, 60, standing);
+  EXPECT_TRUE(QRect(QPoint(0, 0), face.size()).contains(standing));
+  EXPECT_GT(standing.right(), 130);
+}
+
+TEST(LevelBar, LightsItsRows) {
+  const auto picture = [](LevelPicture level) {
+    return sketch({13, 91}, 1, [&](QPainter& painter) { paint_level_bar(painter, {0, 0, 13, 91}, level); });
+  };
+  const QImage image = picture({3, 22});
+  EXPECT_EQ(image.pixel(3, 87), palette::kLime);
+  EXPECT_EQ(image.pixel(3, 90 - 3 * 4 + 2), palette::kLime);
+  EXPECT_EQ(image.pixel(3, 90 - 4 * 4 + 2), palette::kGreen) << "row 4 is dark";
+  EXPECT_EQ(image.pixel(9, 90 - 13 * 4 + 2), palette::kLime);
+  EXPECT_EQ(image.pixel(9, 90 - 14 * 4 + 2), palette::kYellow) << "13.5 of 22 rows are above 60 %";
+  EXPECT_EQ(image.pixel(3, 90 - 22 * 4 + 2), palette::kOlive);
+}
+
+TEST(Oscilloscope, TracesGoThroughTheirValues) {
+  for (const double scale : {1.0, 1.25, 2.0}) {
+    ScopeFace face(scale, kArea, kWell);
+    std::vector<float> left;
+    for (int i = 0; i < kScopeValues; ++i) {
+      left.push_back(static_cast<float>(.8 * std::sin(i * 2 * std::numbers::pi / 120)));
+    }
+    QImage image = black(face.size());
+    face.draw(image, {0, 0}, {left, {}});
+    for (int i = 5; i < 330; i += 13) {
+      const double y = (45.5 - static_cast<double>(left[static_cast<std::size_t>(i)]) * 45.5) * scale;
+      EXPECT_GT(qGreen(image.pixel(static_cast<int>(i * scale), static_cast<int>(y))), 150) << i << ' ' << scale;
+    }
+  }
+}
+
+TEST(Oscilloscope, LeftLiesOverRightAndWildValuesAreClamped) {
+  ScopeFace face(1, kArea, kWell);
+  const std::vector<float> level(kScopeValues, .5F);
+  QImage image = black(face.size());
+  face.draw(image, {0, 0}, {level, level});
+  EXPECT_LT(qBlue(image.pixel(100, 22)), 40) << "lime, not aqua";
+  face.draw(image, {0, 0}, {{}, level});
+  EXPECT_GT(qBlue(image.pixel(100, 22)), 100);
+  const std::vector<float> wild = {9, -9, 9, -9};
+  face.draw(image, {0, 0}, {wild, wild});
+  EXPECT_GT(qGreen(image.pixel(1, 45)), 200);
+}
+
+TEST(Oscilloscope, LeavesNothingOfThePictureBefore) {
+  ScopeFace face(1.25, kArea, kWell);
+  const std::vector<float> high(kScopeValues, .9F);
+  const std::vector<float> low(kScopeValues, -.9F);
+  QImage used = black(face.size());
+  face.draw(used, {0, 0}, {high, low});
+  face.draw(used, {0, 0}, {low, high});
+  ScopeFace other(1.25, kArea, kWell);
+  QImage fresh = black(face.size());
+  other.draw(fresh, {0, 0}, {low, high});
+  EXPECT_EQ(used, fresh);
+}
+
+}  // namespace
+}  // namespace tandem

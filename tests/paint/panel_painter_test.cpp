@@ -1,0 +1,122 @@
+#include "paint/panel_painter.h"
+
+#include <gtest/gtest.h>
+
+#include "paint/caption.h"
+#include "paint/palette.h"
+#include "paint/panel_background.h"
+#include "paint/panel_specimens.h"
+#include "sketch.h"
+
+namespace tandem {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QImage panel_picture(const PanelLook& look, double scale) {
+  return sketch(window_size(look.window.size), scale, [&](QPainter& painter) { paint_panel(painter, look); });
+}
+
+TEST(Caption, FontIsTheProgramsOwn) {
+  EXPECT_EQ(QFontInfo(caption_font(10.5)).family(), u"Roboto Condensed"_s);
+  EXPECT_GT(caption_width(u"Auto MIX"_s, {.bold = true}), caption_width(u"Auto MIX"_s));
+}
+
+TEST(Caption, SpacingIsAddedAfterEveryLetter) {
+  EXPECT_NEAR(caption_width(u"IIII"_s, {.spacing = 2}) - caption_width(u"IIII"_s), 8, .05);
+}
+
+TEST(Caption, AnchorsHoldTheText) {
+  const auto ink = [](Anchor anchor) {
+    const QImage picture = sketch({200, 30}, 1, [&](QPainter& painter) {
+      draw_caption(painter, {100, 20}, u"HHHHHHHH"_s, {}, anchor);
+    });
+    int sum = 0;
+    int weight = 0;
+    for (int x = 0; x < 200; ++x) {
+      for (int y = 0; y < 30; ++y) {
+        const int level = qGray(picture.pixel(x, y));
+        sum += level * x;
+        weight += level;
+      }
+    }
+    return static_cast<double>(sum) / weight;
+  };
+  EXPECT_NEAR(ink(Anchor::Middle), 99.5, .6);
+  EXPECT_GT(ink(Anchor::Start), 105);
+  EXPECT_LT(ink(Anchor::End), 95);
+}
+
+TEST(PanelPainter, EveryExampleHasItsWindowSize) {
+  for (const std::string_view name : specimen_names()) {
+    const auto specimen = make_specimen(name);
+    ASSERT_TRUE(specimen);
+    const QImage picture = panel_picture(specimen->look, 1.25);
+    const QSize size = window_size(specimen->look.window.size);
+    EXPECT_EQ(picture.width(), std::lround(size.width() * 1.25)) << name;
+  }
+  EXPECT_FALSE(make_specimen("no such state"));
+}
+
+TEST(PanelPainter, EveryExampleLooksDifferent) {
+  QList<QImage> pictures;
+  for (const std::string_view name : specimen_names()) {
+    const QImage picture = panel_picture(make_specimen(name)->look, 1);
+    EXPECT_FALSE(pictures.contains(picture)) << name;
+    pictures.append(picture);
+  }
+}
+
+TEST(PanelPainter, CornersOfTheWindowStayFree) {
+  const QImage picture = [] {
+    QImage image(262, 165, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    set_up(painter, 1);
+    paint_panel(painter, make_specimen("compact")->look);
+    return image;
+  }();
+  for (const QPoint corner : {QPoint(0, 0), QPoint(261, 0), QPoint(0, 164), QPoint(261, 164)}) {
+    EXPECT_LT(qAlpha(picture.pixel(corner)), 80);
+  }
+  EXPECT_EQ(qAlpha(picture.pixel(5, 5)), 255);
+}
+
+// The small window is the top left part of the large one, unchanged.
+TEST(PanelPainter, CompactShowsThePartOfTheFullWindow) {
+  const QImage full = panel_picture(make_specimen("full-equalizer")->look, 2);
+  const QImage compact = panel_picture(make_specimen("compact")->look, 2);
+  const QRect common(2 * 4, 2 * 15, 2 * 254, 2 * 147);
+  EXPECT_EQ(full.copy(common), compact.copy(common));
+}
+
+TEST(PanelPainter, TheBoardLeavesTheRestAlone) {
+  const QImage full = panel_picture(make_specimen("full-equalizer")->look, 1);
+  auto board = make_specimen("full-equalizer");
+  board->look.window.size = WindowSize::Board;
+  const QRect common(4, 4, 599, 248);
+  EXPECT_EQ(full.copy(common), panel_picture(board->look, 1).copy(common));
+}
+
+TEST(PanelPainter, BackgroundDependsOnTheWindowStateAlone) {
+  const auto background = [](WindowState state) {
+    return sketch(window_size(state.size), 1, [&](QPainter& painter) { paint_background(painter, state); });
+  };
+  const QImage list = background({WindowSize::Full, true});
+  const QImage equalizer = background({WindowSize::Full, false});
+  EXPECT_NE(list, equalizer);
+  const QRect left(0, 0, 260, 258);
+  EXPECT_EQ(list.copy(left), equalizer.copy(left));
+  EXPECT_EQ(background({WindowSize::Full, true}), list) << "caches do not show";
+}
+
+TEST(PanelPainter, HeadKeepsItsButtonsInEveryWindow) {
+  for (const std::string_view name : {"compact", "full-vu", "board-open"}) {
+    const QImage picture = panel_picture(make_specimen(name)->look, 2);
+    const int x = picture.width() - 2 * 11;
+    EXPECT_GT(qGray(picture.pixel(x, 15)), 150) << "the middle of the cross, " << name;
+  }
+}
+
+}  // namespace
+}  // namespace tandem

@@ -1,0 +1,83 @@
+#include "paint/song_list.h"
+
+#include <gtest/gtest.h>
+
+#include "paint/palette.h"
+#include "sketch.h"
+
+namespace tandem {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QRectF kBox(0, 0, 293, 141);
+
+QString elided(const QString& path, double room) {
+  return elide_directories(path, room, [](const QString& text) { return static_cast<double>(text.size()); });
+}
+
+TEST(ElideDirectories, LeavesAPathThatFits) { EXPECT_EQ(elided(u"/home/ana/a.mp3"_s, 15), u"/home/ana/a.mp3"_s); }
+
+TEST(ElideDirectories, DropsTheLastDirectoriesFirst) {
+  const QString path = u"/home/ana/Music/Glass Garden/Winter Sun.mp3"_s;
+  EXPECT_EQ(elided(path, 40), u"/home/ana/Music/…/Winter Sun.mp3"_s);
+  EXPECT_EQ(elided(path, 31), u"/home/ana/…/Winter Sun.mp3"_s);
+  EXPECT_EQ(elided(path, 22), u"/home/…/Winter Sun.mp3"_s);
+  EXPECT_EQ(elided(path, 17), u"/…/Winter Sun.mp3"_s);
+}
+
+TEST(ElideDirectories, NeverCutsTheFileName) {
+  EXPECT_EQ(elided(u"/home/ana/A very long name.mp3"_s, 5), u"…/A very long name.mp3"_s);
+  EXPECT_EQ(elided(u"A very long name.mp3"_s, 5), u"A very long name.mp3"_s);
+}
+
+TEST(SongList, RowsStandThirteenPixelsApart) {
+  EXPECT_EQ(list_row_box(kBox, 0), QRectF(3, 5, 278, 13));
+  EXPECT_EQ(list_row_box(kBox, 9).bottom(), 5 + 130);
+}
+
+TEST(SongList, TheThumbRunsTheWholeTrack) {
+  const QRectF track = list_track_box(kBox);
+  EXPECT_EQ(list_thumb_box(kBox, 0, 12).top(), track.top());
+  EXPECT_NEAR(list_thumb_box(kBox, 2, 12).bottom(), track.bottom(), 1e-9);
+  EXPECT_NEAR(list_thumb_box(kBox, 0, 12).height(), track.height() * 10 / 12, 1e-9);
+  EXPECT_EQ(list_thumb_box(kBox, 0, 5000).height(), 16);
+  EXPECT_NEAR(list_thumb_box(kBox, 4990, 5000).bottom(), track.bottom(), 1e-9);
+}
+
+QImage list_picture(const SongListLook& look) {
+  return sketch({293, 141}, 1, [&](QPainter& painter) { paint_song_list(painter, kBox, look); });
+}
+
+TEST(SongList, HidesTheScrollBarWhenAllFits) {
+  SongListLook look;
+  look.count = 10;
+  EXPECT_EQ(list_picture(look).pixel(286, 70), 0xFF000000);
+  look.count = 11;
+  EXPECT_NE(list_picture(look).pixel(286, 70), 0xFF000000);
+}
+
+TEST(SongList, MarksTheSelectedRow) {
+  SongListLook look;
+  look.rows = {u"01 - /a/b.mp3"_s, u"02 - /a/c.mp3"_s};
+  look.count = 2;
+  look.selected = 1;
+  const QImage picture = list_picture(look);
+  EXPECT_EQ(picture.pixel(3, 24), palette::kAqua);
+  EXPECT_EQ(picture.pixel(3, 11), 0xFF000000);
+  look.top = 1;  // the view starts at the second song: the mark moves up
+  EXPECT_EQ(list_picture(look).pixel(3, 11), palette::kAqua);
+}
+
+TEST(SongList, TextNeverReachesTheScrollBar) {
+  SongListLook look;
+  look.rows = {u"01 - /a/"_s + QString(400, u'W') + u".mp3"_s};
+  look.count = 1;
+  const QImage picture = list_picture(look);
+  for (int x = 282; x < 293; ++x) {
+    for (int y = 5; y < 18; ++y) EXPECT_EQ(picture.pixel(x, y), 0xFF000000) << x << ' ' << y;
+  }
+}
+
+}  // namespace
+}  // namespace tandem
