@@ -1,0 +1,67 @@
+// The whole player in simulated time, in a directory of its own with the factory settings, and all the sound that it
+// has given out. A user's acts are single words; what a user cannot do (a disabled button) does nothing.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/output_ring.h"
+#include "support/temp_directory.h"
+#include "tools/simulation/simulated_player.h"
+
+namespace tandem::test {
+
+// Frames from the mixer to the output: one block of the equalizer and the limiter's look-ahead.
+inline constexpr std::size_t kChainDelay = static_cast<std::size_t>(BandEqualizer::kDelay + Limiter::kDelay);
+
+class PlayerRig {
+ public:
+  // Loads the panel and lets the output's first fade pass.
+  PlayerRig();
+  explicit PlayerRig(const std::string& settings);  // the text of TP.inf
+
+  void add(const std::string& path);                // by the song dialog
+  void add(const std::vector<std::string>& paths);  // one dialog for each
+  std::string file(const std::string& name) const { return directory_.file(name); }
+  std::string make_file(const std::string& name, const std::vector<std::uint8_t>& bytes) const;
+
+  void play() { press(controls().PLAY); }
+  void pause() { press(controls().PAUSE); }
+  void stop() { press(controls().STOPBtn); }
+  void next() { press(controls().NextBtn); }
+  void choose_lead(int milliseconds);    // 280, 1000, 2500 or 3500
+  void seek(std::int32_t milliseconds);  // drags Slider1 there
+  void run(std::int64_t milliseconds) { player_->run(milliseconds); }
+  // Runs until it is so; false if it does not come within the time.
+  bool run_until(const std::function<bool()>& condition, std::int64_t limit_milliseconds);
+  bool run_until_stopped(std::int64_t limit_milliseconds);
+
+  bool stopped() const;  // as the panel shows it
+  SimulatedPlayer& player() { return *player_; }
+  PanelControls& controls() { return player_->program.controls; }
+  const PanelControls& controls() const { return player_->program.controls; }
+  SoundGraph& sound_graph() { return player_->program.sound; }
+  MMAudioFileX& deck(std::size_t index) { return *sound_graph().AudioFile.at(index); }
+  MMWaveMixerX& mixer() { return *sound_graph().WaveMixer; }
+  RunState& state() { return player_->program.state; }
+
+  const std::vector<Sample16>& sound() const { return sound_; }
+  std::size_t frames() const { return sound_.size(); }  // given out so far
+  // The frame of the output where a song that is started now has its first sample.
+  std::size_t next_start() const { return sound_.size() + kChainDelay; }
+
+ private:
+  static void press(Button& button);
+
+  TempDirectory directory_;
+  std::vector<Sample16> sound_;
+  std::unique_ptr<SimulatedPlayer> player_;
+};
+
+// The factory settings.
+std::string factory_text();
+
+}  // namespace tandem::test
