@@ -1,5 +1,7 @@
 # Shared build rules: warnings are errors, one library target per folder, one test program per folder.
 
+# What a folder finds, all folders that link it need.
+set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 

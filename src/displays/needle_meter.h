@@ -21,7 +21,7 @@ inline constexpr double kNeedleSwing = 43.0;  // degrees from the middle to eith
 // Where a level of the scale (-20 .. +3 dB) lies: 0 at the left stop, 1 at +3.
 double needle_deflection(double scale_db) noexcept;
 // Degrees from the upright, negative to the left.
-constexpr double needle_angle(double deflection) noexcept { return kNeedleSwing * (2.0 * deflection - 1.0); }
+constexpr double deflection_angle(double deflection) noexcept { return kNeedleSwing * (2.0 * deflection - 1.0); }
 
 class NeedleMeter final : public SwitchedDisplay<MMMeterX> {
  public:
@@ -29,7 +29,7 @@ class NeedleMeter final : public SwitchedDisplay<MMMeterX> {
 
   // 0 at the left stop, 1 at +3; the needle swings over by as much as 0.013.
   double deflection() const { return shown_; }
-  double angle() const { return needle_angle(shown_); }
+  double angle() const { return deflection_angle(shown_); }
 
  private:
   void reset() override;

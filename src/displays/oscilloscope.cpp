@@ -7,7 +7,7 @@ namespace tandem {
 
 namespace {
 
-void draw(std::span<const float> samples, ScopePicture::Trace& trace) noexcept {
+void draw(std::span<const float> samples, ScopeReading::Trace& trace) noexcept {
   std::transform(samples.begin(), samples.end(), trace.begin(),
                  [](float x) { return std::clamp(x * std::numbers::sqrt2_v<float>, -1.0F, 1.0F); });
 }
@@ -21,7 +21,7 @@ void Oscilloscope::reset() {
 
 bool Oscilloscope::pass(double seconds) {
   if (!heard_.advance(seconds)) return false;
-  const ScopePicture before = picture_;
+  const ScopeReading before = picture_;
   if (heard_.silent(kLookedAt)) {
     picture_ = {};
   } else {
@@ -48,6 +48,6 @@ ScopeStart Oscilloscope::start() const noexcept {
   return {kSearched, 0.0F};
 }
 
-bool Oscilloscope::resting() const { return heard_.silent(kLookedAt) && picture_ == ScopePicture{}; }
+bool Oscilloscope::resting() const { return heard_.silent(kLookedAt) && picture_ == ScopeReading{}; }
 
 }  // namespace tandem

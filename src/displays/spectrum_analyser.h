@@ -10,10 +10,10 @@
 #include "displays/bar_decay.h"
 #include "displays/heard_sound.h"
 #include "displays/peak_marks.h"
-#include "displays/roll_history.h"
+#include "displays/roll_recorder.h"
 #include "displays/sound_display.h"
 #include "displays/spectrum_heights.h"
-#include "displays/spectrum_picture.h"
+#include "displays/spectrum_reading.h"
 #include "displays/spectrum_settings.h"
 #include "displays/stereo_spectrum.h"
 
@@ -34,7 +34,7 @@ class SpectrumAnalyser final : public SwitchedDisplay<MMSpectrumX> {
   // Lays the columns out for halves of half_px device pixels on a screen of that scale (1 = 100 %).
   void fit(int half_px, double scale);
 
-  const SpectrumPicture& picture() const { return picture_; }
+  const SpectrumReading& picture() const { return picture_; }
 
  private:
   using Heights = BothSides<std::vector<float>>;
@@ -44,7 +44,7 @@ class SpectrumAnalyser final : public SwitchedDisplay<MMSpectrumX> {
   bool pass(double seconds) override;
   bool resting() const override;
 
-  bool rolls() const { return settings_.kind() == SpectrumKind::Roll; }
+  bool rolls() const { return settings_.kind() == AnalyserKind::Roll; }
   std::size_t length() const { return static_cast<std::size_t>(settings_[SpectrumSetting::FFTLength]); }
   void prepare_transform();
   void prepare_columns();
@@ -68,11 +68,11 @@ class SpectrumAnalyser final : public SwitchedDisplay<MMSpectrumX> {
   HeightRule rule_;
   BarDecay decay_;
   BothSides<PeakMarks> marks_;
-  RollHistory roll_;
+  RollRecorder roll_;
 
   Heights targets_;  // the heights of what is heard now
   Heights levels_;   // the same after the decay
-  SpectrumPicture picture_;
+  SpectrumReading picture_;
   bool changed_ = true;  // by a setting, not yet reported
   bool still_ = true;
 };

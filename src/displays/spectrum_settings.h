@@ -9,7 +9,7 @@
 
 namespace tandem {
 
-enum class SpectrumKind { Points, Lines, VLines, Bar, Picks, Roll };
+enum class AnalyserKind { Points, Lines, VLines, Bar, Picks, Roll };
 
 class SpectrumSettings {
  public:
@@ -21,7 +21,7 @@ class SpectrumSettings {
   bool put(SpectrumSetting setting, std::int32_t value);
 
   bool is_on(SpectrumSetting flag) const { return (*this)[flag] != 0; }
-  SpectrumKind kind() const { return static_cast<SpectrumKind>((*this)[SpectrumSetting::Kind]); }
+  AnalyserKind kind() const { return static_cast<AnalyserKind>((*this)[SpectrumSetting::Kind]); }
 
  private:
   std::array<std::int32_t, static_cast<std::size_t>(SpectrumSetting::Count)> values_{};

@@ -34,11 +34,11 @@ TEST(NeedleMeter, FullScaleSineStandsAtPlusThree) {
 }
 
 TEST(NeedleMeter, ScaleSpansTheSwing) {
-  EXPECT_DOUBLE_EQ(needle_angle(needle_deflection(3.0)), 43.0);
-  EXPECT_DOUBLE_EQ(needle_angle(0.0), -43.0);
+  EXPECT_DOUBLE_EQ(deflection_angle(needle_deflection(3.0)), 43.0);
+  EXPECT_DOUBLE_EQ(deflection_angle(0.0), -43.0);
   // -43 + 86 x 10^(dB / 20) / 1.41254; 0 stands at 71 % of the scale.
   for (const double db : {-20.0, -10.0, -7.0, -5.0, -3.0, -1.0, 0.0, 2.0})
-    EXPECT_NEAR(needle_angle(needle_deflection(db)), -43.0 + 86.0 * std::pow(10.0, db / 20.0) / 1.41254, 0.001);
+    EXPECT_NEAR(deflection_angle(needle_deflection(db)), -43.0 + 86.0 * std::pow(10.0, db / 20.0) / 1.41254, 0.001);
   EXPECT_NEAR(needle_deflection(0.0), 0.71, 0.003);
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr double kPicture = 1.0 / 60.0;
 
 // What is drawn at x px from the left edge.
-double drawn(const ScopePicture& picture, const ScopePicture::Trace& trace, std::size_t x) {
+double drawn(const ScopeReading& picture, const ScopeReading::Trace& trace, std::size_t x) {
   const double shift = picture.shift;
   return trace[x] * (1.0 - shift) + trace[x + 1] * shift;
 }
@@ -25,7 +25,7 @@ double restlessness(const Sound& sound) {
   scope.put_Enabled(true);
   Screen screen(scope, sound);
   screen.run(0.2);
-  const ScopePicture first = scope.picture();
+  const ScopeReading first = scope.picture();
   double greatest = 0.0;
   for (int i = 0; i < 60; ++i) {
     screen.picture(i % 3 == 0 ? 0.0137 : kPicture);
@@ -66,7 +66,7 @@ TEST(Oscilloscope, StartsAtARisingZeroCrossing) {
     scope.put_Enabled(true);
     const Sound tone = sine(frames_in(0.3), hz, 0.5, 1.0);
     Screen(scope, tone).run(0.3);
-    const ScopePicture& picture = scope.picture();
+    const ScopeReading& picture = scope.picture();
     EXPECT_LT(picture.left[0], 0.0F);
     EXPECT_GE(picture.left[1], 0.0F);
     EXPECT_NEAR(drawn(picture, picture.left, 0), 0.0, 1e-5);
@@ -130,7 +130,7 @@ TEST(Oscilloscope, FallsToRestInSilenceAndWhenSoundIsHeldBack) {
     EXPECT_FALSE(scope.at_rest());
     screen.run(0.75);
     EXPECT_TRUE(scope.at_rest());
-    EXPECT_EQ(scope.picture(), ScopePicture{});
+    EXPECT_EQ(scope.picture(), ScopeReading{});
     EXPECT_FALSE(screen.picture(kPicture));
   }
 }

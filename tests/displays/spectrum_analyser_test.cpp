@@ -69,7 +69,7 @@ TEST(SpectrumAnalyser, DesignPictureHas32ColumnsOfFivePixels) {
   EXPECT_EQ(analyser.picture().columns.columns, 32);
   EXPECT_EQ(analyser.picture().columns.pitch, 5);
   EXPECT_EQ(analyser.picture().heights[0].size(), 32U);
-  EXPECT_EQ(analyser.picture().kind, SpectrumKind::Bar);
+  EXPECT_EQ(analyser.picture().kind, AnalyserKind::Bar);
 }
 
 TEST(SpectrumAnalyser, EachSideShowsItsOwnChannelInTheRightColumn) {

@@ -1,4 +1,4 @@
-#include "displays/roll_history.h"
+#include "displays/roll_recorder.h"
 
 #include <algorithm>
 
@@ -16,7 +16,7 @@ bool dark(const std::vector<float>& heights) noexcept {
 
 }  // namespace
 
-void RollHistory::prepare(RollCells& cells, std::size_t steps, std::size_t rows) {
+void RollRecorder::prepare(RollCells& cells, std::size_t steps, std::size_t rows) {
   cells.steps = steps;
   cells.rows = rows;
   for (auto& side : cells.cells) side.resize(steps * rows);
@@ -28,7 +28,7 @@ void RollHistory::prepare(RollCells& cells, std::size_t steps, std::size_t rows)
   quiet_steps_ = cells.steps;
 }
 
-bool RollHistory::move(RollCells& cells, const BothSides<std::vector<float>>& heights, double seconds) noexcept {
+bool RollRecorder::move(RollCells& cells, const BothSides<std::vector<float>>& heights, double seconds) noexcept {
   gather(heights);
   // After a long time no more steps than the picture holds.
   waited_ = std::min(waited_ + seconds, kStep * static_cast<double>(cells.steps + 1));
@@ -39,13 +39,13 @@ bool RollHistory::move(RollCells& cells, const BothSides<std::vector<float>>& he
   return moved;
 }
 
-void RollHistory::gather(const BothSides<std::vector<float>>& heights) noexcept {
+void RollRecorder::gather(const BothSides<std::vector<float>>& heights) noexcept {
   for (std::size_t side = 0; side < kSides; ++side)
     std::transform(heights[side].begin(), heights[side].end(), pending_[side].begin(), pending_[side].begin(),
                    [](float now, float before) { return std::max(now, before); });
 }
 
-bool RollHistory::push(RollCells& cells) noexcept {
+bool RollRecorder::push(RollCells& cells) noexcept {
   const bool was_empty = empty(cells);
   cells.newest = (cells.newest + 1) % cells.steps;
   const auto at = static_cast<std::ptrdiff_t>(cells.newest * cells.rows);

@@ -23,7 +23,7 @@ struct RollCells {
 };
 
 // Moves the cells on.
-class RollHistory {
+class RollRecorder {
  public:
   static constexpr double kStep = 1.0 / 30.0;  // seconds
 

@@ -4,15 +4,15 @@
 #include <cstddef>
 #include <vector>
 
-#include "displays/roll_history.h"
+#include "displays/roll_recorder.h"
 #include "displays/sound_frame.h"
 #include "displays/spectrum_columns.h"
 #include "displays/spectrum_settings.h"
 
 namespace tandem {
 
-struct SpectrumPicture {
-  SpectrumKind kind = SpectrumKind::Bar;
+struct SpectrumReading {
+  AnalyserKind kind = AnalyserKind::Bar;
   bool grid = false;
   bool inactive = true;  // unlit spots are drawn
   bool solid_bars = false;

@@ -1,0 +1,11 @@
+// The report of an error that ends the program: one line on standard error, and the same text in a message box when
+// there is a display.
+#pragma once
+
+#include <string>
+
+namespace tandem {
+
+void report_error(const std::string& text);
+
+}  // namespace tandem

@@ -1,0 +1,44 @@
+// The player takes no arguments: it is the panel, and the panel's settings lie beside the program.
+
+#include <QApplication>
+#include <QSessionManager>
+#include <exception>
+
+#include "app/close_signals.h"
+#include "app/error_report.h"
+#include "app/player.h"
+#include "widgets/panel_accessible.h"
+
+namespace {
+
+// The toolkit waits for the X server before it paints where it painted last, unless it sends small pictures itself.
+void prefer_small_pictures() {
+  if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
+}
+
+int play(int argc, char** argv) {
+  tandem::Player player;  // the sound first: it is ready while the window is made
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("Tandem");
+  QGuiApplication::setDesktopFileName("tandem");
+  tandem::tell_accessibility_of_items();
+  player.show();
+  const tandem::CloseSignals close_signals([&player] { player.close(); });
+  QObject::connect(&application, &QGuiApplication::commitDataRequest, [&player](QSessionManager&) { player.close(); });
+  const int status = QApplication::exec();
+  player.close();
+  if (player.failure()) throw *player.failure();
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  prefer_small_pictures();
+  try {
+    return play(argc, argv);
+  } catch (const std::exception& error) {
+    tandem::report_error(error.what());
+    return 1;
+  }
+}

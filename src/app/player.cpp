@@ -1,0 +1,135 @@
+#include "app/player.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTime>
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "app/dropped_songs.h"
+#include "platform/program_directory.h"
+#include "platform/upper_case.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with a hand near
+constexpr double kUnattendedFrame = 1000.0 / 30;
+constexpr QtClock::Milliseconds kPoll = 10;  // while the device is about to answer
+
+void show_message(const std::string& text) {
+  auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->open();  // does not wait: the timers go on
+}
+
+std::string time_of_day() { return QTime::currentTime().toString("HH:mm").toStdString(); }
+
+}  // namespace
+
+Player::Player()
+    : output_(ring_),
+      engine_(output_, ring_, Engine::Mode::Threads),
+      program_([this](TimerQueue& timers) { return make_graph(timers); }, environment()),
+      pump_(engine_.display_feed()) {
+  program_.panel.load();
+  engine_.deliver();
+}
+
+Player::~Player() = default;
+
+SoundGraph Player::make_graph(TimerQueue& timers) {
+  SoundGraph graph;
+  engine_.fill(graph, timers);
+  graph.MMSpectrum1 = std::make_unique<SpectrumAnalyser>();
+  graph.MMMeterX1 = std::make_unique<NeedleMeter>(0);
+  graph.MMMeterX2 = std::make_unique<NeedleMeter>(1);
+  graph.MMLevelX1 = std::make_unique<LevelBar>();
+  graph.MMOscopeX1 = std::make_unique<Oscilloscope>();
+  return graph;
+}
+
+Environment Player::environment() { return {program_directory(), time_of_day, upper_case, show_message, dialog_}; }
+
+Displays Player::displays() {
+  SoundGraph& sound = program_.sound;
+  return {static_cast<SpectrumAnalyser&>(*sound.MMSpectrum1), static_cast<NeedleMeter&>(*sound.MMMeterX1),
+          static_cast<NeedleMeter&>(*sound.MMMeterX2), static_cast<LevelBar&>(*sound.MMLevelX1),
+          static_cast<Oscilloscope&>(*sound.MMOscopeX1)};
+}
+
+void Player::show() {
+  clock_ = std::make_unique<QtClock>([this](Milliseconds now) { return work(now); });
+  PanelWindow::Hooks hooks;
+  hooks.close = [this] { close(); };
+  hooks.frame_wanted = [this] {
+    moving_ = true;
+    clock_->reschedule();
+  };
+  // A handler may have started a timer or given the engine orders: both are looked after as soon as it has returned.
+  hooks.user_acts = [this] { clock_->reschedule(); };
+  hooks.drop = [this](const std::vector<std::string>& paths) { drop(paths); };
+  window_ = std::make_unique<PanelWindow>(program_.controls, displays(), std::move(hooks));
+  dialog_.set_parent(window_.get());
+  window_->show();
+  clock_->reschedule();
+}
+
+std::optional<QtClock::Milliseconds> Player::work(Milliseconds now) {
+  engine_.deliver();
+  program_.timers.advance(now);
+  engine_.deliver();
+  auto next = program_.timers.next_due();
+  const auto sooner = [&next](std::optional<Milliseconds> due) {
+    if (due && (!next || *due < *next)) next = due;
+  };
+  if (!engine_.device_idle()) sooner(now + kPoll);
+  sooner(draw_frame(now));
+  return next;
+}
+
+// Nothing is drawn while nobody could see it; what comes to rest is looked at again at the panel's next tick.
+std::optional<QtClock::Milliseconds> Player::draw_frame(Milliseconds now) {
+  if (!window_->exposed()) return std::nullopt;
+  const double period = window_->attended() ? kAttendedFrame : kUnattendedFrame;
+  frame_due_ = std::min(frame_due_, static_cast<double>(last_frame_) + period);
+  if (static_cast<double>(now) + 0.5 >= frame_due_) {
+    window_->visual().feed(pump_.take(output_.heard()));
+    if (moving_ || !window_->visual().at_rest())
+      moving_ = window_->frame(static_cast<double>(now - last_frame_) / 1000);
+    last_frame_ = now;
+    frame_due_ = std::max(frame_due_ + period, static_cast<double>(now) + period / 2);
+  }
+  if (!moving_) return std::nullopt;
+  return static_cast<Milliseconds>(frame_due_ + 0.5);
+}
+
+void Player::drop(const std::vector<std::string>& paths) {
+  for (const std::string& result : dropped_songs(paths)) program_.controls.Painel.files_dropped.raise(result);
+}
+
+// The last sound is faded and played before the program ends, but nothing is waited for long.
+void Player::play_out() {
+  constexpr auto kPatience = std::chrono::milliseconds(300);
+  const auto until = std::chrono::steady_clock::now() + kPatience;
+  while (!engine_.device_idle() && std::chrono::steady_clock::now() < until) {
+    engine_.deliver();
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+}
+
+void Player::close() {
+  if (std::exchange(closed_, true)) return;
+  try {
+    program_.panel.unload();
+  } catch (const RuntimeError& error) {
+    failure_ = error;
+  }
+  window_->hide();
+  play_out();
+  QApplication::quit();
+}
+
+}  // namespace tandem

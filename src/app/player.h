@@ -1,0 +1,65 @@
+// The player: one of everything, on real threads, a real clock and a real device. UI thread.
+#pragma once
+
+#include <QSocketNotifier>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "app/display_pump.h"
+#include "engine/engine.h"
+#include "engine/output_ring.h"
+#include "platform/device_output.h"
+#include "platform/qt_clock.h"
+#include "platform/qt_file_dialog.h"
+#include "shell/program.h"
+#include "widgets/panel_window.h"
+
+namespace tandem {
+
+class Player {
+ public:
+  // Loads the panel and starts the sound; needs no QApplication yet. Throws RuntimeError as the panel's start-up does.
+  Player();
+  ~Player();
+  Player(const Player&) = delete;
+  Player& operator=(const Player&) = delete;
+
+  void show();  // makes and shows the window
+  // The user, a signal or the session closes the panel: stops the sound, saves the settings, ends the event loop.
+  void close();
+  // What shut-down could not do, if anything.
+  const std::optional<RuntimeError>& failure() const { return failure_; }
+
+  PanelWindow& window() { return *window_; }
+  Program& program() { return program_; }
+  Engine& engine() { return engine_; }
+
+ private:
+  using Milliseconds = QtClock::Milliseconds;
+
+  SoundGraph make_graph(TimerQueue& timers);
+  Environment environment();
+  Displays displays();
+  std::optional<Milliseconds> work(Milliseconds now);
+  std::optional<Milliseconds> draw_frame(Milliseconds now);
+  void drop(const std::vector<std::string>& paths);
+  void play_out();
+
+  OutputRing ring_;
+  DeviceOutput output_;
+  Engine engine_;
+  QtFileDialog dialog_;
+  Program program_;
+  DisplayPump pump_;
+
+  std::unique_ptr<QtClock> clock_;
+  std::unique_ptr<PanelWindow> window_;
+  std::optional<RuntimeError> failure_;
+  double frame_due_ = 0;  // milliseconds
+  Milliseconds last_frame_ = 0;
+  bool moving_ = true;  // the last frame said that something moves
+  bool closed_ = false;
+};
+
+}  // namespace tandem

@@ -1,0 +1,108 @@
+#include "widgets/panel_accessible.h"
+
+#include <QAccessibleWidget>
+
+#include "widgets/lamp_item.h"
+#include "widgets/panel_item.h"
+
+namespace tandem {
+
+namespace {
+
+QAccessible::Role role_of(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::Key:
+    case ControlKind::Stud:
+    case ControlKind::ChromeButton:
+    case ControlKind::GlassPanel:
+    case ControlKind::BevelledPanel:
+      return QAccessible::Button;
+    case ControlKind::LampButton:
+    case ControlKind::SlideSwitch:
+      return QAccessible::CheckBox;
+    case ControlKind::LeadLamp:
+      return QAccessible::RadioButton;
+    case ControlKind::Fader:
+    case ControlKind::Slider:
+      return QAccessible::Slider;
+    case ControlKind::Wheel:
+    case ControlKind::Rotary:
+      return QAccessible::Dial;
+    case ControlKind::Spinner:
+      return QAccessible::SpinBox;
+    case ControlKind::SongList:
+      return QAccessible::List;
+    case ControlKind::Gauge:
+    case ControlKind::LevelBar:
+    case ControlKind::NeedleMeter:
+      return QAccessible::Indicator;
+    case ControlKind::PitchLamp:
+      return QAccessible::Indicator;
+    case ControlKind::Spectrum:
+    case ControlKind::Oscilloscope:
+      return QAccessible::Graphic;
+    default:
+      return QAccessible::StaticText;
+  }
+}
+
+class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  explicit ItemInterface(PanelItem* item) : QAccessibleWidget(item, role_of(item->place().kind)), item_(*item) {}
+
+  QString text(QAccessible::Text what) const override {
+    if (what == QAccessible::Name) return item().spoken_name();
+    if (what == QAccessible::Value) return item().spoken_value();
+    return QAccessibleWidget::text(what);
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    if (const auto* lamp = dynamic_cast<const LampItem*>(&item())) {
+      state.checkable = true;
+      state.checked = lamp->lit();
+    }
+    return state;
+  }
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type == QAccessible::ValueInterface && item().value_range() != nullptr)
+      return static_cast<QAccessibleValueInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+  }
+
+  QStringList actionNames() const override {
+    QStringList names = QAccessibleWidget::actionNames();
+    if (item().can_press() && item().isEnabled()) names.prepend(pressAction());
+    return names;
+  }
+  void doAction(const QString& name) override {
+    if (name == pressAction()) return item().press_by_key();
+    QAccessibleWidget::doAction(name);
+  }
+
+  QVariant currentValue() const override { return range().value; }
+  void setCurrentValue(const QVariant& value) override { item().put_value(value.toDouble()); }
+  QVariant maximumValue() const override { return range().maximum; }
+  QVariant minimumValue() const override { return range().minimum; }
+  QVariant minimumStepSize() const override { return range().step; }
+
+ private:
+  PanelItem& item() const { return item_; }
+  ItemValue range() const {
+    const ItemValue* found = item_.value_range();
+    return found == nullptr ? ItemValue{} : *found;
+  }
+  PanelItem& item_;
+};
+
+QAccessibleInterface* interface_of(const QString&, QObject* object) {
+  auto* item = dynamic_cast<PanelItem*>(object);
+  return item == nullptr ? nullptr : new ItemInterface(item);
+}
+
+}  // namespace
+
+void tell_accessibility_of_items() { QAccessible::installFactory(interface_of); }
+
+}  // namespace tandem

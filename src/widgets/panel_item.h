@@ -1,0 +1,89 @@
+// One control of the panel as the hand and the keyboard meet it. An item takes mouse, wheel and keys and turns them
+// into user moves of its model; it draws itself when the panel asks, but never owns pixels: all items are drawn by the
+// one panel window over its cached background, so that glow and shadow may leave an item's box. UI thread.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "controls/control.h"
+#include "paint/panel_layout.h"
+#include "paint/touch.h"
+
+namespace tandem {
+
+class PanelItem;
+
+// What an item asks of the window that it lies on.
+class PanelCanvas {
+ public:
+  virtual ~PanelCanvas() = default;
+  virtual void repaint_box(const QRect& box) = 0;  // px of the panel
+  virtual void start_moving(PanelItem& item) = 0;  // advance() is called at every frame until it returns false
+  virtual void before_user_act() = 0;              // a hand is on the panel: sound must follow at once
+  virtual bool reduced_motion() const = 0;
+};
+
+// What assistive technology is told of an item beyond its name.
+struct ItemValue {
+  double value = 0;
+  double minimum = 0;
+  double maximum = 0;
+  double step = 1;
+};
+
+class PanelItem : public QWidget {
+ public:
+  PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model);
+
+  const ControlBox& place() const { return place_; }
+  Control* model() const { return model_; }
+  void set_scene_visible(bool visible);  // as the window's size and the model's Visible have it
+  void set_enabled_by_model();
+
+  // Draws in px of the panel, within painted_box().
+  virtual void draw(QPainter& painter) const = 0;
+  QRect painted_box() const { return drawn_box(); }
+  // Moves what moves by itself; false when it has come to rest. The base lets the hover light come and go.
+  virtual bool advance(double seconds);
+
+  // Assistive technology.
+  virtual QString spoken_name() const;
+  virtual QString spoken_value() const { return {}; }
+  virtual bool can_press() const { return false; }
+  virtual void press_by_key() {}
+  virtual const ItemValue* value_range() const { return nullptr; }
+  virtual void put_value(double) {}
+
+ protected:
+  QRectF box() const { return place_.box(); }
+  Touch touch() const;
+  bool is_pressed() const { return pressed_; }
+  void set_pressed(bool pressed);
+  QPointF panel_position(const QPointF& local) const { return local + pos(); }
+  void changed();  // something that is drawn has changed
+  void start_moving() { canvas_.start_moving(*this); }
+  PanelCanvas& canvas() const { return canvas_; }
+
+  // How far beyond its hit box an item draws, where that is more than the usual margin.
+  virtual QRect drawn_box() const;
+  virtual void model_changed() { changed(); }
+
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent*) override {}
+  bool event(QEvent* event) override;
+
+ private:
+  PanelCanvas& canvas_;
+  const ControlBox& place_;
+  Control* model_;
+  double hover_ = 0;
+  bool hovered_ = false;
+  bool pressed_ = false;
+  bool focus_shown_ = false;
+};
+
+}  // namespace tandem

@@ -1,0 +1,197 @@
+#include "widgets/panel_window.h"
+
+#include <QBitmap>
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "paint/ink.h"
+#include "paint/panel_background.h"
+#include "paint/panels.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr Twips kFullWidth = 9105;
+constexpr Twips kBoardHeight = 6390;
+constexpr double kCornerRadius = 5;
+
+int pixels(Twips twips) { return twips / kTwipsPerPixel; }
+
+}  // namespace
+
+PanelWindow::PanelWindow(PanelControls& controls, Displays displays, Hooks hooks)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint),
+      controls_(controls),
+      hooks_(std::move(hooks)) {
+  setWindowTitle("Tandem");
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setAcceptDrops(true);
+  add_items(displays);
+  add_shortcuts();
+  controls_.Painel.view_changed.connect([this] { follow_frame(); });
+  read_screen();
+  follow_frame();
+}
+
+PanelWindow::~PanelWindow() {
+  controls_.Painel.view_changed.connect(nullptr);
+  for (PanelItem* item : items_)
+    if (item->model() != nullptr) item->model()->view_changed.connect(nullptr);
+}
+
+WindowSize PanelWindow::size_now() const {
+  if (controls_.Painel.Width != kFullWidth) return WindowSize::Compact;
+  return controls_.Painel.Height >= kBoardHeight ? WindowSize::Board : WindowSize::Full;
+}
+
+void PanelWindow::read_screen() {
+  const QScreen* shown_on = screen();
+  if (shown_on == nullptr) return;
+  controls_.Painel.ScreenWidth = shown_on->geometry().width() * kTwipsPerPixel;
+  controls_.Painel.ScreenHeight = shown_on->geometry().height() * kTwipsPerPixel;
+}
+
+// The panel's own size and place. Where the panel says nothing new about its place, the desktop's stands.
+void PanelWindow::follow_frame() {
+  placing_ = true;
+  const QSize size(pixels(controls_.Painel.Width), pixels(controls_.Painel.Height));
+  if (size != this->size()) {
+    setFixedSize(size);
+    shape_corners();
+  }
+  const QPoint corner(pixels(controls_.Painel.Left), pixels(controls_.Painel.Top));
+  const QPoint origin = screen() != nullptr ? screen()->geometry().topLeft() : QPoint();
+  if (isVisible() && corner + origin != pos()) move(corner + origin);
+  placing_ = false;
+  minimise_->hang_on(size_now());
+  close_->hang_on(size_now());
+  follow_visibilities();
+  update();
+}
+
+void PanelWindow::moveEvent(QMoveEvent*) {
+  if (placing_ || !isVisible()) return;
+  read_screen();
+  const QPoint origin = screen() != nullptr ? screen()->geometry().topLeft() : QPoint();
+  controls_.Painel.Left = (pos() - origin).x() * kTwipsPerPixel;
+  controls_.Painel.Top = (pos() - origin).y() * kTwipsPerPixel;
+}
+
+void PanelWindow::shape_corners() {
+  QBitmap shape(size());
+  shape.clear();
+  QPainter painter(&shape);
+  painter.setBrush(Qt::color1);
+  painter.setPen(Qt::NoPen);
+  painter.drawRoundedRect(rect(), kCornerRadius, kCornerRadius);
+  painter.end();
+  setMask(shape);
+}
+
+bool PanelWindow::in_scene(const PanelItem& item) const {
+  const QSize window(pixels(controls_.Painel.Width), pixels(controls_.Painel.Height));
+  if (item.place().group == ControlGroup::Chrome) return true;
+  if (!QRect(QPoint(), window).contains(item.place().box())) return false;
+  const bool list_group = item.place().group == ControlGroup::List;
+  const bool equalizer_group = item.place().group == ControlGroup::Equalizer;
+  if (equalizer_group && !controls_.MMPanelX1[0].Visible) return false;
+  if (list_group && item.model() == nullptr) return controls_.PlayList.Visible;
+  return item.model() == nullptr || item.model()->Visible;
+}
+
+// A focused item that disappears hands the focus to PLAY.
+void PanelWindow::follow_visibilities() {
+  PanelItem* focused = dynamic_cast<PanelItem*>(focusWidget());
+  for (PanelItem* item : items_) item->set_scene_visible(in_scene(*item));
+  if (focused != nullptr && !in_scene(*focused)) item("PLAY")->setFocus(Qt::OtherFocusReason);
+}
+
+void PanelWindow::repaint_box(const QRect& box) { update(box); }
+
+void PanelWindow::start_moving(PanelItem& item) {
+  if (std::find(moving_.begin(), moving_.end(), &item) == moving_.end()) moving_.push_back(&item);
+  hooks_.frame_wanted();
+}
+
+bool PanelWindow::exposed() const {
+  const QWindow* window = windowHandle();
+  return isVisible() && !isMinimized() && window != nullptr && window->isExposed();
+}
+
+bool PanelWindow::attended() const { return isActiveWindow() || underMouse(); }
+
+bool PanelWindow::frame(double seconds) {
+  std::vector<PanelItem*> moving;
+  moving.swap(moving_);
+  for (PanelItem* item : moving)
+    if (item->advance(seconds) && std::find(moving_.begin(), moving_.end(), item) == moving_.end())
+      moving_.push_back(item);
+  const bool displays_move = visual_->isVisible() && visual_->move_displays(seconds);
+  return displays_move || !moving_.empty();
+}
+
+const QPixmap& PanelWindow::background() {
+  const WindowState state{size_now(), controls_.PlayList.Visible};
+  if (background_scale_ == devicePixelRatioF() && state == background_state_ && !background_.isNull())
+    return background_;
+  background_scale_ = devicePixelRatioF();
+  background_state_ = state;
+  background_ = QPixmap((QSizeF(size()) * background_scale_).toSize());
+  background_.fill(Qt::black);
+  QPainter painter(&background_);
+  set_up(painter, background_scale_);
+  paint_background(painter, state);
+  painter.end();
+  background_.setDevicePixelRatio(background_scale_);
+  return background_;
+}
+
+void PanelWindow::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  set_up(painter, 1);
+  painter.drawPixmap(0, 0, background());
+  const QRect glass = control_box("MMPanelX1(1)").box();
+  bool shine_due = event->region().intersects(glass);
+  for (const PanelItem* item : items_) {
+    const bool on_glass = item->place().group == ControlGroup::Display;
+    if (shine_due && !on_glass) {
+      paint_glass_shine(painter, glass);
+      shine_due = false;
+    }
+    if (!item->isHidden() && event->region().intersects(item->painted_box())) item->draw(painter);
+  }
+}
+
+void PanelWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  hooks_.close();
+}
+
+PanelItem* PanelWindow::item(std::string_view name) const {
+  const auto found = by_name_.find(name);
+  return found == by_name_.end() ? nullptr : found->second;
+}
+
+bool PanelWindow::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::ScreenChangeInternal:
+      read_screen();
+      break;
+    case QEvent::Show:
+    case QEvent::WindowStateChange:
+    case QEvent::WindowActivate:
+      hooks_.frame_wanted();
+      break;
+    default:
+      break;
+  }
+  return QWidget::event(event);
+}
+
+}  // namespace tandem

@@ -1,0 +1,109 @@
+// The one window. It owns the items, paints them over its cached background, and follows the panel's own size, place
+// and visibilities. Frameless; the corners are round where the desktop can show it. UI thread.
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "controls/panel_controls.h"
+#include "widgets/key_item.h"
+#include "widgets/panel_item.h"
+#include "widgets/visual_item.h"
+
+namespace tandem {
+
+class BandItem;
+
+class PanelWindow final : public QWidget, public PanelCanvas {
+ public:
+  // What the window asks of the program.
+  struct Hooks {
+    std::function<void()> close;                                // the user closes the panel
+    std::function<void()> frame_wanted;                         // something moves: call frame() soon
+    std::function<void()> user_acts;                            // a hand is on the panel
+    std::function<void(const std::vector<std::string>&)> drop;  // files and folders dropped on it, as paths
+  };
+
+  PanelWindow(PanelControls& controls, Displays displays, Hooks hooks);
+  ~PanelWindow() override;
+
+  // Moves what moves by itself, by the time since the last call. False when nothing moves any more.
+  bool frame(double seconds);
+  VisualItem& visual() { return *visual_; }
+  // Whether anything that moves could be seen at all, and whether a hand is near.
+  bool exposed() const;
+  bool attended() const;
+
+  PanelItem* item(std::string_view name) const;
+  const std::vector<PanelItem*>& items() const { return items_; }
+
+  // PanelCanvas.
+  void repaint_box(const QRect& box) override;
+  void start_moving(PanelItem& item) override;
+  void before_user_act() override { hooks_.user_acts(); }
+  bool reduced_motion() const override { return reduced_motion_; }
+  void set_reduced_motion(bool reduced) { reduced_motion_ = reduced; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  // panel_items.cpp
+  template <class Item, class... Arguments>
+  Item* add(std::string_view name, Arguments&&... arguments);
+  void add_items(Displays displays);
+  void add_display_panel();
+  void add_transport();
+  void add_mix_strip();
+  void add_equalizer();
+  void add_song_list();
+  void add_board();
+  void chain_tabs();
+  void use_band(BandItem& band);
+  // panel_keys.cpp
+  void add_shortcuts();
+  void add_shortcut(const char* keys, const char* item);
+
+  void follow_frame();
+  void follow_visibilities();
+  bool in_scene(const PanelItem& item) const;
+  WindowSize size_now() const;
+  void read_screen();
+  void shape_corners();
+  const QPixmap& background();
+
+  PanelControls& controls_;
+  Hooks hooks_;
+  std::vector<PanelItem*> items_;  // in drawing order; owned by the window as its children
+  std::map<std::string, PanelItem*, std::less<>> by_name_;
+  VisualItem* visual_ = nullptr;
+  std::vector<PanelItem*> moving_;
+  std::vector<BandItem*> bands_;
+  ChromeItem* minimise_ = nullptr;
+  ChromeItem* close_ = nullptr;
+
+  QPixmap background_;
+  WindowState background_state_;
+  double background_scale_ = 0;
+  std::optional<QPoint> drag_from_;  // where the system cannot move the window
+  bool placing_ = false;             // the window is moved by the panel, not by the desktop
+  bool reduced_motion_ = false;
+};
+
+}  // namespace tandem

@@ -1,0 +1,70 @@
+#include "widgets/picture_views.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+
+#include "paint/panel_layout.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr double kScaleTop = 1.41254;  // amplitude at the end of the needle's scale, +3 dB
+
+QRectF well() { return control_box("Display well").box(); }
+QRectF scope_area() { return control_box("MMOscopeX1").box(); }
+
+QImage image_for(QSize size, double scale) {
+  QImage image(size, QImage::Format_RGB32);
+  image.setDevicePixelRatio(scale);
+  return image;
+}
+
+// The first value stands a part of a pixel left of the box: the values on the whole pixels lie between their
+// neighbours.
+std::array<float, kScopeValues> on_pixels(const ScopeReading::Trace& trace, float shift) {
+  std::array<float, kScopeValues> values{};
+  for (std::size_t i = 0; i < values.size(); ++i) values[i] = trace[i] + shift * (trace[i + 1] - trace[i]);
+  return values;
+}
+
+}  // namespace
+
+double scale_db(double deflection) { return deflection > 1e-5 ? 20 * std::log10(deflection * kScaleTop) : -100.0; }
+
+QRectF NeedleView::update(const NeedleMeter& meter, double scale) {
+  if (!fits(scale)) {
+    scale_ = scale;
+    face_ = std::make_unique<NeedleFace>(scale, box_, well(), right_);
+    image_ = image_for(face_->size(), scale);
+    standing_ = {};
+  }
+  const QRect changed = face_->draw(image_, {0, 0}, scale_db(meter.deflection()), standing_);
+  return QRectF(changed.x() / scale, changed.y() / scale, changed.width() / scale, changed.height() / scale)
+      .translated(box_.topLeft());
+}
+
+void NeedleView::draw(QPainter& painter) const {
+  if (!image_.isNull()) painter.drawImage(box_.topLeft(), image_);
+}
+
+QRectF ScopeView::update(const Oscilloscope& scope, double scale) {
+  if (!fits(scale)) {
+    scale_ = scale;
+    face_ = std::make_unique<ScopeFace>(scale, scope_area(), well());
+    image_ = image_for(face_->size(), scale);
+  }
+  const ScopeReading& picture = scope.picture();
+  const auto left = on_pixels(picture.left, picture.shift);
+  const auto right = on_pixels(picture.right, picture.shift);
+  face_->draw(image_, {0, 0}, {left, right});
+  return scope_area();
+}
+
+void ScopeView::draw(QPainter& painter) const {
+  if (!image_.isNull()) painter.drawImage(scope_area().topLeft(), image_);
+}
+
+}  // namespace tandem

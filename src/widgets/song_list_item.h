@@ -1,0 +1,43 @@
+// The song list: ten rows in view and a scroll bar. UI thread.
+#pragma once
+
+#include "controls/list_box.h"
+#include "paint/song_list.h"
+#include "widgets/panel_item.h"
+
+namespace tandem {
+
+class SongListItem final : public PanelItem {
+ public:
+  SongListItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, ListBox& list);
+  void draw(QPainter& painter) const override;
+  QString spoken_value() const override;
+  const ListBox& list() const { return list_; }
+  int top() const { return top_; }
+
+ protected:
+  void model_changed() override;
+  bool event(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  int row_at(const QPointF& panel_position) const;  // index in the list, -1 for none
+  int last_top() const;
+  void scroll_to(int top);
+  void show_line(int index);
+  void select(int index);
+
+  ListBox& list_;
+  int top_ = 0;
+  int seen_selection_ = -1;
+  double thumb_grip_ = 0;
+  bool dragging_thumb_ = false;
+  int wheel_rest_ = 0;
+};
+
+}  // namespace tandem

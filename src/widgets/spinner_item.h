@@ -1,0 +1,44 @@
+// LED numbers with an up and a down button; a held button repeats. UI thread.
+#pragma once
+
+#include <QTimer>
+
+#include "controls/spinner.h"
+#include "paint/spinner.h"
+#include "widgets/panel_item.h"
+
+namespace tandem {
+
+class SpinnerItem final : public PanelItem {
+ public:
+  SpinnerItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Spinner& spinner);
+  void draw(QPainter& painter) const override;
+  const ItemValue* value_range() const override;
+  void put_value(double value) override;
+  QString spoken_value() const override { return QString::number(spinner_.value()); }
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  enum class Part { None, Up, Down };
+  Part part_at(const QPointF& panel_position) const;
+  void push(Part part);
+  void page(int direction);
+  bool steps_itself() const { return spinner_.Step != 0; }
+  Touch touch_of(Part part) const;
+
+  Spinner& spinner_;
+  Part held_ = Part::None;
+  Part under_ = Part::None;
+  QTimer repeat_;
+  int wheel_rest_ = 0;
+  mutable ItemValue range_;
+};
+
+}  // namespace tandem

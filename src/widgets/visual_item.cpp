@@ -1,0 +1,104 @@
+#include "widgets/visual_item.h"
+
+#include <QPainter>
+#include <cmath>
+#include <utility>
+
+#include "paint/level_bar.h"
+#include "paint/panels.h"
+
+namespace tandem {
+
+namespace {
+
+int which(const Displays& displays) {
+  if (displays.MMSpectrum1.Visible()) return 0;
+  if (displays.MMMeterX1.Visible()) return 1;
+  return displays.MMOscopeX1.Visible() ? 2 : -1;
+}
+
+}  // namespace
+
+VisualItem::VisualItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Displays displays)
+    : PanelItem(panel, canvas, place, nullptr),
+      displays_(displays),
+      left_(left_meter_box(), false),
+      right_(right_meter_box(), true) {}
+
+void VisualItem::feed(std::span<const SoundFrame> heard) {
+  displays_.MMSpectrum1.feed(heard);
+  displays_.MMMeterX1.feed(heard);
+  displays_.MMMeterX2.feed(heard);
+  displays_.MMLevelX1.feed(heard);
+  displays_.MMOscopeX1.feed(heard);
+}
+
+bool VisualItem::at_rest() const {
+  return displays_.MMSpectrum1.at_rest() && displays_.MMMeterX1.at_rest() && displays_.MMMeterX2.at_rest() &&
+         displays_.MMLevelX1.at_rest() && displays_.MMOscopeX1.at_rest() && shown_ == which(displays_) &&
+         scale_ == devicePixelRatioF();
+}
+
+// Another display, or another screen: everything is drawn anew.
+bool VisualItem::start_anew() {
+  const int shown = which(displays_);
+  const double scale = devicePixelRatioF();
+  const bool anew = shown != shown_ || scale != scale_;
+  shown_ = shown;
+  scale_ = scale;
+  if (anew) repaint(box());
+  return anew;
+}
+
+bool VisualItem::move_displays(double seconds) {
+  const bool anew = start_anew();
+  if ((displays_.MMSpectrum1.advance(seconds) || anew) && shown_ == 0)
+    for (const QRectF& changed : spectrum_.update(displays_.MMSpectrum1, scale_)) repaint(changed);
+  if ((displays_.MMMeterX1.advance(seconds) || anew) && shown_ == 1) repaint(left_.update(displays_.MMMeterX1, scale_));
+  if ((displays_.MMMeterX2.advance(seconds) || anew) && shown_ == 1)
+    repaint(right_.update(displays_.MMMeterX2, scale_));
+  if (displays_.MMLevelX1.advance(seconds)) repaint(control_box("MMLevelX1").box());
+  if ((displays_.MMOscopeX1.advance(seconds) || anew) && shown_ == 2)
+    repaint(scope_.update(displays_.MMOscopeX1, scale_));
+  return !at_rest();
+}
+
+void VisualItem::draw_meters(QPainter& painter) const {
+  left_.draw(painter);
+  right_.draw(painter);
+  const QRectF bar = control_box("MMLevelX1").box();
+  const auto& lit = displays_.MMLevelX1.lit();
+  paint_level_bar(painter, bar, {lit[0], lit[1]});
+  painter.save();
+  painter.setClipRect(bar, Qt::IntersectClip);
+  paint_glass_shine(painter, control_box("Display well").box());
+  painter.restore();
+}
+
+// With no display at all the glass alone shows.
+void VisualItem::draw(QPainter& painter) const {
+  switch (shown_) {
+    case 0:
+      return spectrum_.draw(painter);
+    case 1:
+      return draw_meters(painter);
+    case 2:
+      return scope_.draw(painter);
+    default:
+      return paint_glass_shine(painter, control_box("Display well").box());
+  }
+}
+
+QString VisualItem::spoken_name() const {
+  constexpr const char* kNames[] = {"MMSpectrum1", "MMMeterX1", "MMOscopeX1"};
+  if (shown_ < 0) return "Display";
+  const auto name = control_box(kNames[shown_]).accessible;
+  return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+QString VisualItem::spoken_value() const {
+  if (shown_ != 1) return {};
+  return QString::number(std::lround(scale_db(displays_.MMMeterX1.deflection()))) + " dB";
+}
+
+}  // namespace tandem

@@ -1,0 +1,53 @@
+// The display area: one item for the five displays, of which those are drawn that the panel shows. It moves them at
+// every frame and repaints only what has changed. UI thread.
+#pragma once
+
+#include <span>
+
+#include "displays/level_bar.h"
+#include "displays/needle_meter.h"
+#include "displays/oscilloscope.h"
+#include "displays/spectrum_analyser.h"
+#include "widgets/panel_item.h"
+#include "widgets/picture_views.h"
+#include "widgets/spectrum_view.h"
+
+namespace tandem {
+
+// The panel's five displays, wherever they live.
+struct Displays {
+  SpectrumAnalyser& MMSpectrum1;
+  NeedleMeter& MMMeterX1;
+  NeedleMeter& MMMeterX2;
+  LevelBar& MMLevelX1;
+  Oscilloscope& MMOscopeX1;
+};
+
+class VisualItem final : public PanelItem {
+ public:
+  VisualItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Displays displays);
+
+  void draw(QPainter& painter) const override;
+  // Moves the displays; tells the canvas what to repaint. False when all lie at rest.
+  bool move_displays(double seconds);
+  void feed(std::span<const SoundFrame> heard);
+  bool at_rest() const;
+
+  QString spoken_name() const override;
+  QString spoken_value() const override;
+
+ private:
+  void draw_meters(QPainter& painter) const;
+  bool start_anew();
+  void repaint(const QRectF& box) { canvas().repaint_box(box.toAlignedRect()); }
+
+  Displays displays_;
+  SpectrumView spectrum_;
+  NeedleView left_;
+  NeedleView right_;
+  ScopeView scope_;
+  int shown_ = -1;    // 0 spectrum, 1 meters, 2 oscilloscope
+  double scale_ = 0;  // device pixels to a px
+};
+
+}  // namespace tandem
