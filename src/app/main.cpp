@@ -26,7 +26,7 @@ int play(int argc, char** argv) {
   const tandem::CloseSignals close_signals([&player] { player.close(); });
   QObject::connect(&application, &QGuiApplication::commitDataRequest, [&player](QSessionManager&) { player.close(); });
   const int status = QApplication::exec();
-  player.close();
+  player.leave_desktop();
   if (player.failure()) throw *player.failure();
   return status;
 }

@@ -2,13 +2,13 @@
 
 #include <QApplication>
 #include <QMessageBox>
-#include <QTime>
 #include <algorithm>
 #include <chrono>
 #include <thread>
 
 #include "app/dropped_songs.h"
 #include "platform/program_directory.h"
+#include "platform/time_of_day.h"
 #include "platform/upper_case.h"
 
 namespace tandem {
@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with a hand near
 constexpr double kUnattendedFrame = 1000.0 / 30;
-constexpr QtClock::Milliseconds kPoll = 10;  // while the device is about to answer
+constexpr TimerQueue::Milliseconds kPoll = 10;  // while the device is about to answer
 
 void show_message(const std::string& text) {
   auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));
@@ -25,13 +25,11 @@ void show_message(const std::string& text) {
   box->open();  // does not wait: the timers go on
 }
 
-std::string time_of_day() { return QTime::currentTime().toString("HH:mm").toStdString(); }
-
 }  // namespace
 
 Player::Player()
     : output_(ring_),
-      engine_(output_, ring_, Engine::Mode::Threads),
+      engine_(output_, ring_, &step_clock_),
       program_([this](TimerQueue& timers) { return make_graph(timers); }, environment()),
       pump_(engine_.display_feed()) {
   program_.panel.load();
@@ -77,7 +75,7 @@ void Player::show() {
   clock_->reschedule();
 }
 
-std::optional<QtClock::Milliseconds> Player::work(Milliseconds now) {
+std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   engine_.deliver();
   program_.timers.advance(now);
   engine_.deliver();
@@ -91,7 +89,7 @@ std::optional<QtClock::Milliseconds> Player::work(Milliseconds now) {
 }
 
 // Nothing is drawn while nobody could see it; what comes to rest is looked at again at the panel's next tick.
-std::optional<QtClock::Milliseconds> Player::draw_frame(Milliseconds now) {
+std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   if (!window_->exposed()) return std::nullopt;
   const double period = window_->attended() ? kAttendedFrame : kUnattendedFrame;
   frame_due_ = std::min(frame_due_, static_cast<double>(last_frame_) + period);
@@ -112,9 +110,9 @@ void Player::drop(const std::vector<std::string>& paths) {
 
 // The last sound is faded and played before the program ends, but nothing is waited for long.
 void Player::play_out() {
-  constexpr auto kPatience = std::chrono::milliseconds(300);
-  const auto until = std::chrono::steady_clock::now() + kPatience;
-  while (!engine_.device_idle() && std::chrono::steady_clock::now() < until) {
+  constexpr Milliseconds kPatience = 300;
+  const Milliseconds until = clock_->now() + kPatience;
+  while (!engine_.device_idle() && clock_->now() < until) {
     engine_.deliver();
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
   }
@@ -130,6 +128,13 @@ void Player::close() {
   window_->hide();
   play_out();
   QApplication::quit();
+}
+
+void Player::leave_desktop() {
+  close();
+  clock_.reset();
+  dialog_.leave_desktop();
+  window_.reset();
 }
 
 }  // namespace tandem

@@ -1,7 +1,6 @@
 // The player: one of everything, on real threads, a real clock and a real device. UI thread.
 #pragma once
 
-#include <QSocketNotifier>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -12,6 +11,7 @@
 #include "platform/device_output.h"
 #include "platform/qt_clock.h"
 #include "platform/qt_file_dialog.h"
+#include "platform/real_step_clock.h"
 #include "shell/program.h"
 #include "widgets/panel_window.h"
 
@@ -28,6 +28,8 @@ class Player {
   void show();  // makes and shows the window
   // The user, a signal or the session closes the panel: stops the sound, saves the settings, ends the event loop.
   void close();
+  // Everything that needs the QApplication ends here, before it does; the panel is closed if it was not.
+  void leave_desktop();
   // What shut-down could not do, if anything.
   const std::optional<RuntimeError>& failure() const { return failure_; }
 
@@ -36,7 +38,7 @@ class Player {
   Engine& engine() { return engine_; }
 
  private:
-  using Milliseconds = QtClock::Milliseconds;
+  using Milliseconds = TimerQueue::Milliseconds;
 
   SoundGraph make_graph(TimerQueue& timers);
   Environment environment();
@@ -47,6 +49,7 @@ class Player {
   void play_out();
 
   OutputRing ring_;
+  RealStepClock step_clock_;
   DeviceOutput output_;
   Engine engine_;
   QtFileDialog dialog_;

@@ -9,10 +9,10 @@
 
 namespace tandem {
 
-Engine::Engine(Output& output, OutputRing& ring, Mode mode)
+Engine::Engine(Output& output, OutputRing& ring, StepClock* clock)
     : output_(output),
       ring_(ring),
-      designer_(mode == Mode::Threads),
+      designer_(clock != nullptr),
       chain_(readers_, designer_),
       orders_(chain_.orders()),
       decks_{DeckControl(0, readers_[0], orders_, chain_,
@@ -22,9 +22,9 @@ Engine::Engine(Output& output, OutputRing& ring, Mode mode)
              DeckControl(1, readers_[1], orders_, chain_, [this] {
                if (reader_threads_[1]) reader_threads_[1]->wake();
              })} {
-  if (mode == Mode::Simulated) return;
+  if (clock == nullptr) return;
   for (std::size_t i = 0; i < readers_.size(); ++i) reader_threads_[i] = std::make_unique<ReaderThread>(readers_[i]);
-  render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_);
+  render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_, *clock);
 }
 
 Engine::~Engine() {

@@ -1,6 +1,6 @@
 // The sound engine: one of everything between the panel's components and the output's ring.
 //
-// In the player the readers, the filter designer and the chain run on threads of their own (start_threads). In
+// In the player the readers, the filter designer and the chain run on threads of their own. In
 // simulated time nothing does: step() makes 10 ms of sound with all work inline, so that every run gives the same
 // bytes.
 //
@@ -20,6 +20,7 @@
 #include "engine/silence_guard.h"
 #include "engine/small_components.h"
 #include "engine/song_end.h"
+#include "engine/step_clock.h"
 
 namespace tandem {
 
@@ -28,9 +29,8 @@ class RenderThread;
 
 class Engine {
  public:
-  enum class Mode { Threads, Simulated };
-
-  Engine(Output& output, OutputRing& ring, Mode mode);
+  // With a clock the engine runs on threads of its own, without one in simulated time. The three outlive the engine.
+  Engine(Output& output, OutputRing& ring, StepClock* clock);
   ~Engine();
   Engine(const Engine&) = delete;
   Engine& operator=(const Engine&) = delete;

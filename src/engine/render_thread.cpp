@@ -12,15 +12,10 @@ constexpr std::int64_t kStepNs = std::int64_t{kStepMilliseconds} * 1'000'000;
 constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that appears is noticed
 constexpr int kMostStepsAtOnce = 8;                    // after a late wake-up
 
-std::int64_t monotonic_ns() {
-  return std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now().time_since_epoch())
-      .count();
-}
-
 }  // namespace
 
-RenderThread::RenderThread(Chain& chain, const Output& output, OutputRing& ring)
-    : chain_(chain), output_(output), ring_(ring), thread_([this] { run(); }) {}
+RenderThread::RenderThread(Chain& chain, const Output& output, OutputRing& ring, StepClock& clock)
+    : chain_(chain), output_(output), ring_(ring), clock_(clock), thread_([this] { run(); }) {}
 
 RenderThread::~RenderThread() {
   stopping_.store(true);
@@ -38,7 +33,7 @@ void RenderThread::rest() {
   // An order that came between the two lines above has set the flag back already or finds it set and wakes us.
   if (chain_.orders().empty()) static_cast<void>(woken_.try_acquire_for(kRest));
   resting_.store(false);
-  next_ns_ = monotonic_ns();
+  next_ns_ = clock_.now_ns();
 }
 
 void RenderThread::render_step() noexcept {
@@ -49,10 +44,10 @@ void RenderThread::render_step() noexcept {
 
 // One step for each period that has passed; one less while the ring is too full, one more while it runs low.
 int RenderThread::steps_due() noexcept {
-  const std::int64_t late = monotonic_ns() - next_ns_;
+  const std::int64_t late = clock_.now_ns() - next_ns_;
   int steps = 1 + static_cast<int>(std::clamp<std::int64_t>(late / kStepNs, 0, kMostStepsAtOnce - 1));
   next_ns_ += steps * kStepNs;
-  if (late > kMostStepsAtOnce * kStepNs) next_ns_ = monotonic_ns() + kStepNs;
+  if (late > kMostStepsAtOnce * kStepNs) next_ns_ = clock_.now_ns() + kStepNs;
   const auto filled = static_cast<std::int64_t>(ring_.readable());
   if (filled > output_.request_frames() + std::int64_t{2} * kStepFrames) --steps;
   if (filled < kStepFrames) ++steps;
@@ -61,12 +56,11 @@ int RenderThread::steps_due() noexcept {
 
 void RenderThread::pace() {
   for (int steps = steps_due(); steps > 0 && chain_.wants_render(); --steps) render_step();
-  const std::int64_t wait = next_ns_ - monotonic_ns();
-  if (wait > 0) std::this_thread::sleep_for(std::chrono::nanoseconds(wait));
+  clock_.sleep_until(next_ns_);
 }
 
 void RenderThread::run() {
-  next_ns_ = monotonic_ns();
+  next_ns_ = clock_.now_ns();
   while (!stopping_.load()) {
     if (output_.consuming() && chain_.wants_render()) {
       pace();

@@ -10,12 +10,13 @@
 #include "engine/chain.h"
 #include "engine/output.h"
 #include "engine/output_ring.h"
+#include "engine/step_clock.h"
 
 namespace tandem {
 
 class RenderThread {
  public:
-  RenderThread(Chain& chain, const Output& output, OutputRing& ring);
+  RenderThread(Chain& chain, const Output& output, OutputRing& ring, StepClock& clock);
   ~RenderThread();
   RenderThread(const RenderThread&) = delete;
   RenderThread& operator=(const RenderThread&) = delete;
@@ -33,7 +34,8 @@ class RenderThread {
   Chain& chain_;
   const Output& output_;
   OutputRing& ring_;
-  std::int64_t next_ns_ = 0;  // when the next step is due, on the monotonic clock
+  StepClock& clock_;
+  std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
   std::atomic<bool> stopping_{false};
   std::atomic<bool> resting_{false};
   std::counting_semaphore<> woken_{0};

@@ -72,6 +72,12 @@ QtFileDialog::QtFileDialog() {
 
 QtFileDialog::~QtFileDialog() = default;
 
+void QtFileDialog::leave_desktop() {
+  open_.reset();
+  save_.reset();
+  parent_ = nullptr;
+}
+
 QFileDialog& QtFileDialog::prepared(QFileDialog::AcceptMode mode) {
   auto& dialog = mode == QFileDialog::AcceptOpen ? open_ : save_;
   if (!dialog) {

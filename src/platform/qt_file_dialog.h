@@ -16,6 +16,7 @@ class QtFileDialog final : public FileDialog {
   ~QtFileDialog() override;
 
   void set_parent(QWidget* parent) { parent_ = parent; }  // the window that it belongs to
+  void leave_desktop();                                   // before that window and the QApplication end
 
  protected:
   std::string ask_open() override;

@@ -36,7 +36,7 @@ std::string ScriptedDialog::take() {
 
 SimulatedPlayer::SimulatedPlayer(const Options& options)
     : output(ring, options.sink),
-      engine(output, ring, Engine::Mode::Simulated),
+      engine(output, ring, nullptr),
       program([this, &options](TimerQueue& timers) { return make_graph(timers, options); }, environment(options)) {}
 
 SoundGraph SimulatedPlayer::make_graph(TimerQueue& timers, const Options& options) {

@@ -1,0 +1,17 @@
+#include "platform/real_step_clock.h"
+
+#include <ctime>
+
+#include "platform/monotonic_clock.h"
+
+namespace tandem {
+
+std::int64_t RealStepClock::now_ns() noexcept { return monotonic_now(); }
+
+void RealStepClock::sleep_until(std::int64_t ns) noexcept {
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  const timespec until{ns / kSecond, ns % kSecond};
+  clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr);
+}
+
+}  // namespace tandem

@@ -1,0 +1,10 @@
+// The time of day on the user's wall clock: "HH:MM", 24 hours.
+#pragma once
+
+#include <string>
+
+namespace tandem {
+
+std::string time_of_day();
+
+}  // namespace tandem
