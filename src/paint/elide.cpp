@@ -10,7 +10,7 @@ QString elide_directories(const QString& path, double room, const std::function<
   if (parts.isEmpty()) return path;
   parts.removeLast();
   while (!parts.isEmpty()) {
-    const QString shorter = parts.join(u'/') + cut;
+    QString shorter = parts.join(u'/') + cut;
     if (width(shorter) <= room) return shorter;
     parts.removeLast();
   }

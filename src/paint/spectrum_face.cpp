@@ -19,7 +19,7 @@ constexpr double kColumnHeight = 84;
 constexpr double kStripTop = 87;
 constexpr double kStripHeight = 3;
 constexpr double kRowHeight = 3;
-constexpr int kHalfRoom = 165;
+constexpr int kHalfRoom = 160;
 constexpr int kWidestGap = 9;
 
 struct RowColour {
@@ -180,12 +180,10 @@ class FacePainter {
 SpectrumGrid make_grid(int columns, double scale) {
   SpectrumGrid grid;
   const auto px = [scale](double length) { return static_cast<int>(std::lround(length * scale)); };
-  const int pitch = std::max(1, kHalfRoom / columns);
-  const int gap = pitch > 2 ? std::max(1, static_cast<int>(scale)) : 0;
   grid.scale = scale;
   grid.columns = columns;
-  grid.pitch = std::max(1, static_cast<int>(pitch * scale));
-  grid.width = grid.pitch - gap;
+  grid.pitch = std::max(1, static_cast<int>(kHalfRoom * scale) / columns);
+  grid.width = grid.pitch - (grid.pitch > 2 * scale ? std::max(1, static_cast<int>(scale)) : 0);
   grid.spot_height = std::max(1, static_cast<int>(2 * scale));
   grid.baseline = px(kInnerTop + kColumnHeight);
   grid.height = grid.baseline - px(kInnerTop);

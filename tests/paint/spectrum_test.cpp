@@ -173,6 +173,13 @@ TEST(Spectrum, ColumnsFillTheHalfAtTheDesignLength) {
   EXPECT_EQ(face_of(SpectrumKind::Bars, 1.25).grid().pitch, 6);
 }
 
+TEST(Spectrum, ColumnsFillTheHalfAtAnyScale) {
+  // 64 columns have no whole px each at 100 %, but whole device pixels at 200 %.
+  EXPECT_EQ(face_of(SpectrumKind::Bars, 2, 64).grid().half_width(), 320);
+  EXPECT_EQ(face_of(SpectrumKind::Bars, 1, 53).grid().pitch, 3);
+  EXPECT_EQ(face_of(SpectrumKind::Bars, 1, 80).grid().width, 2) << "no gap between columns of 2 px";
+}
+
 TEST(Spectrum, AnyLengthStaysInTheArea) {
   for (const int bins : {2, 4, 8, 16, 32, 64, 128, 256, 1024, 2048}) {
     for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
