@@ -96,7 +96,8 @@ std::size_t SongFinder::take(std::span<const StereoFrame> song) {
   while (silence < song.size() && loudest(song[silence]) * static_cast<float>(kScale) <= kHeard) ++silence;
   const auto at = static_cast<std::size_t>(found - left_.begin());
   if (found == left_.end() || at < silence) return left_.size();
-  const std::size_t start = best_start(song, at - silence);
+  const bool certain = loudest(song.front()) * static_cast<float>(kScale) > kHeard + 1;
+  const std::size_t start = certain ? at : best_start(song, at - silence);
   for (std::size_t i = 0; i < song.size() && start + i < left_.size(); ++i) {
     left_[start + i].left -= song[i].left * static_cast<float>(kScale);
     left_[start + i].right -= song[i].right * static_cast<float>(kScale);
