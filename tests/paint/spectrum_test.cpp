@@ -165,7 +165,7 @@ TEST(Spectrum, PeakMarksFadeWithAge) {
 }
 
 TEST(Spectrum, ColumnsFillTheHalfAtTheDesignLength) {
-  const SpectrumGrid& grid = face_of(SpectrumKind::Bars).grid();
+  const SpectrumGrid grid = face_of(SpectrumKind::Bars).grid();
   EXPECT_EQ(grid.pitch, 5);
   EXPECT_EQ(grid.width, 4);
   EXPECT_EQ(grid.left[0], 4);
