@@ -88,13 +88,16 @@ void Deck::start_song() noexcept {
   waiting_engine_ = nullptr;
 }
 
-// What breaks off fades out over one more step of the old song, which does not count as taken.
+// What breaks off fades out over one more step of the old song, which does not count as taken, nor as part of a
+// finishing run.
 void Deck::take_tail(bool sounding) noexcept {
   if (!sounding || muted_ || !begun_ || ended_) return;
   Block block{};
   const std::size_t count = take_frames(block);
   const auto tail = std::span(block).first(count);
+  const Frames finish_left = finish_left_;
   shape(tail);
+  finish_left_ = finish_left;
   fade_out(tail);
   for (std::size_t i = 0; i < count; ++i) {
     tail_[i].left += tail[i].left;

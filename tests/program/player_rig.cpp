@@ -10,7 +10,17 @@ namespace tandem::test {
 
 namespace {
 constexpr std::int64_t kOpeningFade = 50;  // ms
+
+// As the panel's own wiring does it.
+template <class Handler>
+void silently(Handler handler) {
+  try {
+    handler();
+  } catch (const RuntimeError&) {  // the handler has ended and keeps what it did
+    return;
+  }
 }
+}  // namespace
 
 std::string factory_text() { return factory_settings(); }
 
@@ -23,8 +33,26 @@ PlayerRig::PlayerRig(const std::string& settings) {
   };
   player_ = std::make_unique<SimulatedPlayer>(
       SimulatedPlayer::Options{.directory = directory_.path(), .sink = keep, .log = {}, .show_message = {}});
+  hook();
   player_->load();
   run(kOpeningFade);
+}
+
+void PlayerRig::hook() {
+  Program& program = player_->program;
+  program.sound.WaveMixer->input_finished.connect([this, &program](int input) {
+    for (const auto& act : hooks.before_finished) act(input);
+    silently([&] { program.mix.input_finished(input); });
+    for (const auto& act : hooks.after_finished) act(input);
+  });
+  program.sound.MixTimer->tick.connect([this, &program] {
+    silently([&] { program.mix.tick(); });
+    for (const auto& act : hooks.after_mix_tick) act();
+  });
+  program.sound.Timer->tick.connect([this, &program] {
+    silently([&] { program.display.refresh(); });
+    for (const auto& act : hooks.after_refresh) act();
+  });
 }
 
 void PlayerRig::add(const std::string& path) {

@@ -48,6 +48,15 @@ class PlayerRig {
   MMWaveMixerX& mixer() { return *sound_graph().WaveMixer; }
   RunState& state() { return player_->program.state; }
 
+  // What a test does on the panel's notifications; a notification has one handler, so these stand around it.
+  struct Hooks {
+    std::vector<std::function<void(int)>> before_finished;
+    std::vector<std::function<void(int)>> after_finished;
+    std::vector<std::function<void()>> after_mix_tick;
+    std::vector<std::function<void()>> after_refresh;
+  };
+  Hooks hooks;
+
   const std::vector<Sample16>& sound() const { return sound_; }
   std::size_t frames() const { return sound_.size(); }  // given out so far
   // The frame of the output where a song that is started now has its first sample.
@@ -55,6 +64,7 @@ class PlayerRig {
 
  private:
   static void press(Button& button);
+  void hook();
 
   TempDirectory directory_;
   std::vector<Sample16> sound_;

@@ -1,0 +1,95 @@
+// The guard against silence: half a second after the last song that went on, the list is made to go on.
+#include <gmock/gmock.h>
+
+#include "program/player_rig.h"
+#include "program/signatures.h"
+#include "program/songs.h"
+
+namespace tandem::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Silence : public testing::Test {
+ protected:
+  void start_two() {
+    add_noise(rig, "a", 20'000);
+    add_noise(rig, "b", 20'000);
+    rig.play();
+    rig.run(1000);
+  }
+  PlayerRig rig;
+  PanelLog log{rig};
+};
+
+TEST_F(Silence, IsBrokenAfterHalfASecond) {
+  start_two();
+  const std::size_t muted = rig.next_start();
+  rig.mixer().put_Mute(0, true);
+  rig.run(1000);
+  EXPECT_THAT(log.events, ElementsAre("tick end end", "finished 0"));
+  EXPECT_FALSE(rig.mixer().Mute(1));
+  EXPECT_EQ(rig.state().CurrentSong, 2);
+  const auto silent = milliseconds_of(static_cast<Frames>(longest_silence(rig.sound(), muted, rig.frames())));
+  EXPECT_GE(silent, 480);  // the mute itself fades for a step
+  EXPECT_LE(silent, 520);
+}
+
+TEST_F(Silence, LastsWhereTheGuardIsSwitchedOff) {
+  start_two();
+  rig.player().engine.silence_guard().switch_off();
+  rig.mixer().put_Mute(0, true);
+  rig.run(20'000);
+  EXPECT_THAT(log.events, IsEmpty());
+  EXPECT_FALSE(rig.stopped());
+}
+
+TEST_F(Silence, AtTheEndOfTheListStopsThePanel) {
+  add_noise(rig, "only", 20'000);
+  rig.play();
+  rig.run(1000);
+  rig.mixer().put_Mute(0, true);
+  rig.run(480);
+  EXPECT_FALSE(rig.stopped());
+  rig.run(40);
+  EXPECT_TRUE(rig.stopped());
+  EXPECT_THAT(log.events, ElementsAre("tick end end", "finished 0"));
+}
+
+TEST_F(Silence, IsNotBrokenWhilePaused) {
+  start_two();
+  rig.pause();
+  rig.mixer().put_Mute(0, true);
+  rig.run(5000);
+  EXPECT_THAT(log.events, IsEmpty());
+  rig.pause();
+  rig.run(520);
+  EXPECT_THAT(log.events, ElementsAre("tick end end", "finished 0"));
+}
+
+TEST_F(Silence, IsNotBrokenWhileStopped) {
+  start_two();
+  rig.stop();
+  rig.run(5000);
+  EXPECT_THAT(log.events, IsEmpty());
+}
+
+TEST_F(Silence, QuietMusicIsNotMeant) {
+  add_song(rig, "quiet", constant(0, 5000));
+  add_noise(rig, "b", 1000);
+  rig.play();
+  rig.run(2400);  // the mix point lies at 2.5 s
+  EXPECT_THAT(log.events, IsEmpty());
+  EXPECT_EQ(rig.state().CurrentSong, 1);
+}
+
+TEST_F(Silence, WithoutTheGuardGoodListsPlayAsWithIt) {
+  rig.player().engine.silence_guard().switch_off();
+  for (const char* name : {"a", "b", "c"}) add_noise(rig, name, 4000);
+  rig.play();
+  EXPECT_TRUE(rig.run_until_stopped(12'000));
+}
+
+}  // namespace
+}  // namespace tandem::test
