@@ -35,13 +35,14 @@ Chain::~Chain() {
 
 void Chain::render(std::span<Sample16, kStepFrames> out) noexcept {
   const FlushDenormals flush;
-  take_orders(true);
+  take_orders();
   std::array<StereoFrame, kStepFrames> mix{};
   mix_decks(mix);
   volume_.apply(mix);
   equalize(mix);
-  gate_.apply(mix);
   limiter_.process(mix);
+  gate_.apply(mix);
+  if (!gate_.closed()) broken_off_ = false;
   convert(mix, out);
   display_feed_.write(out);
   tell_news();
@@ -52,31 +53,48 @@ void Chain::follow_readers() noexcept {
 }
 
 void Chain::take_orders_ahead() noexcept {
-  take_orders(true);
+  take_orders();
   follow_readers();
 }
 
+// What was broken off while nothing is heard needs no fade: it is dropped, with what the stages still hold of it,
+// unless another song goes on that must not lose a frame.
 void Chain::take_orders_silently() noexcept {
-  take_orders(false);
-  follow_readers();
+  take_orders();
   gate_.finish_closing();
+  if (broken_off_ && !in_mid_song()) drop_sound();
+  follow_readers();
   tell_news();
 }
 
-void Chain::take_orders(bool sounding) noexcept {
-  RenderOrder order;
-  while (orders_.pop(order)) take_order(order, sounding);
+bool Chain::in_mid_song() const noexcept {
+  return std::any_of(decks_.begin(), decks_.end(), [](const Deck& deck) { return deck.in_mid_song(); });
 }
 
-void Chain::take_order(const RenderOrder& order, bool sounding) noexcept {
+void Chain::drop_sound() noexcept {
+  for (Deck& deck : decks_) deck.drop_tail();
+  equalizer_.reset();
+  limiter_.reset();
+  gate_.forget();
+  broken_off_ = false;
+}
+
+void Chain::take_orders() noexcept {
+  RenderOrder order;
+  while (orders_.pop(order)) take_order(order);
+}
+
+void Chain::take_order(const RenderOrder& order) noexcept {
   Deck& deck = decks_[order.deck];
   using Kind = RenderOrder::Kind;
   switch (order.kind) {
     case Kind::Song:
-      deck.begin_song(order, sounding);
+      broken_off_ = broken_off_ || deck.in_mid_song();
+      deck.begin_song(order);
       break;
     case Kind::Mute:
-      deck.mute(order.epoch, sounding);
+      broken_off_ = broken_off_ || deck.in_mid_song();
+      deck.mute(order.epoch);
       break;
     case Kind::Unmute:
       deck.unmute(order.epoch);

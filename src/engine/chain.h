@@ -1,4 +1,4 @@
-// The sound chain on the render thread: two decks -> mixer -> equalizer -> gate -> limiter -> 16-bit frames.
+// The sound chain on the render thread: two decks -> mixer -> equalizer -> limiter -> gate -> 16-bit frames.
 // Threads: render() and take_orders() on the render thread, the atomics from any. Nothing under render() allocates,
 // locks, throws, logs or touches a file.
 #pragma once
@@ -49,9 +49,11 @@ class Chain {
   const DisplayFeed& display_feed() const noexcept { return display_feed_; }
 
  private:
-  void take_orders(bool sounding) noexcept;
+  void take_orders() noexcept;
   void follow_readers() noexcept;
-  void take_order(const RenderOrder& order, bool sounding) noexcept;
+  void take_order(const RenderOrder& order) noexcept;
+  bool in_mid_song() const noexcept;
+  void drop_sound() noexcept;
   void mix_decks(std::span<StereoFrame, kStepFrames> mix) noexcept;
   void give_filters_back() noexcept;
   void equalize(std::span<StereoFrame, kStepFrames> mix) noexcept;
@@ -66,6 +68,7 @@ class Chain {
   Limiter limiter_;
   DisplayFeed display_feed_;
   bool gate_told_ = true;
+  bool broken_off_ = false;  // since the gate closed, or in the step that closed it, a song was broken off
 
   RenderOrderQueue orders_;
   RenderNewsQueue news_;

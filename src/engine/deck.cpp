@@ -16,8 +16,8 @@ void Deck::hold_engine(PitchEngine* engine) noexcept {
   waiting_engine_ = engine;
 }
 
-void Deck::begin_song(const RenderOrder& order, bool sounding) noexcept {
-  take_tail(sounding);
+void Deck::begin_song(const RenderOrder& order) noexcept {
+  take_tail();
   generation_ = order.generation;
   begun_ = false;
   ended_ = false;
@@ -31,8 +31,8 @@ void Deck::begin_song(const RenderOrder& order, bool sounding) noexcept {
   position_.put(generation_, frame_);
 }
 
-void Deck::mute(std::uint32_t epoch, bool sounding) noexcept {
-  take_tail(sounding);
+void Deck::mute(std::uint32_t epoch) noexcept {
+  take_tail();
   epoch_ = epoch;
   muted_ = true;
   finish_total_ = 0;
@@ -90,8 +90,8 @@ void Deck::start_song() noexcept {
 
 // What breaks off fades out over one more step of the old song, which does not count as taken, nor as part of a
 // finishing run.
-void Deck::take_tail(bool sounding) noexcept {
-  if (!sounding || muted_ || !begun_ || ended_) return;
+void Deck::take_tail() noexcept {
+  if (!in_mid_song()) return;
   Block block{};
   const std::size_t count = take_frames(block);
   const auto tail = std::span(block).first(count);
@@ -112,6 +112,10 @@ void Deck::add_tail(std::span<StereoFrame, kStepFrames> mix) noexcept {
     mix[i].left += tail_[i].left;
     mix[i].right += tail_[i].right;
   }
+  drop_tail();
+}
+
+void Deck::drop_tail() noexcept {
   tail_.fill({});
   has_tail_ = false;
 }

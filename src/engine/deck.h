@@ -25,9 +25,9 @@ class Deck {
   Deck(const Deck&) = delete;
   Deck& operator=(const Deck&) = delete;
 
-  // Orders. `sounding`: whether what the deck plays can be heard at all, so that breaking off needs a fade.
-  void begin_song(const RenderOrder& order, bool sounding) noexcept;
-  void mute(std::uint32_t epoch, bool sounding) noexcept;
+  // Orders.
+  void begin_song(const RenderOrder& order) noexcept;
+  void mute(std::uint32_t epoch) noexcept;
   void unmute(std::uint32_t epoch) noexcept;
   void finish(Frames frames) noexcept;
   void change_pitch(const RenderOrder& order) noexcept;
@@ -39,6 +39,10 @@ class Deck {
 
   // Unmuted, with a song that goes on: sounding, opening or stalled for less than 10 s.
   bool goes_on() const noexcept { return !muted_ && !ended_; }
+  // Unmuted, and in the middle of a song that has been heard: breaking off needs a fade.
+  bool in_mid_song() const noexcept { return goes_on() && begun_ && frame_ > 0 && !ramp_in_; }
+  // The fade of what was broken off is not wanted any more.
+  void drop_tail() noexcept;
   // The end of an unmuted song: true once for each song and unmute.
   bool take_end(RenderNews& news) noexcept;
   PitchEngine* take_retired() noexcept;
@@ -49,7 +53,7 @@ class Deck {
   using Block = std::array<StereoFrame, kStepFrames>;
 
   void start_song() noexcept;
-  void take_tail(bool sounding) noexcept;
+  void take_tail() noexcept;
   void add_tail(std::span<StereoFrame, kStepFrames> mix) noexcept;
   std::size_t take_frames(std::span<StereoFrame> block) noexcept;
   void shape(std::span<StereoFrame> block) noexcept;

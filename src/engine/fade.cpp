@@ -48,15 +48,16 @@ void GainRamp::apply(std::span<StereoFrame> frames) noexcept {
 
 void Gate::apply(std::span<StereoFrame> frames) noexcept {
   if (open_ != target_open_) {
-    if (target_open_) {
-      fade_in(frames);
-    } else {
+    if (!target_open_) {
       fade_out(frames);
+    } else if (!nothing_behind_) {
+      fade_in(frames);
     }
   } else if (!open_) {
     std::fill(frames.begin(), frames.end(), StereoFrame{});
   }
   open_ = target_open_;
+  if (open_) nothing_behind_ = false;
 }
 
 }  // namespace tandem

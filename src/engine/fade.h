@@ -28,12 +28,14 @@ class GainRamp {
   float target_ = 1.0F;
 };
 
-// Lets the sound through or holds it back, fading over one step.
+// Lets the sound through or holds it back, fading over one step. Where nothing waits behind the closed gate (at first,
+// and after forget()), it opens without a fade: what comes next begins at its full level.
 class Gate {
  public:
   void open() noexcept { target_open_ = true; }
   void close() noexcept { target_open_ = false; }
   void finish_closing() noexcept { open_ = open_ && target_open_; }  // where nothing sounds, no fade is needed
+  void forget() noexcept { nothing_behind_ = !open_; }
   bool closed() const noexcept { return !open_ && !target_open_; }
   bool moving() const noexcept { return open_ != target_open_; }
   void apply(std::span<StereoFrame> frames) noexcept;
@@ -41,6 +43,7 @@ class Gate {
  private:
   bool open_ = false;
   bool target_open_ = false;
+  bool nothing_behind_ = true;
 };
 
 }  // namespace tandem

@@ -15,7 +15,7 @@ class StalledReader : public testing::Test {
   StalledReader() {
     write_file(directory_.file("a.wav"), wav_file(full_noise(1, 20 * kSampleRate, 0.2), Encoding::kInt16));
     reader_.open(1, directory_.file("a.wav"));
-    deck_.begin_song({.generation = 1}, false);
+    deck_.begin_song({.generation = 1});
     deck_.unmute(1);
   }
   // Steps until the deck's song has ended, at most `limit`.
