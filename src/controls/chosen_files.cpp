@@ -1,6 +1,7 @@
 #include "controls/chosen_files.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "base/natural_order.h"
@@ -31,7 +32,8 @@ std::string result(Directory directory) {
   if (directory.names.size() == 1) return directory.path + directory.names.front();
   std::sort(directory.names.begin(), directory.names.end(),
             [](const std::string& a, const std::string& b) { return natural_less(b, a); });
-  std::string text = directory.path.substr(0, directory.path.size() - 1);
+  // The directory loses its last separator, but the root is nothing else.
+  std::string text = directory.path.substr(0, std::max<std::size_t>(directory.path.size(), 2) - 1);
   for (const std::string& name : directory.names) text += '\0' + name;
   return text;
 }
