@@ -14,6 +14,7 @@ std::string_view line_rest(std::string_view line, std::size_t cut) { return trim
 std::size_t number_cut_when_moving(std::int32_t line) { return line <= 8 ? 5 : 4; }
 
 std::int16_t last_separator(std::string_view path) {
+  to_int16(static_cast<std::int64_t>(character_count(path)));  // the search begins at the end, with the same counter
   return to_int16(static_cast<std::int64_t>(character_count(path.substr(0, name_begin(path)))));
 }
 

@@ -22,7 +22,8 @@ std::size_t number_cut_when_moving(std::int32_t line);
 // Saving cuts four from every line: what is saved begins with a blank, from song 100 on with "- ".
 inline constexpr std::size_t kSavedCut = 4;
 
-// Position in characters, from 1, of a path's last separator; 0 if there is none. Overflow beyond 32767.
+// Position in characters, from 1, of a path's last separator; 0 if there is none. Throws Overflow for a text of more
+// than 32767 characters.
 std::int16_t last_separator(std::string_view path);
 // The folder in front of a path's last separator. Throws InvalidValue without one.
 std::string folder_of(std::string_view path);

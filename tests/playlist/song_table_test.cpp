@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "base/runtime_error.h"
 #include "playlist/list_lines.h"
 #include "playlist/song_texts.h"
@@ -74,6 +76,8 @@ TEST(Paths, LastSeparatorCountsCharacters) {
   EXPECT_EQ(last_separator("/\u00e9/b"), 3);
   EXPECT_EQ(last_separator("b.mp3"), 0);
   EXPECT_EQ(last_separator(""), 0);
+  EXPECT_EQ(last_separator("/" + std::string(32766, 'x')), 1);
+  EXPECT_THROW(last_separator("/" + std::string(32767, 'x')), RuntimeError);
 }
 
 TEST(Paths, FolderAndName) {
