@@ -89,7 +89,7 @@ int main(int argc, char** argv) {
   const tandem::CloseSignals close_signals([&player] { player.close(); });
   QTimer::singleShot(0, [&] { press_controls(player, wishes); });
   rusage before{};
-  constexpr int kSettle = 2000;  // milliseconds that do not count
+  constexpr int kSettle = 6000;  // milliseconds that do not count
   if (wishes.seconds > 0) {
     QTimer::singleShot(kSettle, [&before] { getrusage(RUSAGE_SELF, &before); });
     QTimer::singleShot(kSettle + 1000 * wishes.seconds, [&] {

@@ -17,7 +17,10 @@ namespace {
 
 constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with a hand near
 constexpr double kUnattendedFrame = 1000.0 / 30;
-constexpr TimerQueue::Milliseconds kPoll = 10;  // while the device is about to answer
+constexpr TimerQueue::Milliseconds kAlone = 3000;        // without a hand near, until sound is queued far ahead
+constexpr TimerQueue::Milliseconds kLongestRest = 1000;  // of the mix ticks
+constexpr TimerQueue::Milliseconds kMargin = 150;        // before a mix point, ticks and steps are even again
+constexpr TimerQueue::Milliseconds kPoll = 10;           // while the device is about to answer
 
 void show_message(const std::string& text) {
   auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));
@@ -29,7 +32,7 @@ void show_message(const std::string& text) {
 
 Player::Player()
     : output_(ring_),
-      engine_(output_, ring_, &step_clock_),
+      engine_(output_, ring_, Engine::Threads{step_clock_, [this] { bell_.ring(); }}),
       program_([this](TimerQueue& timers) { return make_graph(timers); }, environment()),
       pump_(engine_.display_feed()) {
   program_.panel.load();
@@ -67,18 +70,42 @@ void Player::show() {
     clock_->reschedule();
   };
   // A handler may have started a timer or given the engine orders: both are looked after as soon as it has returned.
-  hooks.user_acts = [this] { clock_->reschedule(); };
+  hooks.user_acts = [this] {
+    engine_.rest_for(0);
+    clock_->reschedule();
+  };
   hooks.drop = [this](const std::vector<std::string>& paths) { drop(paths); };
   window_ = std::make_unique<PanelWindow>(program_.controls, displays(), std::move(hooks));
   dialog_.set_parent(window_.get());
   window_->show();
+  bell_.answer([this] { clock_->reschedule(); });
   clock_->reschedule();
+}
+
+// For how long the panel's mix ticks would do nothing: they poll the position, and the mix point is known.
+TimerQueue::Milliseconds Player::quiet_time() {
+  const RunState& state = program_.state;
+  if (state.NextSongLoaded == kFalse) return 0;
+  const ListBox& list = program_.controls.PlayList;
+  if (state.MixStarted != kFalse || list.ListIndex() + 1 == list.ListCount()) return kLongestRest;
+  if (state.CurrentSong < 1 || state.CurrentSong > list.ListCount()) return 0;
+  const std::int32_t position = program_.sound.AudioFile[static_cast<std::size_t>(state.ActiveDeck)]->Position();
+  const std::int64_t left = program_.SongTable.at(state.CurrentSong).SongLength - state.MixTimeMs - position;
+  return std::clamp<Milliseconds>(left - kMargin, 0, kLongestRest);
+}
+
+// With a hand near, the sound follows at once; alone, it is queued far ahead, which saves most of the wake-ups.
+void Player::attend(Milliseconds now) {
+  if (window_->attended()) attended_at_ = now;
+  engine_.set_deep_queue(!window_->exposed() || now - attended_at_ > kAlone);
+  engine_.rest_for(quiet_time());
 }
 
 std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   engine_.deliver();
   program_.timers.advance(now);
   engine_.deliver();
+  attend(now);
   auto next = program_.timers.next_due();
   const auto sooner = [&next](std::optional<Milliseconds> due) {
     if (due && (!next || *due < *next)) next = due;
@@ -132,6 +159,7 @@ void Player::close() {
 
 void Player::leave_desktop() {
   close();
+  bell_.answer(nullptr);
   clock_.reset();
   dialog_.leave_desktop();
   window_.reset();

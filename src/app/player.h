@@ -11,6 +11,7 @@
 #include "platform/device_output.h"
 #include "platform/qt_clock.h"
 #include "platform/qt_file_dialog.h"
+#include "platform/qt_ui_bell.h"
 #include "platform/real_step_clock.h"
 #include "shell/program.h"
 #include "widgets/panel_window.h"
@@ -45,11 +46,14 @@ class Player {
   Displays displays();
   std::optional<Milliseconds> work(Milliseconds now);
   std::optional<Milliseconds> draw_frame(Milliseconds now);
+  void attend(Milliseconds now);
+  Milliseconds quiet_time();
   void drop(const std::vector<std::string>& paths);
   void play_out();
 
   OutputRing ring_;
   RealStepClock step_clock_;
+  UiBell bell_;
   DeviceOutput output_;
   Engine engine_;
   QtFileDialog dialog_;
@@ -61,7 +65,8 @@ class Player {
   std::optional<RuntimeError> failure_;
   double frame_due_ = 0;  // milliseconds
   Milliseconds last_frame_ = 0;
-  bool moving_ = true;  // the last frame said that something moves
+  Milliseconds attended_at_ = 0;  // when a hand was last near
+  bool moving_ = true;            // the last frame said that something moves
   bool closed_ = false;
 };
 

@@ -30,6 +30,10 @@ class HiTimer final : public MMHiTimerX {
   bool Enabled() const override { return enabled_; }
   void put_Enabled(bool enabled) override;
 
+  // Saves ticks that would do nothing, see TimerQueue.
+  void postpone(TimerQueue::Milliseconds milliseconds) { queue_.postpone(timer_, queue_.now() + milliseconds); }
+  void hasten() { queue_.hasten(timer_); }
+
  private:
   void restart();
 

@@ -17,6 +17,10 @@ void TimerQueue::start(Id timer, Milliseconds interval) {
 
 void TimerQueue::stop(Id timer) { timers_[timer].interval = 0; }
 
+void TimerQueue::postpone(Id timer, Milliseconds due) { timers_[timer].due = std::max(timers_[timer].due, due); }
+
+void TimerQueue::hasten(Id timer) { timers_[timer].due = std::min(timers_[timer].due, now_ + timers_[timer].interval); }
+
 void TimerQueue::tick_if_due(Timer& timer) {
   if (timer.interval == 0 || timer.due > now_) return;
   timer.due += timer.interval;

@@ -21,6 +21,10 @@ class TimerQueue {
   void start(Id timer, Milliseconds interval);
   void stop(Id timer);
   bool running(Id timer) const { return timers_[timer].interval > 0; }
+  // The next tick of a running timer comes no earlier than `due`, once: whoever knows that the ticks until then would
+  // do nothing saves them. hasten() takes that back: the next tick comes at most one interval from now.
+  void postpone(Id timer, Milliseconds due);
+  void hasten(Id timer);
 
   // Sets the clock and ticks every timer that is due, each at most once however late it is: a stalled program does not
   // make up for ticks. A tick may start and stop timers, also its own.

@@ -1,5 +1,6 @@
 #include "engine/engine.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "engine/equalizer_control.h"
@@ -9,10 +10,10 @@
 
 namespace tandem {
 
-Engine::Engine(Output& output, OutputRing& ring, StepClock* clock)
+Engine::Engine(Output& output, OutputRing& ring, const std::optional<Threads>& threads)
     : output_(output),
       ring_(ring),
-      designer_(clock != nullptr),
+      designer_(threads.has_value()),
       chain_(readers_, designer_),
       orders_(chain_.orders()),
       decks_{DeckControl(0, readers_[0], orders_, chain_,
@@ -22,9 +23,9 @@ Engine::Engine(Output& output, OutputRing& ring, StepClock* clock)
              DeckControl(1, readers_[1], orders_, chain_, [this] {
                if (reader_threads_[1]) reader_threads_[1]->wake();
              })} {
-  if (clock == nullptr) return;
+  if (!threads) return;
   for (std::size_t i = 0; i < readers_.size(); ++i) reader_threads_[i] = std::make_unique<ReaderThread>(readers_[i]);
-  render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_, *clock);
+  render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_, threads->clock, threads->tell_news);
 }
 
 Engine::~Engine() {
@@ -97,6 +98,23 @@ void Engine::deliver() {
   if (silence_guard_.due(playing, chain_.steps(), chain_.last_live_step())) song_end_->break_silence();
   device_->watch_device();
   wake();
+}
+
+void Engine::rest_for(std::int64_t milliseconds) {
+  if (milliseconds > 0) {
+    mix_clock_->rest_for(milliseconds);
+  } else {
+    mix_clock_->hasten();
+  }
+  if (!render_thread_) return;
+  const auto steps = static_cast<std::uint64_t>(std::max<std::int64_t>(milliseconds, 0) / kStepMilliseconds);
+  render_thread_->run_freely_until(deep_queue_ ? chain_.steps() + steps : 0);
+}
+
+void Engine::set_deep_queue(bool deep) {
+  if (deep == deep_queue_) return;
+  deep_queue_ = deep;
+  output_.set_depth(deep ? Output::kCeilingBuffers - 1 : Output::kShortBuffers - 1);
 }
 
 void Engine::work_inline() {

@@ -10,6 +10,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "audio/sound_graph.h"
 #include "engine/chain.h"
@@ -29,8 +30,13 @@ class RenderThread;
 
 class Engine {
  public:
-  // With a clock the engine runs on threads of its own, without one in simulated time. The three outlive the engine.
-  Engine(Output& output, OutputRing& ring, StepClock* clock);
+  // What threads of its own need. `tell_news` is called on the render thread when deliver() should be called soon.
+  struct Threads {
+    StepClock& clock;
+    std::function<void()> tell_news;
+  };
+  // With threads or, without, in simulated time. Output and ring outlive the engine.
+  Engine(Output& output, OutputRing& ring, const std::optional<Threads>& threads);
   ~Engine();
   Engine(const Engine&) = delete;
   Engine& operator=(const Engine&) = delete;
@@ -42,6 +48,12 @@ class Engine {
   // Delivers what the render thread has told: song ends first, then the guard against silence. To be called before the
   // timers are advanced, at every tick of the clock.
   void deliver();
+
+  // The panel's mix ticks of the next milliseconds would do nothing, and no overlap is due: ticks are saved, and with a
+  // deep output queue steps are made several at a time. 0: takes that back, for a hand may change everything.
+  void rest_for(std::int64_t milliseconds);
+  // How much the device keeps queued: little for prompt controls, much while nobody is near.
+  void set_deep_queue(bool deep);
 
   // Simulated time: one step of sound, if the output takes any, then deliver().
   void step();
@@ -74,6 +86,7 @@ class Engine {
 
   std::unique_ptr<SongEnd> song_end_;
   SilenceGuard silence_guard_;
+  bool deep_queue_ = false;
   std::array<std::unique_ptr<ReaderThread>, 2> reader_threads_;
   std::unique_ptr<RenderThread> render_thread_;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <utility>
 
 namespace tandem {
 
@@ -10,12 +11,16 @@ namespace {
 
 constexpr std::int64_t kStepNs = std::int64_t{kStepMilliseconds} * 1'000'000;
 constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that appears is noticed
-constexpr int kMostStepsAtOnce = 8;                    // after a late wake-up
+constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
+constexpr std::uint64_t kFreeSteps = 10;               // at one wake-up while nothing depends on the moment
 
 }  // namespace
 
-RenderThread::RenderThread(Chain& chain, const Output& output, OutputRing& ring, StepClock& clock)
-    : chain_(chain), output_(output), ring_(ring), clock_(clock), thread_([this] { run(); }) {}
+RenderThread::RenderThread(Chain& chain, const Output& output, OutputRing& ring, StepClock& clock,
+                           std::function<void()> tell_news)
+    : chain_(chain), output_(output), ring_(ring), clock_(clock), tell_news_(std::move(tell_news)), thread_([this] {
+        run();
+      }) {}
 
 RenderThread::~RenderThread() {
   stopping_.store(true);
@@ -29,6 +34,7 @@ void RenderThread::wake() {
 
 void RenderThread::rest() {
   chain_.take_orders_silently();
+  if (!chain_.news().empty()) tell_news_();
   resting_.store(true);
   // An order that came between the two lines above has set the flag back already or finds it set and wakes us.
   if (chain_.orders().empty()) static_cast<void>(woken_.try_acquire_for(kRest));
@@ -42,21 +48,28 @@ void RenderThread::render_step() noexcept {
   ring_.write(block);
 }
 
+std::int64_t RenderThread::steps_at_once() const noexcept {
+  const std::uint64_t step = chain_.steps();
+  const std::uint64_t free_until = free_until_.load(std::memory_order_relaxed);
+  return free_until > step + kFreeSteps ? static_cast<std::int64_t>(kFreeSteps) : 1;
+}
+
 // One step for each period that has passed; one less while the ring is too full, one more while it runs low.
-int RenderThread::steps_due() noexcept {
+std::int64_t RenderThread::steps_due() noexcept {
   const std::int64_t late = clock_.now_ns() - next_ns_;
-  int steps = 1 + static_cast<int>(std::clamp<std::int64_t>(late / kStepNs, 0, kMostStepsAtOnce - 1));
+  std::int64_t steps = 1 + std::clamp<std::int64_t>(late / kStepNs, 0, kMostStepsAtOnce - 1);
   next_ns_ += steps * kStepNs;
   if (late > kMostStepsAtOnce * kStepNs) next_ns_ = clock_.now_ns() + kStepNs;
   const auto filled = static_cast<std::int64_t>(ring_.readable());
-  if (filled > output_.request_frames() + std::int64_t{2} * kStepFrames) --steps;
+  if (filled > output_.request_frames() + (steps + 1) * kStepFrames) --steps;
   if (filled < kStepFrames) ++steps;
   return steps;
 }
 
 void RenderThread::pace() {
-  for (int steps = steps_due(); steps > 0 && chain_.wants_render(); --steps) render_step();
-  clock_.sleep_until(next_ns_);
+  for (std::int64_t steps = steps_due(); steps > 0 && chain_.wants_render(); --steps) render_step();
+  if (!chain_.news().empty()) tell_news_();
+  clock_.sleep_until(next_ns_ + (steps_at_once() - 1) * kStepNs);
 }
 
 void RenderThread::run() {

@@ -1,9 +1,12 @@
-// Runs the chain in real time: one step of 441 frames every 10 ms, spread evenly, corrected by how full the output's
-// ring is. While the output takes nothing (no device, paused, stopped) only orders are taken and positions stand still.
+// Runs the chain in real time: steps of 441 frames (10 ms), spread evenly, corrected by how full the output's ring is.
+// While the output takes nothing (no device, paused, stopped) only orders are taken and positions stand still.
+//
+// As long as nothing depends on the exact moment of a step (run_freely_until), several steps are made at one wake-up.
 #pragma once
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <semaphore>
 #include <thread>
 
@@ -16,26 +19,33 @@ namespace tandem {
 
 class RenderThread {
  public:
-  RenderThread(Chain& chain, const Output& output, OutputRing& ring, StepClock& clock);
+  // `tell_news`: called on the render thread, outside the chain, when news waits for the UI thread.
+  RenderThread(Chain& chain, const Output& output, OutputRing& ring, StepClock& clock, std::function<void()> tell_news);
   ~RenderThread();
   RenderThread(const RenderThread&) = delete;
   RenderThread& operator=(const RenderThread&) = delete;
 
   // UI thread: there are orders. Costs nothing while the thread paces itself anyway.
   void wake();
+  // UI thread: the output's queue is deep and no overlap is due before this step of the chain, so steps need not be
+  // spread evenly until then. 0: every step by itself.
+  void run_freely_until(std::uint64_t step) noexcept { free_until_.store(step, std::memory_order_relaxed); }
 
  private:
   void run();
   void rest();
   void pace();
-  int steps_due() noexcept;
+  std::int64_t steps_due() noexcept;
+  std::int64_t steps_at_once() const noexcept;
   void render_step() noexcept;
 
   Chain& chain_;
   const Output& output_;
   OutputRing& ring_;
   StepClock& clock_;
+  std::function<void()> tell_news_;
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
+  std::atomic<std::uint64_t> free_until_{0};
   std::atomic<bool> stopping_{false};
   std::atomic<bool> resting_{false};
   std::counting_semaphore<> woken_{0};

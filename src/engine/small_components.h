@@ -56,6 +56,10 @@ class MixClock final : public MMHiTimerX {
   bool Enabled() const override { return timer_.Enabled(); }
   void put_Enabled(bool enabled) override { timer_.put_Enabled(enabled); }
 
+  // The panel's ticks until then would do nothing: they are saved. Taken back by hasten().
+  void rest_for(TimerQueue::Milliseconds milliseconds) { timer_.postpone(milliseconds); }
+  void hasten() { timer_.hasten(); }
+
   bool running() const { return timer_.Enabled() && timer_.Interval() > 0; }
   void tick_now() {
     ++ticks_;

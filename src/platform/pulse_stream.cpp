@@ -25,6 +25,8 @@ PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
 
 // A request may be a quarter of the queue at most: the server gives the device half of what is left beside two
 // requests, and with nothing left it would run at its shortest latency and wake 2000 times a second.
+constexpr int kDeep = 8;  // buffers
+
 pa_buffer_attr attributes(const PulseQueue& queue) {
   const auto buffer = static_cast<std::uint32_t>(queue.buffer_bytes);
   const std::uint32_t whole = buffer * static_cast<std::uint32_t>(queue.depth);
@@ -33,7 +35,8 @@ pa_buffer_attr attributes(const PulseQueue& queue) {
   attributes.maxlength = UINT32_MAX;
   attributes.tlength = whole;
   attributes.prebuf = std::min(buffer, 2 * quarter);
-  attributes.minreq = std::min(buffer, quarter);
+  // A deep queue is filled in few large pieces, to wake up seldom.
+  attributes.minreq = queue.depth >= kDeep ? quarter : std::min(buffer, quarter);
   attributes.fragsize = UINT32_MAX;
   return attributes;
 }

@@ -84,6 +84,48 @@ TEST(TimerQueue, ATickMayStopItself) {
   EXPECT_EQ(ticks, 1);
 }
 
+TEST(TimerQueue, APostponedTimerSavesTheTicksUntilThen) {
+  TimerQueue queue;
+  int ticks = 0;
+  const TimerQueue::Id timer = queue.add([&ticks] { ++ticks; });
+  queue.start(timer, 10);
+  queue.postpone(timer, 35);
+  EXPECT_EQ(queue.next_due(), 35);
+  queue.advance(34);
+  EXPECT_EQ(ticks, 0);
+  queue.advance(35);
+  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(queue.next_due(), 45);
+}
+
+TEST(TimerQueue, PostponingNeverBringsATickForward) {
+  TimerQueue queue;
+  const TimerQueue::Id timer = queue.add([] {});
+  queue.start(timer, 10);
+  queue.postpone(timer, 3);
+  EXPECT_EQ(queue.next_due(), 10);
+}
+
+TEST(TimerQueue, AHastenedTimerTicksWithinOneInterval) {
+  TimerQueue queue;
+  const TimerQueue::Id timer = queue.add([] {});
+  queue.start(timer, 10);
+  queue.postpone(timer, 500);
+  queue.advance(100);
+  queue.hasten(timer);
+  EXPECT_EQ(queue.next_due(), 110);
+}
+
+TEST(TimerQueue, APostponedTimerThatIsStoppedStaysStopped) {
+  TimerQueue queue;
+  const TimerQueue::Id timer = queue.add([] {});
+  queue.start(timer, 10);
+  queue.stop(timer);
+  queue.postpone(timer, 20);
+  queue.hasten(timer);
+  EXPECT_EQ(queue.next_due(), std::nullopt);
+}
+
 TEST(TimerQueue, TheClockNeverGoesBack) {
   TimerQueue queue;
   queue.advance(50);

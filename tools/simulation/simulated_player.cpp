@@ -36,7 +36,7 @@ std::string ScriptedDialog::take() {
 
 SimulatedPlayer::SimulatedPlayer(const Options& options)
     : output(ring, options.sink),
-      engine(output, ring, nullptr),
+      engine(output, ring, std::nullopt),
       program([this, &options](TimerQueue& timers) { return make_graph(timers, options); }, environment(options)) {}
 
 SoundGraph SimulatedPlayer::make_graph(TimerQueue& timers, const Options& options) {

@@ -1,0 +1,26 @@
+// Wakes the UI thread from another thread, without locks.
+// Threads: made on the UI thread, ring() from any; `heard` runs on the UI thread soon after, once for many rings.
+#pragma once
+
+#include <QSocketNotifier>
+#include <functional>
+#include <memory>
+
+namespace tandem {
+
+class UiBell {
+ public:
+  UiBell();
+  ~UiBell();
+  UiBell(const UiBell&) = delete;
+  UiBell& operator=(const UiBell&) = delete;
+
+  void ring() const noexcept;
+  void answer(std::function<void()> heard);  // needs the QApplication; nullptr before that ends
+
+ private:
+  int event_ = -1;
+  std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+}  // namespace tandem
