@@ -1,0 +1,50 @@
+// The real logic and the model, side by side. TANDEM_MODEL_SEQUENCES sets how many random sequences are run, from seed
+// TANDEM_MODEL_SEED on.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "model/model_bench.h"
+
+namespace tandem::model {
+namespace {
+
+std::uint64_t setting(const char* name, std::uint64_t otherwise) {
+  const char* text = std::getenv(name);
+  return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);
+}
+
+TEST(Model, RandomSequencesGiveTheSamePanel) {
+  const std::uint64_t first = setting("TANDEM_MODEL_SEED", 1);
+  const std::uint64_t count = setting("TANDEM_MODEL_SEQUENCES", 4000);
+  for (std::uint64_t seed = first; seed < first + count; ++seed)
+    if (const auto events = random_events(seed); first_difference(events))
+      FAIL() << "seed " << seed << ":\n" << shrunk_difference(events);
+}
+
+TEST(Model, RandomSequencesReachWhatMatters) {
+  Reached reached;
+  for (std::uint64_t seed = 1; seed <= 1000; ++seed) first_difference(random_events(seed), &reached);
+  EXPECT_GT(reached.events, 35000);
+  EXPECT_GT(reached.mixes, 500);
+  EXPECT_GT(reached.changes, 2000);
+  EXPECT_GT(reached.ends, 20);
+  EXPECT_GT(reached.errors, 500);
+  EXPECT_GT(reached.full_tables, 100);
+  EXPECT_GT(reached.unequal_lists, 500);
+  EXPECT_GT(reached.negative_counts, 20);
+}
+
+// 203 lines, the selection behind the table's end: the mix begins, its title fails, and it begins again.
+TEST(Model, AMixBehindTheEndOfTheTableBeginsAgainAndAgain) {
+  const std::vector<Event> events{{Act::Open, 0, 200},        {Act::Add, 0}, {Act::Add, 1}, {Act::Add, 2},
+                                  {Act::Select, 0},           {Act::Play},   {Act::Tick},   {Act::Select, 199},
+                                  {Act::Position, 0, 999999}, {Act::Tick},   {Act::Tick},   {Act::Finished, 0}};
+  Reached reached;
+  EXPECT_EQ(first_difference(events, &reached) ? shrunk_difference(events) : "", "");
+  EXPECT_EQ(reached.mix_errors, 2);
+}
+
+}  // namespace
+}  // namespace tandem::model
