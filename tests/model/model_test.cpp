@@ -36,11 +36,13 @@ TEST(Model, RandomSequencesReachWhatMatters) {
   EXPECT_GT(reached.negative_counts, 20);
 }
 
-// 203 lines, the selection behind the table's end: the mix begins, its title fails, and it begins again.
+// More than 201 lines, the selection behind the table's end: the mix begins, its title fails, and it begins again.
 TEST(Model, AMixBehindTheEndOfTheTableBeginsAgainAndAgain) {
-  const std::vector<Event> events{{Act::Open, 0, 200},        {Act::Add, 0}, {Act::Add, 1}, {Act::Add, 2},
-                                  {Act::Select, 0},           {Act::Play},   {Act::Tick},   {Act::Select, 199},
-                                  {Act::Position, 0, 999999}, {Act::Tick},   {Act::Tick},   {Act::Finished, 0}};
+  std::vector<Event> events{{Act::Open, 0, 190}};
+  events.resize(9, {Act::Add, 0});
+  for (const Event& event : {Event{Act::Select, 0}, Event{Act::Play}, Event{Act::Tick}, Event{Act::Select, 199},
+                             Event{Act::Position, 0, 999999}, Event{Act::Tick}, Event{Act::Tick}, Event{Act::Finished}})
+    events.push_back(event);
   Reached reached;
   EXPECT_EQ(first_difference(events, &reached) ? shrunk_difference(events) : "", "");
   EXPECT_EQ(reached.mix_errors, 2);
