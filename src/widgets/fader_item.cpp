@@ -20,8 +20,10 @@ const ItemValue* SlidingItem::value_range() const {
 }
 
 void SlidingItem::put_value(double value) {
+  if (slider_.held()) return;
+  const double wanted = std::clamp(value, double(slider_.minimum()), double(slider_.maximum()));
   slider_.user_press();
-  move_to(static_cast<std::int32_t>(std::lround(value)));
+  move_to(static_cast<std::int32_t>(std::lround(wanted)));
   slider_.user_release();
 }
 
@@ -69,9 +71,8 @@ void SlidingItem::keyReleaseEvent(QKeyEvent* event) {
   let_go();
 }
 
-void SlidingItem::focusOutEvent(QFocusEvent* event) {
+void SlidingItem::hand_gone() {
   if (slider_.held()) let_go();
-  PanelItem::focusOutEvent(event);
 }
 
 FaderLook FaderItem::look() const {
@@ -110,8 +111,6 @@ std::optional<std::int32_t> FaderItem::value_after(int key) const {
 
 BandItem::BandItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Slider& slider, int band)
     : FaderItem(panel, canvas, place, slider, QSizeF(14, 12), 0xFF00FF00, 3), band_(band) {}
-
-QString BandItem::spoken_name() const { return accessibleName().section(',', 0, 0); }
 
 std::optional<std::int32_t> BandItem::value_after(int key) const {
   return key == Qt::Key_0 ? 0 : FaderItem::value_after(key);

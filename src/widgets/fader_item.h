@@ -30,14 +30,13 @@ class SlidingItem : public PanelItem {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
+  void hand_gone() override;
 
  private:
   void move_to(std::int32_t value);
   void let_go();
 
   Slider& slider_;
-  double grip_ = 0;     // where on the cap the mouse holds it
   int wheel_rest_ = 0;  // of a fine wheel
   int key_down_ = 0;
   mutable ItemValue range_;
@@ -68,7 +67,6 @@ class BandItem final : public FaderItem {
   int band() const { return band_; }
   std::function<void(int)> go_to_band;  // the neighbour to focus
   std::function<void(BandItem&)> was_used;
-  QString spoken_name() const override;
   QString spoken_value() const override { return SlidingItem::spoken_value() + " dB"; }
 
  protected:
@@ -98,6 +96,7 @@ class SlideSwitchItem final : public PanelItem {
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
   QString spoken_value() const override;
+  std::optional<bool> checked() const override { return switch_.value() != 0; }
   bool can_press() const override { return true; }
   void press_by_key() override { move_to(1 - switch_.value()); }
 

@@ -83,11 +83,6 @@ void PushItem::keyReleaseEvent(QKeyEvent* event) {
   if (!event->isAutoRepeat()) end_push(true);
 }
 
-void PushItem::focusOutEvent(QFocusEvent* event) {
-  end_push(false);
-  PanelItem::focusOutEvent(event);
-}
-
 KeyLook KeyItem::look() const {
   KeyLook look;
   look.face = face_of(place().name, button().Picture);
@@ -98,6 +93,14 @@ KeyLook KeyItem::look() const {
   look.touch = touch();
   look.touch.pressed = shown_pressed();
   return look;
+}
+
+std::optional<bool> KeyItem::checked() const {
+  const std::string_view name = place().name;
+  if (name == "PAUSE") return button().BackColor == clYellow;
+  if (name == "ShowPlayList") return button().BackColor == clAqua;
+  if (name == "ShowControls") return button().BackColor == clLime;
+  return std::nullopt;
 }
 
 void KeyItem::draw(QPainter& painter) const { paint_key(painter, box(), look()); }

@@ -25,7 +25,7 @@ class PushItem : public PanelItem {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
+  void hand_gone() override { end_push(false); }
 
  private:
   void begin_push();
@@ -52,6 +52,7 @@ class KeyItem final : public ButtonItem {
  public:
   using ButtonItem::ButtonItem;
   void draw(QPainter& painter) const override;
+  std::optional<bool> checked() const override;  // of Pause, Playlist and Controls
 
  private:
   KeyLook look() const;

@@ -39,7 +39,6 @@ class RotaryItem final : public PanelItem {
   bool advance(double seconds) override;
   const ItemValue* value_range() const override;
   void put_value(double value) override { turn_to(static_cast<std::int32_t>(value)); }
-  QString spoken_name() const override { return accessibleName().section(':', 0, 0); }
   QString spoken_value() const override { return captions_.value(switch_.value()); }
   void press_by_key() override { step_round(1); }
 

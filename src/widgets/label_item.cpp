@@ -43,8 +43,6 @@ LedLabelItem::LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox
       dark_dots_(dark_dots),
       shown_(label.Caption) {}
 
-QString LedLabelItem::spoken_name() const { return accessibleName().section(':', 0, 0); }
-
 int LedLabelItem::ring_columns() const {
   const auto characters = static_cast<int>(character_count(label_.Caption.get()));
   return std::max(characters, label_.NumChars + 1) * kColumnsPerCell;

@@ -34,7 +34,6 @@ class LedLabelItem final : public ClickItem {
                std::optional<QRgb> dark_dots);
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
-  QString spoken_name() const override;
   QString spoken_value() const override { return QString::fromStdString(label_.Caption).trimmed(); }
 
  protected:

@@ -12,6 +12,7 @@ class LampItem : public PushItem {
   LampItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Lamp& lamp, Colour lit_colour)
       : PushItem(panel, canvas, place, &lamp), lamp_(lamp), lit_colour_(lit_colour) {}
   QString spoken_value() const override { return lit() ? "on" : "off"; }
+  std::optional<bool> checked() const override { return lit(); }
   bool lit() const { return lamp_.LEDColor == lit_colour_; }
 
  protected:

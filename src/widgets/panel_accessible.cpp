@@ -2,7 +2,6 @@
 
 #include <QAccessibleWidget>
 
-#include "widgets/lamp_item.h"
 #include "widgets/panel_item.h"
 
 namespace tandem {
@@ -58,10 +57,9 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
 
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
-    if (const auto* lamp = dynamic_cast<const LampItem*>(&item())) {
-      state.checkable = true;
-      state.checked = lamp->lit();
-    }
+    const std::optional<bool> checked = item().checked();
+    state.checkable = checked.has_value();
+    state.checked = checked.value_or(false);
     return state;
   }
 
@@ -104,5 +102,15 @@ QAccessibleInterface* interface_of(const QString&, QObject* object) {
 }  // namespace
 
 void tell_accessibility_of_items() { QAccessible::installFactory(interface_of); }
+
+void tell_value_of(PanelItem& item) {
+  if (!QAccessible::isActive()) return;
+  QAccessible::State changed;
+  changed.checked = true;
+  QAccessibleStateChangeEvent state(&item, changed);
+  if (item.checked()) QAccessible::updateAccessibility(&state);
+  QAccessibleValueChangeEvent value(&item, item.spoken_value());
+  QAccessible::updateAccessibility(&value);
+}
 
 }  // namespace tandem

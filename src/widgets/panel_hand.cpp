@@ -1,8 +1,8 @@
 // The window under the hand: dragged by its bare parts, toggled by a double-click on its head, files dropped on it.
 
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFile>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QUrl>
@@ -15,15 +15,24 @@ namespace tandem {
 void PanelWindow::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   hooks_.user_acts();
-  if (windowHandle() != nullptr && windowHandle()->startSystemMove()) return;
-  drag_from_ = event->globalPosition().toPoint() - pos();
+  pressed_at_ = event->globalPosition().toPoint();
+  drag_from_ = pressed_at_ - pos();
 }
 
+// The desktop moves the window where it can, but only once it is dragged: a double-click must come through.
 void PanelWindow::mouseMoveEvent(QMouseEvent* event) {
-  if (drag_from_) move(event->globalPosition().toPoint() - *drag_from_);
+  if (!drag_from_) return;
+  const QPoint at = event->globalPosition().toPoint();
+  if (!dragging_ && (at - pressed_at_).manhattanLength() < QApplication::startDragDistance()) return;
+  if (!dragging_ && windowHandle()->startSystemMove()) return drag_from_.reset();
+  dragging_ = true;
+  move(at - *drag_from_);
 }
 
-void PanelWindow::mouseReleaseEvent(QMouseEvent*) { drag_from_.reset(); }
+void PanelWindow::mouseReleaseEvent(QMouseEvent*) {
+  drag_from_.reset();
+  dragging_ = false;
+}
 
 void PanelWindow::mouseDoubleClickEvent(QMouseEvent* event) {
   const bool on_head = event->position().y() < control_box("Window grip").h;

@@ -2,6 +2,9 @@
 
 #include <QFocusEvent>
 #include <algorithm>
+#include <utility>
+
+#include "widgets/panel_accessible.h"
 
 namespace tandem {
 
@@ -16,6 +19,11 @@ bool by_keyboard(Qt::FocusReason reason) {
          reason == Qt::OtherFocusReason;
 }
 
+// The focus stays with the item while another window or a menu has the keyboard.
+bool is_for_a_while(Qt::FocusReason reason) {
+  return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+}
+
 }  // namespace
 
 PanelItem::PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model)
@@ -27,18 +35,43 @@ PanelItem::PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& plac
   setFocusPolicy(place.tab > 0 ? Qt::StrongFocus : Qt::NoFocus);
   if (!place.tip.empty()) setToolTip(text_of(place.tip));
   if (!place.accessible.empty() && place.accessible.front() != '(') setAccessibleName(text_of(place.accessible));
-  if (model_ != nullptr) model_->view_changed.connect([this] { model_changed(); });
+  if (model_ == nullptr) return;
+  model_visible_ = model_->Visible;
+  model_->view_changed.connect([this] { follow_model(); });
+}
+
+void PanelItem::follow_model() {
+  if (model_->Visible.get() != model_visible_) {
+    model_visible_ = model_->Visible;
+    canvas_.visibilities_changed();
+  }
+  model_changed();
+  if (hasFocus()) tell_value_of(*this);
 }
 
 void PanelItem::set_scene_visible(bool visible) { setVisible(visible); }
 
 void PanelItem::set_enabled_by_model() {
-  if (model_ != nullptr && isEnabled() != model_->Enabled.get()) setEnabled(model_->Enabled);
+  if (model_ == nullptr || isEnabled() == model_->Enabled.get()) return;
+  disabling_ = true;
+  setEnabled(model_->Enabled);
+  disabling_ = false;
 }
 
-QString PanelItem::spoken_name() const { return accessibleName(); }
+// A key that is disabled for a while keeps the focus: the next press must not meet its neighbour.
+bool PanelItem::focusNextPrevChild(bool next) { return disabling_ || QWidget::focusNextPrevChild(next); }
 
-Touch PanelItem::touch() const { return {hover_, pressed_, focus_shown_, model_ == nullptr || model_->Enabled}; }
+QString PanelItem::spoken_name() const {
+  const QString whole = accessibleName();
+  const auto end = std::find_if(whole.begin(), whole.end(), [](QChar c) { return c == ':' || c == '(' || c == '<'; });
+  QString name = whole.left(end - whole.begin()).trimmed();
+  if (name.endsWith(',')) name.chop(1);
+  return name;
+}
+
+Touch PanelItem::touch() const {
+  return {hover_, pressed_, focus_shown_ && hasFocus(), model_ == nullptr || model_->Enabled};
+}
 
 void PanelItem::set_pressed(bool pressed) {
   if (pressed_ == pressed) return;
@@ -75,23 +108,38 @@ void PanelItem::leaveEvent(QEvent*) {
 }
 
 void PanelItem::focusInEvent(QFocusEvent* event) {
-  focus_shown_ = by_keyboard(event->reason());
+  if (!is_for_a_while(event->reason())) focus_shown_ = by_keyboard(event->reason());
   changed();
 }
 
-void PanelItem::focusOutEvent(QFocusEvent*) {
-  focus_shown_ = false;
+void PanelItem::focusOutEvent(QFocusEvent* event) {
+  if (!is_for_a_while(event->reason())) focus_shown_ = false;
+  hand_gone();
   changed();
+}
+
+// Whoever works a control by keys sees where they go, however it came by the focus.
+void PanelItem::show_focus() {
+  if (std::exchange(focus_shown_, true)) return;
+  changed();
+}
+
+bool PanelItem::is_beyond_reach(const QEvent& event) const {
+  return event.type() == QEvent::Hide || (event.type() == QEvent::EnabledChange && !isEnabled());
 }
 
 bool PanelItem::event(QEvent* event) {
+  if (is_beyond_reach(*event)) hand_gone();
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel:
+      canvas_.before_user_act();
+      break;
     case QEvent::KeyPress:
       canvas_.before_user_act();
+      show_focus();
       break;
     default:
       break;

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "controls/control.h"
 #include "paint/panel_layout.h"
@@ -20,6 +21,7 @@ class PanelCanvas {
   virtual ~PanelCanvas() = default;
   virtual void repaint_box(const QRect& box) = 0;  // px of the panel
   virtual void start_moving(PanelItem& item) = 0;  // advance() is called at every frame until it returns false
+  virtual void visibilities_changed() = 0;         // a control's Visible has changed
   virtual void before_user_act() = 0;              // a hand is on the panel: sound must follow at once
   virtual bool reduced_motion() const = 0;
 };
@@ -44,12 +46,14 @@ class PanelItem : public QWidget {
   // Draws in px of the panel, within painted_box().
   virtual void draw(QPainter& painter) const = 0;
   QRect painted_box() const { return drawn_box(); }
-  // Moves what moves by itself; false when it has come to rest. The base lets the hover light come and go.
+  // Moves what moves by itself; false when it has come to rest. The first call after start_moving() comes with 0
+  // seconds. The base lets the hover light come and go.
   virtual bool advance(double seconds);
 
   // Assistive technology.
-  virtual QString spoken_name() const;
+  virtual QString spoken_name() const;  // the table's name without what it says of the value
   virtual QString spoken_value() const { return {}; }
+  virtual std::optional<bool> checked() const { return std::nullopt; }  // nothing: has no two states
   virtual bool can_press() const { return false; }
   virtual void press_by_key() {}
   virtual const ItemValue* value_range() const { return nullptr; }
@@ -68,6 +72,8 @@ class PanelItem : public QWidget {
   // How far beyond its hit box an item draws, where that is more than the usual margin.
   virtual QRect drawn_box() const;
   virtual void model_changed() { changed(); }
+  // The item is let go without a word of the hand: it is disabled, hidden or has lost the focus.
+  virtual void hand_gone() { set_pressed(false); }
 
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -75,11 +81,18 @@ class PanelItem : public QWidget {
   void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent*) override {}
   bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
+  void follow_model();
+  void show_focus();
+  bool is_beyond_reach(const QEvent& event) const;
+
   PanelCanvas& canvas_;
   const ControlBox& place_;
   Control* model_;
+  bool model_visible_ = true;
+  bool disabling_ = false;
   double hover_ = 0;
   bool hovered_ = false;
   bool pressed_ = false;

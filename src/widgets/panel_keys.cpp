@@ -18,6 +18,7 @@ void PanelWindow::add_shortcut(const char* keys, const char* name) {
 
 void PanelWindow::add_shortcuts() {
   add_shortcut("Ctrl+Q", "Close");
+  add_shortcut("Alt+F4", "Close");
   add_shortcut("Ctrl+M", "MMPanelX1(1)");
   add_shortcut("Ctrl+P", "PLAY");
   add_shortcut("Ctrl+Space", "PAUSE");

@@ -6,8 +6,10 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "paint/ink.h"
 #include "paint/panel_background.h"
@@ -23,6 +25,11 @@ constexpr double kCornerRadius = 5;
 
 int pixels(Twips twips) { return twips / kTwipsPerPixel; }
 
+bool is_window_size(const QSize& size) {
+  return size == window_size(WindowSize::Full) || size == window_size(WindowSize::Compact) ||
+         size == window_size(WindowSize::Board);
+}
+
 }  // namespace
 
 PanelWindow::PanelWindow(PanelControls& controls, Displays displays, Hooks hooks)
@@ -35,6 +42,8 @@ PanelWindow::PanelWindow(PanelControls& controls, Displays displays, Hooks hooks
   add_items(displays);
   add_shortcuts();
   controls_.Painel.view_changed.connect([this] { follow_frame(); });
+  // Desktops whose style moves nothing want nothing moved.
+  reduced_motion_ = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) == 0;
   read_screen();
   follow_frame();
 }
@@ -57,30 +66,35 @@ void PanelWindow::read_screen() {
   controls_.Painel.ScreenHeight = shown_on->geometry().height() * kTwipsPerPixel;
 }
 
-// The panel's own size and place. Where the panel says nothing new about its place, the desktop's stands.
+// The panel's own size and place. Where the panel says nothing new about its place, the desktop's stands. The panel
+// puts height and width one after the other: what it is between the two is no size of the window.
 void PanelWindow::follow_frame() {
-  placing_ = true;
   const QSize size(pixels(controls_.Painel.Width), pixels(controls_.Painel.Height));
+  if (placing_ || !is_window_size(size)) return;
+  placing_ = true;
   if (size != this->size()) {
     setFixedSize(size);
     shape_corners();
   }
   const QPoint corner(pixels(controls_.Painel.Left), pixels(controls_.Painel.Top));
   const QPoint origin = screen() != nullptr ? screen()->geometry().topLeft() : QPoint();
-  if (isVisible() && corner + origin != pos()) move(corner + origin);
+  const bool moved = isVisible() && corner + origin != pos();
+  if (moved) move(corner + origin);
   placing_ = false;
   minimise_->hang_on(size_now());
   close_->hang_on(size_now());
   follow_visibilities();
-  update();
+  if (!moved) update();
 }
 
 void PanelWindow::moveEvent(QMoveEvent*) {
   if (placing_ || !isVisible()) return;
+  placing_ = true;
   read_screen();
   const QPoint origin = screen() != nullptr ? screen()->geometry().topLeft() : QPoint();
   controls_.Painel.Left = (pos() - origin).x() * kTwipsPerPixel;
   controls_.Painel.Top = (pos() - origin).y() * kTwipsPerPixel;
+  placing_ = false;
 }
 
 void PanelWindow::shape_corners() {
@@ -112,10 +126,21 @@ void PanelWindow::follow_visibilities() {
   if (focused != nullptr && !in_scene(*focused)) item("PLAY")->setFocus(Qt::OtherFocusReason);
 }
 
+void PanelWindow::visibilities_changed() {
+  follow_visibilities();
+  update();
+}
+
 void PanelWindow::repaint_box(const QRect& box) { update(box); }
 
 void PanelWindow::start_moving(PanelItem& item) {
-  if (std::find(moving_.begin(), moving_.end(), &item) == moving_.end()) moving_.push_back(&item);
+  const auto known =
+      std::find_if(moving_.begin(), moving_.end(), [&item](const Moving& moving) { return moving.item == &item; });
+  if (known == moving_.end()) {
+    moving_.push_back({&item, true, false});
+  } else {
+    known->at_rest = false;
+  }
   hooks_.frame_wanted();
 }
 
@@ -127,11 +152,12 @@ bool PanelWindow::exposed() const {
 bool PanelWindow::attended() const { return isActiveWindow() || underMouse(); }
 
 bool PanelWindow::frame(double seconds) {
-  std::vector<PanelItem*> moving;
-  moving.swap(moving_);
-  for (PanelItem* item : moving)
-    if (item->advance(seconds) && std::find(moving_.begin(), moving_.end(), item) == moving_.end())
-      moving_.push_back(item);
+  for (std::size_t i = 0; i < moving_.size(); ++i) {  // an item may set another one in motion
+    moving_[i].at_rest = true;
+    const bool moves = moving_[i].item->advance(std::exchange(moving_[i].fresh, false) ? 0 : seconds);
+    if (moves) moving_[i].at_rest = false;
+  }
+  std::erase_if(moving_, [](const Moving& moving) { return moving.at_rest; });
   const bool displays_move = visual_->isVisible() && visual_->move_displays(seconds);
   return displays_move || !moving_.empty();
 }
@@ -152,19 +178,28 @@ const QPixmap& PanelWindow::background() {
   return background_;
 }
 
+// One rectangle at a time: a clip of several makes the toolkit draw pictures by spans, on threads of its own.
 void PanelWindow::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   set_up(painter, 1);
-  painter.drawPixmap(0, 0, background());
+  for (const QRect& rect : event->region()) {
+    painter.setClipRect(rect);
+    painter.drawPixmap(0, 0, background());
+    draw_items(painter, rect);
+  }
+}
+
+void PanelWindow::draw_items(QPainter& painter, const QRect& rect) {
+  if (visual_->painted_box().contains(rect)) return visual_->draw(painter);
   const QRect glass = control_box("MMPanelX1(1)").box();
-  bool shine_due = event->region().intersects(glass);
+  bool shine_due = rect.intersects(glass);
   for (const PanelItem* item : items_) {
     const bool on_glass = item->place().group == ControlGroup::Display;
     if (shine_due && !on_glass) {
       paint_glass_shine(painter, glass);
       shine_due = false;
     }
-    if (!item->isHidden() && event->region().intersects(item->painted_box())) item->draw(painter);
+    if (!item->isHidden() && rect.intersects(item->painted_box())) item->draw(painter);
   }
 }
 

@@ -46,6 +46,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   // PanelCanvas.
   void repaint_box(const QRect& box) override;
   void start_moving(PanelItem& item) override;
+  void visibilities_changed() override;
   void before_user_act() override { hooks_.user_acts(); }
   bool reduced_motion() const override { return reduced_motion_; }
   void set_reduced_motion(bool reduced) { reduced_motion_ = reduced; }
@@ -80,6 +81,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void add_shortcuts();
   void add_shortcut(const char* keys, const char* item);
 
+  void draw_items(QPainter& painter, const QRect& rect);
   void follow_frame();
   void follow_visibilities();
   bool in_scene(const PanelItem& item) const;
@@ -93,7 +95,12 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   std::vector<PanelItem*> items_;  // in drawing order; owned by the window as its children
   std::map<std::string, PanelItem*, std::less<>> by_name_;
   VisualItem* visual_ = nullptr;
-  std::vector<PanelItem*> moving_;
+  struct Moving {
+    PanelItem* item;
+    bool fresh;  // its time begins with the next frame
+    bool at_rest;
+  };
+  std::vector<Moving> moving_;
   std::vector<BandItem*> bands_;
   ChromeItem* minimise_ = nullptr;
   ChromeItem* close_ = nullptr;
@@ -101,8 +108,10 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   QPixmap background_;
   WindowState background_state_;
   double background_scale_ = 0;
-  std::optional<QPoint> drag_from_;  // where the system cannot move the window
-  bool placing_ = false;             // the window is moved by the panel, not by the desktop
+  std::optional<QPoint> drag_from_;  // where the hand holds the window
+  QPoint pressed_at_;                // on the screen
+  bool dragging_ = false;            // by us: the desktop does not move it
+  bool placing_ = false;             // the panel's place is being brought to the window, or the window's to the panel
   bool reduced_motion_ = false;
 };
 

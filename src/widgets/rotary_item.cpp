@@ -91,7 +91,9 @@ void RotaryItem::mouseMoveEvent(QMouseEvent* event) {
   const double angle = angle_of(at - spot_.centre);
   std::int32_t nearest = 0;
   for (std::int32_t i = 1; i < switch_.NumPositions(); ++i) {
-    const auto away = [&](std::int32_t p) { return std::abs(angle - rotary_angle(p, switch_.NumPositions())); };
+    const auto away = [&](std::int32_t p) {
+      return std::abs(std::remainder(angle - rotary_angle(p, switch_.NumPositions()), 360.0));
+    };
     if (away(i) < away(nearest)) nearest = i;
   }
   turn_to(nearest);

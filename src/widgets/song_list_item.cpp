@@ -68,7 +68,8 @@ bool SongListItem::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return PanelItem::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const int row = row_at(panel_position(help->pos()));
-  if (row >= 0) QToolTip::showText(help->globalPos(), QString::fromStdString(list_.List(row)).toHtmlEscaped(), this);
+  const QString whole = row < 0 ? QString() : QString::fromStdString(list_.List(row)).toHtmlEscaped();
+  if (row >= 0) QToolTip::showText(help->globalPos(), "<p style='white-space:pre'>" + whole + "</p>", this);
   return true;
 }
 
@@ -100,7 +101,6 @@ void SongListItem::mouseMoveEvent(QMouseEvent* event) {
 
 void SongListItem::mouseReleaseEvent(QMouseEvent*) { dragging_thumb_ = false; }
 
-// The click of the double-click came with its first press.
 void SongListItem::mouseDoubleClickEvent(QMouseEvent* event) {
   const int row = row_at(panel_position(event->position()));
   if (event->button() == Qt::LeftButton && row >= 0) list_.user_double_click(row);

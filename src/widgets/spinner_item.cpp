@@ -11,17 +11,25 @@
 namespace tandem {
 
 namespace {
-constexpr int kFirstRepeat = 400;  // milliseconds
-constexpr int kRepeat = 80;
+constexpr double kFirstRepeat = 0.4;  // seconds
+constexpr double kRepeat = 0.08;
 }  // namespace
 
 SpinnerItem::SpinnerItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Spinner& spinner)
     : PanelItem(panel, canvas, place, &spinner), spinner_(spinner) {
   setMouseTracking(true);
-  connect(&repeat_, &QTimer::timeout, this, [this] {
-    repeat_.setInterval(kRepeat);
-    push(held_);
-  });
+}
+
+bool SpinnerItem::advance(double seconds) {
+  const bool hovering = PanelItem::advance(seconds);
+  if (held_ == Part::None) return hovering;
+  for (until_repeat_ -= seconds; until_repeat_ <= 0; until_repeat_ += kRepeat) push(held_);
+  return true;
+}
+
+void SpinnerItem::hand_gone() {
+  held_ = Part::None;
+  changed();
 }
 
 Touch SpinnerItem::touch_of(Part part) const {
@@ -67,15 +75,13 @@ void SpinnerItem::mousePressEvent(QMouseEvent* event) {
   held_ = part_at(panel_position(event->position()));
   if (held_ == Part::None) return;
   push(held_);
-  repeat_.start(kFirstRepeat);
+  until_repeat_ = kFirstRepeat;
+  start_moving();
   changed();
 }
 
 void SpinnerItem::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton) return;
-  repeat_.stop();
-  held_ = Part::None;
-  changed();
+  if (event->button() == Qt::LeftButton) hand_gone();
 }
 
 void SpinnerItem::mouseMoveEvent(QMouseEvent* event) {

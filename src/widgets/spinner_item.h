@@ -1,7 +1,5 @@
-// LED numbers with an up and a down button; a held button repeats. UI thread.
+// LED numbers with an up and a down button; a held button repeats, by the frames' time. UI thread.
 #pragma once
-
-#include <QTimer>
 
 #include "controls/spinner.h"
 #include "paint/spinner.h"
@@ -13,6 +11,7 @@ class SpinnerItem final : public PanelItem {
  public:
   SpinnerItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Spinner& spinner);
   void draw(QPainter& painter) const override;
+  bool advance(double seconds) override;
   const ItemValue* value_range() const override;
   void put_value(double value) override;
   QString spoken_value() const override { return QString::number(spinner_.value()); }
@@ -22,6 +21,7 @@ class SpinnerItem final : public PanelItem {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void hand_gone() override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -36,7 +36,7 @@ class SpinnerItem final : public PanelItem {
   Spinner& spinner_;
   Part held_ = Part::None;
   Part under_ = Part::None;
-  QTimer repeat_;
+  double until_repeat_ = 0;  // seconds
   int wheel_rest_ = 0;
   mutable ItemValue range_;
 };

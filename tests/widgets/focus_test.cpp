@@ -1,0 +1,127 @@
+// The tab chain and what becomes of the focus when its control goes away.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "widgets/window_rig.h"
+
+namespace tandem::test {
+namespace {
+
+using Names = std::vector<std::string>;
+using testing::ElementsAreArray;
+
+const Names kTransport{"PLAY", "PAUSE", "STOPBtn", "NextBtn", "LoadSong", "Slider1", "Volume"};
+const Names kMix{"SliderP",    "Command2",     "AMLedOff", "AMLed1",       "AMLed2",      "AMLed3",
+                 "MMSwitchX1", "BufferSwitch", "Bypass",   "ShowPlayList", "ShowControls"};
+const Names kList{"PlayList", "UpList", "DownList", "LoadList", "SaveList"};
+const Names kBoard{"MMLEDX1",    "MMLEDX2",    "MMLEDX3",    "MMLEDX4",    "MMLEDX5",    "MMLEDX6",
+                   "MMSwitch1",  "MMSwitch2",  "MMSwitch3",  "MMSwitch4",  "MMLEDSpin7", "MMLEDSpin2",
+                   "MMLEDSpin3", "MMLEDSpin6", "MMLEDSpin1", "MMLEDSpin5", "MMLEDSpin4", "MMLEDSpin8"};
+const Names kHead{"Minimise", "Close"};
+
+Names joined(std::initializer_list<Names> parts) {
+  Names all;
+  for (const Names& part : parts) all.insert(all.end(), part.begin(), part.end());
+  return all;
+}
+
+TEST(TabOrder, WithTheList) {
+  WindowRig rig;
+  EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, kList, kHead})));
+}
+
+TEST(TabOrder, WithTheEqualizerWhichIsOneStop) {
+  WindowRig rig;
+  rig.show_equalizer();
+  EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, {"sl0(0)"}, kHead})));
+}
+
+TEST(TabOrder, TheStopOfTheEqualizerIsTheFaderLastUsed) {
+  WindowRig rig;
+  rig.show_equalizer();
+  rig.click("sl0(9)");
+  EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, {"sl0(9)"}, kHead})));
+  rig.focus("sl0(9)");
+  rig.key(Qt::Key_Right);
+  EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, {"sl0(10)"}, kHead})));
+}
+
+TEST(TabOrder, WithTheBoard) {
+  WindowRig rig;
+  rig.show_board();
+  EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, kList, kBoard, kHead})));
+}
+
+TEST(TabOrder, OfTheSmallWindow) {
+  WindowRig rig;
+  rig.make_small();
+  EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kHead})));
+}
+
+TEST(TabOrder, GoesBackToo) {
+  WindowRig rig;
+  rig.focus("PLAY");
+  rig.key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(rig.focused(), "Close");
+  rig.focus("SliderP");
+  rig.key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(rig.focused(), "Volume");
+}
+
+TEST(Focus, GoesToPlayWhenItsControlDisappears) {
+  WindowRig rig;
+  rig.focus("PlayList");
+  rig.key(Qt::Key_F2);
+  EXPECT_EQ(rig.focused(), "PLAY");
+  rig.focus("sl0(3)");
+  rig.key(Qt::Key_F2);
+  EXPECT_EQ(rig.focused(), "PLAY");
+  rig.key(Qt::Key_F3);
+  rig.focus("MMLEDSpin4");
+  rig.key(Qt::Key_F3);
+  EXPECT_EQ(rig.focused(), "PLAY");
+  rig.focus("SliderP");
+  rig.make_small();
+  EXPECT_EQ(rig.focused(), "PLAY");
+}
+
+TEST(Focus, StaysWhereItIsWhenItsControlStays) {
+  WindowRig rig;
+  rig.focus("Volume");
+  rig.key(Qt::Key_F2);
+  rig.key(Qt::Key_F3);
+  rig.make_small();
+  EXPECT_EQ(rig.focused(), "Volume");
+}
+
+// Keys of a control that is not there must not reach it.
+TEST(Focus, AKeyAfterThatMovesNothingHidden) {
+  WindowRig rig;
+  rig.show_equalizer();
+  rig.focus("sl0(3)");
+  rig.make_small();
+  rig.key(Qt::Key_Up);
+  EXPECT_EQ(rig.controls().sl0[3].value(), 0);
+}
+
+TEST(Focus, TheMouseGivesItWithoutARing) {
+  WindowRig rig;
+  const auto ring_box = [&rig](const char* name) {
+    const QImage picture = rig.window->grab().toImage();
+    const QRect box = control_box(name).box();
+    return picture.pixelColor(box.left() + 10, box.top() - 2);
+  };
+  rig.focus("Volume");
+  const QColor bare = ring_box("STOPBtn");
+  rig.click("STOPBtn");
+  EXPECT_EQ(rig.focused(), "STOPBtn");
+  EXPECT_EQ(ring_box("STOPBtn"), bare);
+  rig.key(Qt::Key_Backtab, Qt::ShiftModifier);
+  rig.key(Qt::Key_Tab);
+  EXPECT_EQ(rig.focused(), "STOPBtn");
+  EXPECT_NE(ring_box("STOPBtn"), bare);
+}
+
+}  // namespace
+}  // namespace tandem::test
