@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "engine/denormals.h"
+#include "engine/render_guard.h"
 
 namespace tandem {
 
@@ -34,6 +35,7 @@ Chain::~Chain() {
 }
 
 void Chain::render(std::span<Sample16, kStepFrames> out) noexcept {
+  const RenderGuard guard;
   const FlushDenormals flush;
   take_orders();
   std::array<StereoFrame, kStepFrames> mix{};
