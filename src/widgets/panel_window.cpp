@@ -46,6 +46,7 @@ PanelWindow::PanelWindow(PanelControls& controls, Displays displays, Hooks hooks
   reduced_motion_ = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) == 0;
   read_screen();
   follow_frame();
+  item("PLAY")->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 PanelWindow::~PanelWindow() {

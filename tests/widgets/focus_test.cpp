@@ -69,6 +69,11 @@ TEST(TabOrder, GoesBackToo) {
   EXPECT_EQ(rig.focused(), "Volume");
 }
 
+TEST(Focus, IsOnPlayFromTheStart) {
+  const WindowRig rig;
+  EXPECT_EQ(rig.focused(), "PLAY");
+}
+
 TEST(Focus, GoesToPlayWhenItsControlDisappears) {
   WindowRig rig;
   rig.focus("PlayList");

@@ -1,0 +1,201 @@
+// The program itself: started, played by mouse and keys, heard in a recording of the sound server, and ended.
+
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "app/real_player.h"
+#include "app/tone_times.h"
+#include "settings/settings_file.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr double kSongSeconds = 2.4;
+constexpr double kTones[] = {800, 2000, 3200};  // apart by whole multiples of what the window tells apart
+constexpr double kMeasured = 0.001;             // seconds, what a difference of two ends is exact to
+constexpr std::size_t kVolumeLine = 15;
+constexpr std::size_t kLeadLine = 34;
+
+std::string settings_with(std::size_t line, const std::string& value) {
+  std::string text;
+  std::vector<std::string> lines = lines_of(factory_settings());
+  lines.at(line) = value;
+  for (const std::string& each : lines) text += " " + each + " \r\n";
+  return text;
+}
+
+class TheProgram : public testing::Test {
+ protected:
+  void start(const std::string& settings = factory_settings()) {
+    player = std::make_unique<RealPlayer>(desktop, settings);
+  }
+  void start_and_show(const std::string& settings = factory_settings()) {
+    start(settings);
+    ASSERT_TRUE(player->show_up()) << player->errors();
+  }
+  // The names of songs in the form in which they are typed.
+  std::string write_songs() const {
+    std::string names;
+    for (int i = 0; i < 3; ++i)
+      names += "\"" + player->write_song("song " + std::to_string(i + 1) + ".wav", kTones[i], kSongSeconds) + "\" ";
+    return names;
+  }
+  void answer(const std::string& text) {
+    ASSERT_TRUE(player->dialog_shows_up());
+    player->answer_dialog(text);
+    ASSERT_TRUE(player->dialog_goes_away());
+  }
+  bool hears(double hertz) const {
+    return wait_until([&] { return find_tone(desktop.sound.recording(), hertz).has_value(); });
+  }
+  bool has_gone_silent() const {
+    return wait_until([this] {
+      const std::vector<Sample16> heard = desktop.sound.recording();
+      const auto last = find_tone(heard, kTones[2]);
+      return last && last->end + 0.5 < static_cast<double>(heard.size()) / 44100;
+    });
+  }
+
+  Desktop desktop;
+  std::unique_ptr<RealPlayer> player;
+};
+
+// With a lead of 1 s each song begins 1 s before the end of the one before it, which is heard to its end.
+TEST_F(TheProgram, PlaysThreeSongsThatOverlap) {
+  constexpr double kLead = 1.0;
+  desktop.sound.start();
+  start_and_show(settings_with(kLeadLine, "1000"));
+  const std::string names = write_songs();
+  player->click(189, 146);
+  answer(names);
+  desktop.sound.start_recording();
+  player->click(24, 146);
+  ASSERT_TRUE(hears(kTones[2]));
+  ASSERT_TRUE(has_gone_silent());
+  const std::vector<Sample16> heard = desktop.sound.recording();
+  std::optional<ToneTimes> before;
+  for (const double tone : kTones) {
+    const auto now = find_tone(heard, tone);
+    ASSERT_TRUE(now);
+    EXPECT_NEAR(now->end - now->begin, kSongSeconds, 0.005) << "whole at " << tone;
+    if (before) {
+      const double late = now->begin - before->begin - (kSongSeconds - kLead);
+      EXPECT_GE(late, 0 - kMeasured) << tone;
+      EXPECT_LE(late, 0.020 + kMeasured) << tone;
+    }
+    before = now;
+  }
+  player->click(596, 7);  // Close
+  EXPECT_EQ(player->exit_status(), 0);
+  EXPECT_EQ(player->errors(), "");
+  EXPECT_EQ(lines_of(player->settings()).at(kLeadLine), "1000");
+}
+
+TEST_F(TheProgram, IsUsedByTheKeyboardAlone) {
+  desktop.sound.start();
+  start_and_show();
+  const std::string names = write_songs();
+  player->key("ctrl+o");
+  answer(names);
+  desktop.sound.start_recording();
+  player->key("ctrl+p");
+  EXPECT_TRUE(hears(kTones[0]));
+  player->key("F2");
+  for (int i = 0; i < 18; ++i) player->key("Tab");  // from PLAY, which has the focus, to the equalizer
+  player->key("Up");
+  player->key("Up");
+  player->key("Right");
+  player->key("Next");
+  player->key("F2");
+  const std::string list = player->file("evening");
+  player->key("ctrl+s");
+  answer(list);
+  EXPECT_TRUE(wait_until([&] { return std::filesystem::exists(list + ".m3l"); }));
+  player->key("ctrl+q");
+  EXPECT_EQ(player->exit_status(), 0);
+  EXPECT_EQ(player->errors(), "");
+  const std::vector<std::string> saved = lines_of(player->settings());
+  EXPECT_EQ(saved.at(0), "2");
+  EXPECT_EQ(saved.at(1), "-3");
+  EXPECT_EQ(saved.at(2), "0");
+  std::stringstream content;
+  content << std::ifstream(list + ".m3l").rdbuf();
+  for (const char* song : {"song 1.wav", "song 2.wav", "song 3.wav"})
+    EXPECT_NE(content.str().find(player->file(song)), std::string::npos) << content.str();
+  for (const auto& kept : std::filesystem::recursive_directory_iterator(desktop.home().path()))
+    ADD_FAILURE() << "the program keeps nothing but its settings: " << kept.path();
+}
+
+TEST_F(TheProgram, ATermSignalWhilePlayingSavesTheSettings) {
+  desktop.sound.start();
+  start_and_show();
+  player->click(189, 146);
+  answer('"' + player->write_song("one.wav", kTones[0], 20) + '"');
+  player->click(235, 137, 5);  // the wheel on the volume, one notch down
+  desktop.sound.start_recording();
+  player->key("ctrl+p");
+  ASSERT_TRUE(hears(kTones[0]));
+  player->send(SIGTERM);
+  EXPECT_EQ(player->exit_status(), 0);
+  EXPECT_EQ(player->errors(), "");
+  EXPECT_EQ(lines_of(player->settings()).at(kVolumeLine), std::to_string(32768 - 328));
+}
+
+TEST_F(TheProgram, ATermSignalWithAnOpenDialogSavesTheSettingsToo) {
+  start_and_show();
+  player->click(235, 137, 5);
+  player->click(189, 146);
+  ASSERT_TRUE(player->dialog_shows_up());
+  player->send(SIGTERM);
+  EXPECT_EQ(player->exit_status(), 0);
+  EXPECT_EQ(player->errors(), "");
+  EXPECT_EQ(lines_of(player->settings()).at(kVolumeLine), std::to_string(32768 - 328));
+}
+
+TEST_F(TheProgram, SoundsAsSoonAsThereIsASoundServer) {
+  start_and_show();
+  player->click(189, 146);
+  answer('"' + player->write_song("one.wav", kTones[0], 20) + '"');
+  player->key("ctrl+p");
+  desktop.sound.start();
+  desktop.sound.start_recording();
+  EXPECT_TRUE(hears(kTones[0]));
+  player->key("ctrl+q");
+  EXPECT_EQ(player->exit_status(), 0);
+}
+
+TEST_F(TheProgram, ChangesItsSizeOnTheScreen) {
+  start_and_show();
+  player->click(130, 60);
+  EXPECT_TRUE(wait_until([this] { return player->panel_width() == 262; }));
+  player->key("ctrl+m");
+  EXPECT_TRUE(wait_until([this] { return player->panel_width() == 607; }));
+  player->send(SIGINT);
+  EXPECT_EQ(player->exit_status(), 0);
+}
+
+std::string overflowing() { return settings_with(kLeadLine, "40000"); }
+
+TEST_F(TheProgram, SettingsThatDoNotFitAreReportedInABox) {
+  start(overflowing());
+  ASSERT_TRUE(player->dialog_shows_up());
+  player->dialog_key("Return");
+  EXPECT_EQ(player->exit_status(), 1);
+  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + "\n");
+  EXPECT_EQ(player->settings(), overflowing());
+}
+
+TEST_F(TheProgram, SettingsThatDoNotFitAreReportedWithoutADisplay) {
+  ::unsetenv("DISPLAY");
+  start(overflowing());
+  EXPECT_EQ(player->exit_status(), 1);
+  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + "\n");
+}
+
+}  // namespace
+}  // namespace tandem::test

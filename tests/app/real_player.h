@@ -1,0 +1,79 @@
+// The program itself in a folder of its own, on a virtual screen, with eyes and hands: what it shows is found by its
+// windows, and it is moved by the pointer and the keys of the screen alone.
+#pragma once
+
+#include <sys/types.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/output_test_server.h"
+#include "support/temp_directory.h"
+
+namespace tandem::test {
+
+// A screen and a sound server for all players of one test, and a home directory in which nothing is. Programs that are
+// started after it use them.
+class Desktop {
+ public:
+  Desktop();
+  ~Desktop();
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
+  const TempDirectory& home() const { return home_; }
+  std::string do_tool(const std::vector<std::string>& words) const;  // xdotool; its output, empty if it fails
+
+  OutputTestServer sound;  // not started
+
+ private:
+  TempDirectory files_;
+  TempDirectory home_;
+  ChildProcess screen_;
+};
+
+class RealPlayer {
+ public:
+  // `settings` is the text of TP.inf. The program is started; show_up() waits for its window.
+  RealPlayer(const Desktop& desktop, const std::string& settings);
+  ~RealPlayer();  // kills it if it still runs
+  RealPlayer(const RealPlayer&) = delete;
+  RealPlayer& operator=(const RealPlayer&) = delete;
+
+  bool show_up();
+  bool dialog_shows_up();
+  bool dialog_goes_away();
+
+  void click(int x, int y, int button = 1) const;  // a point of the panel
+  void key(const std::string& key) const;          // for the panel, as xdotool names it
+  void answer_dialog(const std::string& text);     // typed, and Return
+  void dialog_key(const std::string& key);
+  void send(int signal) const;
+  // The exit status once it has ended; 128 + n if it died of signal n. Nothing if it still runs after the deadline.
+  std::optional<int> exit_status();
+
+  int panel_width() const;
+  std::string settings() const;  // what TP.inf holds now, "" if there is none
+  std::string errors() const;    // what it wrote on standard error
+  std::string file(const std::string& name) const { return folder_.file(name); }
+  std::string write_song(const std::string& name, double hertz, double seconds) const;
+
+ private:
+  std::vector<std::string> windows() const;
+  int width_of(const std::string& window) const;
+  bool find_panel();
+  bool find_dialog();
+  bool has_ended();
+
+  const Desktop& desktop_;
+  TempDirectory folder_;
+  pid_t pid_ = -1;
+  std::optional<int> status_;
+  std::string panel_;
+  std::string dialog_;
+};
+
+// Lines of a settings file, without blanks.
+std::vector<std::string> lines_of(const std::string& settings);
+
+}  // namespace tandem::test
