@@ -9,6 +9,7 @@ namespace tandem {
 namespace {
 
 constexpr std::size_t kBlockFrames = 1024;
+constexpr float kLoudest = 1000.0F;  // 60 dB above full scale: what is meant as sound never comes near it
 
 bool is_float(const SF_INFO& info) {
   const int encoding = info.format & SF_FORMAT_SUBMASK;
@@ -79,7 +80,7 @@ std::size_t WavDecoder::read_block(std::span<StereoFrame> out) {
   const auto frames = static_cast<std::size_t>(got);
   const auto samples = std::span(samples_).first(frames * static_cast<std::size_t>(info_.channels));
   if (is_float(info_)) {
-    for (float& sample : samples) sample = std::isfinite(sample) ? sample : 0.0F;
+    for (float& sample : samples) sample = std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0.0F;
   }
   downmix_.process(samples, out.first(frames));
   position_ += got;

@@ -36,6 +36,14 @@ TEST(Model, RandomSequencesReachWhatMatters) {
   EXPECT_GT(reached.negative_counts, 20);
 }
 
+// The twin list keeps old numbers: a line numbered 100 is cut by four characters below the ninth place, by five from it
+// on.
+TEST(Model, ALineOfThreeDigitsMovesToTheTop) {
+  std::vector<Event> events{{Act::Open, 0, 110}, {Act::Select, 105}};
+  events.resize(110, {Act::Up});
+  EXPECT_EQ(first_difference(events) ? shrunk_difference(events) : "", "");
+}
+
 // More than 201 lines, the selection behind the table's end: the mix begins, its title fails, and it begins again.
 TEST(Model, AMixBehindTheEndOfTheTableBeginsAgainAndAgain) {
   std::vector<Event> events{{Act::Open, 0, 190}};

@@ -1,0 +1,19 @@
+// Bytes, three for an act, as a user's hand on the whole player.
+#include <algorithm>
+
+#include "fuzz_target.h"
+#include "panel_user.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  constexpr std::size_t kMostActs = 1000;
+  static const tandem::fuzz::SongShelf shelf;
+  tandem::fuzz::PanelUser user(shelf);
+  const std::size_t acts = std::min(size / 3, kMostActs);
+  for (std::size_t i = 0; i < acts; ++i) {
+    user.act(data[3 * i], data[3 * i + 1], data[3 * i + 2]);
+    user.check();
+  }
+  user.leave_alone();
+  user.check();
+  return 0;
+}
