@@ -106,15 +106,21 @@ class RenderGuardTest : public ::testing::Test {
     return path;
   }
 
-  // Lets so many steps pass, with the panel's ticks between them, as in the program.
+  // Lets so many steps pass, with the panel's ticks between them, as in the program. The render thread is waited for:
+  // until it has come to the orders that start or stop it, and until it has made its step.
   void run(int steps) {
     for (int i = 0; i < steps; ++i) {
       clock_.allow(1);
-      while (output_.consuming() && engine_->chain().wants_render() && !clock_.caught_up()) std::this_thread::yield();
+      while (engine_->playing() && !(sounding() && clock_.caught_up())) {
+        if (!sounding() && clock_.caught_up()) clock_.allow(1);  // it waits in a turn that has no sound to make
+        engine_->deliver();
+        std::this_thread::yield();
+      }
       engine_->deliver();
       program_->timers.advance(now_ += 10);
     }
   }
+  bool sounding() const { return output_.consuming() && engine_->chain().wants_render(); }
   PanelControls& controls() { return program_->controls; }
 
   TempDirectory directory_;
