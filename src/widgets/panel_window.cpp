@@ -132,7 +132,9 @@ void PanelWindow::visibilities_changed() {
   update();
 }
 
-void PanelWindow::repaint_box(const QRect& box) { update(box); }
+void PanelWindow::repaint_box(const QRect& box) {
+  if (!isMinimized()) update(box);
+}
 
 void PanelWindow::start_moving(PanelItem& item) {
   const auto known =
@@ -219,8 +221,10 @@ bool PanelWindow::event(QEvent* event) {
     case QEvent::ScreenChangeInternal:
       read_screen();
       break;
+    case QEvent::WindowStateChange:  // what has changed while it was minimised
+      update();
+      [[fallthrough]];
     case QEvent::Show:
-    case QEvent::WindowStateChange:
     case QEvent::WindowActivate:
       hooks_.frame_wanted();
       break;

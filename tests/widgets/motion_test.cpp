@@ -1,0 +1,145 @@
+// What moves by itself: the title, the hover light, pointers and caps; and what is left of it with reduced motion.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "widgets/window_rig.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr double kColumn = 1.0 / 30;  // seconds a dot column
+
+QImage picture_of(WindowRig& rig, const char* name) { return rig.window->grab(control_box(name).box()).toImage(); }
+
+// Which dots of the label's picture are lit, column by column. The glass shines differently from place to place.
+std::vector<int> lit_columns(const QImage& picture) {
+  std::vector<int> columns;
+  for (int x = 0; x + 1 < picture.width(); x += 2) {
+    int dots = 0;
+    for (int row = 0; row < 7; ++row)
+      if (qGray(picture.pixel(x, 2 * row)) > 128) dots |= 1 << row;
+    columns.push_back(dots);
+  }
+  return columns;
+}
+
+// The text has moved by so many dot columns to the left.
+bool has_moved(const QImage& before, const QImage& after, int way) {
+  const std::vector<int> from = lit_columns(before);
+  const std::vector<int> to = lit_columns(after);
+  return from != to && std::equal(from.begin() + way, from.end(), to.begin());
+}
+
+class Title : public testing::Test {
+ protected:
+  Title() {
+    rig.controls().SongLabel.Scrolling = true;
+    rig.controls().SongLabel.Caption = "A LONG TITLE OF A SONG   ";
+    rig.frame(0);
+    rest = picture_of(rig, "SongLabel");
+  }
+  WindowRig rig;
+  QImage rest;
+};
+
+TEST_F(Title, RestsFor800MillisecondsThenGoesByWholeColumns) {
+  rig.painted();
+  rig.frame(0.8);
+  EXPECT_TRUE(rig.painted().isEmpty());
+  EXPECT_EQ(picture_of(rig, "SongLabel"), rest);
+  rig.frame(kColumn * 0.9);
+  EXPECT_EQ(picture_of(rig, "SongLabel"), rest);
+  rig.frame(kColumn * 0.2);
+  EXPECT_TRUE(has_moved(rest, picture_of(rig, "SongLabel"), 1));
+  rig.frame(kColumn * 4);
+  EXPECT_TRUE(has_moved(rest, picture_of(rig, "SongLabel"), 5));
+}
+
+TEST_F(Title, IsARing) {
+  rig.frame(0.8 + kColumn * 25 * 6 + 0.001);
+  EXPECT_EQ(picture_of(rig, "SongLabel"), rest);
+}
+
+TEST_F(Title, BeginsAnewWithANewText) {
+  rig.frame(0.8 + kColumn * 10);
+  rig.controls().SongLabel.Caption = "ANOTHER TITLE OF A SONG   ";
+  const QImage other = picture_of(rig, "SongLabel");
+  EXPECT_NE(other, rest);
+  rig.frame(0.79);
+  EXPECT_EQ(picture_of(rig, "SongLabel"), other);
+}
+
+TEST_F(Title, StepsByWholeCellsWithReducedMotion) {
+  rig.window->set_reduced_motion(true);
+  rig.frame(0.8 + kColumn * 5.9);
+  EXPECT_EQ(picture_of(rig, "SongLabel"), rest);
+  rig.frame(kColumn * 0.2);
+  EXPECT_TRUE(has_moved(rest, picture_of(rig, "SongLabel"), 6));
+}
+
+TEST_F(Title, StandsStillWithoutScrolling) {
+  rig.controls().SongLabel.Scrolling = false;
+  rig.frame(5);
+  EXPECT_EQ(picture_of(rig, "SongLabel"), rest);
+  EXPECT_FALSE(rig.frame(1));
+}
+
+TEST(Hover, FadesInWithin80Milliseconds) {
+  WindowRig rig;
+  const QImage rest = picture_of(rig, "STOPBtn");
+  rig.move(rig.middle("STOPBtn"));
+  rig.frame(0.016);  // its time begins here
+  rig.frame(0.040);
+  const QImage half = picture_of(rig, "STOPBtn");
+  EXPECT_NE(half, rest);
+  EXPECT_TRUE(rig.frame(0.030));
+  EXPECT_FALSE(rig.frame(0.011));
+  const QImage whole = picture_of(rig, "STOPBtn");
+  EXPECT_NE(whole, half);
+  rig.move({300, 60});
+  rig.frame(0);
+  rig.frame(0.081);
+  EXPECT_EQ(picture_of(rig, "STOPBtn"), rest);
+}
+
+TEST(Hover, ComesAtOnceWithReducedMotion) {
+  WindowRig rig;
+  rig.window->set_reduced_motion(true);
+  const QImage rest = picture_of(rig, "STOPBtn");
+  rig.move(rig.middle("STOPBtn"));
+  EXPECT_FALSE(rig.frame(0));
+  EXPECT_NE(picture_of(rig, "STOPBtn"), rest);
+}
+
+TEST(Pointers, ReachTheirPlaceInAbout90Milliseconds) {
+  WindowRig rig;
+  rig.controls().MMSwitchX1.move(0);
+  while (rig.frame(1)) {
+  }
+  const QImage rest = picture_of(rig, "MMSwitchX1");
+  rig.controls().MMSwitchX1.move(2);
+  rig.frame(0);
+  rig.frame(0.045);
+  const QImage way = picture_of(rig, "MMSwitchX1");
+  rig.frame(0.1);
+  const QImage end = picture_of(rig, "MMSwitchX1");
+  EXPECT_NE(way, end);
+  EXPECT_NE(way, rest);
+  rig.frame(1);
+  EXPECT_EQ(picture_of(rig, "MMSwitchX1"), end);
+}
+
+TEST(Pointers, JumpWithReducedMotion) {
+  WindowRig rig;
+  rig.window->set_reduced_motion(true);
+  rig.controls().Bypass.move(0);
+  EXPECT_FALSE(rig.frame(0));
+  const QImage end = picture_of(rig, "Bypass");
+  rig.frame(1);
+  EXPECT_EQ(picture_of(rig, "Bypass"), end);
+}
+
+}  // namespace
+}  // namespace tandem::test
