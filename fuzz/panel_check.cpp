@@ -8,7 +8,7 @@ namespace tandem::fuzz {
 
 namespace {
 
-constexpr std::int32_t kShortList = 10;           // lines: longer lists take too long to play
+constexpr std::int32_t kShortList = 10;           // lines: what is over is removed first
 constexpr std::int64_t kLongestRest = 60 * 1000;  // ms: ten songs of 3 s, and half a second for each that is broken
 
 bool one_lead_lit(const PanelControls& controls) {
@@ -50,7 +50,9 @@ void PanelUser::check() const {
 }
 
 void PanelUser::leave_alone() {
-  if (controls_.PlayList.ListCount() > kShortList) return;
+  ListBox& list = controls_.PlayList;
+  for (std::int32_t line = list.ListCount() - 1; line >= 0 && list.ListCount() > kShortList; --line)
+    list.user_double_click(line);
   if (controls_.PAUSE.BackColor == clYellow) press(controls_.PAUSE);
   const std::int64_t end = player_.now() + kLongestRest;
   while (player_.program.sound.MixTimer->Interval() != 0) {
