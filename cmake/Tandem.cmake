@@ -17,7 +17,7 @@ target_compile_options(tandem_options INTERFACE
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(TANDEM_SANITIZE)
   target_compile_options(tandem_options INTERFACE -fsanitize=${TANDEM_SANITIZE} -fno-omit-frame-pointer
-    -fno-sanitize-recover=all -Wno-null-dereference -Wno-maybe-uninitialized)
+    -fno-sanitize-recover=all -Wno-null-dereference -Wno-maybe-uninitialized -Wno-mismatched-new-delete)
   target_link_options(tandem_options INTERFACE -fsanitize=${TANDEM_SANITIZE})
 elseif(TANDEM_HARDEN)
   target_compile_options(tandem_options INTERFACE -fstack-protector-strong $<$<CONFIG:Release>:-U_FORTIFY_SOURCE>
