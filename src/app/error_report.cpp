@@ -7,9 +7,7 @@
 
 namespace tandem {
 
-namespace {
 bool has_display() { return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"); }
-}  // namespace
 
 void report_error(const std::string& text) {
   std::fprintf(stderr, "tandem: %s\n", text.c_str());

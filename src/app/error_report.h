@@ -8,4 +8,7 @@ namespace tandem {
 
 void report_error(const std::string& text);
 
+// Whether the environment names a display at all.
+bool has_display();
+
 }  // namespace tandem

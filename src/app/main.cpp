@@ -2,7 +2,7 @@
 
 #include <QApplication>
 #include <QSessionManager>
-#include <exception>
+#include <stdexcept>
 
 #include "app/close_signals.h"
 #include "app/error_report.h"
@@ -16,8 +16,15 @@ void prefer_small_pictures() {
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
 }
 
+// The toolkit itself would abort.
+void need_display() {
+  if (!tandem::has_display() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    throw std::runtime_error("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.");
+}
+
 int play(int argc, char** argv) {
   tandem::Player player;  // the sound first: it is ready while the window is made
+  need_display();
   QApplication application(argc, argv);
   QApplication::setApplicationName("Tandem");
   QGuiApplication::setDesktopFileName("tandem");

@@ -1,11 +1,9 @@
 #include "platform/qt_file_dialog.h"
 
-#include <dirent.h>
-
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QSettings>
-#include <algorithm>
 #include <cctype>
 #include <vector>
 
@@ -34,24 +32,7 @@ std::string any_case(const std::string& patterns) {
 // "Text|*.a;*.b" in the toolkit's form.
 QString name_filter(const std::string& filter) {
   const std::size_t bar = filter.find('|');
-  std::string text = filter.substr(0, bar);
-  std::replace(text.begin(), text.end(), '(', '[');  // the toolkit takes what stands in brackets as patterns
-  std::replace(text.begin(), text.end(), ')', ']');
-  return QString::fromStdString(text + " (" + any_case(filter.substr(bar + 1)) + ")");
-}
-
-// The bytes of a path as they stand on disk: a name that is no valid UTF-8 is shown with replacements, so it is looked
-// for among the directory's entries.
-std::string path_bytes(const QString& shown) {
-  const QByteArray direct = QFile::encodeName(shown);
-  if (!shown.contains(QChar::ReplacementCharacter)) return direct.toStdString();
-  const std::string path = direct.toStdString();
-  const std::string directory = path.substr(0, name_begin(path));
-  const QString name = shown.mid(shown.lastIndexOf('/') + 1);
-  const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(directory.c_str()), closedir);
-  while (const dirent* entry = entries ? readdir(entries.get()) : nullptr)
-    if (QFile::decodeName(entry->d_name) == name) return directory + entry->d_name;
-  return path;
+  return QString::fromStdString(filter.substr(0, bar) + " (" + any_case(filter.substr(bar + 1)) + ")");
 }
 
 std::string first_or_empty(const std::vector<std::string>& texts) { return texts.empty() ? "" : texts.front(); }
@@ -59,7 +40,7 @@ std::string first_or_empty(const std::vector<std::string>& texts) { return texts
 std::vector<std::string> chosen(QFileDialog& dialog) {
   std::vector<std::string> paths;
   if (dialog.exec() != QDialog::Accepted) return paths;
-  for (const QString& file : dialog.selectedFiles()) paths.push_back(path_bytes(file));
+  for (const QString& file : dialog.selectedFiles()) paths.push_back(QFile::encodeName(file).toStdString());
   return paths;
 }
 
@@ -84,19 +65,20 @@ QFileDialog& QtFileDialog::prepared(QFileDialog::AcceptMode mode) {
     dialog = std::make_unique<QFileDialog>();
     dialog->setAcceptMode(mode);
     dialog->setViewMode(QFileDialog::Detail);
+    dialog->setOption(QFileDialog::HideNameFilterDetails);  // the patterns with both cases of every letter
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
   }
   if (dialog->parentWidget() != parent_) dialog->setParent(parent_, dialog->windowFlags());
   dialog->setNameFilter(name_filter(Filter));
+  // What was chosen last is not proposed again: the toolkit would keep it in its line.
+  if (auto* line = dialog->findChild<QLineEdit*>("fileNameEdit")) line->clear();
+  if (const QString folder = QFile::decodeName(InitDir.c_str()); !folder.isEmpty() && QDir(folder).exists())
+    dialog->setDirectory(folder);
   return *dialog;
 }
 
 std::string QtFileDialog::ask_open() {
-  QFileDialog& dialog = prepared(QFileDialog::AcceptOpen);
-  if (const QString folder = QFile::decodeName(InitDir.c_str()); !folder.isEmpty() && QDir(folder).exists())
-    dialog.setDirectory(folder);
-  dialog.selectFile(QString());
-  return first_or_empty(dialog_results(chosen(dialog)));
+  return first_or_empty(dialog_results(chosen(prepared(QFileDialog::AcceptOpen))));
 }
 
 std::string QtFileDialog::ask_save() {

@@ -1,5 +1,6 @@
 // The desktop's file dialog. UI thread; timers and notifications go on while it is open.
-// It keeps its size, view and place until the program closes, and stores nothing on disk.
+// It keeps its size, view and place until the program closes, and stores nothing on disk. Names that are not valid
+// UTF-8 cannot be chosen in it (the toolkit leaves them out); dropped on the window or in a list file they are taken.
 #pragma once
 
 #include <QFileDialog>

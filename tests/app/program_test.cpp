@@ -179,6 +179,24 @@ TEST_F(TheProgram, ChangesItsSizeOnTheScreen) {
   EXPECT_EQ(player->exit_status(), 0);
 }
 
+TEST_F(TheProgram, IsDraggedByItsHead) {
+  start_and_show();
+  const auto [x, y] = player->place();
+  player->drag(300, 7, 57, 33);
+  EXPECT_TRUE(wait_until([&] { return player->place() == std::pair(x + 57, y + 33); }));
+  player->click(130, 60);  // small, in its place
+  EXPECT_TRUE(wait_until([this] { return player->panel_width() == 262; }));
+  EXPECT_EQ(player->place(), std::pair(x + 57, y + 33));
+}
+
+TEST_F(TheProgram, SaysThatThereIsNoDisplay) {
+  ::unsetenv("DISPLAY");
+  ::unsetenv("QT_QPA_PLATFORM");
+  start();
+  EXPECT_EQ(player->exit_status(), 1);
+  EXPECT_EQ(player->errors(), "tandem: There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.\n");
+}
+
 std::string overflowing() { return settings_with(kLeadLine, "40000"); }
 
 TEST_F(TheProgram, SettingsThatDoNotFitAreReportedInABox) {

@@ -102,13 +102,11 @@ std::vector<std::string> RealPlayer::windows() const {
   return all;
 }
 
-int RealPlayer::width_of(const std::string& window) const {
-  const std::string geometry = desktop_.do_tool({"getwindowgeometry", "--shell", window});
-  const std::size_t at = geometry.find("WIDTH=");
-  return at == std::string::npos ? 0 : std::stoi(geometry.substr(at + 6));
+int RealPlayer::number_of(const std::string& window, const std::string& what) const {
+  const std::string geometry = "\n" + desktop_.do_tool({"getwindowgeometry", "--shell", window});
+  const std::size_t at = geometry.find("\n" + what);
+  return at == std::string::npos ? 0 : std::stoi(geometry.substr(at + 1 + what.size()));
 }
-
-int RealPlayer::panel_width() const { return width_of(panel_); }
 
 bool RealPlayer::find_panel() {
   for (const std::string& window : windows()) {
@@ -139,6 +137,13 @@ bool RealPlayer::dialog_goes_away() {
 void RealPlayer::click(int x, int y, int button) const {
   desktop_.do_tool(
       {"mousemove", "--window", panel_, std::to_string(x), std::to_string(y), "click", std::to_string(button)});
+}
+
+void RealPlayer::drag(int x, int y, int right, int down) const {
+  desktop_.do_tool({"mousemove", "--window", panel_, std::to_string(x), std::to_string(y), "mousedown", "1"});
+  for (int step = 1; step <= 3; ++step)
+    desktop_.do_tool({"mousemove_relative", "--", std::to_string(right / 3), std::to_string(down / 3)});
+  desktop_.do_tool({"mouseup", "1"});
 }
 
 void RealPlayer::key(const std::string& key) const { desktop_.do_tool({"windowfocus", "--sync", panel_, "key", key}); }

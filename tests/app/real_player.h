@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/output_test_server.h"
@@ -52,7 +53,11 @@ class RealPlayer {
   // The exit status once it has ended; 128 + n if it died of signal n. Nothing if it still runs after the deadline.
   std::optional<int> exit_status();
 
-  int panel_width() const;
+  // Presses at a point of the panel, moves by so much and lets go.
+  void drag(int x, int y, int right, int down) const;
+
+  int panel_width() const { return number_of(panel_, "WIDTH="); }
+  std::pair<int, int> place() const { return {number_of(panel_, "X="), number_of(panel_, "Y=")}; }
   std::string settings() const;  // what TP.inf holds now, "" if there is none
   std::string errors() const;    // what it wrote on standard error
   std::string file(const std::string& name) const { return folder_.file(name); }
@@ -60,7 +65,8 @@ class RealPlayer {
 
  private:
   std::vector<std::string> windows() const;
-  int width_of(const std::string& window) const;
+  int number_of(const std::string& window, const std::string& what) const;  // of its geometry
+  int width_of(const std::string& window) const { return number_of(window, "WIDTH="); }
   bool find_panel();
   bool find_dialog();
   bool has_ended();
