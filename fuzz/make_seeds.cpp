@@ -1,5 +1,8 @@
 // make_seeds FOLDER: writes the small files from which fuzzing starts, a folder for each target.
+#include <sndfile.h>
+
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 
 #include "settings/settings_file.h"
@@ -57,6 +60,32 @@ void make_wavs() {
                                        "RIFX", true));
 }
 
+// Encodings that only libsndfile writes.
+void make_coded(const std::string& name, int format, int rate, int channels) {
+  const Signal signal = music(0.06, rate, channels);
+  const std::string path = folder + "/song/" + name;
+  SF_INFO info{};
+  info.samplerate = rate;
+  info.channels = channels;
+  info.format = format;
+  SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+  if (file == nullptr) throw std::runtime_error("cannot write " + path);
+  sf_writef_double(file, signal.samples.data(), signal.frames());
+  sf_close(file);
+}
+
+void make_coded_wavs() {
+  make_coded("wav_alaw", SF_FORMAT_WAV | SF_FORMAT_ALAW, 22050, 2);
+  make_coded("wav_ulaw", SF_FORMAT_WAV | SF_FORMAT_ULAW, 44100, 1);
+  make_coded("wav_ima", SF_FORMAT_WAV | SF_FORMAT_IMA_ADPCM, 44100, 2);
+  make_coded("wav_ms", SF_FORMAT_WAV | SF_FORMAT_MS_ADPCM, 44100, 2);
+  make_coded("wav_gsm", SF_FORMAT_WAV | SF_FORMAT_GSM610, 8000, 1);
+  make_coded("wav_g721", SF_FORMAT_WAV | SF_FORMAT_G721_32, 8000, 1);
+  make_coded("wav_extensible_24", SF_FORMAT_WAVEX | SF_FORMAT_PCM_24, 44100, 1);
+  make_coded("w64", SF_FORMAT_W64 | SF_FORMAT_PCM_16, 22050, 2);
+  make_coded("rf64", SF_FORMAT_RF64 | SF_FORMAT_FLOAT, 44100, 1);
+}
+
 void make_mp3s() {
   const Signal signal = music(0.2);
   const Bytes tagged = make_mp3(signal, {"-V6"});
@@ -78,6 +107,7 @@ int main(int count, char** words) {
   make_settings();
   make_playlists();
   make_wavs();
+  make_coded_wavs();
   make_mp3s();
   for (unsigned seed = 1; seed <= 4; ++seed)
     keep("panel_events/random_" + std::to_string(seed), random_bytes(600, seed));
