@@ -86,7 +86,6 @@ TEST_F(TransportSound, PauseFadesToSilenceAndRestartFromIt) {
   rig.run(500);
   const std::span<const Sample16> again = std::span(rig.sound()).subspan(paused);
   EXPECT_LE(click(again, 0, 2000), kNoClick);
-  EXPECT_GT(longest_silence(again, 0, again.size()) + 2000, 0U);
 }
 
 TEST_F(TransportSound, StopFades) {
