@@ -28,6 +28,8 @@ void PanelWindow::add_items(Displays displays) {
   add_transport();
   add_mix_strip();
   visual_ = add<VisualItem>("MMSpectrum1", displays);
+  add<LevelItem>("MMLevelX1", displays);
+  add<LevelItem>("MMMeterX2", displays);
   add_equalizer();
   add_song_list();
   add_board();

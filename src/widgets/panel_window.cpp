@@ -112,6 +112,7 @@ void PanelWindow::shape_corners() {
 bool PanelWindow::in_scene(const PanelItem& item) const {
   const QSize window(pixels(controls_.Painel.Width), pixels(controls_.Painel.Height));
   if (item.place().group == ControlGroup::Chrome) return true;
+  if (!item.in_use()) return false;
   if (!QRect(QPoint(), window).contains(item.place().box())) return false;
   const bool list_group = item.place().group == ControlGroup::List;
   const bool equalizer_group = item.place().group == ControlGroup::Equalizer;

@@ -49,6 +49,8 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void visibilities_changed() override;
   void before_user_act() override { hooks_.user_acts(); }
   bool reduced_motion() const override { return reduced_motion_; }
+  // At first as the desktop's style has it: one whose animations last no time wants nothing moved. The title then
+  // steps by whole cells, lights and pointers change at once.
   void set_reduced_motion(bool reduced) { reduced_motion_ = reduced; }
 
  protected:

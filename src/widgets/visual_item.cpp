@@ -1,6 +1,7 @@
 #include "widgets/visual_item.h"
 
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -15,6 +16,10 @@ int which(const Displays& displays) {
   if (displays.MMSpectrum1.Visible()) return 0;
   if (displays.MMMeterX1.Visible()) return 1;
   return displays.MMOscopeX1.Visible() ? 2 : -1;
+}
+
+QString level_text(const NeedleMeter& meter) {
+  return QString::number(std::lround(scale_db(meter.deflection()))) + " dB";
 }
 
 }  // namespace
@@ -46,6 +51,7 @@ bool VisualItem::start_anew() {
   const bool anew = shown != shown_ || scale != scale_;
   shown_ = shown;
   scale_ = scale;
+  if (anew) canvas().visibilities_changed();
   if (anew) repaint(box());
   return anew;
 }
@@ -98,7 +104,13 @@ QString VisualItem::spoken_name() const {
 
 QString VisualItem::spoken_value() const {
   if (shown_ != 1) return {};
-  return QString::number(std::lround(scale_db(displays_.MMMeterX1.deflection()))) + " dB";
+  return level_text(displays_.MMMeterX1);
+}
+
+QString LevelItem::spoken_value() const {
+  if (place().name == "MMMeterX2") return level_text(displays_.MMMeterX2);
+  const auto& lit = displays_.MMLevelX1.lit();
+  return QString::number(std::max(lit[0], lit[1]) * 100 / LevelBar::kRows) + " %";
 }
 
 }  // namespace tandem

@@ -50,4 +50,18 @@ class VisualItem final : public PanelItem {
   double scale_ = 0;  // device pixels to a px
 };
 
+// Speaks for the second needle and the level bar, which the display area draws with the first.
+class LevelItem final : public PanelItem {
+ public:
+  LevelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Displays displays)
+      : PanelItem(panel, canvas, place, nullptr), displays_(displays) {}
+  void draw(QPainter&) const override {}
+  bool advance(double) override { return false; }
+  bool in_use() const override { return displays_.MMMeterX2.Visible(); }
+  QString spoken_value() const override;
+
+ private:
+  Displays displays_;
+};
+
 }  // namespace tandem

@@ -79,6 +79,30 @@ TEST_F(Spoken, Values) {
   EXPECT_EQ(value("PlayList"), rig.controls().PlayList.List(1));
 }
 
+TEST_F(Spoken, Displays) {
+  rig.controls().MMSwitchX1.move(0);
+  rig.frame(0);
+  EXPECT_EQ(spoken_name("MMSpectrum1"), "Spectrum analyser");
+  EXPECT_FALSE(rig.item("MMMeterX2").isVisible());
+  rig.controls().MMSwitchX1.move(1);
+  rig.frame(0);
+  EXPECT_TRUE(rig.item("MMMeterX2").isVisible());
+  EXPECT_EQ(spoken_name("MMSpectrum1"), "Left level, dB");
+  EXPECT_EQ(spoken_name("MMMeterX2"), "Right level, dB");
+  const std::vector<SoundFrame> right_only(441, SoundFrame{0.0F, 1.0F});
+  for (int i = 0; i < 300; ++i) {
+    rig.window->visual().feed(right_only);
+    rig.frame(0.01);
+  }
+  EXPECT_EQ(value("MMMeterX2"), "3 dB");  // full scale is the end of the scale
+  EXPECT_NE(value("MMSpectrum1"), "3 dB");
+  EXPECT_EQ(value("MMLevelX1"), "100 %");
+  rig.controls().MMSwitchX1.move(2);
+  rig.frame(0);
+  EXPECT_EQ(spoken_name("MMSpectrum1"), "Oscilloscope");
+  EXPECT_FALSE(rig.item("MMLevelX1").isVisible());
+}
+
 TEST_F(Spoken, TwoStates) {
   EXPECT_TRUE(of("AMLed2").state().checkable);
   EXPECT_TRUE(of("AMLed2").state().checked);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QProxyStyle>
 #include <algorithm>
 
 #include "widgets/window_rig.h"
@@ -129,6 +131,29 @@ TEST(Pointers, ReachTheirPlaceInAbout90Milliseconds) {
   EXPECT_NE(way, rest);
   rig.frame(1);
   EXPECT_EQ(picture_of(rig, "MMSwitchX1"), end);
+}
+
+// A desktop whose style moves nothing, as it is set where motion is to be reduced.
+class StillStyle : public QProxyStyle {
+ public:
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* answer) const override {
+    return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, answer);
+  }
+};
+
+TEST(ReducedMotion, IsReadFromTheDesktopsStyle) {
+  {
+    const WindowRig rig;
+    EXPECT_FALSE(rig.window->reduced_motion());
+  }
+  const QString usual = QApplication::style()->objectName();
+  QApplication::setStyle(new StillStyle);
+  {
+    const WindowRig rig;
+    EXPECT_TRUE(rig.window->reduced_motion());
+  }
+  QApplication::setStyle(usual);
 }
 
 TEST(Pointers, JumpWithReducedMotion) {
