@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "engine/section_reader.h"
+
 namespace tandem {
 namespace {
 
@@ -33,7 +35,7 @@ bool seeks_exactly(const SF_INFO& info) {
 
 std::unique_ptr<Decoder> WavDecoder::open(std::shared_ptr<const SongFile> file, const WavHeader& header) {
   auto decoder = std::make_unique<WavDecoder>(std::move(file), header);
-  if (decoder->sections().front().length <= 0) return nullptr;
+  if (length_at_sample_rate(decoder->sections().front()) <= 0) return nullptr;
   return decoder;
 }
 
