@@ -43,7 +43,7 @@ void PanelModel::double_click_line(Number clicked) {
   renumber(look.ListAux2, look.PlayList.size());
   compact_table();
   --look.SongCount;
-  look.ListTimer = true;
+  start_list_timer();
 }
 
 void PanelModel::renumber(std::vector<std::string>& list, std::size_t count) {
@@ -87,7 +87,7 @@ void PanelModel::move_up() {
   }
   swap_songs(moved);  // at the top too: entries 0 and 1
   look.NextSongLoaded = 0;
-  look.ListTimer = true;
+  start_list_timer();
 }
 
 void PanelModel::move_down() {
@@ -102,7 +102,7 @@ void PanelModel::move_down() {
   }
   swap_songs(moved + 1);  // at the bottom too: entries 1 and 2
   look.NextSongLoaded = 0;
-  look.ListTimer = true;
+  start_list_timer();
 }
 
 void PanelModel::toggle_list() {

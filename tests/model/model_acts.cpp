@@ -75,6 +75,9 @@ bool Acting::act_on_transport(const Event& event) {
     case Act::DeviceLost:
       panel.program.sound.WaveOut->device_lost.raise();
       return true;
+    case Act::Wait:
+      panel.advance(event.first * 10);
+      return true;
     case Act::Refresh:
       panel.time_of_day = time_of_day(event.first);
       panel.program.sound.Timer->tick.raise();

@@ -51,8 +51,12 @@ bool act_on_transport(PanelModel& model, const Event& event) {
     case Act::DeviceLost:
       model.lose_device();
       return true;
+    case Act::Wait:
+      model.wait(event.first * 10);
+      return true;
     case Act::Refresh:
-      model.refresh(std::string(time_of_day(event.first)));
+      model.time_of_day = time_of_day(event.first);
+      model.refresh();
       return true;
     default:
       return false;

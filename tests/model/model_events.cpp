@@ -15,12 +15,13 @@ struct Chance {
 
 // How often each act comes: mostly those that decide what sounds.
 constexpr Chance kTransport[] = {
-    {Act::Play, 8},      {Act::Pause, 1},     {Act::Stop, 2},         {Act::Next, 8},      {Act::Up, 5},
-    {Act::Down, 5},      {Act::Tick, 24},     {Act::Finished, 12},    {Act::Select, 9},    {Act::Double, 5},
-    {Act::Position, 16}, {Act::Add, 8},       {Act::AddMany, 3},      {Act::Drop, 1},      {Act::Cancel, 1},
-    {Act::Open, 2},      {Act::OpenSaved, 2}, {Act::OpenMissing, 1},  {Act::Save, 2},      {Act::Resync, 8},
-    {Act::Refresh, 5},   {Act::Lead, 3},      {Act::BufferSwitch, 1}, {Act::DelayOver, 1}, {Act::DeviceLost, 1},
-    {Act::SeekPress, 2}, {Act::SeekMove, 2},  {Act::SeekRelease, 2},  {Act::PitchMove, 1}, {Act::ShowPlayList, 1}};
+    {Act::Play, 8},        {Act::Pause, 1},     {Act::Stop, 2},        {Act::Next, 8},         {Act::Up, 5},
+    {Act::Down, 5},        {Act::Tick, 24},     {Act::Finished, 12},   {Act::Select, 9},       {Act::Double, 5},
+    {Act::Position, 16},   {Act::Add, 8},       {Act::AddMany, 3},     {Act::Drop, 1},         {Act::Cancel, 1},
+    {Act::Open, 2},        {Act::OpenSaved, 2}, {Act::OpenMissing, 1}, {Act::Save, 2},         {Act::Resync, 5},
+    {Act::Wait, 12},       {Act::Refresh, 5},   {Act::Lead, 3},        {Act::BufferSwitch, 1}, {Act::DelayOver, 1},
+    {Act::DeviceLost, 1},  {Act::SeekPress, 2}, {Act::SeekMove, 2},    {Act::SeekRelease, 2},  {Act::PitchMove, 1},
+    {Act::ShowPlayList, 1}};
 
 using Random = std::mt19937_64;
 
@@ -67,6 +68,8 @@ Event random_event(Random& random, std::int32_t song) {
     case Act::Drop:
     case Act::Open:
       return {act, song + below(random, 4), below(random, 100) == 0 ? 199 + below(random, 6) : below(random, 6)};
+    case Act::Wait:
+      return {act, below(random, 3) == 0 ? below(random, 300) : below(random, 30)};
     case Act::PitchMove:
       return {act, below(random, 45) - 22};
     case Act::SeekMove:

@@ -31,6 +31,7 @@ enum class Act {
   OpenSaved,  // the file that Save writes
   OpenMissing,
   Save,
+  Wait,  // first times 10 ms
   Resync,
   Refresh,  // time of day first
   DelayOver,

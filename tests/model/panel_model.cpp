@@ -35,6 +35,7 @@ void PanelModel::put_mute(Number input, bool mute) {
 void PanelModel::put_interval(Number milliseconds) {
   call("MixTimer.Interval(" + std::to_string(milliseconds) + ")");
   look.MixTimer = milliseconds;
+  mix_due_ = now_ + milliseconds;
 }
 
 void PanelModel::put_slider(Number position) { look.Slider1 = std::max(0, std::min(position, look.Slider1Maximum)); }

@@ -31,18 +31,15 @@ class PanelModel {
   std::array<Song, 201> SongTable;
   std::vector<std::string> calls;           // of the last event, on decks, pitch, mixer, output and MixTimer
   std::map<std::string, std::string> disk;  // playlist files: path to bytes
-  bool ended = false;                       // an error ended the last event's handler
+  std::string time_of_day = "12:34:56";
+  bool ended = false;  // an error ended the last event's handler
 
   // Runs one event's handler and catches its early end.
   template <class Handler>
   void event(Handler handler) {
     calls.clear();
     ended = false;
-    try {
-      handler();
-    } catch (const Ended&) {
-      ended = true;
-    }
+    handle(handler);
   }
 
   // Transport.
@@ -58,8 +55,11 @@ class PanelModel {
   void lose_device() { call("WaveOut.close()"); }
   void resynchronise();
   // Time display.
-  void refresh(const std::string& time_of_day);
+  void refresh();
   void delay_over();
+  // Lets time pass in steps of 10 ms; timers that are due together tick in the order MixTimer, Timer, ListTimer,
+  // TimerDelay, and an error in one leaves the others their turn.
+  void wait(std::int64_t milliseconds);
   // List.
   void click_line(Number line);
   void double_click_line(Number line);
@@ -93,6 +93,14 @@ class PanelModel {
   void toggle_size();
 
  private:
+  template <class Handler>
+  void handle(Handler handler) {
+    try {
+      handler();
+    } catch (const Ended&) {
+      ended = true;
+    }
+  }
   void call(const std::string& text) { calls.push_back(text); }
   Song& song(Number number);
   const std::string& line(Number index) const;
@@ -134,7 +142,15 @@ class PanelModel {
   void choose_display(Number position);
   void show_displays(std::array<bool, 5> chosen);
 
+  void start_list_timer();
+  void start_delay();
+
   const test::FakeFiles& files_;
+  std::int64_t now_ = 0;  // milliseconds
+  std::int64_t mix_due_ = 0;
+  std::int64_t refresh_due_ = 200;
+  std::int64_t list_due_ = 0;
+  std::int64_t delay_due_ = 0;
   std::array<Song, 201> SongTableCopy_;
   std::array<std::string, 201> PickedNames_;
 };

@@ -170,7 +170,7 @@ void PanelModel::resynchronise() {
   look.ListTimer = false;
 }
 
-void PanelModel::refresh(const std::string& time_of_day) {
+void PanelModel::refresh() {
   look.ClockLabel.Caption = time_of_day.substr(0, 5);
   if (look.SeekDragging != 0) return;
   const Number position = look.decks.at(static_cast<std::size_t>(look.ActiveDeck)).Position;

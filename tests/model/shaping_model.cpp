@@ -73,7 +73,7 @@ void PanelModel::release_pitch() {
 
 void PanelModel::click_pitch_reset() {
   move_pitch(0);
-  look.TimerDelay = true;
+  start_delay();
 }
 
 void PanelModel::move_volume(Number moved) {
