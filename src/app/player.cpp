@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <thread>
 
 #include "app/dropped_songs.h"
@@ -128,7 +129,7 @@ std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
     frame_due_ = std::max(frame_due_ + period, static_cast<double>(now) + period / 2);
   }
   if (!moving_) return std::nullopt;
-  return static_cast<Milliseconds>(frame_due_ + 0.5);
+  return std::lround(frame_due_);
 }
 
 void Player::drop(const std::vector<std::string>& paths) {

@@ -34,7 +34,6 @@ QAccessible::Role role_of(ControlKind kind) {
     case ControlKind::Gauge:
     case ControlKind::LevelBar:
     case ControlKind::NeedleMeter:
-      return QAccessible::Indicator;
     case ControlKind::PitchLamp:
       return QAccessible::Indicator;
     case ControlKind::Spectrum:

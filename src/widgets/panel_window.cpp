@@ -53,6 +53,9 @@ PanelWindow::~PanelWindow() {
   controls_.Painel.view_changed.connect(nullptr);
   for (PanelItem* item : items_)
     if (item->model() != nullptr) item->model()->view_changed.connect(nullptr);
+  hooks_.frame_wanted = [] {};
+  hide();
+  for (PanelItem* item : items_) delete item;  // they still speak to their canvas when they go
 }
 
 WindowSize PanelWindow::size_now() const {
@@ -156,7 +159,9 @@ bool PanelWindow::exposed() const {
 bool PanelWindow::attended() const { return isActiveWindow() || underMouse(); }
 
 bool PanelWindow::frame(double seconds) {
-  for (std::size_t i = 0; i < moving_.size(); ++i) {  // an item may set another one in motion
+  // By index: an item may set another one in motion, which moves the list.
+  // NOLINTNEXTLINE(modernize-loop-convert)
+  for (std::size_t i = 0; i < moving_.size(); ++i) {
     moving_[i].at_rest = true;
     const bool moves = moving_[i].item->advance(std::exchange(moving_[i].fresh, false) ? 0 : seconds);
     if (moves) moving_[i].at_rest = false;
