@@ -86,7 +86,8 @@ void Player::show() {
 // For how long the panel's mix ticks would do nothing: they poll the position, and the mix point is known.
 TimerQueue::Milliseconds Player::quiet_time() {
   const RunState& state = program_.state;
-  if (state.NextSongLoaded == kFalse) return 0;
+  const bool sounding = engine_.chain().steps() <= engine_.chain().last_live_step() + 2;
+  if (state.NextSongLoaded == kFalse || !sounding) return 0;
   const ListBox& list = program_.controls.PlayList;
   if (state.MixStarted != kFalse || list.ListIndex() + 1 == list.ListCount()) return kLongestRest;
   if (state.CurrentSong < 1 || state.CurrentSong > list.ListCount()) return 0;
