@@ -23,7 +23,7 @@ class Output {
 
   virtual ~Output() = default;
 
-  virtual void open(int buffer_bytes) = 0;  // 5120 or 10240: the size of one buffer, which is the device's request size
+  virtual void open(int buffer_bytes) = 0;  // 5120 or 10240: the size of one buffer
   virtual void close() = 0;                 // what the device has taken is still played, then it is let go
   virtual void start() = 0;                 // opens a closed device; does nothing on a running one
   virtual void stop() = 0;                  // plays what is queued, then takes nothing more
@@ -39,7 +39,7 @@ class Output {
   // How many of the ring's frames have been heard, ever: grows with the device's clock between two requests,
   // never goes back, never passes what was taken from the ring.
   virtual std::uint64_t heard() const noexcept = 0;
-  // The size of one request in frames, now (buffer_bytes / 4, or what the device made of it).
+  // The size of one request in frames, now: at most one buffer while the queue is short, and at most a quarter of it.
   virtual int request_frames() const noexcept = 0;
   virtual bool lost() const noexcept = 0;
 };

@@ -76,10 +76,12 @@ TEST_F(PulseOutputTest, DepthChangesWithoutAGap) {
   EXPECT_EQ(played[0].frames, ring_.taken());
 }
 
-TEST_F(PulseOutputTest, RequestsAreAtMostOneBufferAndAQuarterOfTheQueue) {
+TEST_F(PulseOutputTest, RequestsAreAtMostAQuarterOfTheQueueAndOneBufferUnlessItIsDeep) {
   output_.set_depth(19);
   output_.start();
   ASSERT_TRUE(consuming());
+  EXPECT_TRUE(wait_until([&] { return output_.request_frames() == static_cast<int>(kRequest) * 19 / 4; }));
+  output_.set_depth(7);
   EXPECT_TRUE(wait_until([&] { return output_.request_frames() == static_cast<int>(kRequest); }));
   output_.set_depth(2);
   EXPECT_TRUE(wait_until([&] { return output_.request_frames() == static_cast<int>(kRequest) / 2; }));
