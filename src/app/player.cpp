@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "app/dropped_songs.h"
+#include "displays/display_set.h"
 #include "platform/program_directory.h"
 #include "platform/time_of_day.h"
 #include "platform/upper_case.h"
@@ -45,11 +46,7 @@ Player::~Player() = default;
 SoundGraph Player::make_graph(TimerQueue& timers) {
   SoundGraph graph;
   engine_.fill(graph, timers);
-  graph.MMSpectrum1 = std::make_unique<SpectrumAnalyser>();
-  graph.MMMeterX1 = std::make_unique<NeedleMeter>(0);
-  graph.MMMeterX2 = std::make_unique<NeedleMeter>(1);
-  graph.MMLevelX1 = std::make_unique<LevelBar>();
-  graph.MMOscopeX1 = std::make_unique<Oscilloscope>();
+  add_displays(graph);
   return graph;
 }
 

@@ -7,10 +7,7 @@
 #include <string>
 #include <thread>
 
-#include "displays/level_bar.h"
-#include "displays/needle_meter.h"
-#include "displays/oscilloscope.h"
-#include "displays/spectrum_analyser.h"
+#include "displays/display_set.h"
 #include "engine/engine.h"
 #include "engine/render_guard.h"
 #include "shell/program.h"
@@ -88,11 +85,7 @@ class RenderGuardTest : public ::testing::Test {
     engine_ = std::make_unique<Engine>(output_, ring_, Engine::Threads{clock_, [] {}});
     SoundGraph graph;
     engine_->fill(graph, timers);
-    graph.MMSpectrum1 = std::make_unique<SpectrumAnalyser>();
-    graph.MMMeterX1 = std::make_unique<NeedleMeter>(0);
-    graph.MMMeterX2 = std::make_unique<NeedleMeter>(1);
-    graph.MMLevelX1 = std::make_unique<LevelBar>();
-    graph.MMOscopeX1 = std::make_unique<Oscilloscope>();
+    add_displays(graph);
     return graph;
   }
 

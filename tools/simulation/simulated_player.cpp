@@ -4,10 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "displays/level_bar.h"
-#include "displays/needle_meter.h"
-#include "displays/oscilloscope.h"
-#include "displays/spectrum_analyser.h"
+#include "displays/display_set.h"
 #include "platform/upper_case.h"
 #include "tools/support/logged_graph.h"
 
@@ -16,14 +13,6 @@ namespace tandem {
 namespace {
 
 constexpr int kStartMinutes = 12 * 60;  // the clock starts at noon
-
-void add_displays(SoundGraph& graph) {
-  graph.MMSpectrum1 = std::make_unique<SpectrumAnalyser>();
-  graph.MMMeterX1 = std::make_unique<NeedleMeter>(0);
-  graph.MMMeterX2 = std::make_unique<NeedleMeter>(1);
-  graph.MMLevelX1 = std::make_unique<LevelBar>();
-  graph.MMOscopeX1 = std::make_unique<Oscilloscope>();
-}
 
 }  // namespace
 
