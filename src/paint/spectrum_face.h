@@ -20,8 +20,8 @@ struct SpectrumStyle {
   bool led_style = true;  ///< bars of spots, else solid bars
   bool inactive = true;   ///< unlit spots show
   bool grid = false;
-  int columns = 32;                 ///< of each half
-  std::optional<double> reference;  ///< 0..1 along a half: the mark of the reference frequency on the scale strip
+  int columns = 32;                   ///< of each half
+  std::optional<double> reference{};  ///< 0..1 along a half: the mark of the reference frequency on the scale strip
   bool operator==(const SpectrumStyle&) const = default;
 };
 

@@ -1,0 +1,42 @@
+#include "paint/specimen_picture.h"
+
+#include <cmath>
+#include <functional>
+
+#include "paint/ink.h"
+#include "paint/panel_specimens.h"
+#include "paint/specimen_sheets.h"
+
+namespace tandem {
+
+namespace {
+
+QImage drawn(const QSize& size, double scale, const std::function<void(QPainter&)>& draw) {
+  QImage image(static_cast<int>(std::lround(size.width() * scale)),
+               static_cast<int>(std::lround(size.height() * scale)), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  set_up(painter, scale);
+  draw(painter);
+  return image;
+}
+
+}  // namespace
+
+std::vector<std::string_view> picture_names() {
+  std::vector<std::string_view> names = specimen_names();
+  for (const SpecimenSheet& sheet : specimen_sheets()) names.push_back(sheet.name);
+  return names;
+}
+
+QImage specimen_picture(std::string_view name, double scale) {
+  for (const SpecimenSheet& sheet : specimen_sheets()) {
+    if (sheet.name == name) return drawn({sheet.width, sheet.height}, scale, sheet.paint);
+  }
+  const auto specimen = make_specimen(name);
+  if (!specimen) return {};
+  return drawn(window_size(specimen->look.window.size), scale,
+               [&](QPainter& painter) { paint_panel(painter, specimen->look); });
+}
+
+}  // namespace tandem
