@@ -1,8 +1,8 @@
 // Runs a fuzz target without libFuzzer:
 //   fuzz_NAME [--mutations N] [--seed S] FILE|FOLDER...
 // every file as it is, then N mutations of them, the same for the same seed. The input that runs lies in the file named
-// at the start and stays there if the program ends badly. An input may take 2 s of processor time
-// (TANDEM_FUZZ_SECONDS), the program 300 MB (TANDEM_FUZZ_MEGABYTES). Exit status 0, or 1.
+// at the start and stays there if the program ends badly, the slowest beside it as NAME.slow. An input may take 2 s of
+// processor time (TANDEM_FUZZ_SECONDS), the program 300 MB (TANDEM_FUZZ_MEGABYTES). Exit status 0, or 1.
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -71,8 +71,10 @@ int finish(const Run& run) {
   std::printf("%zu inputs, the longest %.3f s, %ld MB\n", run.inputs, run.longest, used);
   const bool good = run.inputs > 0 && run.longest <= limit("TANDEM_FUZZ_SECONDS", 2.0) &&
                     static_cast<double>(used) <= limit("TANDEM_FUZZ_MEGABYTES", 300.0);
-  if (good) std::filesystem::remove(run.current);
-  return good ? 0 : 1;
+  if (!good) return 1;
+  std::filesystem::remove(run.current);
+  std::filesystem::remove(run.current + ".slow");
+  return 0;
 }
 
 int run_all(const std::vector<Bytes>& inputs, std::uint64_t mutations, std::uint64_t seed) {
