@@ -39,8 +39,8 @@ TEST(Model, RandomSequencesReachWhatMatters) {
 // The twin list keeps old numbers: a line numbered 100 is cut by four characters below the ninth place, by five from it
 // on.
 TEST(Model, ALineOfThreeDigitsMovesToTheTop) {
-  std::vector<Event> events{{Act::Open, 0, 110}, {Act::Select, 105}};
-  events.resize(110, {Act::Up});
+  std::vector<Event> events{{Act::Open, 0, 150}, {Act::Select, 140}};
+  events.resize(145, {Act::Up});
   EXPECT_EQ(first_difference(events) ? shrunk_difference(events) : "", "");
 }
 
