@@ -1,0 +1,159 @@
+// What painting costs: microseconds of CPU for one picture of each display, moving, and for the whole panel.
+// Usage: paint_bench [--only NAME] [pictures, default 2000]
+// With --only one line is measured, for a profiler that counts instructions:
+//   valgrind --tool=callgrind --toggle-collect='*measured_pictures*' paint_bench --only "needles 200" 100
+#include <QGuiApplication>
+#include <QImage>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "paint/ink.h"
+#include "paint/panel_background.h"
+#include "paint/panel_specimens.h"
+
+namespace tandem {
+namespace {
+
+constexpr int kPictures = 16;  // different ones, shown in turn
+constexpr std::array<std::pair<SpectrumKind, const char*>, 6> kKinds = {{{SpectrumKind::Points, "points"},
+                                                                         {SpectrumKind::Lines, "lines"},
+                                                                         {SpectrumKind::Stems, "stems"},
+                                                                         {SpectrumKind::Bars, "bars"},
+                                                                         {SpectrumKind::Picks, "picks"},
+                                                                         {SpectrumKind::Roll, "roll"}}};
+
+double cpu_microseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * 1e6 + static_cast<double>(now.tv_nsec) * 1e-3;
+}
+
+struct Bench {
+  std::string only;
+  int pictures = 2000;
+};
+
+[[gnu::noinline]] void measured_pictures(const std::function<void(int)>& draw, int pictures) {
+  for (int i = 0; i < pictures; ++i) draw(i);
+}
+
+void measure(const Bench& bench, const std::string& what, int percent, int share,
+             const std::function<void(int)>& draw) {
+  const std::string name = what + " " + std::to_string(percent);
+  if (!bench.only.empty() && bench.only != name) return;
+  draw(0);  // caches fill, buffers grow
+  const int pictures = std::max(1, bench.pictures / share);
+  const double before = cpu_microseconds();
+  measured_pictures(draw, pictures);
+  const double cost = (cpu_microseconds() - before) / pictures;
+  std::printf("%-24s %9.1f us a picture  %7.3f %% of a core at 60 a second\n", name.c_str(), cost, cost * 60e-4);
+  std::fflush(stdout);
+}
+
+QRectF display_area() { return control_box("MMSpectrum1").box(); }
+QRectF display_well() { return control_box("Display well").box(); }
+
+void measure_spectrum(const Bench& bench, SpectrumKind kind, const char* name, int percent) {
+  std::vector<std::vector<float>> heights;
+  std::vector<float> ring;
+  for (int i = 0; i < kPictures; ++i) {
+    heights.push_back(specimen_spectrum(32, static_cast<std::uint32_t>(i) + 1, 1));
+    const std::vector<float> rows = specimen_spectrum(kSpectrumRows, static_cast<std::uint32_t>(i) + 1, 1);
+    ring.insert(ring.end(), rows.begin(), rows.end());
+  }
+  SpectrumStyle style;
+  style.kind = kind;
+  const SpectrumFace face(style, percent / 100., display_area(), display_well());
+  QImage image(face.size(), QImage::Format_RGB32);
+  SpectrumTrace standing;
+  std::uint64_t written = kPictures;
+  measure(bench, std::string("spectrum ") + name, percent, 1, [&](int i) {
+    SpectrumPicture picture;
+    picture.left = heights[static_cast<std::size_t>(i) % kPictures];
+    picture.right = heights[static_cast<std::size_t>(i + 3) % kPictures];
+    picture.roll = {ring, ring, kPictures, ++written};
+    update_spectrum(image, {0, 0}, face, picture, standing);
+  });
+}
+
+void measure_needles(const Bench& bench, int percent) {
+  NeedleFace left(percent / 100., left_meter_box(), display_well(), false);
+  NeedleFace right(percent / 100., right_meter_box(), display_well(), true);
+  QImage image(left.size().width() * 2, left.size().height(), QImage::Format_RGB32);
+  std::array<QRect, 2> standing;
+  measure(bench, "needles", percent, 1, [&](int i) {
+    const double db = -8 + 8 * std::sin(i * .3);
+    left.draw(image, {0, 0}, db, standing[0]);
+    right.draw(image, {left.size().width(), 0}, db + 1, standing[1]);
+  });
+}
+
+void measure_scope(const Bench& bench, int percent) {
+  ScopeFace face(percent / 100., display_area(), display_well());
+  QImage image(face.size(), QImage::Format_RGB32);
+  std::vector<std::vector<float>> traces;
+  for (int i = 0; i < kPictures; ++i) traces.push_back(specimen_trace(i * .4, 1, static_cast<std::uint32_t>(i) + 1));
+  measure(bench, "oscilloscope", percent, 1, [&](int i) {
+    const auto at = static_cast<std::size_t>(i);
+    face.draw(image, {0, 0}, {traces[at % kPictures], traces[(at + 5) % kPictures]});
+  });
+}
+
+void measure_painted(const Bench& bench, const std::string& name, int percent, int share,
+                     const std::function<void(QPainter&, int)>& paint) {
+  const double scale = percent / 100.;
+  const QSize size = window_size(WindowSize::Board) * scale;
+  QImage image(size, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::black);
+  measure(bench, name, percent, share, [&](int i) {
+    QPainter painter(&image);
+    set_up(painter, scale);
+    paint(painter, i);
+  });
+}
+
+void measure_all(const Bench& bench, int percent) {
+  for (const auto& [kind, name] : kKinds) measure_spectrum(bench, kind, name, percent);
+  measure_needles(bench, percent);
+  measure_scope(bench, percent);
+  measure_painted(bench, "level bar", percent, 1, [](QPainter& painter, int i) {
+    paint_level_bar(painter, control_box("MMLevelX1").box(), {i % kLevelRows, (i + 4) % kLevelRows});
+  });
+  auto specimen = make_specimen("board-open");
+  measure_painted(bench, "title, one step", percent, 4, [&](QPainter& painter, int i) {
+    LedLabelLook look = specimen->look.display.song;
+    look.scroll = i % 90;
+    paint_led_label(painter, control_box("SongLabel").box().topLeft(), look);
+  });
+  measure_painted(bench, "background, board open", percent, 40, [](QPainter& painter, int) {
+    paint_background(painter, {WindowSize::Board, false});
+  });
+  measure_painted(bench, "whole panel, board open", percent, 40,
+                  [&](QPainter& painter, int) { paint_panel(painter, specimen->look); });
+}
+
+}  // namespace
+}  // namespace tandem
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  tandem::Bench bench;
+  for (int i = 1; i < argc; ++i) {
+    if (std::string_view(argv[i]) == "--only" && i + 1 < argc) {
+      bench.only = argv[++i];
+    } else {
+      bench.pictures = std::max(1, std::atoi(argv[i]));
+    }
+  }
+  for (const int percent : {100, 200}) tandem::measure_all(bench, percent);
+}
