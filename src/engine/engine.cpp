@@ -125,6 +125,11 @@ void Engine::work_inline() {
 
 void Engine::step() {
   orders_.flush();
+  step_unattended();
+  deliver();
+}
+
+void Engine::step_unattended() {
   // The readers come to new songs, the chain then gives up the old ones' frames, and the readers fill the room.
   work_inline();
   if (!output_.consuming() || !chain_.wants_render()) {
@@ -134,7 +139,6 @@ void Engine::step() {
   }
   work_inline();
   render_one_step();
-  deliver();
 }
 
 // The gate may just have been opened or shut by the orders.

@@ -57,6 +57,8 @@ class Engine {
 
   // Simulated time: one step of sound, if the output takes any, then deliver().
   void step();
+  // The same without delivering: the UI thread is busy with something else.
+  void step_unattended();
 
   SilenceGuard& silence_guard() { return silence_guard_; }
   const DisplayFeed& display_feed() const { return chain_.display_feed(); }

@@ -1,6 +1,7 @@
 // The last resort of an unattended list: while the panel plays and the output runs, half a second without any unmuted
 // song that goes on (quiet music is not meant) makes one mix tick see all songs as ended, and one end is notified.
-// UI thread. A class of its own, so that tests can switch it off.
+// A panel that was held up, with ends of songs yet to be delivered, is no silence: steps count only up to kAsked since
+// the last question. UI thread. A class of its own, so that tests can switch it off.
 #pragma once
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace tandem {
 class SilenceGuard {
  public:
   static constexpr std::uint64_t kSteps = 50;  // of 10 ms
+  static constexpr std::uint64_t kAsked = 25;  // at most so many between two questions while all is well
 
   void switch_off() { on_ = false; }
 
@@ -21,8 +23,10 @@ class SilenceGuard {
       watching_ = false;
       return false;
     }
-    if (!watching_) since_ = step;
+    const std::uint64_t held_up = watching_ && step - asked_ > kAsked ? step - asked_ - kAsked : 0;
+    since_ = watching_ ? since_ + held_up : step;
     watching_ = true;
+    asked_ = step;
     since_ = std::max(since_, live_step);
     if (!on_ || step - since_ < kSteps) return false;
     since_ = step;
@@ -32,6 +36,7 @@ class SilenceGuard {
  private:
   bool on_ = true;
   bool watching_ = false;
+  std::uint64_t asked_ = 0;  // the step of the last question
   std::uint64_t since_ = 0;
 };
 

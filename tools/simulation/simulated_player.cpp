@@ -17,6 +17,7 @@ constexpr int kStartMinutes = 12 * 60;  // the clock starts at noon
 }  // namespace
 
 std::string ScriptedDialog::take() {
+  if (while_open) while_open();
   if (answers.empty()) return {};
   std::string answer = std::move(answers.front());
   answers.pop_front();
@@ -39,6 +40,7 @@ SoundGraph SimulatedPlayer::make_graph(TimerQueue& timers, const Options& option
 }
 
 std::string SimulatedPlayer::time_of_day() const {
+  if (wall_clock) return wall_clock();
   const auto minutes = static_cast<int>((kStartMinutes + now_ / 60000) % (24 * 60));
   char text[16];
   std::snprintf(text, sizeof text, "%02d:%02d", minutes / 60, minutes % 60);
@@ -51,10 +53,18 @@ Environment SimulatedPlayer::environment(const Options& options) {
 
 void SimulatedPlayer::run(std::int64_t milliseconds) {
   for (owed_ += milliseconds; owed_ >= kStepMilliseconds; owed_ -= kStepMilliseconds) {
+    now_ += kStepMilliseconds;  // notifications and ticks come at the end of the step
     engine.step();
     output.drain();
-    now_ += kStepMilliseconds;
     program.timers.advance(now_);
+  }
+}
+
+void SimulatedPlayer::run_with_busy_panel(std::int64_t milliseconds) {
+  for (; milliseconds >= kStepMilliseconds; milliseconds -= kStepMilliseconds) {
+    engine.step_unattended();
+    output.drain();
+    now_ += kStepMilliseconds;
   }
 }
 

@@ -20,6 +20,7 @@ namespace tandem {
 class ScriptedDialog final : public FileDialog {
  public:
   std::deque<std::string> answers;
+  std::function<void()> while_open;  // what happens before the answer is given
 
  protected:
   std::string ask_open() override { return take(); }
@@ -41,6 +42,8 @@ class SimulatedPlayer {
   explicit SimulatedPlayer(const Options& options);
 
   void run(std::int64_t milliseconds);  // lets time pass, in whole steps of 10 ms
+  // The same with a panel that is busy all the while: sound is made, but nothing is delivered and no timer ticks.
+  void run_with_busy_panel(std::int64_t milliseconds);
   std::int64_t now() const { return now_; }
 
   // A panel that is loaded sounds until it is unloaded; unloading plays out what is fading.
@@ -56,6 +59,7 @@ class SimulatedPlayer {
   std::int64_t owed_ = 0;  // asked for and not yet run: less than a step
 
  public:
+  std::function<std::string()> wall_clock;  // "HH:MM"; if empty, the simulated time from noon on
   ScriptedDialog dialog;
   OutputRing ring;
   SimulatedOutput output;
