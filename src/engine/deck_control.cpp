@@ -38,8 +38,9 @@ std::string DeckControl::file_name() {
 
 PitchEngine* DeckControl::fresh_engine() const { return make_pitch_engine().release(); }
 
-// The render thread is told first, so that it gives up the old song's frames when the reader wants to go on.
-void DeckControl::start_at(Frames frame, bool keeps_fade) {
+// The render thread is told before the reader, so that it gives up the old song's frames when the reader wants to go
+// on. The reader gets one order for each generation: it would write the first frames twice for two.
+void DeckControl::begin(Frames frame, bool keeps_fade) {
   ++generation_;
   start_frame_ = frame;
   PitchEngine* engine = pitch_ == 0.0F ? nullptr : fresh_engine();
@@ -50,6 +51,10 @@ void DeckControl::start_at(Frames frame, bool keeps_fade) {
                 .frames = frame,
                 .value = pitch_,
                 .engine = engine});
+}
+
+void DeckControl::start_at(Frames frame, bool keeps_fade) {
+  begin(frame, keeps_fade);
   reader_.seek(generation_, frame);
   wake_reader_();
 }
@@ -57,9 +62,10 @@ void DeckControl::start_at(Frames frame, bool keeps_fade) {
 void DeckControl::put_file_name(const std::string& name) {
   name_ = name;
   ++names_put_;
-  name_generation_ = generation_ + 1;
-  reader_.open(name_generation_, name);
-  start_at(0, false);
+  begin(0, false);
+  name_generation_ = generation_;
+  reader_.open(generation_, name);
+  wake_reader_();
 }
 
 std::int32_t DeckControl::length() const { return clamped_milliseconds(reader_.length()); }

@@ -39,7 +39,8 @@ class DeckControl {
   void pretend_ended(bool ended) { pretends_ended_ = ended; }
 
  private:
-  void start_at(Frames frame, bool keeps_fade);
+  void begin(Frames frame, bool keeps_fade);     // a new generation, for the render thread
+  void start_at(Frames frame, bool keeps_fade);  // and of the open song for the reader
   PitchEngine* fresh_engine() const;
 
   std::uint8_t deck_;
