@@ -1,6 +1,8 @@
 #include "tools/panel_script/script_runner.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <filesystem>
 
 #include "base/text.h"
@@ -76,7 +78,8 @@ void ScriptRunner::choose_files(const Words& words) {
   std::string answer = absolute(words[1]);
   if (words.size() > 2) {
     const std::string directory = answer.substr(0, name_begin(answer));
-    answer = directory.substr(0, directory.size() - 1);
+    // The directory loses its last separator, but the root is nothing else.
+    answer = directory.substr(0, std::max<std::size_t>(directory.size(), 2) - 1);
     for (std::size_t i = 1; i < words.size(); ++i) {
       const std::string path = absolute(words[i]);
       if (path.substr(0, name_begin(path)) != directory) throw UnknownWord(words[i] + " (another directory)");
