@@ -6,6 +6,7 @@
 #include <QVarLengthArray>
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -43,13 +44,14 @@ struct SpectrumTrace {
   };
   std::vector<Column> columns;  ///< left half, then right half; empty = nothing drawn yet
   std::uint64_t roll_steps = 0;
+  std::optional<StrokeField> line{};  ///< room to draw the line kind in
 };
 
 using ChangedRects = QVarLengthArray<QRect, 8>;
 
 /// Brings the display area, whose top left is `origin` in the image, up to date and returns what changed in image
 /// pixels: at most eight rectangles, none if nothing moved. The image is RGB32 or premultiplied ARGB32 and holds the
-/// whole area. Allocates at the first call only (the line kind, at every call).
+/// whole area. Allocates at the first call only.
 ChangedRects update_spectrum(QImage& image, const QPoint& origin, const SpectrumFace& face,
                              const SpectrumPicture& picture, SpectrumTrace& standing);
 

@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+#include "paint/stroke_field.h"
+
 namespace tandem {
 
 enum class SpectrumKind { Points, Lines, Stems, Bars, Picks, Roll };
@@ -59,11 +61,14 @@ class SpectrumFace {
   [[nodiscard]] const QImage& dark() const { return dark_; }
   /// Levels: 0 the panel's colours by row; the roll has 0 lime, 1 yellow, 2 red.
   [[nodiscard]] const QImage& lit(std::size_t level = 0) const { return lit_[level]; }
+  /// How the line kind is stroked.
+  [[nodiscard]] const StrokeProfile& line() const { return line_; }
   [[nodiscard]] QSize size() const { return dark_.size(); }
 
  private:
   SpectrumStyle style_;
   SpectrumGrid grid_;
+  StrokeProfile line_;
   QImage dark_;
   std::vector<QImage> lit_;
 };

@@ -1,11 +1,7 @@
 // The kinds that are drawn a half at a time: the line and the roll.
-#include <QPainter>
-#include <QPolygonF>
 #include <algorithm>
 #include <cmath>
 
-#include "paint/ink.h"
-#include "paint/palette.h"
 #include "paint/spectrum_parts.h"
 
 namespace tandem {
@@ -20,15 +16,9 @@ QRect half_box(const SpectrumGrid& grid, int side) {
   return {grid.column_x(side, 0), grid.baseline - grid.height, grid.half_width(), grid.height};
 }
 
-QPolygonF level_line(const SpectrumGrid& grid, std::span<const float> values, int side) {
-  QPolygonF line;
-  const int count = std::min(grid.columns, static_cast<int>(values.size()));
-  line.reserve(count);
-  for (int i = 0; i < count; ++i) {
-    const double value = std::clamp(static_cast<double>(values[static_cast<std::size_t>(i)]), 0.0, 1.0);
-    line.append({grid.column_x(side, i) + grid.width / 2.0, grid.baseline - value * grid.height});
-  }
-  return line;
+QPointF level_point(const SpectrumGrid& grid, std::span<const float> values, int side, int column) {
+  const double value = std::clamp(static_cast<double>(values[static_cast<std::size_t>(column)]), 0.0, 1.0);
+  return {grid.column_x(side, column) + grid.width / 2.0, grid.baseline - value * grid.height};
 }
 
 /// How a level shows on the roll.
@@ -63,20 +53,19 @@ void fill_cell(const SpectrumTarget& target, const SpectrumFace& face, const QRe
 
 }  // namespace
 
-void draw_line_half(const SpectrumTarget& target, const SpectrumFace& face, const SpectrumPicture& picture, int side) {
+void draw_line_half(const SpectrumTarget& target, const SpectrumFace& face, std::span<const float> values, int side,
+                    StrokeField& field) {
   const SpectrumGrid& grid = face.grid();
-  target.copy(face.dark(), half_box(grid, side));
-  const QPolygonF line = level_line(grid, side == 0 ? picture.left : picture.right, side);
-  QPainter painter(&target.image);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(target.origin);
-  painter.setClipRect(half_box(grid, side));
-  const auto stroke = [&](const QColor& colour, double width) {
-    painter.setPen(QPen(colour, width * grid.scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(line);
-  };
-  stroke(faded(palette::kLime, .15), 4);
-  stroke(QColor::fromRgb(palette::kLime), 1.3);
+  const QRect half = half_box(grid, side);
+  target.copy(face.dark(), half);
+  field.clear();
+  const QPointF corner = half.topLeft();
+  const int count = std::min(grid.columns, static_cast<int>(values.size()));
+  for (int i = 1; i < count; ++i) {
+    field.add_line(level_point(grid, values, side, i - 1) - corner, level_point(grid, values, side, i) - corner,
+                   face.line().reach());
+  }
+  field.blend(target.image, target.origin + half.topLeft(), face.line());
 }
 
 void draw_roll_half(const SpectrumTarget& target, const SpectrumFace& face, const RollHistory& roll, int side) {

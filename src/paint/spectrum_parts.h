@@ -17,8 +17,9 @@ struct SpectrumTarget {
   void copy(const QImage& from, const QRect& box) const;
 };
 
-/// Redraw a whole half.
-void draw_line_half(const SpectrumTarget& target, const SpectrumFace& face, const SpectrumPicture& picture, int side);
+/// Redraw a whole half; the field has the size of a half.
+void draw_line_half(const SpectrumTarget& target, const SpectrumFace& face, std::span<const float> values, int side,
+                    StrokeField& field);
 void draw_roll_half(const SpectrumTarget& target, const SpectrumFace& face, const RollHistory& roll, int side);
 
 }  // namespace tandem
