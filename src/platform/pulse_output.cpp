@@ -10,6 +10,7 @@
 
 #include "platform/pulse_server.h"
 #include "platform/pulse_stream.h"
+#include "platform/realtime_priority.h"
 
 namespace tandem {
 
@@ -66,6 +67,7 @@ class PulseOutput::Worker {
   Sharing sharing_;
   OutputWish wish_;
   bool told_reachable_ = true;
+  bool asked_priority_ = false;  // the thread asks for itself
   PulseThread thread_;
   PulseDefer changed_;
   PulseReadable ordered_;
@@ -94,6 +96,7 @@ void PulseOutput::Worker::take_orders() {
 }
 
 void PulseOutput::Worker::tend() {
+  if (!std::exchange(asked_priority_, true)) ask_realtime_priority();
   if (stream_ && (server_.ready() == nullptr || stream_->failed())) {
     if (stream_->failed()) again_.start(kRetryMilliseconds);
     drop_stream();

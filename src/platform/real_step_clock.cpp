@@ -1,12 +1,17 @@
 #include "platform/real_step_clock.h"
 
 #include <ctime>
+#include <utility>
 
 #include "platform/monotonic_clock.h"
+#include "platform/realtime_priority.h"
 
 namespace tandem {
 
-std::int64_t RealStepClock::now_ns() noexcept { return monotonic_now(); }
+std::int64_t RealStepClock::now_ns() noexcept {
+  if (!std::exchange(asked_priority_, true)) ask_realtime_priority();
+  return monotonic_now();
+}
 
 void RealStepClock::sleep_until(std::int64_t ns) noexcept {
   constexpr std::int64_t kSecond = 1'000'000'000;
