@@ -1,12 +1,15 @@
 // The player takes no arguments: it is the panel, and the panel's settings lie beside the program.
 
 #include <QApplication>
+#include <QIcon>
+#include <QPixmap>
 #include <QSessionManager>
 #include <stdexcept>
 
 #include "app/close_signals.h"
 #include "app/error_report.h"
 #include "app/player.h"
+#include "paint/program_icon.h"
 #include "widgets/panel_accessible.h"
 
 namespace {
@@ -22,12 +25,19 @@ void need_display() {
     throw std::runtime_error("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.");
 }
 
+QIcon window_icon() {
+  QIcon icon;
+  for (const int pixels : {16, 32, 48, 128}) icon.addPixmap(QPixmap::fromImage(tandem::program_icon(pixels)));
+  return icon;
+}
+
 int play(int argc, char** argv) {
   tandem::Player player;  // the sound first: it is ready while the window is made
   need_display();
   QApplication application(argc, argv);
   QApplication::setApplicationName("Tandem");
   QGuiApplication::setDesktopFileName("tandem");
+  QGuiApplication::setWindowIcon(window_icon());
   tandem::tell_accessibility_of_items();
   player.show();
   const tandem::CloseSignals close_signals([&player] { player.close(); });
