@@ -56,8 +56,12 @@ class MixClock final : public MMHiTimerX {
   bool Enabled() const override { return timer_.Enabled(); }
   void put_Enabled(bool enabled) override { timer_.put_Enabled(enabled); }
 
-  // The panel's ticks until then would do nothing: they are saved. Taken back by hasten().
-  void rest_for(TimerQueue::Milliseconds milliseconds) { timer_.postpone(milliseconds); }
+  // The panel's ticks until then would do nothing: they are saved. Each word replaces the one before: a mix point that
+  // has come nearer (the song was sought, the lead time chosen) is not slept over. Taken back by hasten().
+  void rest_for(TimerQueue::Milliseconds milliseconds) {
+    timer_.hasten();
+    timer_.postpone(milliseconds);
+  }
   void hasten() { timer_.hasten(); }
 
   bool running() const { return timer_.Enabled() && timer_.Interval() > 0; }

@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include "engine/small_components.h"
+
+namespace tandem {
+namespace {
+
+struct Clock : testing::Test {
+  Clock() { clock.put_Interval(10); }
+  // When the next tick comes, in ms.
+  TimerQueue::Milliseconds next() const { return queue.next_due().value_or(-1); }
+
+  TimerQueue queue;
+  MixClock clock{queue};
+};
+
+TEST_F(Clock, RestsAndTicksOnEveryTenMillisecondsAfterwards) {
+  clock.rest_for(1000);
+  queue.advance(999);
+  EXPECT_EQ(clock.ticks(), 0U);
+  queue.advance(1000);
+  EXPECT_EQ(clock.ticks(), 1U);
+  EXPECT_EQ(next(), 1010);
+}
+
+TEST_F(Clock, AShorterRestReplacesALongerOne) {
+  clock.rest_for(1000);
+  queue.advance(100);
+  clock.rest_for(150);
+  EXPECT_EQ(next(), 250);
+}
+
+TEST_F(Clock, ALongerRestReplacesAShorterOne) {
+  clock.rest_for(150);
+  queue.advance(100);
+  clock.rest_for(1000);
+  EXPECT_EQ(next(), 1100);
+}
+
+TEST_F(Clock, HastenedItTicksWithinOneInterval) {
+  clock.rest_for(1000);
+  queue.advance(100);
+  clock.hasten();
+  EXPECT_EQ(next(), 110);
+}
+
+TEST_F(Clock, StoppedItDoesNotRestAndDoesNotTick) {
+  clock.put_Interval(0);
+  clock.rest_for(50);
+  EXPECT_EQ(queue.next_due(), std::nullopt);
+  EXPECT_FALSE(clock.running());
+}
+
+TEST_F(Clock, TickedBetweenTwoTicksItCounts) {
+  int heard = 0;
+  clock.tick.connect([&heard] { ++heard; });
+  clock.tick_now();
+  EXPECT_EQ(clock.ticks(), 1U);
+  EXPECT_EQ(heard, 1);
+}
+
+}  // namespace
+}  // namespace tandem
