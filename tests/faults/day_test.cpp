@@ -114,7 +114,9 @@ class Day : public testing::TestWithParam<int> {  // the position of the buffer 
     const std::int32_t point = program().SongTable.at(song).SongLength - state.MixTimeMs;
     lates_.push_back(position - point);
     if (lates_.size() % 10 == 0) choose_lead();
+    // The same files are open at both: an MP3's index is some hundred kilobytes.
     if (lates_.size() == 20) early_ = use_now();
+    if (lates_.size() == 196) late_ = use_now();
   }
   void choose_lead() {
     PanelControls& controls = program().controls;
@@ -123,13 +125,14 @@ class Day : public testing::TestWithParam<int> {  // the position of the buffer 
     if (lamp.LEDColor == kLeadDark) lamp.click.raise();
   }
   bool stopped() { return program().sound.MixTimer->Interval() == 0 && program().controls.STOPBtn.Picture == 5; }
-  std::string summary(const Use& late) const {
+  std::string summary() const {
     const auto [least, most] = std::minmax_element(lates_.begin(), lates_.end());
     return std::to_string(lates_.size()) + " overlaps " + std::to_string(*least) + " to " + std::to_string(*most) +
            " ms behind their points in " + std::to_string(player_->now() / 60000) + " min; dead air " +
-           std::to_string(longest_ * 1000 / kSampleRate) + " ms; " + std::to_string(late.kilobytes - early_.kilobytes) +
-           " kB, " + std::to_string(late.descriptors - early_.descriptors) + " descriptors, " +
-           std::to_string(late.threads - early_.threads) + " threads more";
+           std::to_string(longest_ * 1000 / kSampleRate) + " ms; " +
+           std::to_string(late_.kilobytes - early_.kilobytes) + " kB, " +
+           std::to_string(late_.descriptors - early_.descriptors) + " descriptors, " +
+           std::to_string(late_.threads - early_.threads) + " threads more";
   }
 
   TempDirectory directory_;
@@ -137,6 +140,7 @@ class Day : public testing::TestWithParam<int> {  // the position of the buffer 
   std::unique_ptr<SimulatedPlayer> player_;
   std::vector<std::int32_t> lates_;
   Use early_;
+  Use late_;
   bool began_ = false;
   std::int64_t run_ = 0;      // silent frames so far
   std::int64_t before_ = 0;   // the same, one frame ago
@@ -155,12 +159,11 @@ TEST_P(Day, HasEveryOverlapOnTimeAndEndsInStop) {
     EXPECT_LE(late, 11);  // one tick of 10 ms, and a millisecond of rounding
   }
   EXPECT_LE(longest_, kSampleRate / 1000);  // an MP3 of a hum may pass through 0
-  const Use late = use_now();
-  EXPECT_LE(late.kilobytes, early_.kilobytes + 1024);
-  EXPECT_EQ(late.descriptors, early_.descriptors);
-  EXPECT_EQ(late.threads, early_.threads);
+  EXPECT_LE(late_.kilobytes, early_.kilobytes + 512);
+  EXPECT_EQ(late_.descriptors, early_.descriptors);
+  EXPECT_EQ(late_.threads, early_.threads);
   record_fault(std::string("a list of 200 songs, all leads, Buf") + (GetParam() == 0 ? "1" : "2"),
-               "199 overlaps within 11 ms, no dead air, Stop, nothing grows", summary(late));
+               "199 overlaps within 11 ms, no dead air, Stop, nothing grows", summary());
 }
 
 INSTANTIATE_TEST_SUITE_P(Buffers, Day, testing::Values(0, 1));
