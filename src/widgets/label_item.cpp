@@ -44,9 +44,11 @@ LedLabelItem::LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox
       shown_(label.Caption) {}
 
 int LedLabelItem::ring_columns() const {
-  const auto characters = static_cast<int>(character_count(label_.Caption.get()));
-  return std::max(characters, label_.NumChars + 1) * kColumnsPerCell;
+  return static_cast<int>(character_count(label_.Caption.get())) * kColumnsPerCell;
 }
+
+// A text that fits the cells stands still, whatever the switch says: the panel leaves it on for the next short title.
+bool LedLabelItem::scrolls() const { return label_.Scrolling && ring_columns() > label_.NumChars * kColumnsPerCell; }
 
 void LedLabelItem::draw(QPainter& painter) const {
   LedLabelLook look;
@@ -55,7 +57,7 @@ void LedLabelItem::draw(QPainter& painter) const {
   look.pitch = place().pitch;
   look.colour = from_bgr(static_cast<std::uint32_t>(label_.LEDColor.get())).rgb();
   look.dark_dots = dark_dots_;
-  if (label_.Scrolling) look.scroll = column_;
+  if (scrolls()) look.scroll = column_;
   paint_led_label(painter, box().topLeft(), look);
 }
 
@@ -66,13 +68,13 @@ void LedLabelItem::model_changed() {
     column_ = 0;
   }
   changed();
-  if (label_.Scrolling) start_moving();
+  if (scrolls()) start_moving();
 }
 
 // Whole dot columns, or whole cells where motion is to be reduced; a hidden label keeps its place.
 bool LedLabelItem::advance(double seconds) {
   const bool hovering = ClickItem::advance(seconds);
-  if (!label_.Scrolling || !isVisible()) return hovering;
+  if (!scrolls() || !isVisible()) return hovering;
   seconds_ += seconds;
   const double moved = std::max(0.0, seconds_ - kRestSeconds);
   const int step = canvas().reduced_motion() ? kColumnsPerCell : 1;

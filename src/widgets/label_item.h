@@ -41,6 +41,7 @@ class LedLabelItem final : public ClickItem {
 
  private:
   int ring_columns() const;
+  bool scrolls() const;
 
   LedLabel& label_;
   std::optional<QRgb> dark_dots_;

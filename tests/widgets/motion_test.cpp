@@ -88,6 +88,17 @@ TEST_F(Title, StandsStillWithoutScrolling) {
   EXPECT_FALSE(rig.frame(1));
 }
 
+// The panel switches scrolling on for a long title and leaves it on when a short one follows.
+TEST_F(Title, StandsStillWhenItFits) {
+  rig.controls().SongLabel.Caption = "SALT AIR.MP3";
+  const QImage switched_on = picture_of(rig, "SongLabel");
+  EXPECT_FALSE(rig.frame(5));
+  EXPECT_EQ(picture_of(rig, "SongLabel"), switched_on);
+  rig.controls().SongLabel.Scrolling = false;
+  rig.frame(0);
+  EXPECT_EQ(picture_of(rig, "SongLabel"), switched_on) << "no second beginning of the text in the free cells";
+}
+
 TEST(Hover, FadesInWithin80Milliseconds) {
   WindowRig rig;
   const QImage rest = picture_of(rig, "STOPBtn");
