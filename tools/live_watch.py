@@ -139,8 +139,10 @@ class Desk:
         wait_for(lambda: heard.begun)
         began = time.monotonic()
         player = self.child(*command)
-        wait_for(lambda: self.has_window(player))
-        mapped = time.monotonic()
+        mapped = began
+        if '--hidden' not in command:
+            wait_for(lambda: self.has_window(player))
+            mapped = time.monotonic()
         wait_for(lambda: heard.seen)
         self.end(recorder)
         time.sleep(SETTLE)
