@@ -87,7 +87,9 @@ TimerQueue::Milliseconds Player::quiet_time() {
   if (state.NextSongLoaded == kFalse || !sounding) return 0;
   const ListBox& list = program_.controls.PlayList;
   if (state.MixStarted != kFalse || list.ListIndex() + 1 == list.ListCount()) return kLongestRest;
-  if (state.CurrentSong < 1 || state.CurrentSong > list.ListCount()) return 0;
+  // The list may be longer than the table.
+  if (state.CurrentSong < 1 || state.CurrentSong > std::min<std::int32_t>(list.ListCount(), SongEntries::kLastSong))
+    return 0;
   const std::int32_t position = program_.sound.AudioFile[static_cast<std::size_t>(state.ActiveDeck)]->Position();
   const std::int64_t left = program_.SongTable.at(state.CurrentSong).SongLength - state.MixTimeMs - position;
   return std::clamp<Milliseconds>(left - kMargin, 0, kLongestRest);
@@ -132,6 +134,7 @@ std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
 
 void Player::drop(const std::vector<std::string>& paths) {
   for (const std::string& result : dropped_songs(paths)) program_.controls.Painel.files_dropped.raise(result);
+  clock_->reschedule();
 }
 
 // The last sound is faded and played before the program ends, but nothing is waited for long.

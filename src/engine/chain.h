@@ -3,6 +3,7 @@
 // locks, throws, logs or touches a file.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdint>
@@ -38,6 +39,8 @@ class Chain {
   void take_orders_ahead() noexcept;
   // The orders alone, while the output takes no sound.
   void take_orders_silently() noexcept;
+  // Frames until one of the sounding songs ends, as far as that is known; 0 while one has not begun.
+  Frames frames_left() const noexcept { return std::min(decks_[0].frames_left(), decks_[1].frames_left()); }
   // False while the gate is closed: pausing and stopping hold the whole chain, and positions stand still.
   bool wants_render() const noexcept { return !gate_.closed(); }
 

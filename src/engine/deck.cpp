@@ -1,6 +1,7 @@
 #include "engine/deck.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "engine/fade.h"
 
@@ -172,6 +173,14 @@ void Deck::render(std::span<StereoFrame, kStepFrames> mix) noexcept {
     mix[i].right += block[i].right;
   }
   advance(count);
+}
+
+Frames Deck::frames_left() const noexcept {
+  constexpr Frames kUnknown = std::numeric_limits<Frames>::max();
+  if (!goes_on() || !begun_) return goes_on() ? 0 : kUnknown;
+  if (finish_total_ > 0) return finish_left_;
+  if (status_.end == ReaderStatus::kUnknown) return kUnknown;
+  return static_cast<Frames>(status_.end - status_.begin) - (frame_ - status_.first_frame);
 }
 
 bool Deck::take_end(RenderNews& news) noexcept {

@@ -43,6 +43,8 @@ class Deck {
   bool in_mid_song() const noexcept { return goes_on() && begun_ && frame_ > 0 && !ramp_in_; }
   // The fade of what was broken off is not wanted any more.
   void drop_tail() noexcept;
+  // Frames until a song that sounds ends, as far as that is known: its reader tells seconds ahead. A great number else.
+  Frames frames_left() const noexcept;
   // The end of an unmuted song: true once for each song and unmute.
   bool take_end(RenderNews& news) noexcept;
   PitchEngine* take_retired() noexcept;

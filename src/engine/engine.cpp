@@ -24,6 +24,7 @@ Engine::Engine(Output& output, OutputRing& ring, const std::optional<Threads>& t
                if (reader_threads_[1]) reader_threads_[1]->wake();
              })} {
   if (!threads) return;
+  output_.set_depth(Output::kShortBuffers);
   for (std::size_t i = 0; i < readers_.size(); ++i) reader_threads_[i] = std::make_unique<ReaderThread>(readers_[i]);
   render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_, threads->clock, threads->tell_news);
 }
@@ -114,7 +115,7 @@ void Engine::rest_for(std::int64_t milliseconds) {
 void Engine::set_deep_queue(bool deep) {
   if (deep == deep_queue_) return;
   deep_queue_ = deep;
-  output_.set_depth(deep ? Output::kCeilingBuffers - 1 : Output::kShortBuffers - 1);
+  output_.set_depth(deep ? Output::kCeilingBuffers - 1 : Output::kShortBuffers);
 }
 
 void Engine::work_inline() {

@@ -19,7 +19,7 @@ namespace tandem {
 class Output {
  public:
   static constexpr int kCeilingBuffers = 20;  // the most that may be queued, in buffers
-  static constexpr int kShortBuffers = 3;     // what the device and our ring hold together while a hand is near
+  static constexpr int kShortBuffers = 3;     // enough for a busy machine, and soon heard: while a hand is near
 
   virtual ~Output() = default;
 
@@ -30,7 +30,7 @@ class Output {
   virtual void pause() = 0;                 // plays what is queued (the engine has faded it), then holds the device
   virtual void restart() = 0;               // goes on after pause()
 
-  // How many buffers the device keeps queued beyond our ring: 2 for prompt controls, up to kCeilingBuffers - 1 to save
+  // How many buffers may be queued at the device: kShortBuffers for prompt controls, up to kCeilingBuffers - 1 to save
   // power while nobody is near. Takes effect without a gap.
   virtual void set_depth(int buffers) = 0;
 

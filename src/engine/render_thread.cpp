@@ -51,7 +51,9 @@ void RenderThread::render_step() noexcept {
 std::int64_t RenderThread::steps_at_once() const noexcept {
   const std::uint64_t step = chain_.steps();
   const std::uint64_t free_until = free_until_.load(std::memory_order_relaxed);
-  return free_until > step + kFreeSteps ? static_cast<std::int64_t>(kFreeSteps) : 1;
+  // The end of a song, too, is told at once: the panel may have to start the next one.
+  const bool ends_soon = chain_.frames_left() < 2 * static_cast<Frames>(kFreeSteps) * kStepFrames;
+  return free_until > step + kFreeSteps && !ends_soon ? static_cast<std::int64_t>(kFreeSteps) : 1;
 }
 
 // One step for each period that has passed; one less while the ring is too full, one more while it runs low.

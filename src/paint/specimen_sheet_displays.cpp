@@ -107,7 +107,8 @@ void paint_displays_sheet(QPainter& painter) {
   const Signals made_up;
   const auto specimens = spectrum_specimens();
   for (std::size_t i = 0; i < specimens.size(); ++i) {
-    const QPointF at(i % 2 == 0 ? 12. : 367., 26. + 113. * static_cast<double>(i / 2));
+    const std::size_t row = i / 2;
+    const QPointF at(i % 2 == 0 ? 12. : 367., 26. + 113. * static_cast<double>(row));
     draw_caption(painter, at - QPointF(0, 6), specimens[i].name, {.bold = true});
     paint_spectrum_specimen(painter, {at, QSizeF(341, 95)}, specimens[i], made_up);
   }

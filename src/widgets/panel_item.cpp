@@ -132,12 +132,14 @@ bool PanelItem::event(QEvent* event) {
   if (is_beyond_reach(*event)) hand_gone();
   switch (event->type()) {
     case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel:
       canvas_.before_user_act();
       break;
     case QEvent::KeyPress:
+    case QEvent::KeyRelease:
       canvas_.before_user_act();
       show_focus();
       break;
