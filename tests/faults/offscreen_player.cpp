@@ -1,6 +1,7 @@
 #include "faults/offscreen_player.h"
 
 #include <fcntl.h>
+#include <linux/close_range.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -88,7 +89,10 @@ OffscreenPlayer::~OffscreenPlayer() {
 }
 
 void OffscreenPlayer::become_player(const PlayerFolder& folder, const Limits& limits) const {
+  ::dup2(pipe_[1], STDOUT_FILENO);
   ::dup2(pipe_[1], STDERR_FILENO);
+  ::close_range(STDERR_FILENO + 1, ~0U,
+                CLOSE_RANGE_CLOEXEC);  // what the test itself was started with is not the player's
   set_environment(folder.path());
   if (limits.nothing_can_be_written) {
     const rlimit none{0, 0};
