@@ -7,9 +7,10 @@
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
-#include <utility>
 
+#include "base/descriptor.h"
 #include "base/runtime_error.h"
+#include "base/temporary_file.h"
 #include "base/text.h"
 
 namespace tandem {
@@ -21,36 +22,9 @@ namespace {
   throw RuntimeError(missing ? RuntimeErrorKind::FileNotFound : RuntimeErrorKind::FileAccess, path);
 }
 
-class Descriptor {
- public:
-  Descriptor(const std::string& path, int flags) : number_(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { close(); }
-
-  int number() const { return number_; }
-  bool is_open() const { return number_ >= 0; }
-  bool close() {
-    const int number = std::exchange(number_, -1);
-    return number < 0 || ::close(number) == 0;
-  }
-
- private:
-  int number_;
-};
-
 bool is_regular(int descriptor) {
   struct stat status {};
   return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-}
-
-bool write_all(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-    if (written < 0 && errno != EINTR) return false;
-    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
 }
 
 // Where a link leads; the path itself if it is none or its end does not exist.
@@ -59,16 +33,12 @@ std::string target_of(const std::string& path) {
   return target ? std::string(target.get()) : path;
 }
 
-// A name in the same directory that is short enough wherever the file's own name is.
-std::string temporary_beside(const std::string& path) {
-  return path.substr(0, name_begin(path)) + ".tandem-" + std::to_string(::getpid()) + ".new";
-}
-
-bool write_temporary(const std::string& temporary, std::string_view bytes, const struct stat* old) {
-  Descriptor file(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
-  if (!file.is_open()) return false;
-  if (old != nullptr && ::fchmod(file.number(), old->st_mode & 07777U) != 0) return false;
-  return write_all(file.number(), bytes) && ::fsync(file.number()) == 0 && file.close();
+bool write_anew(const std::string& path, std::string_view bytes, const struct stat* old) {
+  const std::string directory = path.substr(0, name_begin(path));
+  remove_stale_temporary_files(directory);
+  TemporaryFile file(directory);
+  if (!file.is_open() || (old != nullptr && !file.set_permissions(old->st_mode & 07777U))) return false;
+  return file.write(bytes) && file.become(path);
 }
 
 }  // namespace
@@ -95,11 +65,7 @@ void replace_whole_file(const std::string& path, std::string_view bytes) {
   const bool exists = ::stat(target.c_str(), &status) == 0;
   const bool replaceable = !exists || (S_ISREG(status.st_mode) && ::access(target.c_str(), W_OK) == 0);
   if (!replaceable) throw RuntimeError(RuntimeErrorKind::FileAccess, path);
-  const std::string temporary = temporary_beside(target);
-  if (write_temporary(temporary, bytes, exists ? &status : nullptr) && ::rename(temporary.c_str(), target.c_str()) == 0)
-    return;
-  ::unlink(temporary.c_str());
-  throw RuntimeError(RuntimeErrorKind::FileAccess, path);
+  if (!write_anew(target, bytes, exists ? &status : nullptr)) throw RuntimeError(RuntimeErrorKind::FileAccess, path);
 }
 
 }  // namespace tandem

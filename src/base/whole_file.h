@@ -13,9 +13,9 @@ inline constexpr std::size_t kLongestFile = std::size_t{16} << 20U;
 std::string read_whole_file(const std::string& path);
 
 // Creates the file or replaces an existing one in one step: the bytes are written to a temporary file of the same
-// directory, flushed to the disk and renamed, so that a crash leaves the old file or the new one. A link is followed
-// and the permissions of an existing file are kept. Throws FileAccess, also for a file that is write-protected or no
-// regular one, and leaves what was there as it was.
+// directory, flushed to the disk and renamed, so that a crash leaves the old file or the new one. Temporary files that
+// killed players left there are removed first. A link is followed and the permissions of an existing file are kept.
+// Throws FileAccess, also for a file that is write-protected or no regular one, and leaves what was there as it was.
 void replace_whole_file(const std::string& path, std::string_view bytes);
 
 }  // namespace tandem
