@@ -2,8 +2,13 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QHash>
+#include <QRawFont>
 #include <QStringList>
+#include <QTextLayout>
 #include <cmath>
+#include <utility>
 
 #include "paint/ink.h"
 
@@ -35,16 +40,51 @@ void make_plain(QFont& font, double size) {
 constexpr double kHalfStep = .125;
 constexpr double kSecondPass = .15;
 
-void draw_scaled(QPainter& painter, const QPointF& at, const QString& text, const QFont& font, QRgb colour) {
-  painter.save();
-  painter.translate(at + QPointF(kHalfStep / device_scale(painter), 0));
-  painter.scale(1 / kFontUnits, 1 / kFontUnits);
-  painter.setFont(font);
-  for (const double opacity : {1.0, kSecondPass}) {
-    painter.setPen(faded(colour, opacity));
-    painter.drawText(QPointF(0, 0), text);
+// Below this scale a stem is hardly a pixel: horizontal strokes are then set on whole device pixels. Above it the
+// letters keep their drawn shape.
+constexpr double kFineScale = 1.5;
+
+// A font at a size that need not be whole, which a QFont cannot have. Kept, because its glyphs are kept with it.
+const QRawFont& sized_font(const QRawFont& font, double pixels) {
+  constexpr qsizetype kMost = 64;
+  using Key = std::pair<QRawFont, double>;
+  static QHash<Key, QRawFont> fonts;
+  const auto found = fonts.constFind({font, pixels});
+  if (found != fonts.cend()) return *found;
+  if (fonts.size() >= kMost) fonts.clear();
+  QRawFont sized = font;
+  sized.setPixelSize(pixels);
+  return *fonts.insert({font, pixels}, sized);
+}
+
+// Glyphs laid out with their baseline at 0, kFontUnits times as large as they are drawn.
+QList<QGlyphRun> lay_out(const QString& text, const QFont& font) {
+  constexpr double kEndless = 1e6;
+  QTextLayout layout(text, font);
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  line.setLineWidth(kEndless);
+  line.setPosition({0, -line.ascent()});
+  layout.endLayout();
+  return layout.glyphRuns();
+}
+
+void draw_text(QPainter& painter, const QPointF& at, const QString& text, QFont font, QRgb colour) {
+  const double scale = device_scale(painter);
+  const QPointF start = painter.deviceTransform().map(at);
+  const QPointF origin(start.x() + kHalfStep, std::round(start.y()));
+  if (scale < kFineScale) font.setHintingPreference(QFont::PreferVerticalHinting);
+  const DevicePixels pixels(painter);
+  for (QGlyphRun& run : lay_out(text, font)) {
+    QList<QPointF> places = run.positions();
+    for (QPointF& place : places) place *= scale / kFontUnits;
+    run.setPositions(places);
+    run.setRawFont(sized_font(run.rawFont(), run.rawFont().pixelSize() * scale / kFontUnits));
+    for (const double opacity : {1.0, kSecondPass}) {
+      painter.setPen(faded(colour, opacity));
+      painter.drawGlyphRun(origin, run);
+    }
   }
-  painter.restore();
 }
 
 }  // namespace
@@ -69,7 +109,7 @@ void draw_caption(QPainter& painter, const QPointF& at, const QString& text, con
     const double width = QFontMetricsF(font).horizontalAdvance(text) / kFontUnits;
     start.rx() -= anchor == Anchor::Middle ? width / 2 : width;
   }
-  draw_scaled(painter, start, text, font, style.colour);
+  draw_text(painter, start, text, font, style.colour);
 }
 
 void draw_arial_bold(QPainter& painter, const QPointF& at, const QString& text, double size, QRgb colour) {
@@ -77,7 +117,7 @@ void draw_arial_bold(QPainter& painter, const QPointF& at, const QString& text, 
   font.setWeight(QFont::Bold);
   make_plain(font, size);
   const double width = QFontMetricsF(font).horizontalAdvance(text) / kFontUnits;
-  draw_scaled(painter, at - QPointF(width, 0), text, font, colour);
+  draw_text(painter, at - QPointF(width, 0), text, font, colour);
 }
 
 }  // namespace tandem

@@ -1,6 +1,7 @@
 // Printed text of the panel: Roboto Condensed from the program's own resources, sizes in px at 100 % and may be
-// fractions. No hinting, grey antialiasing, no kerning, so that it looks the same at every scale. UI thread; needs a
-// QGuiApplication. If the resource cannot be loaded, the fallback families stand in.
+// fractions. Grey antialiasing, letters at quarter device pixels, widths in proportion at every scale. Baselines stand
+// on whole device pixels, and below 150 % the letters' horizontal strokes too, so that small text is crisp. UI thread;
+// needs a QGuiApplication. If the resource cannot be loaded, the fallback families stand in.
 #pragma once
 
 #include <QFont>
@@ -19,7 +20,7 @@ struct CaptionStyle {
 enum class Anchor { Start, Middle, End };
 
 /// The caption font at kFontUnits times its size: whole-pixel font sizes are too coarse for the captions, so text is
-/// set large and drawn through a smaller scale.
+/// laid out large and its glyphs are drawn at their size.
 inline constexpr double kFontUnits = 10;
 QFont caption_font(double size, bool bold = false, double spacing = 0);
 

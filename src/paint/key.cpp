@@ -80,7 +80,7 @@ void paint_stud(QPainter& painter, const QRectF& box, const Touch& touch) {
             touch.pressed ? downward(disc, {{0, kBlack, .35}, {.4, kBlack, 0}, {.6, kWhite, 0}, {1, kWhite, .12}})
                           : downward(disc, {{0, kWhite, .75}, {.35, kWhite, 0}, {.62, kBlack, 0}, {1, kBlack, .42}}));
   draw_ring(painter, centre, radius * .55, faded(kBlack, .22), .7);
-  if (touch.hover > 0) fill_disc(painter, centre, radius, faded(kWhite, .25 * touch.hover));
+  if (touch.hover > 0 && !touch.pressed) fill_disc(painter, centre, radius, faded(kWhite, .25 * touch.hover));
   if (touch.focused) draw_ring(painter, centre, radius + 2.5, QColor::fromRgb(palette::kFocus), 1.5);
 }
 

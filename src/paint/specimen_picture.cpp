@@ -23,6 +23,15 @@ QImage drawn(const QSize& size, double scale, const std::function<void(QPainter&
 
 }  // namespace
 
+std::span<const SpecimenSheet> specimen_sheets() {
+  static constexpr SpecimenSheet kSheets[] = {
+      {"sheet-keys", kKeysSheetWidth, kStatesSheetHeight, paint_keys_sheet},
+      {"sheet-controls", kControlsSheetWidth, kStatesSheetHeight, paint_controls_sheet},
+      {"sheet-glass", kGlassSheetWidth, kGlassSheetHeight, paint_glass_sheet},
+      {"sheet-displays", kDisplaysSheetWidth, kDisplaysSheetHeight, paint_displays_sheet}};
+  return kSheets;
+}
+
 std::vector<std::string_view> picture_names() {
   std::vector<std::string_view> names = specimen_names();
   for (const SpecimenSheet& sheet : specimen_sheets()) names.push_back(sheet.name);

@@ -116,12 +116,4 @@ void paint_displays_sheet(QPainter& painter) {
   for (int i = 0; i < 4; ++i) paint_needle_specimen(painter, {14. + 176 * i, 483.}, kReadings[i], i % 2 == 1);
 }
 
-std::span<const SpecimenSheet> specimen_sheets() {
-  static constexpr SpecimenSheet kSheets[] = {
-      {"sheet-keys", kKeysSheetWidth, kStatesSheetHeight, paint_keys_sheet},
-      {"sheet-controls", kControlsSheetWidth, kStatesSheetHeight, paint_controls_sheet},
-      {"sheet-displays", kDisplaysSheetWidth, kDisplaysSheetHeight, paint_displays_sheet}};
-  return kSheets;
-}
-
 }  // namespace tandem

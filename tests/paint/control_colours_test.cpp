@@ -97,7 +97,7 @@ TEST(Face, ActivePicturesHaveTheirColours) {
 TEST(Stud, IsExactInItsMiddle) {
   for (const bool pressed : {false, true}) {
     const QImage picture = sketch({20, 20}, 3, [&](QPainter& painter) {
-      paint_stud(painter, {3, 3, 13, 13}, {.pressed = pressed});
+      paint_stud(painter, {3, 3, 13, 13}, {.hover = pressed ? 1. : 0., .pressed = pressed});  // the mouse presses
     });
     EXPECT_EQ(picture.pixel(28, 28), pressed ? 0xFF808080 : palette::kSilver);
   }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "paint/caption.h"
 #include "paint/palette.h"
 #include "paint/panel_background.h"
@@ -45,6 +48,41 @@ TEST(Caption, AnchorsHoldTheText) {
   EXPECT_NEAR(ink(Anchor::Middle), 99.5, .6);
   EXPECT_GT(ink(Anchor::Start), 105);
   EXPECT_LT(ink(Anchor::End), 95);
+}
+
+TEST(Caption, HorizontalStrokesAreWholeRowsWhereTextIsSmall) {
+  for (const double scale : {1., 1.25}) {
+    for (const double size : {8.5, 10., 10.5, 11.}) {
+      const QImage picture = sketch({60, 30}, scale, [size](QPainter& painter) {
+        draw_caption(painter, {10, 20.3}, u"EEEE"_s, {.size = size, .colour = palette::kWhite});
+      });
+      std::vector<int> rows;  // ink of each row that has any
+      for (int y = 0; y < picture.height(); ++y) {
+        int ink = 0;
+        for (int x = 0; x < picture.width(); ++x) ink += qGray(picture.pixel(x, y));
+        if (ink > 0) rows.push_back(ink);
+      }
+      const int most = *std::max_element(rows.begin(), rows.end());
+      EXPECT_GT(rows.front(), most * .7) << "the upper stroke, " << size << " px at " << scale;
+      EXPECT_GT(rows.back(), most * .7) << "the foot, " << size << " px at " << scale;
+    }
+  }
+}
+
+TEST(Caption, ItsLastLetterStandsInProportionAtEveryScale) {
+  const auto right_edge = [](double scale) {
+    const QImage picture = sketch({120, 30}, scale, [](QPainter& painter) {
+      draw_caption(painter, {10, 20}, u"Gaussiano Exponenc. HHHH"_s);
+    });
+    for (int x = picture.width() - 1; x > 0; --x) {
+      for (int y = 0; y < picture.height(); ++y) {
+        if (qGray(picture.pixel(x, y)) > 64) return (x + 1) / scale;
+      }
+    }
+    return 0.;
+  };
+  const double at_full_resolution = right_edge(8);
+  for (const double scale : {1., 1.25, 1.5, 2., 3.}) EXPECT_NEAR(right_edge(scale), at_full_resolution, .8) << scale;
 }
 
 TEST(PanelPainter, EveryExampleHasItsWindowSize) {
