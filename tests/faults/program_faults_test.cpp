@@ -72,20 +72,23 @@ class KilledPlayer : public testing::Test {
     } else {
       ++mixed;
     }
+    left_over += folder.strays();
     OffscreenPlayer next(folder);
     const bool good = next.started();
     next.send(SIGTERM);
     if (!good || next.exit_status() != 0 || folder.settings() != fresh) ++lost;
+    EXPECT_EQ(folder.strays(), 0);
     folder.write_settings(old_settings());
   }
   void judge(const std::string& fault) const {
     EXPECT_EQ(mixed, 0);
     EXPECT_EQ(lost, 0);
     EXPECT_EQ(old + renewed, kills());
-    record_fault(fault + ", " + std::to_string(kills()) + " times", "settings old or new, next start succeeds",
+    record_fault(fault + ", " + std::to_string(kills()) + " times",
+                 "settings old or new, next start succeeds, nothing left over after it",
                  std::to_string(old) + " old, " + std::to_string(renewed) + " new, " + std::to_string(mixed) +
-                     " mixed, " + std::to_string(lost) + " starts failed, " + std::to_string(folder.strays()) +
-                     " temporary files left");
+                     " mixed, " + std::to_string(lost) + " starts failed, " + std::to_string(left_over) +
+                     " temporary files left by kills, " + std::to_string(folder.strays()) + " after the next close");
   }
 
   PlayerFolder folder{old_settings()};
@@ -95,6 +98,7 @@ class KilledPlayer : public testing::Test {
   int renewed = 0;
   int mixed = 0;
   int lost = 0;
+  int left_over = 0;
 };
 
 TEST_F(KilledPlayer, AtRandomInstants) {
@@ -123,6 +127,21 @@ TEST_F(KilledPlayer, WhileItCloses) {
   judge("kill -9 during close");
 }
 
+// As soon as the temporary file is there, which becomes TP.inf once it is on the disk.
+TEST_F(KilledPlayer, WhileItWrites) {
+  for (int i = 0; i < kills(); ++i) {
+    OffscreenPlayer player(folder);
+    ASSERT_TRUE(player.started());
+    player.send(SIGTERM);
+    const std::string written = folder.file(".tandem-" + std::to_string(player.pid()) + ".new");
+    const auto patience = Clock::now() + std::chrono::seconds(10);
+    while (!fs::exists(written) && folder.settings() != fresh && Clock::now() < patience) std::this_thread::yield();
+    kill(player);
+  }
+  EXPECT_GT(left_over, 0);
+  judge("kill -9 in the moment of saving");
+}
+
 // What a kill between writing and renaming leaves does not stand in the way of a player with the same number.
 TEST_F(KilledPlayer, LeftoversDoNotMatter) {
   for (int number = 1; number < 50; ++number)
@@ -133,6 +152,7 @@ TEST_F(KilledPlayer, LeftoversDoNotMatter) {
   player.send(SIGTERM);
   EXPECT_EQ(player.exit_status(), 0);
   EXPECT_EQ(folder.settings(), fresh);
+  EXPECT_EQ(folder.strays(), 0);
 }
 
 TEST(TwoPlayers, FromOneFolderDoNotDisturbEachOther) {
