@@ -107,11 +107,11 @@ NeedleFace::NeedleFace(double scale, const QRectF& box, const QRectF& well, bool
     : scale_(scale),
       pivot_((pivot(box) - box.topLeft()) * scale),
       still_(still_picture(scale, box, well, right)),
-      shadow_(still_.size()),
-      needle_(still_.size()),
       shadow_profile_(palette::kBlack, {{2.2 * scale, .55}}),
       glow_profile_(0xFFFF5A1F, {{3.6 * scale, .18}}),
-      needle_profile_(palette::kNeedle, {{1.5 * scale, 1}}) {}
+      needle_profile_(palette::kNeedle, {{1.5 * scale, 1}}),
+      shadow_(still_.size(), shadow_profile_.reach()),
+      needle_(still_.size(), glow_profile_.reach()) {}
 
 QRect NeedleFace::draw(QImage& image, const QPoint& origin, double db, QRect& standing) {
   const double angle = std::clamp(needle_angle(db), -kSpan, kMostAngle);
@@ -120,9 +120,9 @@ QRect NeedleFace::draw(QImage& image, const QPoint& origin, double db, QRect& st
   const QPointF root = on_circle(pivot_, kRimRadius * scale_, angle);
   const QPointF offset(1.6 * scale_, 1.6 * scale_);
   shadow_.clear();
-  shadow_.add_line(on_circle(pivot_, (kRimRadius + 2) * scale_, angle) + offset, tip + offset, shadow_profile_.reach());
+  shadow_.add_line(on_circle(pivot_, (kRimRadius + 2) * scale_, angle) + offset, tip + offset);
   needle_.clear();
-  needle_.add_line(root, tip, glow_profile_.reach());
+  needle_.add_line(root, tip);
 
   const QRect whole(QPoint(0, 0), still_.size());
   const QRect stands = (shadow_.touched() | needle_.touched()) & whole;

@@ -36,11 +36,11 @@ class NeedleFace {
   double scale_;
   QPointF pivot_;
   QImage still_;
-  StrokeField shadow_;
-  StrokeField needle_;
   StrokeProfile shadow_profile_;
   StrokeProfile glow_profile_;
   StrokeProfile needle_profile_;
+  StrokeField shadow_;
+  StrokeField needle_;
 };
 
 }  // namespace tandem

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "paint/ink.h"
 #include "paint/palette.h"
@@ -55,29 +56,37 @@ void paint_graticule(QPainter& painter, const QRectF& box) {
 ScopeFace::ScopeFace(double scale, const QRectF& area, const QRectF& well)
     : scale_(scale),
       still_(still_picture(scale, area, well)),
-      field_(still_.size()),
       left_profile_(palette::kLime, {{4.5 * scale, .10}, {2.4 * scale, .22}, {1.2 * scale, 1}}),
-      right_profile_(palette::kAqua, {{.9 * scale, .75}}) {}
+      right_profile_(palette::kAqua, {{.9 * scale, .75}}),
+      left_(still_.size(), left_profile_.reach()),
+      right_(still_.size(), right_profile_.reach()) {}
 
-void ScopeFace::draw(QImage& image, const QPoint& origin, const ScopePicture& picture) {
-  const auto bytes = static_cast<std::size_t>(still_.width()) * sizeof(QRgb);
-  for (int y = 0; y < still_.height(); ++y) {
-    std::memcpy(reinterpret_cast<QRgb*>(image.scanLine(y + origin.y())) + origin.x(), still_.constScanLine(y), bytes);
+QRect ScopeFace::draw(QImage& image, const QPoint& origin, const ScopePicture& picture) {
+  const QRect stood = left_.touched() | right_.touched();
+  if (fresh_) {
+    for (int y = 0; y < still_.height(); ++y) {
+      std::memcpy(reinterpret_cast<QRgb*>(image.scanLine(y + origin.y())) + origin.x(), still_.constScanLine(y),
+                  static_cast<std::size_t>(still_.width()) * sizeof(QRgb));
+    }
   }
-  draw_trace(image, origin, picture.right, right_profile_);
-  draw_trace(image, origin, picture.left, left_profile_);
+  right_.restore(image, origin, still_);
+  left_.restore(image, origin, still_);
+  place(right_, picture.right);
+  place(left_, picture.left);
+  right_.blend(image, origin, right_profile_);
+  left_.blend(image, origin, left_profile_);
+  const bool all = std::exchange(fresh_, false);
+  return (all ? QRect(QPoint(0, 0), still_.size()) : stood | left_.touched() | right_.touched()).translated(origin);
 }
 
-void ScopeFace::draw_trace(QImage& image, const QPoint& origin, std::span<const float> values,
-                           const StrokeProfile& profile) {
+void ScopeFace::place(StrokeField& field, std::span<const float> values) const {
   const double middle = still_.height() / 2.0;
   const auto point = [&](std::size_t i) {
     return QPointF(static_cast<double>(i) * scale_,
                    middle - static_cast<double>(std::clamp(values[i], -1.0F, 1.0F)) * middle);
   };
-  field_.clear();
-  for (std::size_t i = 1; i < values.size(); ++i) field_.add_line(point(i - 1), point(i), profile.reach());
-  field_.blend(image, origin, profile);
+  field.clear();
+  for (std::size_t i = 1; i < values.size(); ++i) field.add_line(point(i - 1), point(i));
 }
 
 }  // namespace tandem

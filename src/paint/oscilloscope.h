@@ -19,7 +19,8 @@ struct ScopePicture {
 /// The still part: dotted grid and middle line.
 void paint_graticule(QPainter& painter, const QRectF& box);
 
-/// The display in device pixels for one scale: its still picture, and room to draw the traces in. Keep one.
+/// The display in device pixels for one scale: its still picture, and room to draw the traces in. Keep one for each
+/// image.
 class ScopeFace {
  public:
   /// `area` is the display area in px, `well` the glass round it.
@@ -27,17 +28,21 @@ class ScopeFace {
 
   [[nodiscard]] QSize size() const { return still_.size(); }
 
-  /// Draws the display area whole, its top left at `origin` in an RGB32 (or opaque premultiplied) image. No allocation.
-  void draw(QImage& image, const QPoint& origin, const ScopePicture& picture);
+  /// Draws the display area, its top left at `origin` in an RGB32 (or opaque premultiplied) image, and returns what it
+  /// drew in image pixels: the whole area the first time, then the places where the traces stood and stand. No
+  /// allocation.
+  QRect draw(QImage& image, const QPoint& origin, const ScopePicture& picture);
 
  private:
-  void draw_trace(QImage& image, const QPoint& origin, std::span<const float> values, const StrokeProfile& profile);
+  void place(StrokeField& field, std::span<const float> values) const;
 
   double scale_;
   QImage still_;
-  StrokeField field_;
+  bool fresh_ = true;
   StrokeProfile left_profile_;
   StrokeProfile right_profile_;
+  StrokeField left_;
+  StrokeField right_;
 };
 
 }  // namespace tandem

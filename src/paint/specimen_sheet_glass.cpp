@@ -20,7 +20,7 @@ void paint_letters(QPainter& painter) {
       u"ÀÁÂÃÄÅÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜÑÝÇ"_s;
   constexpr int kInARow = 32;
   for (int i = 0; i < letters.size(); ++i) {
-    const QPointF at(12 + i % kInARow * 17, 12 + i / kInARow * 24);
+    const QPoint at(12 + i % kInARow * 17, 12 + i / kInARow * 24);
     paint_led_label(painter, at, {.text = letters.mid(i, 1), .cells = 1, .pitch = 2, .dark_dots = palette::kWhiteDots});
   }
 }

@@ -153,7 +153,7 @@ void update_half(const SpectrumTarget& target, const SpectrumFace& face, const S
   if (face.style().kind == SpectrumKind::Roll) {
     draw_roll_half(target, face, picture.roll, side);
   } else {
-    if (!standing.line) standing.line.emplace(half.size());
+    if (!standing.line) standing.line.emplace(half.size(), face.line().reach());
     draw_line_half(target, face, side == 0 ? picture.left : picture.right, side, *standing.line);
   }
   changed.append(half);

@@ -62,8 +62,7 @@ void draw_line_half(const SpectrumTarget& target, const SpectrumFace& face, std:
   const QPointF corner = half.topLeft();
   const int count = std::min(grid.columns, static_cast<int>(values.size()));
   for (int i = 1; i < count; ++i) {
-    field.add_line(level_point(grid, values, side, i - 1) - corner, level_point(grid, values, side, i) - corner,
-                   face.line().reach());
+    field.add_line(level_point(grid, values, side, i - 1) - corner, level_point(grid, values, side, i) - corner);
   }
   field.blend(target.image, target.origin + half.topLeft(), face.line());
 }

@@ -8,7 +8,9 @@
 #include <QPointF>
 #include <QRect>
 #include <array>
+#include <cstddef>
 #include <initializer_list>
+#include <limits>
 #include <vector>
 
 namespace tandem {
@@ -39,23 +41,38 @@ class StrokeProfile {
 
 class StrokeField {
  public:
-  explicit StrokeField(const QSize& size);
+  /// `reach` is that of the widest profile that will be blended.
+  StrokeField(const QSize& size, double reach);
   /// Forgets all strokes.
   void clear();
   /// Adds a line; coordinates in pixels of the field, parts outside it are cut.
-  void add_line(const QPointF& from, const QPointF& to, double reach);
+  void add_line(const QPointF& from, const QPointF& to);
   /// Blends what was added into an image whose pixel `origin` is the field's first. Only colours change, all pixels
   /// must be opaque.
   void blend(QImage& image, const QPoint& origin, const StrokeProfile& profile) const;
+  /// Takes what was added out of the image again, where it lies over a still picture of the field's size.
+  void restore(QImage& image, const QPoint& origin, const QImage& still) const;
   /// Pixels that the strokes reach.
-  [[nodiscard]] QRect touched() const { return touched_; }
+  [[nodiscard]] QRect touched() const;
 
  private:
-  void add_row(int y, int left, int right, const QPointF& from, const QPointF& along, double length_squared);
+  // Rows that the strokes reach in a block of columns.
+  struct Rows {
+    int top;
+    int bottom;  // inclusive
+  };
+  static constexpr Rows kNoRows{std::numeric_limits<int>::max(), -1};
+  struct Line;
+  void mark(const Line& line, const QRect& box);
+  void add_row(int y, int left, int right, const Line& line);
+  float* row(int y) { return squared_.data() + static_cast<std::ptrdiff_t>(y) * stride_; }
+  const float* row(int y) const { return squared_.data() + static_cast<std::ptrdiff_t>(y) * stride_; }
 
   QSize size_;
-  std::vector<float> squared_;  // squared distance of each pixel's centre
-  QRect touched_;
+  int stride_;  // of a row, whole blocks
+  double reach_;
+  std::vector<float> squared_;  // squared distance of each pixel's centre, or more than any reach
+  std::vector<Rows> blocks_;
 };
 
 }  // namespace tandem

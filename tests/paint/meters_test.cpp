@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 
 #include "paint/level_bar.h"
@@ -24,9 +26,9 @@ QImage black(const QSize& size) {
 }
 
 TEST(StrokeField, CoversALineAsWideAsItIs) {
-  StrokeField field({40, 20});
   const StrokeProfile profile(palette::kWhite, {{4, 1}});
-  field.add_line({5, 10}, {35, 10}, profile.reach());
+  StrokeField field({40, 20}, profile.reach());
+  field.add_line({5, 10}, {35, 10});
   QImage image = black({40, 20});
   field.blend(image, {0, 0}, profile);
   EXPECT_EQ(image.pixel(20, 9), palette::kWhite);
@@ -37,19 +39,19 @@ TEST(StrokeField, CoversALineAsWideAsItIs) {
 }
 
 TEST(StrokeField, ThinLinesShowTheirShare) {
-  StrokeField field({40, 20});
   const StrokeProfile profile(palette::kWhite, {{.5, 1}});
-  field.add_line({5, 10.5}, {35, 10.5}, profile.reach());
+  StrokeField field({40, 20}, profile.reach());
+  field.add_line({5, 10.5}, {35, 10.5});
   QImage image = black({40, 20});
   field.blend(image, {0, 0}, profile);
   EXPECT_NEAR(qGray(image.pixel(20, 10)), 128, 3);
 }
 
 TEST(StrokeField, CrossingLinesDoNotAddUp) {
-  StrokeField field({40, 40});
   const StrokeProfile profile(palette::kWhite, {{6, .5}});
-  field.add_line({5, 20}, {35, 20}, profile.reach());
-  field.add_line({20, 5}, {20, 35}, profile.reach());
+  StrokeField field({40, 40}, profile.reach());
+  field.add_line({5, 20}, {35, 20});
+  field.add_line({20, 5}, {20, 35});
   QImage image = black({40, 40});
   field.blend(image, {0, 0}, profile);
   EXPECT_EQ(image.pixel(20, 20), image.pixel(10, 20));
@@ -57,11 +59,11 @@ TEST(StrokeField, CrossingLinesDoNotAddUp) {
 }
 
 TEST(StrokeField, LongSteepLinesAreWhole) {
-  StrokeField field({120, 100});
   const StrokeProfile profile(palette::kWhite, {{3, 1}});
+  StrokeField field({120, 100}, profile.reach());
   const QPointF from(10, 90);
   const QPointF to(110, 5);
-  field.add_line(from, to, profile.reach());
+  field.add_line(from, to);
   QImage image = black({120, 100});
   field.blend(image, {0, 0}, profile);
   for (int i = 0; i <= 100; ++i) {
@@ -70,16 +72,59 @@ TEST(StrokeField, LongSteepLinesAreWhole) {
 }
 
 TEST(StrokeField, ForgetsAndStaysInside) {
-  StrokeField field({20, 20});
   const StrokeProfile profile(palette::kWhite, {{2, 1}});
-  field.add_line({-50, -50}, {70, 70}, profile.reach());
+  StrokeField field({20, 20}, profile.reach());
+  field.add_line({-50, -50}, {70, 70});
   EXPECT_TRUE(QRect(0, 0, 20, 20).contains(field.touched()));
   field.clear();
   QImage image = black({20, 20});
   field.blend(image, {0, 0}, profile);
   EXPECT_EQ(image, black({20, 20}));
-  field.add_line({-50, 5}, {-30, 9}, profile.reach());
+  field.add_line({-50, 5}, {-30, 9});
   EXPECT_TRUE(field.touched().isEmpty());
+}
+
+// Every pixel against the distance that geometry gives it, whichever blocks and rows the lines cross.
+TEST(StrokeField, EveryPixelIsAsFarAsItIs) {
+  const QPointF points[] = {{3, 20}, {17.5, 4}, {18, 55.5}, {60, 40}, {61, 12}, {95.5, 13}, {130, 59}};
+  const StrokeProfile profile(palette::kWhite, {{9, .3}, {3, 1}});
+  StrokeField field({101, 60}, profile.reach());
+  for (const QPointF& before : {QPointF(50, 50), QPointF(100, 5)}) {  // what was there before is forgotten
+    field.add_line({0, 0}, before);
+    field.clear();
+  }
+  for (std::size_t i = 1; i < std::size(points); ++i) field.add_line(points[i - 1], points[i]);
+  QImage image = black({101, 60});
+  field.blend(image, {0, 0}, profile);
+  for (int y = 0; y < 60; ++y) {
+    for (int x = 0; x < 101; ++x) {
+      double least = 1e9;
+      for (std::size_t i = 1; i < std::size(points); ++i) {
+        const QPointF along = points[i] - points[i - 1];
+        const QPointF to = QPointF(x + .5, y + .5) - points[i - 1];
+        const double at = std::clamp(QPointF::dotProduct(to, along) / QPointF::dotProduct(along, along), 0., 1.);
+        const QPointF away = to - at * along;
+        least = std::min(least, QPointF::dotProduct(away, away));
+      }
+      const bool near = least < profile.reach() * profile.reach();
+      const unsigned share = near ? profile.share(static_cast<float>(least)) : 0;
+      ASSERT_NEAR(qGray(image.pixel(x, y)), 255 * share / 256., 3) << x << ' ' << y;
+    }
+  }
+}
+
+TEST(StrokeField, TakesItsStrokesBackOut) {
+  const StrokeProfile profile(palette::kWhite, {{5, 1}});
+  StrokeField field({70, 50}, profile.reach());
+  QImage still = black({70, 50});
+  still.fill(0xFF123456);
+  QImage image = still;
+  field.add_line({-5, 10}, {80, 45});
+  field.add_line({40, 49}, {41, 0});
+  field.blend(image, {0, 0}, profile);
+  EXPECT_NE(image, still);
+  field.restore(image, {0, 0}, still);
+  EXPECT_EQ(image, still);
 }
 
 TEST(NeedleMeter, AnglesFollowTheScale) {
@@ -183,7 +228,12 @@ TEST(Oscilloscope, LeavesNothingOfThePictureBefore) {
   const std::vector<float> high(kScopeValues, .9F);
   const std::vector<float> low(kScopeValues, -.9F);
   QImage used = black(face.size());
-  face.draw(used, {0, 0}, {high, low});
+  EXPECT_EQ(face.draw(used, {0, 0}, {high, low}), used.rect());
+  const QRect drawn = face.draw(used, {0, 0}, {low, high});
+  EXPECT_TRUE(drawn.top() < 15 && drawn.bottom() > 100) << "where traces stood and stand";
+  const std::vector<float> quiet(kScopeValues, 0.F);
+  face.draw(used, {0, 0}, {quiet, quiet});
+  EXPECT_LT(face.draw(used, {0, 0}, {quiet, quiet}).height(), 20);
   face.draw(used, {0, 0}, {low, high});
   ScopeFace other(1.25, kArea, kWell);
   QImage fresh = black(face.size());
