@@ -13,10 +13,9 @@ namespace tandem {
 SlidingItem::SlidingItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Slider& slider)
     : PanelItem(panel, canvas, place, &slider), slider_(slider) {}
 
-const ItemValue* SlidingItem::value_range() const {
-  range_ = {static_cast<double>(slider_.value()), static_cast<double>(slider_.minimum()),
-            static_cast<double>(slider_.maximum()), static_cast<double>(wheel_step())};
-  return &range_;
+std::optional<ItemValue> SlidingItem::value_range() const {
+  return ItemValue{static_cast<double>(slider_.value()), static_cast<double>(slider_.minimum()),
+                   static_cast<double>(slider_.maximum()), static_cast<double>(wheel_step())};
 }
 
 void SlidingItem::put_value(double value) {

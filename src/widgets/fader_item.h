@@ -13,11 +13,11 @@ namespace tandem {
 class SlidingItem : public PanelItem {
  public:
   SlidingItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Slider& slider);
-  const ItemValue* value_range() const override;
-  void put_value(double value) override;
+  std::optional<ItemValue> value_range() const override;
   QString spoken_value() const override { return QString::number(slider_.value()); }
 
  protected:
+  void put_value(double value) override;
   virtual std::int32_t value_at(const QPointF& panel_position) const = 0;
   // The value after a key, or nothing for a key that is not the slider's.
   virtual std::optional<std::int32_t> value_after(int key) const = 0;
@@ -39,7 +39,6 @@ class SlidingItem : public PanelItem {
   Slider& slider_;
   int wheel_rest_ = 0;  // of a fine wheel
   int key_down_ = 0;
-  mutable ItemValue range_;
 };
 
 class FaderItem : public SlidingItem {
@@ -98,9 +97,9 @@ class SlideSwitchItem final : public PanelItem {
   QString spoken_value() const override;
   std::optional<bool> checked() const override { return switch_.value() != 0; }
   bool can_press() const override { return true; }
-  void press_by_key() override { move_to(1 - switch_.value()); }
 
  protected:
+  void press_by_key() override { move_to(1 - switch_.value()); }
   void model_changed() override;
   QRect drawn_box() const override;
   void mousePressEvent(QMouseEvent* event) override;

@@ -47,13 +47,11 @@ void PushItem::begin_push() {
 void PushItem::end_push(bool click) {
   if (!is_pressed()) return;
   set_pressed(false);
-  let_go();
   if (click) clicked();
+  let_go();
 }
 
 void PushItem::press_by_key() {
-  if (!isEnabled()) return;
-  canvas().before_user_act();
   begin_push();
   end_push(true);
 }

@@ -7,14 +7,15 @@
 
 namespace tandem {
 
-// A push of mouse button, Space or Return; a click is a push that is let go on the item.
+// A push of mouse button, Space or Return; a click is a push that is let go on the item. The click comes before the
+// release.
 class PushItem : public PanelItem {
  public:
   using PanelItem::PanelItem;
   bool can_press() const override { return true; }
-  void press_by_key() override;
 
  protected:
+  void press_by_key() override;
   virtual void pushed() {}
   virtual void let_go() {}
   virtual void clicked() = 0;
@@ -68,7 +69,9 @@ class StudItem final : public ButtonItem {
 class ChromeItem final : public PushItem {
  public:
   ChromeItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Face face, std::function<void()> act)
-      : PushItem(panel, canvas, place, nullptr), face_(face), act_(std::move(act)) {}
+      : PushItem(panel, canvas, place, nullptr), face_(face), act_(std::move(act)) {
+    setFocusPolicy(Qt::TabFocus);  // whoever minimises by mouse comes back to where he was
+  }
   void draw(QPainter& painter) const override;
   void hang_on(WindowSize size) { setGeometry(chrome_box(place(), size)); }
 

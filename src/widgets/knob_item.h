@@ -12,11 +12,11 @@ class WheelItem final : public PanelItem {
   WheelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Wheel& wheel)
       : PanelItem(panel, canvas, place, &wheel), wheel_(wheel) {}
   void draw(QPainter& painter) const override;
-  const ItemValue* value_range() const override;
-  void put_value(double value) override;
+  std::optional<ItemValue> value_range() const override;
   QString spoken_value() const override;
 
  protected:
+  void put_value(double value) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -29,7 +29,6 @@ class WheelItem final : public PanelItem {
   QPointF last_;
   double turned_ = 0;  // the value under the hand, with its fraction
   int wheel_rest_ = 0;
-  mutable ItemValue range_;
 };
 
 class RotaryItem final : public PanelItem {
@@ -37,12 +36,12 @@ class RotaryItem final : public PanelItem {
   RotaryItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Switch& model);
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
-  const ItemValue* value_range() const override;
-  void put_value(double value) override { turn_to(static_cast<std::int32_t>(value)); }
+  std::optional<ItemValue> value_range() const override;
   QString spoken_value() const override { return captions_.value(switch_.value()); }
-  void press_by_key() override { step_round(1); }
 
  protected:
+  void put_value(double value) override;
+  void press_by_key() override { step_round(1); }
   void model_changed() override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -64,7 +63,6 @@ class RotaryItem final : public PanelItem {
   QPointF pressed_at_;
   int press_step_ = 0;
   int wheel_rest_ = 0;
-  mutable ItemValue range_;
 };
 
 }  // namespace tandem

@@ -15,11 +15,11 @@ class ClickItem : public PanelItem {
  public:
   ClickItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model, const Notification<>* click);
   bool can_press() const override { return click_ != nullptr; }
+
+ protected:
   void press_by_key() override {
     if (click_ != nullptr) click_->raise();
   }
-
- protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
@@ -56,6 +56,9 @@ class GaugeItem final : public ClickItem {
       : ClickItem(panel, canvas, place, &gauge, &gauge.click), gauge_(gauge) {}
   void draw(QPainter& painter) const override;
   QString spoken_value() const override { return QString::number(gauge_.Progress) + " %"; }
+  std::optional<ItemValue> value_range() const override {
+    return ItemValue{static_cast<double>(gauge_.Progress), 0, 100, 1};
+  }
 
  private:
   Gauge& gauge_;
@@ -67,6 +70,7 @@ class PitchLampItem final : public PanelItem {
       : PanelItem(panel, canvas, place, &lamp), lamp_(lamp) {}
   void draw(QPainter& painter) const override;
   QString spoken_value() const override { return lit() ? "on" : "off"; }
+  std::optional<bool> checked() const override { return lit(); }
 
  protected:
   QRect drawn_box() const override;
@@ -100,6 +104,9 @@ class GainItem final : public ClickItem {
   GainItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Property<std::string>& caption, Control& model)
       : ClickItem(panel, canvas, place, &model, nullptr), caption_(caption) {}
   void draw(QPainter& painter) const override;
+
+ protected:
+  QString name_in_table() const override { return QString::fromStdString(caption_); }
 
  private:
   Property<std::string>& caption_;

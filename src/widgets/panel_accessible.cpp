@@ -2,7 +2,8 @@
 
 #include <QAccessibleWidget>
 
-#include "widgets/panel_item.h"
+#include "widgets/panel_window.h"
+#include "widgets/song_list_accessible.h"
 
 namespace tandem {
 
@@ -34,6 +35,7 @@ QAccessible::Role role_of(ControlKind kind) {
     case ControlKind::Gauge:
     case ControlKind::LevelBar:
     case ControlKind::NeedleMeter:
+      return QAccessible::ProgressBar;
     case ControlKind::PitchLamp:
       return QAccessible::Indicator;
     case ControlKind::Spectrum:
@@ -63,7 +65,7 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
   }
 
   void* interface_cast(QAccessible::InterfaceType type) override {
-    if (type == QAccessible::ValueInterface && item().value_range() != nullptr)
+    if (type == QAccessible::ValueInterface && item().value_range())
       return static_cast<QAccessibleValueInterface*>(this);
     return QAccessibleWidget::interface_cast(type);
   }
@@ -74,26 +76,25 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
     return names;
   }
   void doAction(const QString& name) override {
-    if (name == pressAction()) return item().press_by_key();
+    if (name == pressAction()) return item().press();
     QAccessibleWidget::doAction(name);
   }
 
   QVariant currentValue() const override { return range().value; }
-  void setCurrentValue(const QVariant& value) override { item().put_value(value.toDouble()); }
+  void setCurrentValue(const QVariant& value) override { item().set_value(value.toDouble()); }
   QVariant maximumValue() const override { return range().maximum; }
   QVariant minimumValue() const override { return range().minimum; }
   QVariant minimumStepSize() const override { return range().step; }
 
  private:
   PanelItem& item() const { return item_; }
-  ItemValue range() const {
-    const ItemValue* found = item_.value_range();
-    return found == nullptr ? ItemValue{} : *found;
-  }
+  ItemValue range() const { return item_.value_range().value_or(ItemValue{}); }
   PanelItem& item_;
 };
 
 QAccessibleInterface* interface_of(const QString&, QObject* object) {
+  if (auto* window = dynamic_cast<PanelWindow*>(object)) return new QAccessibleWidget(window, QAccessible::Window);
+  if (auto* list = dynamic_cast<SongListItem*>(object)) return new SongListInterface(*list);
   auto* item = dynamic_cast<PanelItem*>(object);
   return item == nullptr ? nullptr : new ItemInterface(item);
 }
@@ -104,6 +105,9 @@ void tell_accessibility_of_items() { QAccessible::installFactory(interface_of); 
 
 void tell_value_of(PanelItem& item) {
   if (!QAccessible::isActive()) return;
+  QAccessibleEvent name(&item, QAccessible::NameChanged);
+  if (item.place().accessible.find('<') != std::string_view::npos) QAccessible::updateAccessibility(&name);
+  if (!item.hasFocus()) return;
   QAccessible::State changed;
   changed.checked = true;
   QAccessibleStateChangeEvent state(&item, changed);

@@ -14,7 +14,7 @@ namespace tandem {
 
 void PanelWindow::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  hooks_.user_acts();
+  const UserAct act(*this);
   pressed_at_ = event->globalPosition().toPoint();
   drag_from_ = pressed_at_ - pos();
 }
@@ -24,9 +24,9 @@ void PanelWindow::mouseMoveEvent(QMouseEvent* event) {
   if (!drag_from_) return;
   const QPoint at = event->globalPosition().toPoint();
   if (!dragging_ && (at - pressed_at_).manhattanLength() < QApplication::startDragDistance()) return;
+  move(at - *drag_from_);  // not left behind by the way until here
   if (!dragging_ && windowHandle()->startSystemMove()) return drag_from_.reset();
   dragging_ = true;
-  move(at - *drag_from_);
 }
 
 void PanelWindow::mouseReleaseEvent(QMouseEvent*) {
@@ -35,6 +35,7 @@ void PanelWindow::mouseReleaseEvent(QMouseEvent*) {
 }
 
 void PanelWindow::mouseDoubleClickEvent(QMouseEvent* event) {
+  const UserAct act(*this);
   const bool on_head = event->position().y() < control_box("Window grip").h;
   if (event->button() == Qt::LeftButton && on_head) controls_.MMPanelX1[1].click.raise();
 }
@@ -50,6 +51,7 @@ void PanelWindow::dropEvent(QDropEvent* event) {
     if (url.isLocalFile())
       paths.push_back(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString());
   event->acceptProposedAction();
+  const UserAct act(*this);
   if (!paths.empty()) hooks_.drop(paths);
 }
 

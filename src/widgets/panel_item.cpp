@@ -34,7 +34,6 @@ PanelItem::PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& plac
   setAttribute(Qt::WA_NoMousePropagation);
   setFocusPolicy(place.tab > 0 ? Qt::StrongFocus : Qt::NoFocus);
   if (!place.tip.empty()) setToolTip(text_of(place.tip));
-  if (!place.accessible.empty() && place.accessible.front() != '(') setAccessibleName(text_of(place.accessible));
   if (model_ == nullptr) return;
   model_visible_ = model_->Visible;
   model_->view_changed.connect([this] { follow_model(); });
@@ -46,7 +45,7 @@ void PanelItem::follow_model() {
     canvas_.visibilities_changed();
   }
   model_changed();
-  if (hasFocus()) tell_value_of(*this);
+  tell_value_of(*this);
 }
 
 void PanelItem::set_scene_visible(bool visible) { setVisible(visible); }
@@ -61,12 +60,20 @@ void PanelItem::set_enabled_by_model() {
 // A key that is disabled for a while keeps the focus: the next press must not meet its neighbour.
 bool PanelItem::focusNextPrevChild(bool next) { return disabling_ || QWidget::focusNextPrevChild(next); }
 
+// What has no name of its own has its caption for one.
+QString PanelItem::name_in_table() const {
+  const bool named = !place_.accessible.empty() && !place_.accessible.starts_with('(');
+  return text_of(named ? place_.accessible : place_.caption);
+}
+
+// "Song: <caption>", "Volume <Progress> %", "Meter: Spec, V.U., Scope": from the mark on stands the value. What stands
+// in round brackets is said by the state.
 QString PanelItem::spoken_name() const {
-  const QString whole = accessibleName();
-  const auto end = std::find_if(whole.begin(), whole.end(), [](QChar c) { return c == ':' || c == '(' || c == '<'; });
-  QString name = whole.left(end - whole.begin()).trimmed();
-  if (name.endsWith(',')) name.chop(1);
-  return name;
+  const QString whole = name_in_table();
+  const qsizetype colon = whole.indexOf(": ");
+  const qsizetype mark = colon >= 0 ? colon + 2 : whole.indexOf('<');
+  if (mark < 0) return whole.left(whole.indexOf('(')).trimmed();
+  return (whole.left(mark) + spoken_value()).trimmed();
 }
 
 Touch PanelItem::touch() const {
@@ -118,7 +125,7 @@ void PanelItem::focusOutEvent(QFocusEvent* event) {
   changed();
 }
 
-// Whoever works a control by keys sees where they go, however it came by the focus.
+// Whoever works a control by its own keys sees where they go, however it came by the focus.
 void PanelItem::show_focus() {
   if (std::exchange(focus_shown_, true)) return;
   changed();
@@ -128,6 +135,13 @@ bool PanelItem::is_beyond_reach(const QEvent& event) const {
   return event.type() == QEvent::Hide || (event.type() == QEvent::EnabledChange && !isEnabled());
 }
 
+bool PanelItem::key_event(QEvent* event) {
+  const UserAct act(canvas_);
+  const bool known = QWidget::event(event);
+  if (event->isAccepted() && hasFocus()) show_focus();
+  return known;
+}
+
 bool PanelItem::event(QEvent* event) {
   if (is_beyond_reach(*event)) hand_gone();
   switch (event->type()) {
@@ -135,18 +149,28 @@ bool PanelItem::event(QEvent* event) {
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
-    case QEvent::Wheel:
-      canvas_.before_user_act();
-      break;
+    case QEvent::Wheel: {
+      const UserAct act(canvas_);
+      return QWidget::event(event);
+    }
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
-      canvas_.before_user_act();
-      show_focus();
-      break;
+      return key_event(event);
     default:
-      break;
+      return QWidget::event(event);
   }
-  return QWidget::event(event);
+}
+
+void PanelItem::press() {
+  if (!isEnabled() || isHidden()) return;
+  const UserAct act(canvas_);
+  press_by_key();
+}
+
+void PanelItem::set_value(double value) {
+  if (!isEnabled() || isHidden()) return;
+  const UserAct act(canvas_);
+  put_value(value);
 }
 
 }  // namespace tandem

@@ -22,7 +22,7 @@ class PanelCanvas {
   virtual void repaint_box(const QRect& box) = 0;  // px of the panel
   virtual void start_moving(PanelItem& item) = 0;  // advance() is called at every frame until it returns false
   virtual void visibilities_changed() = 0;         // a control's Visible has changed
-  virtual void before_user_act() = 0;              // a hand is on the panel: sound must follow at once
+  virtual void user_acts() = 0;                    // before and after every act of the user: sound follows at once
   virtual bool reduced_motion() const = 0;
 };
 
@@ -38,6 +38,19 @@ class PanelItem : public QWidget {
  public:
   PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model);
 
+// An act of the user lasts as long as this: a file dialog may be open in it, so what it began is looked after again at
+// its end.
+class UserAct {
+ public:
+  explicit UserAct(PanelCanvas& canvas) : canvas_(canvas) { canvas_.user_acts(); }
+  ~UserAct() { canvas_.user_acts(); }
+  UserAct(const UserAct&) = delete;
+  UserAct& operator=(const UserAct&) = delete;
+
+ private:
+  PanelCanvas& canvas_;
+};
+
   const ControlBox& place() const { return place_; }
   Control* model() const { return model_; }
   void set_scene_visible(bool visible);  // as the window's size and the model's Visible have it
@@ -52,13 +65,15 @@ class PanelItem : public QWidget {
   virtual bool advance(double seconds);
 
   // Assistive technology.
-  virtual QString spoken_name() const;  // the table's name without what it says of the value
+  QString spoken_name() const;  // the table's name with the value in its place
   virtual QString spoken_value() const { return {}; }
   virtual std::optional<bool> checked() const { return std::nullopt; }  // nothing: has no two states
   virtual bool can_press() const { return false; }
-  virtual void press_by_key() {}
-  virtual const ItemValue* value_range() const { return nullptr; }
-  virtual void put_value(double) {}
+  virtual std::optional<ItemValue> value_range() const { return std::nullopt; }  // nothing: is no number
+  // Acts of the user without the hand: by assistive technology or a key of the window. Nothing while it is disabled or
+  // hidden.
+  void press();
+  void set_value(double value);
 
  protected:
   QRectF box() const { return place_.box(); }
@@ -77,6 +92,9 @@ class PanelItem : public QWidget {
   virtual void hand_gone() { set_pressed(false); }
 
   void enterEvent(QEnterEvent* event) override;
+  virtual QString name_in_table() const;
+  virtual void press_by_key() {}
+  virtual void put_value(double) {}
   void leaveEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -91,6 +109,7 @@ class PanelItem : public QWidget {
 
   PanelCanvas& canvas_;
   const ControlBox& place_;
+  bool key_event(QEvent* event);
   Control* model_;
   bool model_visible_ = true;
   bool disabling_ = false;

@@ -10,10 +10,7 @@ namespace tandem {
 void PanelWindow::add_shortcut(const char* keys, const char* name) {
   auto* shortcut = new QShortcut(QKeySequence(keys), this);
   shortcut->setAutoRepeat(false);
-  connect(shortcut, &QShortcut::activated, this, [this, name] {
-    PanelItem* target = item(name);
-    if (target->isVisible() && target->isEnabled()) target->press_by_key();
-  });
+  connect(shortcut, &QShortcut::activated, this, [this, name] { item(name)->press(); });
 }
 
 void PanelWindow::add_shortcuts() {

@@ -26,7 +26,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   struct Hooks {
     std::function<void()> close;                                // the user closes the panel
     std::function<void()> frame_wanted;                         // something moves: call frame() soon
-    std::function<void()> user_acts;                            // a hand is on the panel
+    std::function<void()> user_acts;                            // before and after every act of the user
     std::function<void(const std::vector<std::string>&)> drop;  // files and folders dropped on it, as paths
   };
 
@@ -47,7 +47,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void repaint_box(const QRect& box) override;
   void start_moving(PanelItem& item) override;
   void visibilities_changed() override;
-  void before_user_act() override { hooks_.user_acts(); }
+  void user_acts() override { hooks_.user_acts(); }
   bool reduced_motion() const override { return reduced_motion_; }
   // At first as the desktop's style has it: one whose animations last no time wants nothing moved. The title then
   // steps by whole cells, lights and pointers change at once.

@@ -31,9 +31,12 @@ void RotaryItem::draw(QPainter& painter) const {
   paint_rotary(painter, spot_, {captions_, switch_.value(), pointer_, touch()});
 }
 
-const ItemValue* RotaryItem::value_range() const {
-  range_ = {static_cast<double>(switch_.value()), 0, static_cast<double>(switch_.maximum()), 1};
-  return &range_;
+std::optional<ItemValue> RotaryItem::value_range() const {
+  return ItemValue{static_cast<double>(switch_.value()), 0, static_cast<double>(switch_.maximum()), 1};
+}
+
+void RotaryItem::put_value(double value) {
+  turn_to(static_cast<std::int32_t>(std::lround(std::clamp(value, 0.0, double(switch_.maximum())))));
 }
 
 void RotaryItem::model_changed() {

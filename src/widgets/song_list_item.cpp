@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "widgets/song_list_accessible.h"
 #include "widgets/wheel_steps.h"
 
 namespace tandem {
@@ -53,6 +54,7 @@ void SongListItem::model_changed() {
   if (list_.ListIndex() != seen_selection_) {
     seen_selection_ = list_.ListIndex();
     show_line(seen_selection_);
+    tell_line_of(*this);
   }
   changed();
 }
@@ -61,6 +63,18 @@ int SongListItem::row_at(const QPointF& at) const {
   for (int row = 0; row < kListRows; ++row)
     if (list_row_box(box(), row).contains(at)) return top_ + row < list_.ListCount() ? top_ + row : -1;
   return -1;
+}
+
+QRect SongListItem::line_on_screen(int index) const {
+  if (index < top_ || index >= top_ + kListRows) return {};
+  const QRectF row = list_row_box(box(), index - top_);
+  return row.translated(window()->mapToGlobal(QPoint())).toAlignedRect();
+}
+
+void SongListItem::select_line(int index) {
+  if (!isEnabled() || isHidden()) return;
+  const UserAct act(canvas());
+  select(index);
 }
 
 // A line's tip is its whole text.

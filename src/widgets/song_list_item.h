@@ -14,6 +14,8 @@ class SongListItem final : public PanelItem {
   QString spoken_value() const override;
   const ListBox& list() const { return list_; }
   int top() const { return top_; }
+  QRect line_on_screen(int index) const;  // nothing if it is not in view
+  void select_line(int index);            // an act of the user
 
  protected:
   void model_changed() override;

@@ -45,10 +45,9 @@ void SpinnerItem::draw(QPainter& painter) const {
                 {spinner_.value(), spinner_.Digits, lime, touch_of(Part::Up), touch_of(Part::Down), touch().focused});
 }
 
-const ItemValue* SpinnerItem::value_range() const {
-  range_ = {static_cast<double>(spinner_.value()), static_cast<double>(spinner_.minimum()),
-            static_cast<double>(spinner_.maximum()), static_cast<double>(std::max(spinner_.Step, 1))};
-  return &range_;
+std::optional<ItemValue> SpinnerItem::value_range() const {
+  return ItemValue{static_cast<double>(spinner_.value()), static_cast<double>(spinner_.minimum()),
+                   static_cast<double>(spinner_.maximum()), static_cast<double>(std::max(spinner_.Step, 1))};
 }
 
 // A number cannot be typed into the spinners that work by their buttons alone.

@@ -12,11 +12,11 @@ class SpinnerItem final : public PanelItem {
   SpinnerItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Spinner& spinner);
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
-  const ItemValue* value_range() const override;
-  void put_value(double value) override;
+  std::optional<ItemValue> value_range() const override;
   QString spoken_value() const override { return QString::number(spinner_.value()); }
 
  protected:
+  void put_value(double value) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -38,7 +38,6 @@ class SpinnerItem final : public PanelItem {
   Part under_ = Part::None;
   double until_repeat_ = 0;  // seconds
   int wheel_rest_ = 0;
-  mutable ItemValue range_;
 };
 
 }  // namespace tandem

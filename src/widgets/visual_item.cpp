@@ -18,9 +18,17 @@ int which(const Displays& displays) {
   return displays.MMOscopeX1.Visible() ? 2 : -1;
 }
 
-QString level_text(const NeedleMeter& meter) {
-  return QString::number(std::lround(scale_db(meter.deflection()))) + " dB";
+constexpr double kScaleBegin = -20;  // dB
+
+// What the needle stands at, in whole dB of its scale.
+ItemValue level_of(const NeedleMeter& meter) {
+  const double level = std::clamp(scale_db(meter.deflection()), kScaleBegin, kNeedleTop);
+  return {std::round(level), kScaleBegin, kNeedleTop, 1};
 }
+
+QString level_text(const NeedleMeter& meter) { return QString::number(level_of(meter).value) + " dB"; }
+
+int percent_of(const LevelBar& bar) { return std::max(bar.lit()[0], bar.lit()[1]) * 100 / LevelBar::kRows; }
 
 }  // namespace
 
@@ -95,7 +103,7 @@ void VisualItem::draw(QPainter& painter) const {
   }
 }
 
-QString VisualItem::spoken_name() const {
+QString VisualItem::name_in_table() const {
   constexpr const char* kNames[] = {"MMSpectrum1", "MMMeterX1", "MMOscopeX1"};
   if (shown_ < 0) return "Display";
   const auto name = control_box(kNames[shown_]).accessible;
@@ -109,8 +117,7 @@ QString VisualItem::spoken_value() const {
 
 QString LevelItem::spoken_value() const {
   if (place().name == "MMMeterX2") return level_text(displays_.MMMeterX2);
-  const auto& lit = displays_.MMLevelX1.lit();
-  return QString::number(std::max(lit[0], lit[1]) * 100 / LevelBar::kRows) + " %";
+  return QString::number(percent_of(displays_.MMLevelX1)) + " %";
 }
 
 }  // namespace tandem

@@ -33,8 +33,11 @@ class VisualItem final : public PanelItem {
   void feed(std::span<const SoundFrame> heard);
   bool at_rest() const;
 
-  QString spoken_name() const override;
   QString spoken_value() const override;
+  std::optional<ItemValue> value_range() const override;
+
+ protected:
+  QString name_in_table() const override;
 
  private:
   void draw_meters(QPainter& painter) const;
@@ -60,6 +63,7 @@ class LevelItem final : public PanelItem {
   bool in_use() const override { return displays_.MMMeterX2.Visible(); }
   QString spoken_value() const override;
 
+  std::optional<ItemValue> value_range() const override;
  private:
   Displays displays_;
 };

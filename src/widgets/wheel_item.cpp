@@ -19,9 +19,8 @@ void WheelItem::draw(QPainter& painter) const {
   paint_wheel(painter, box(), {static_cast<double>(wheel_.value()) / wheel_.maximum(), touch()});
 }
 
-const ItemValue* WheelItem::value_range() const {
-  range_ = {static_cast<double>(wheel_.value()), 0, static_cast<double>(wheel_.maximum()), kStep};
-  return &range_;
+std::optional<ItemValue> WheelItem::value_range() const {
+  return ItemValue{static_cast<double>(wheel_.value()), 0, static_cast<double>(wheel_.maximum()), kStep};
 }
 
 QString WheelItem::spoken_value() const {

@@ -18,18 +18,26 @@ class Spoken : public testing::Test {
   }
   std::string value(const char* name) const { return of(name).text(QAccessible::Value).toStdString(); }
   std::string spoken_name(const char* name) const { return of(name).text(QAccessible::Name).toStdString(); }
-  QAccessibleActionInterface& actions(const char* name) const {
-    QAccessibleActionInterface* found = of(name).actionInterface();
+  static QAccessibleActionInterface& actions(QAccessibleInterface& of) {
+    QAccessibleActionInterface* found = of.actionInterface();
     if (found == nullptr) throw std::runtime_error("no actions");
     return *found;
   }
-  void act(const char* name) const { actions(name).doAction(QAccessibleActionInterface::pressAction()); }
+  static void press(QAccessibleInterface& pressed) {
+    actions(pressed).doAction(QAccessibleActionInterface::pressAction());
+  }
+  void act(const char* name) const { press(of(name)); }
   bool acts(const char* name) const {
-    return actions(name).actionNames().contains(QAccessibleActionInterface::pressAction());
+    return actions(of(name)).actionNames().contains(QAccessibleActionInterface::pressAction());
   }
   QAccessibleValueInterface& number(const char* name) const {
     QAccessibleValueInterface* found = of(name).valueInterface();
     if (found == nullptr) throw std::runtime_error("no number");
+    return *found;
+  }
+  QAccessibleInterface& line(int index) const {
+    QAccessibleInterface* found = of("PlayList").child(index);
+    if (found == nullptr) throw std::runtime_error("no line");
     return *found;
   }
   WindowRig rig;
@@ -42,7 +50,7 @@ TEST_F(Spoken, EveryStopOfTheTabChainHasANameAndARole) {
     const std::string name(item->place().name);
     EXPECT_FALSE(spoken_name(name.c_str()).empty()) << name;
     EXPECT_NE(of(name.c_str()).role(), QAccessible::StaticText) << name;
-    EXPECT_TRUE(acts(name.c_str()) || item->value_range() != nullptr || name == "PlayList") << name;
+    EXPECT_TRUE(acts(name.c_str()) || item->value_range().has_value() || name == "PlayList") << name;
   }
 }
 
@@ -56,27 +64,87 @@ TEST_F(Spoken, Roles) {
   EXPECT_EQ(of("AMLed2").role(), QAccessible::RadioButton);
   EXPECT_EQ(of("MMLEDSpin7").role(), QAccessible::SpinBox);
   EXPECT_EQ(of("PlayList").role(), QAccessible::List);
-  EXPECT_EQ(of("MeterVol").role(), QAccessible::Indicator);
+  EXPECT_EQ(of("MeterVol").role(), QAccessible::ProgressBar);
 }
 
 TEST_F(Spoken, Values) {
   rig.controls().LblPosition.Caption = "01:23";
-  EXPECT_EQ(spoken_name("LblPosition"), "Position");
+  EXPECT_EQ(spoken_name("LblPosition"), "Position: 01:23");
   EXPECT_EQ(value("LblPosition"), "01:23");
-  EXPECT_EQ(spoken_name("sl0(7)"), "Equalizer 1K2 Hz");
   rig.controls().sl0[7].put(-4);
+  EXPECT_EQ(spoken_name("sl0(7)"), "Equalizer 1K2 Hz, -4 dB");
   EXPECT_EQ(value("sl0(7)"), "-4 dB");
   rig.controls().Volume.put(16384);
   EXPECT_EQ(value("Volume"), "50 %");
   EXPECT_EQ(value("MeterVol"), "50 %");
+  EXPECT_EQ(spoken_name("MeterVol"), "Volume 50 %");
+  EXPECT_EQ(spoken_name("Volume"), "Volume");
   rig.controls().MMLEDSpin7.move(22050);  // the digits show the last four
   EXPECT_EQ(value("MMLEDSpin7"), "22050");
   rig.controls().MMSwitchX1.move(1);
   EXPECT_EQ(value("MMSwitchX1"), "V.U.");
+  EXPECT_EQ(spoken_name("MMSwitchX1"), "Meter: V.U.");
   EXPECT_EQ(value("Bypass"), "EQ");
+  EXPECT_EQ(spoken_name("Bypass"), "Equalizer: EQ");
+  EXPECT_EQ(spoken_name("PAUSE"), "Pause");
+  EXPECT_EQ(spoken_name("MMLEDLABELX1"), "SONG:");
+  EXPECT_EQ(spoken_name("Label2(7)"), "1K2");
+  EXPECT_EQ(spoken_name("dbLabel0(7)"), rig.controls().dbLabel0[7].Caption.get());
   rig.add_songs(2);
   rig.controls().PlayList.user_select(1);
   EXPECT_EQ(value("PlayList"), rig.controls().PlayList.List(1));
+}
+
+// A number that can be read but not moved.
+TEST_F(Spoken, NumbersOfTheDisplays) {
+  rig.controls().Volume.put(8192);
+  EXPECT_EQ(number("MeterVol").currentValue().toInt(), 25);
+  number("MeterVol").setCurrentValue(80);
+  EXPECT_EQ(number("MeterVol").currentValue().toInt(), 25);
+  EXPECT_EQ(of("MMSpectrum1").valueInterface(), nullptr);
+  rig.controls().MMSwitchX1.move(1);
+  rig.frame(0);
+  EXPECT_EQ(number("MMSpectrum1").currentValue().toInt(), -20);  // at rest
+  EXPECT_EQ(number("MMMeterX2").minimumValue().toInt(), -20);
+  EXPECT_EQ(number("MMMeterX2").maximumValue().toInt(), 3);
+  EXPECT_EQ(number("MMLevelX1").currentValue().toInt(), 0);
+}
+
+TEST_F(Spoken, TheWindow) {
+  QAccessibleInterface* window = QAccessible::queryAccessibleInterface(rig.window.get());
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->role(), QAccessible::Window);
+  EXPECT_EQ(window->text(QAccessible::Name).toStdString(), "Tandem");
+}
+
+TEST_F(Spoken, LinesOfTheList) {
+  QAccessibleInterface& list = of("PlayList");
+  EXPECT_EQ(list.childCount(), 0);
+  rig.add_songs(12);
+  ASSERT_EQ(list.childCount(), 12);
+  EXPECT_EQ(list.child(12), nullptr);
+  QAccessibleInterface& fourth = line(3);
+  EXPECT_EQ(&fourth, list.child(3));
+  EXPECT_EQ(list.indexOfChild(&fourth), 3);
+  EXPECT_EQ(fourth.role(), QAccessible::ListItem);
+  EXPECT_EQ(fourth.parent(), &list);
+  EXPECT_EQ(fourth.text(QAccessible::Name).toStdString(), rig.controls().PlayList.List(3));
+  const QPoint middle = fourth.rect().center();
+  EXPECT_TRUE(control_box("PlayList").box().contains(rig.window->mapFromGlobal(middle)));
+  EXPECT_EQ(list.childAt(middle.x(), middle.y()), &fourth);
+  EXPECT_TRUE(line(11).state().offscreen);
+  EXPECT_FALSE(fourth.state().selected);
+  press(fourth);
+  EXPECT_EQ(rig.controls().PlayList.ListIndex(), 3);
+  EXPECT_TRUE(fourth.state().selected);
+  rig.click(rig.window->mapFromGlobal(line(5).rect().center()));
+  EXPECT_EQ(rig.controls().PlayList.ListIndex(), 5) << "the line lies where it is drawn";
+  rig.focus("PlayList");
+  EXPECT_TRUE(line(5).state().focused);
+  EXPECT_EQ(list.focusChild(), &line(5));
+  const QAccessibleInterface& last = line(11);
+  rig.controls().PlayList.RemoveItem(0);
+  EXPECT_FALSE(last.isValid());
 }
 
 TEST_F(Spoken, Displays) {
@@ -143,9 +211,53 @@ TEST_F(Spoken, ValuesAreSetAsByTheHand) {
   log_of(rig.controls().SliderP, log);
   number("SliderP").setCurrentValue(-3);
   EXPECT_EQ(log, (std::vector<std::string>{"press", "change -3", "release"}));
+  rig.show_board();
   number("MMLEDSpin1").setCurrentValue(9);
   EXPECT_EQ(rig.controls().MMLEDSpin1.value(), 9);
   EXPECT_EQ(of("PLAY").valueInterface(), nullptr);
+}
+
+// The sound follows at once, and what was begun is looked after again, even when a dialog was open meanwhile.
+TEST_F(Spoken, ActsAreToldBeforeAndAfter) {
+  std::vector<std::string> log;
+  rig.user_acts = [&log] { log.emplace_back("act"); };
+  const auto log_change = [&log](ValuedControl& control) {
+    control.change.connect([&log] { log.emplace_back("done"); });
+  };
+  const std::vector<std::string> told{"act", "done", "act"};
+  PanelControls& controls = rig.controls();
+  controls.PLAY.click.connect([&log] { log.emplace_back("done"); });
+  act("PLAY");
+  EXPECT_EQ(log, told);
+  controls.MMPanelX1[1].click.connect([&log] { log.emplace_back("done"); });
+  log.clear();
+  act("MMPanelX1(1)");
+  EXPECT_EQ(log, told);
+  log_change(controls.Bypass);
+  log.clear();
+  act("Bypass");
+  EXPECT_EQ(log, told);
+  const std::pair<const char*, ValuedControl&> kNumbers[] = {
+      {"Volume", controls.Volume}, {"MMSwitchX1", controls.MMSwitchX1}, {"SliderP", controls.SliderP}};
+  for (const auto& [name, control] : kNumbers) {
+    log_change(control);
+    log.clear();
+    number(name).setCurrentValue(control.value() == 1 ? 2 : 1);
+    EXPECT_EQ(log, told) << name;
+  }
+}
+
+TEST_F(Spoken, WhatIsHiddenOrDisabledIsNotMoved) {
+  rig.make_small();
+  const std::int32_t meter = rig.controls().MMSwitchX1.value();
+  number("MMSwitchX1").setCurrentValue(meter == 0 ? 1 : 0);
+  EXPECT_EQ(rig.controls().MMSwitchX1.value(), meter);
+  const std::int32_t bypass = rig.controls().Bypass.value();
+  act("Bypass");
+  EXPECT_EQ(rig.controls().Bypass.value(), bypass);
+  rig.controls().Volume.Enabled = false;
+  number("Volume").setCurrentValue(1000);
+  EXPECT_NE(rig.controls().Volume.value(), 1000);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "widgets/window_rig.h"
 
 namespace tandem::test {
@@ -38,12 +40,26 @@ class PushKey : public testing::TestWithParam<KeyCase> {
   std::string name() const { return GetParam().name; }
   WindowRig rig;
   std::vector<std::string> events;
-  const std::vector<std::string> whole_click{"press", "release", "click"};
+  const std::vector<std::string> whole_click{"press", "click", "release"};
 };
 
 TEST_P(PushKey, IsClickedByTheMouse) {
   rig.click(name());
   EXPECT_EQ(events, whole_click);
+}
+
+// A click may last as long as a dialog is open.
+TEST_P(PushKey, ActsAreToldBeforeAndAfter) {
+  rig.user_acts = [this] { events.emplace_back("act"); };
+  rig.release({300, 60});
+  events.clear();
+  rig.key(GetParam().key, GetParam().with);
+  const std::vector<std::string> told{"act", "press", "click", "release", "act"};
+  EXPECT_NE(std::search(events.begin(), events.end(), told.begin(), told.end()), events.end());
+  rig.press(rig.middle(name()));
+  events.clear();
+  rig.release(rig.middle(name()));
+  EXPECT_EQ(events, (std::vector<std::string>{"act", "click", "release", "act"}));
 }
 
 TEST_P(PushKey, LetGoElsewhereIsNoClick) {
@@ -71,7 +87,7 @@ TEST_P(PushKey, SpaceAndReturnPressTheFocusedOne) {
   EXPECT_EQ(events, (std::vector<std::string>{"press"}));
   rig.key_up(Qt::Key_Space);
   rig.key(Qt::Key_Return);
-  EXPECT_EQ(events, (std::vector<std::string>{"press", "release", "click", "press", "release", "click"}));
+  EXPECT_EQ(events, (std::vector<std::string>{"press", "click", "release", "press", "click", "release"}));
 }
 
 TEST_P(PushKey, DisabledIgnoresMouseAndKeys) {

@@ -48,7 +48,9 @@ WindowRig::WindowRig() : watch_(std::make_unique<PaintWatch>()) {
   PanelWindow::Hooks hooks;
   hooks.close = [this] { ++closes; };
   hooks.frame_wanted = [this] { ++frames_wanted; };
-  hooks.user_acts = [] {};
+  hooks.user_acts = [this] {
+    if (user_acts) user_acts();
+  };
   hooks.drop = [this](const std::vector<std::string>& paths) {
     for (const std::string& result : dropped_songs(paths)) controls().Painel.files_dropped.raise(result);
   };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPoint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -58,6 +59,7 @@ class WindowRig {
   std::unique_ptr<PanelWindow> window;
   int closes = 0;
   int frames_wanted = 0;
+  std::function<void()> user_acts;  // before and after every act
 
  private:
   class PaintWatch;
