@@ -117,6 +117,16 @@ QString VisualItem::spoken_value() const {
 
 QString LevelItem::spoken_value() const {
   if (place().name == "MMMeterX2") return level_text(displays_.MMMeterX2);
+std::optional<ItemValue> VisualItem::value_range() const {
+  if (shown_ != 1) return std::nullopt;
+  return level_of(displays_.MMMeterX1);
+}
+
+std::optional<ItemValue> LevelItem::value_range() const {
+  if (place().name == "MMMeterX2") return level_of(displays_.MMMeterX2);
+  return ItemValue{static_cast<double>(percent_of(displays_.MMLevelX1)), 0, 100, 1};
+}
+
   return QString::number(percent_of(displays_.MMLevelX1)) + " %";
 }
 
