@@ -34,10 +34,6 @@ struct ItemValue {
   double step = 1;
 };
 
-class PanelItem : public QWidget {
- public:
-  PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model);
-
 // An act of the user lasts as long as this: a file dialog may be open in it, so what it began is looked after again at
 // its end.
 class UserAct {
@@ -50,6 +46,10 @@ class UserAct {
  private:
   PanelCanvas& canvas_;
 };
+
+class PanelItem : public QWidget {
+ public:
+  PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model);
 
   const ControlBox& place() const { return place_; }
   Control* model() const { return model_; }
@@ -88,13 +88,13 @@ class UserAct {
   // How far beyond its hit box an item draws, where that is more than the usual margin.
   virtual QRect drawn_box() const;
   virtual void model_changed() { changed(); }
+  virtual QString name_in_table() const;
+  virtual void press_by_key() {}
+  virtual void put_value(double) {}
   // The item is let go without a word of the hand: it is disabled, hidden or has lost the focus.
   virtual void hand_gone() { set_pressed(false); }
 
   void enterEvent(QEnterEvent* event) override;
-  virtual QString name_in_table() const;
-  virtual void press_by_key() {}
-  virtual void put_value(double) {}
   void leaveEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -105,11 +105,11 @@ class UserAct {
  private:
   void follow_model();
   void show_focus();
+  bool key_event(QEvent* event);
   bool is_beyond_reach(const QEvent& event) const;
 
   PanelCanvas& canvas_;
   const ControlBox& place_;
-  bool key_event(QEvent* event);
   Control* model_;
   bool model_visible_ = true;
   bool disabling_ = false;

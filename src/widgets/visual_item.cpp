@@ -115,8 +115,6 @@ QString VisualItem::spoken_value() const {
   return level_text(displays_.MMMeterX1);
 }
 
-QString LevelItem::spoken_value() const {
-  if (place().name == "MMMeterX2") return level_text(displays_.MMMeterX2);
 std::optional<ItemValue> VisualItem::value_range() const {
   if (shown_ != 1) return std::nullopt;
   return level_of(displays_.MMMeterX1);
@@ -127,6 +125,8 @@ std::optional<ItemValue> LevelItem::value_range() const {
   return ItemValue{static_cast<double>(percent_of(displays_.MMLevelX1)), 0, 100, 1};
 }
 
+QString LevelItem::spoken_value() const {
+  if (place().name == "MMMeterX2") return level_text(displays_.MMMeterX2);
   return QString::number(percent_of(displays_.MMLevelX1)) + " %";
 }
 

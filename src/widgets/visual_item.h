@@ -62,8 +62,8 @@ class LevelItem final : public PanelItem {
   bool advance(double) override { return false; }
   bool in_use() const override { return displays_.MMMeterX2.Visible(); }
   QString spoken_value() const override;
-
   std::optional<ItemValue> value_range() const override;
+
  private:
   Displays displays_;
 };
