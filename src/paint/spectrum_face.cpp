@@ -137,12 +137,13 @@ class FacePainter {
   void stems(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const double width = std::min<double>(1.2 * grid_.scale, grid_.width);
+    const double left = std::floor((grid_.width - width) / 2);  // one edge on a whole pixel: a bright line, not two dim
     constexpr double kBounds[] = {0, .7, .8, 1};
     for (std::size_t i = 0; i < 3; ++i) {
       const double top = grid_.baseline - kBounds[i + 1] * grid_.height;
       const double height = (kBounds[i + 1] - kBounds[i]) * grid_.height;
       const QColor colour = QColor::fromRgb(colour_at((kBounds[i] + kBounds[i + 1]) / 2).lit);
-      each_column([&](int x) { fill_box(painter, {x + (grid_.width - width) / 2, top, width, height}, colour); });
+      each_column([&](int x) { fill_box(painter, {x + left, top, width, height}, colour); });
     }
   }
 
