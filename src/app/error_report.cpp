@@ -5,7 +5,18 @@
 #include <cstdio>
 #include <memory>
 
+#include "app/display_guard.h"
+
 namespace tandem {
+
+namespace {
+
+std::unique_ptr<QApplication> made_quietly(int& count, char** arguments) {
+  const DisplayGuard guard(DisplayGuard::Tells::Nothing);
+  return std::make_unique<QApplication>(count, arguments);
+}
+
+}  // namespace
 
 bool has_display() { return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"); }
 
@@ -15,7 +26,7 @@ void report_error(const std::string& text) {
   int count = 1;
   char name[] = "tandem";
   char* arguments[] = {name, nullptr};
-  const auto application = qApp == nullptr ? std::make_unique<QApplication>(count, arguments) : nullptr;
+  const auto application = qApp == nullptr ? made_quietly(count, arguments) : nullptr;
   QMessageBox::critical(nullptr, "Tandem", QString::fromStdString(text));
 }
 

@@ -4,9 +4,11 @@
 #include <QIcon>
 #include <QPixmap>
 #include <QSessionManager>
+#include <optional>
 #include <stdexcept>
 
 #include "app/close_signals.h"
+#include "app/display_guard.h"
 #include "app/error_report.h"
 #include "app/player.h"
 #include "paint/program_icon.h"
@@ -34,7 +36,9 @@ QIcon window_icon() {
 int play(int argc, char** argv) {
   tandem::Player player;  // the sound first: it is ready while the window is made
   need_display();
+  auto guard = std::make_optional<tandem::DisplayGuard>();
   QApplication application(argc, argv);
+  guard.reset();
   QApplication::setApplicationName("Tandem");
   QGuiApplication::setDesktopFileName("tandem");
   QGuiApplication::setWindowIcon(window_icon());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -197,6 +198,28 @@ TEST_F(TheProgram, SaysThatThereIsNoDisplay) {
   EXPECT_EQ(player->errors(), "tandem: There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.\n");
 }
 
+// A server that was there when the session was set up.
+TEST_F(TheProgram, SaysThatTheDisplayDoesNotAnswer) {
+  ::setenv("DISPLAY", ":64999", 1);
+  ::unsetenv("QT_QPA_PLATFORM");
+  start();
+  EXPECT_EQ(player->exit_status(), 1);
+  EXPECT_EQ(player->errors(), "tandem: There is no display: could not connect to display :64999\n");
+  EXPECT_EQ(player->settings(), factory_settings());
+}
+
+TEST_F(TheProgram, SaysThatTheWaylandDisplayDoesNotAnswer) {
+  ::unsetenv("DISPLAY");
+  ::unsetenv("QT_QPA_PLATFORM");
+  ::setenv("WAYLAND_DISPLAY", desktop.home().file("none").c_str(), 1);
+  start();
+  ::unsetenv("WAYLAND_DISPLAY");
+  EXPECT_EQ(player->exit_status(), 1);
+  const std::string errors = player->errors();
+  EXPECT_TRUE(errors.starts_with("tandem: There is no display: ")) << errors;
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+}
+
 std::string overflowing() { return settings_with(kLeadLine, "40000"); }
 
 TEST_F(TheProgram, SettingsThatDoNotFitAreReportedInABox) {
@@ -206,6 +229,13 @@ TEST_F(TheProgram, SettingsThatDoNotFitAreReportedInABox) {
   EXPECT_EQ(player->exit_status(), 1);
   EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + "\n");
   EXPECT_EQ(player->settings(), overflowing());
+}
+
+TEST_F(TheProgram, SettingsThatDoNotFitAreReportedWhereTheDisplayDoesNotAnswer) {
+  ::setenv("DISPLAY", ":64999", 1);
+  start(overflowing());
+  EXPECT_EQ(player->exit_status(), 1);
+  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + "\n");
 }
 
 TEST_F(TheProgram, SettingsThatDoNotFitAreReportedWithoutADisplay) {
