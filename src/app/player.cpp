@@ -9,6 +9,7 @@
 
 #include "app/dropped_songs.h"
 #include "displays/display_set.h"
+#include "engine/frames.h"
 #include "platform/program_directory.h"
 #include "platform/time_of_day.h"
 #include "platform/upper_case.h"
@@ -102,11 +103,20 @@ void Player::attend(Milliseconds now) {
   engine_.rest_for(quiet_time());
 }
 
+// What may delay neither the first sound nor the first picture.
+void Player::ask_the_system() {
+  if (!realtime_kit_ && output_.heard() > static_cast<std::uint64_t>(kSampleRate)) realtime_kit_.emplace().ask();
+  if (motion_ || !window_->exposed()) return;
+  const bool by_style = window_->reduced_motion();
+  motion_.emplace([this, by_style](bool reduced) { window_->set_reduced_motion(by_style || reduced); });
+}
+
 std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   engine_.deliver();
   program_.timers.advance(now);
   engine_.deliver();
   attend(now);
+  ask_the_system();
   auto next = program_.timers.next_due();
   const auto sooner = [&next](std::optional<Milliseconds> due) {
     if (due && (!next || *due < *next)) next = due;
@@ -164,6 +174,8 @@ void Player::leave_desktop() {
   bell_.answer(nullptr);
   clock_.reset();
   dialog_.leave_desktop();
+  realtime_kit_.reset();
+  motion_.reset();
   window_.reset();
 }
 

@@ -8,6 +8,8 @@
 #include "app/display_pump.h"
 #include "engine/engine.h"
 #include "engine/output_ring.h"
+#include "platform/bus_desktop_motion.h"
+#include "platform/bus_realtime_kit.h"
 #include "platform/device_output.h"
 #include "platform/qt_clock.h"
 #include "platform/qt_file_dialog.h"
@@ -47,6 +49,7 @@ class Player {
   std::optional<Milliseconds> work(Milliseconds now);
   std::optional<Milliseconds> draw_frame(Milliseconds now);
   void attend(Milliseconds now);
+  void ask_the_system();
   Milliseconds quiet_time();
   void drop(const std::vector<std::string>& paths);
   void play_out();
@@ -62,6 +65,8 @@ class Player {
 
   std::unique_ptr<QtClock> clock_;
   std::unique_ptr<PanelWindow> window_;
+  std::optional<BusRealtimeKit> realtime_kit_;
+  std::optional<BusDesktopMotion> motion_;
   std::optional<RuntimeError> failure_;
   double frame_due_ = 0;  // milliseconds
   Milliseconds last_frame_ = 0;

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/realtime_priority.h"
+
 namespace tandem {
 
 namespace {
@@ -63,6 +65,7 @@ void AlsaOutput::allow(bool allowed) noexcept {
 }
 
 void AlsaOutput::run() {
+  ask_realtime_priority();
   while (!ending_.load()) {
     for (const OutputOrder& order : orders_.take()) wish_.apply(order);
     const Nanoseconds next = tend(monotonic_now());

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/realtime_priority.h"
+
 namespace tandem {
 
 namespace {
@@ -29,6 +31,7 @@ NullOutput::~NullOutput() {
 }
 
 void NullOutput::run() {
+  ask_realtime_priority();
   while (!ending_.load()) {
     for (const OutputOrder& order : orders_.take()) wish_.apply(order);
     const Nanoseconds now = monotonic_now();

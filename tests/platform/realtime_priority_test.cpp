@@ -5,14 +5,35 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <filesystem>
+#include <string>
 #include <thread>
 
+#include "platform/alsa_output.h"
+#include "platform/null_output.h"
+#include "platform/output_test_server.h"
+#include "platform/pulse_output.h"
 #include "platform/real_step_clock.h"
 
 namespace tandem {
 namespace {
 
 int policy_of_this_thread() { return sched_getscheduler(0); }
+
+bool is_granted_here() {
+  bool granted = false;
+  std::thread([&] { granted = ask_realtime_priority(); }).join();
+  return granted;
+}
+
+int realtime_threads() {
+  int count = 0;
+  for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+    const int policy = sched_getscheduler(std::stoi(task.path().filename().string()));
+    if (policy == (SCHED_RR | SCHED_RESET_ON_FORK)) ++count;
+  }
+  return count;
+}
 
 TEST(RealtimePriority, IsGrantedAndNotHandedOnOrChangesNothing) {
   bool granted = false;
@@ -38,11 +59,25 @@ TEST(RealtimePriority, TheRenderThreadsClockAsksForItsOwnThreadOnly) {
     policy = policy_of_this_thread();
     std::thread([&] { others = policy_of_this_thread(); }).join();
   }).join();
-  bool granted = false;
-  std::thread([&] { granted = ask_realtime_priority(); }).join();
-  EXPECT_EQ(policy, granted ? SCHED_RR | SCHED_RESET_ON_FORK : SCHED_OTHER);
+  EXPECT_EQ(policy, is_granted_here() ? SCHED_RR | SCHED_RESET_ON_FORK : SCHED_OTHER);
   EXPECT_EQ(others, SCHED_OTHER);
   EXPECT_EQ(policy_of_this_thread(), SCHED_OTHER);
+}
+
+template <class Output>
+class EveryOutput : public testing::Test {};
+using Outputs = testing::Types<PulseOutput, AlsaOutput, NullOutput>;
+TYPED_TEST_SUITE(EveryOutput, Outputs);
+
+TYPED_TEST(EveryOutput, HasOneRealTimeThreadAsLongAsItLives) {
+  if (!is_granted_here()) GTEST_SKIP() << "real-time scheduling is refused here";
+  const OutputTestServer server;  // not started: an output waits for its device
+  OutputRing ring;
+  {
+    const TypeParam output(ring);
+    EXPECT_TRUE(wait_until([] { return realtime_threads() == 1; }));
+  }
+  EXPECT_TRUE(wait_until([] { return realtime_threads() == 0; }));
 }
 
 }  // namespace

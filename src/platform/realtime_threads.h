@@ -1,0 +1,28 @@
+// The threads of this process that asked for real-time scheduling: few, remembered for as long as they live.
+// Nothing here allocates or waits; any thread.
+#pragma once
+
+#include <sys/types.h>
+
+#include <array>
+#include <cstddef>
+
+namespace tandem {
+
+inline constexpr std::size_t kMostRealtimeThreads = 16;
+
+struct ThreadNumbers {  // as gettid() gives them
+  std::array<pid_t, kMostRealtimeThreads> numbers{};
+  std::size_t count = 0;
+};
+
+// With all seats taken by living threads nothing is remembered.
+void remember_realtime_thread(pid_t thread, bool refused) noexcept;
+
+// Those that were refused, each told once.
+ThreadNumbers take_refused_threads() noexcept;
+
+// Back to the usual scheduling with all of them, whoever made them real-time threads. Also in a signal handler.
+void demote_realtime_threads() noexcept;
+
+}  // namespace tandem

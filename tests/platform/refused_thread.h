@@ -1,0 +1,34 @@
+// A thread that may not have real-time scheduling, whoever runs the test: it gives up its right to it. It lives until
+// it is destroyed.
+#pragma once
+
+#include <sys/types.h>
+
+#include <future>
+#include <thread>
+
+namespace tandem {
+
+class RefusedThread {
+ public:
+  RefusedThread();
+  ~RefusedThread();
+  RefusedThread(const RefusedThread&) = delete;
+  RefusedThread& operator=(const RefusedThread&) = delete;
+
+  void ask();  // on the thread: ask_realtime_priority(); returns when it was refused
+  pid_t number() const { return number_; }
+
+ private:
+  void run();
+
+  std::promise<void> may_ask_;
+  std::promise<void> has_asked_;
+  std::promise<void> may_end_;
+  std::promise<pid_t> number_told_;
+  bool asked_ = false;
+  std::thread thread_;
+  pid_t number_ = 0;
+};
+
+}  // namespace tandem
