@@ -37,7 +37,6 @@ class Gate {
   void finish_closing() noexcept { open_ = open_ && target_open_; }  // where nothing sounds, no fade is needed
   void forget() noexcept { nothing_behind_ = !open_; }
   bool closed() const noexcept { return !open_ && !target_open_; }
-  bool moving() const noexcept { return open_ != target_open_; }
   void apply(std::span<StereoFrame> frames) noexcept;
 
  private:

@@ -22,16 +22,14 @@ class SimulatedOutput final : public Output {
   void pause() override { paused_ = true; }
   void restart() override { paused_ = false; }
   void set_depth(int) override {}
-  bool consuming() const noexcept override { return running_ && !paused_ && present_; }
+  bool consuming() const noexcept override { return running_ && !paused_; }
   std::uint64_t heard() const noexcept override { return ring_.taken(); }
   int request_frames() const noexcept override { return buffer_bytes_ / static_cast<int>(sizeof(Sample16)); }
   bool lost() const noexcept override { return lost_; }
 
   void drain();  // to be called after each step
 
-  // A device that comes and goes, or is lost for good.
-  void set_present(bool present) { present_ = present; }
-  void lose() { lost_ = true; }
+  void lose() { lost_ = true; }  // for good
 
  private:
   OutputRing& ring_;
@@ -39,7 +37,6 @@ class SimulatedOutput final : public Output {
   int buffer_bytes_ = 0;
   bool running_ = false;
   bool paused_ = false;
-  bool present_ = true;
   bool lost_ = false;
 };
 
