@@ -74,9 +74,11 @@ StrokeProfile::StrokeProfile(QRgb colour, std::initializer_list<StrokeLayer> lay
 }
 
 struct StrokeField::Line {
-  QPointF from;
-  QPointF along;
-  double length_squared;
+  float x;  // of its beginning
+  float y;
+  float ax;  // along it
+  float ay;
+  float inverse;  // of its squared length
 };
 
 StrokeField::StrokeField(const QSize& size, double reach)
@@ -104,9 +106,31 @@ QRect StrokeField::touched() const {
   return whole & QRect(QPoint(0, 0), size_);
 }
 
+// `row` is the row whose middle lies dy below the line's beginning. By value, so that nothing is read again after a
+// write to the row.
+inline void StrokeField::add_row(float* row, int left, int right, float dy, Line line) {
+  const int begin = left / kLanes * kLanes;
+  const float first = static_cast<float>(begin) + .5F - line.x;
+  Four dx = Four{first, first + 1, first + 2, first + 3};
+  const Four zero{};
+  const Four one = zero + 1;
+  for (int x = begin; x <= right; x += kLanes, dx += kLanes) {
+    Four at = (dx * line.ax + dy * line.ay) * line.inverse;
+    at = at > zero ? at : zero;
+    at = at < one ? at : one;
+    const Four ex = dx - at * line.ax;
+    const Four ey = dy - at * line.ay;
+    const Four squared = ex * ex + ey * ey;
+    const Four before = load(row + x);
+    store(row + x, squared < before ? squared : before);
+  }
+}
+
 void StrokeField::add_line(const QPointF& from, const QPointF& to) {
   const QPointF along = to - from;
-  const Line line{from, along, std::max(QPointF::dotProduct(along, along), 1e-9)};
+  const Line line{static_cast<float>(from.x()), static_cast<float>(from.y()), static_cast<float>(along.x()),
+                  static_cast<float>(along.y()),
+                  static_cast<float>(1 / std::max(QPointF::dotProduct(along, along), 1e-9))};
   const QRect box = QRect(QPoint(static_cast<int>(std::floor(std::min(from.x(), to.x()) - reach_)),
                                  static_cast<int>(std::floor(std::min(from.y(), to.y()) - reach_))),
                           QPoint(static_cast<int>(std::ceil(std::max(from.x(), to.x()) + reach_)),
@@ -126,7 +150,7 @@ void StrokeField::add_line(const QPointF& from, const QPointF& to) {
       left = std::max(left, middle - spread);
       right = std::min(right, middle + spread + 1);
     }
-    add_row(y, left, right, line);
+    add_row(row(y), left, right, static_cast<float>(y) + .5F - line.y, line);
   }
 }
 
@@ -135,37 +159,16 @@ void StrokeField::mark(const Line& line, const QRect& box) {
   for (int block = box.left() / kBlock; block <= box.right() / kBlock; ++block) {
     double first = 0;
     double last = 1;
-    if (std::abs(line.along.x()) > 1) {
-      const auto share = [&](double x) { return std::clamp((x - line.from.x()) / line.along.x(), 0.0, 1.0); };
+    if (std::abs(line.ax) > kBlock) {
+      const auto share = [&](double x) { return std::clamp((x - line.x) / line.ax, 0.0, 1.0); };
       first = share(block * kBlock - reach_);
       last = share((block + 1) * kBlock + reach_);
     }
-    const double a = line.from.y() + first * line.along.y();
-    const double b = line.from.y() + last * line.along.y();
+    const double a = line.y + first * line.ay;
+    const double b = line.y + last * line.ay;
     Rows& rows = blocks_[static_cast<std::size_t>(block)];
     rows.top = std::min(rows.top, std::max(box.top(), static_cast<int>(std::floor(std::min(a, b) - reach_))));
     rows.bottom = std::max(rows.bottom, std::min(box.bottom(), static_cast<int>(std::ceil(std::max(a, b) + reach_))));
-  }
-}
-
-void StrokeField::add_row(int y, int left, int right, const Line& line) {
-  const auto ax = static_cast<float>(line.along.x());
-  const auto ay = static_cast<float>(line.along.y());
-  const auto inverse = static_cast<float>(1 / line.length_squared);
-  const float dy = static_cast<float>(y) + .5F - static_cast<float>(line.from.y());
-  const int begin = left / kLanes * kLanes;
-  const float first = static_cast<float>(begin) + .5F - static_cast<float>(line.from.x());
-  Four dx = Four{first, first + 1, first + 2, first + 3};
-  float* pixels = row(y);
-  for (int x = begin; x <= right; x += kLanes, dx += kLanes) {
-    Four at = (dx * ax + dy * ay) * inverse;
-    at = at < 0 ? Four{} : at;
-    at = at > 1 ? Four{} + 1 : at;
-    const Four ex = dx - at * ax;
-    const Four ey = dy - at * ay;
-    const Four squared = ex * ex + ey * ey;
-    const Four before = load(pixels + x);
-    store(pixels + x, squared < before ? squared : before);
   }
 }
 

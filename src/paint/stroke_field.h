@@ -64,7 +64,7 @@ class StrokeField {
   static constexpr Rows kNoRows{std::numeric_limits<int>::max(), -1};
   struct Line;
   void mark(const Line& line, const QRect& box);
-  void add_row(int y, int left, int right, const Line& line);
+  static void add_row(float* row, int left, int right, float dy, Line line);
   float* row(int y) { return squared_.data() + static_cast<std::ptrdiff_t>(y) * stride_; }
   const float* row(int y) const { return squared_.data() + static_cast<std::ptrdiff_t>(y) * stride_; }
 
