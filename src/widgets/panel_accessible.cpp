@@ -36,8 +36,6 @@ QAccessible::Role role_of(ControlKind kind) {
     case ControlKind::LevelBar:
     case ControlKind::NeedleMeter:
       return QAccessible::ProgressBar;
-    case ControlKind::PitchLamp:
-      return QAccessible::Indicator;
     case ControlKind::Spectrum:
     case ControlKind::Oscilloscope:
       return QAccessible::Graphic;
@@ -53,7 +51,14 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
   QString text(QAccessible::Text what) const override {
     if (what == QAccessible::Name) return item().spoken_name();
     if (what == QAccessible::Value) return item().spoken_value();
+    if (what == QAccessible::Description && item().place().kind == ControlKind::PitchLamp) return item().spoken_value();
     return QAccessibleWidget::text(what);
+  }
+
+  // The display area is a picture, or the left needle.
+  QAccessible::Role role() const override {
+    const QAccessible::Role drawn = QAccessibleWidget::role();
+    return drawn == QAccessible::Graphic && item().value_range() ? QAccessible::ProgressBar : drawn;
   }
 
   QAccessible::State state() const override {
@@ -75,8 +80,12 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
     if (item().can_press() && item().isEnabled()) names.prepend(pressAction());
     return names;
   }
+  // Soon, not now: a press may open a dialog, and who asked waits for the answer meanwhile.
   void doAction(const QString& name) override {
-    if (name == pressAction()) return item().press();
+    PanelItem* pressed = &item();
+    if (name == pressAction())
+      QMetaObject::invokeMethod(
+          pressed, [pressed] { pressed->press(); }, Qt::QueuedConnection);
     QAccessibleWidget::doAction(name);
   }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QCoreApplication>
 
 #include "widgets/window_rig.h"
 
@@ -25,6 +26,7 @@ class Spoken : public testing::Test {
   }
   static void press(QAccessibleInterface& pressed) {
     actions(pressed).doAction(QAccessibleActionInterface::pressAction());
+    QCoreApplication::sendPostedEvents();
   }
   void act(const char* name) const { press(of(name)); }
   bool acts(const char* name) const {
@@ -104,6 +106,7 @@ TEST_F(Spoken, NumbersOfTheDisplays) {
   EXPECT_EQ(of("MMSpectrum1").valueInterface(), nullptr);
   rig.controls().MMSwitchX1.move(1);
   rig.frame(0);
+  EXPECT_EQ(of("MMSpectrum1").role(), QAccessible::ProgressBar);
   EXPECT_EQ(number("MMSpectrum1").currentValue().toInt(), -20);  // at rest
   EXPECT_EQ(number("MMMeterX2").minimumValue().toInt(), -20);
   EXPECT_EQ(number("MMMeterX2").maximumValue().toInt(), 3);
@@ -245,6 +248,16 @@ TEST_F(Spoken, ActsAreToldBeforeAndAfter) {
     number(name).setCurrentValue(control.value() == 1 ? 2 : 1);
     EXPECT_EQ(log, told) << name;
   }
+}
+
+// Who presses SONG over the bus is answered before the dialog has closed.
+TEST_F(Spoken, APressIsAnsweredBeforeItIsDone) {
+  int clicks = 0;
+  rig.controls().LoadSong.click.connect([&clicks] { ++clicks; });
+  actions(of("LoadSong")).doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(clicks, 0);
+  QCoreApplication::sendPostedEvents();
+  EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(Spoken, WhatIsHiddenOrDisabledIsNotMoved) {

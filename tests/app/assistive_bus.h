@@ -1,0 +1,64 @@
+// What a screen reader sees of a program and does to it, over the message bus that the desktop has for it. Needs the
+// programs dbus-daemon and at-spi2-core.
+#pragma once
+
+#include <systemd/sd-bus.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/output_test_server.h"
+#include "support/temp_directory.h"
+
+namespace tandem::test {
+
+struct AssistiveObject {
+  std::string path;
+  std::string name;
+  std::string role;
+  std::vector<std::string> actions;
+  std::optional<double> value;
+  bool showing = false;
+  bool focusable = false;
+};
+
+class AssistiveBus {
+ public:
+  static bool installed();
+
+  AssistiveBus();  // programs that are started after it speak on it
+  ~AssistiveBus();
+  AssistiveBus(const AssistiveBus&) = delete;
+  AssistiveBus& operator=(const AssistiveBus&) = delete;
+
+  bool find(const std::string& program);         // waits until it speaks
+  std::vector<AssistiveObject> objects() const;  // of the program, parents before their children
+  std::optional<AssistiveObject> object(const std::string& name, const std::string& role) const;
+
+  bool act(const AssistiveObject& object, const std::string& action) const;
+  bool set_value(const AssistiveObject& object, double value) const;
+
+ private:
+  struct Unref {
+    void operator()(sd_bus* bus) const { sd_bus_flush_close_unref(bus); }
+  };
+  struct Place {
+    std::string owner;
+    std::string path;
+  };
+  std::vector<Place> children(const Place& place) const;
+  std::string text(const Place& place, const char* method, const char* interface) const;
+  std::string name(const Place& place) const;
+  AssistiveObject look_at(const Place& place) const;
+  void collect(const Place& place, std::vector<AssistiveObject>& all) const;
+  bool look_for(const std::string& program);
+
+  TempDirectory files_;
+  ChildProcess daemon_;
+  std::unique_ptr<sd_bus, Unref> bus_;
+  Place program_;
+};
+
+}  // namespace tandem::test
