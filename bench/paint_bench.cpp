@@ -1,7 +1,6 @@
 // What painting costs: microseconds of CPU for one picture of each display, moving, and for the whole panel.
 // Usage: paint_bench [--only NAME] [pictures, default 2000]
-// With --only one line is measured, for a profiler that counts instructions:
-//   valgrind --tool=callgrind --toggle-collect='*measured_pictures*' paint_bench --only "needles 200" 100
+// With --only one line is measured, for a profiler: bench/paint_instructions counts the instructions of every line.
 #include <QGuiApplication>
 #include <QImage>
 #include <algorithm>
@@ -24,6 +23,7 @@ namespace tandem {
 namespace {
 
 constexpr int kPictures = 16;  // different ones, shown in turn
+constexpr int kWarmUp = 400;
 constexpr std::array<std::pair<SpectrumKind, const char*>, 6> kKinds = {{{SpectrumKind::Points, "points"},
                                                                          {SpectrumKind::Lines, "lines"},
                                                                          {SpectrumKind::Stems, "stems"},
@@ -50,12 +50,13 @@ void measure(const Bench& bench, const std::string& what, int percent, int share
              const std::function<void(int)>& draw) {
   const std::string name = what + " " + std::to_string(percent);
   if (!bench.only.empty() && bench.only != name) return;
-  draw(0);  // caches fill, buffers grow
+  for (int i = 0; i < kWarmUp / share; ++i) draw(i);  // caches fill, buffers grow
   const int pictures = std::max(1, bench.pictures / share);
   const double before = cpu_microseconds();
   measured_pictures(draw, pictures);
   const double cost = (cpu_microseconds() - before) / pictures;
-  std::printf("%-24s %9.1f us a picture  %7.3f %% of a core at 60 a second\n", name.c_str(), cost, cost * 60e-4);
+  std::printf("%-24s %9.1f us a picture  %7.3f %% of a core at 60 a second, %d pictures\n", name.c_str(), cost,
+              cost * 60e-4, pictures);
   std::fflush(stdout);
 }
 
