@@ -108,12 +108,13 @@ OutputTestServer::~OutputTestServer() {
   fs::remove_all(directory_, ignored);
 }
 
-void OutputTestServer::start() {
+void OutputTestServer::start(bool prompt) {
   fs::remove(directory_ / "socket");
   modules_.clear();
+  const std::string answer = prompt ? "yes" : "no";
   daemon_ =
-      ChildProcess({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--realtime=no",
-                    "--high-priority=no", "-L",
+      ChildProcess({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+                    "--realtime=" + answer, "--high-priority=" + answer, "-L",
                     "module-native-protocol-unix socket=" + (directory_ / "socket").string() + " auth-anonymous=1"},
                    directory_ / "daemon.log");
   if (!wait_until([this] { return fs::exists(directory_ / "socket") && answers(); }))

@@ -42,7 +42,9 @@ class OutputTestServer {
   OutputTestServer(const OutputTestServer&) = delete;
   OutputTestServer& operator=(const OutputTestServer&) = delete;
 
-  void start();  // returns when it answers; throws std::runtime_error if it does not
+  // Returns when it answers; throws std::runtime_error if it does not. As a user's server does, a prompt one asks for
+  // real-time scheduling.
+  void start(bool prompt = false);
   void kill_hard() { daemon_.end(); }
   void freeze();
   void thaw();
