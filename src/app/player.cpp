@@ -77,6 +77,8 @@ void Player::show() {
   window_ = std::make_unique<PanelWindow>(program_.controls, displays(), std::move(hooks));
   dialog_.set_parent(window_.get());
   window_->show();
+  cover_watch_ =
+      std::make_unique<QtCoverWatch>(*window_->windowHandle(), [this](bool covered) { window_->set_covered(covered); });
   bell_.answer([this] { clock_->reschedule(); });
   clock_->reschedule();
 }
@@ -176,6 +178,7 @@ void Player::leave_desktop() {
   dialog_.leave_desktop();
   realtime_kit_.reset();
   motion_.reset();
+  cover_watch_.reset();
   window_.reset();
 }
 

@@ -12,6 +12,7 @@
 #include "platform/bus_realtime_kit.h"
 #include "platform/device_output.h"
 #include "platform/qt_clock.h"
+#include "platform/qt_cover_watch.h"
 #include "platform/qt_file_dialog.h"
 #include "platform/qt_ui_bell.h"
 #include "platform/real_step_clock.h"
@@ -65,6 +66,7 @@ class Player {
 
   std::unique_ptr<QtClock> clock_;
   std::unique_ptr<PanelWindow> window_;
+  std::unique_ptr<QtCoverWatch> cover_watch_;
   std::optional<BusRealtimeKit> realtime_kit_;
   std::optional<BusDesktopMotion> motion_;
   std::optional<RuntimeError> failure_;

@@ -153,7 +153,13 @@ void PanelWindow::start_moving(PanelItem& item) {
 
 bool PanelWindow::exposed() const {
   const QWindow* window = windowHandle();
-  return isVisible() && !isMinimized() && window != nullptr && window->isExposed();
+  return isVisible() && !isMinimized() && !covered_ && window != nullptr && window->isExposed();
+}
+
+void PanelWindow::set_covered(bool covered) {
+  if (std::exchange(covered_, covered) == covered || covered) return;
+  update();  // what has changed meanwhile
+  hooks_.frame_wanted();
 }
 
 bool PanelWindow::attended() const { return isActiveWindow() || underMouse(); }

@@ -39,6 +39,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   // Whether anything that moves could be seen at all, and whether a hand is near.
   bool exposed() const;
   bool attended() const;
+  void set_covered(bool covered);  // wholly, by other windows; nothing is painted then
 
   PanelItem* item(std::string_view name) const;
   const std::vector<PanelItem*>& items() const { return items_; }
@@ -115,6 +116,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   bool dragging_ = false;            // by us: the desktop does not move it
   bool placing_ = false;             // the panel's place is being brought to the window, or the window's to the panel
   bool reduced_motion_ = false;
+  bool covered_ = false;
 };
 
 }  // namespace tandem
