@@ -137,7 +137,7 @@ void PanelWindow::visibilities_changed() {
 }
 
 void PanelWindow::repaint_box(const QRect& box) {
-  if (!isMinimized()) update(box);
+  if (!isMinimized() && !covered_) update(box);
 }
 
 void PanelWindow::start_moving(PanelItem& item) {
