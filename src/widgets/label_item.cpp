@@ -36,6 +36,16 @@ void ClickItem::mouseReleaseEvent(QMouseEvent* event) {
   if (rect().contains(event->pos())) press_by_key();
 }
 
+void ClickItem::enterEvent(QEnterEvent* event) {
+  PanelItem::enterEvent(event);
+  if (pointer_over) pointer_over(true);
+}
+
+void ClickItem::leaveEvent(QEvent* event) {
+  PanelItem::leaveEvent(event);
+  if (pointer_over) pointer_over(false);
+}
+
 LedLabelItem::LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, LedLabel& label,
                            bool clickable, std::optional<QRgb> dark_dots)
     : ClickItem(panel, canvas, place, &label, clickable ? &label.click : nullptr),
@@ -97,6 +107,10 @@ void PitchLampItem::draw(QPainter& painter) const {
 }
 
 QRect PitchLampItem::drawn_box() const { return PanelItem::drawn_box().adjusted(0, 0, 75, 0); }
+
+void AreaItem::shine_over(ClickItem& item) {
+  item.pointer_over = [this](bool over) { over ? PanelItem::enterEvent(nullptr) : PanelItem::leaveEvent(nullptr); };
+}
 
 void AreaItem::draw(QPainter& painter) const {
   if (place().kind == ControlKind::GlassPanel) paint_glass_hover(painter, box(), touch().hover);

@@ -2,6 +2,7 @@
 // gauge is the panel's own affair (it changes the window's size). UI thread.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "controls/lamp.h"
@@ -15,6 +16,7 @@ class ClickItem : public PanelItem {
  public:
   ClickItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model, const Notification<>* click);
   bool can_press() const override { return click_ != nullptr; }
+  std::function<void(bool)> pointer_over;  // the pointer has come or gone
 
  protected:
   void press_by_key() override {
@@ -22,6 +24,8 @@ class ClickItem : public PanelItem {
   }
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
 
  private:
   const Notification<>* click_;
@@ -80,10 +84,11 @@ class PitchLampItem final : public PanelItem {
   Lamp& lamp_;
 };
 
-// A panel's free area.
+// A panel's free area. Its light is on over what lies on it and is pressed for the same, too.
 class AreaItem final : public ClickItem {
  public:
   using ClickItem::ClickItem;
+  void shine_over(ClickItem& item);
   void draw(QPainter& painter) const override;
 
  protected:

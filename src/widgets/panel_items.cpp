@@ -1,5 +1,6 @@
 // Which item stands for which control: the panel's controls by their names, in drawing order.
 
+#include <optional>
 #include <utility>
 
 #include "paint/palette.h"
@@ -39,16 +40,19 @@ void PanelWindow::add_items(Displays displays) {
 // The area lies under its labels, so it is made first.
 void PanelWindow::add_display_panel() {
   PanelControls& c = controls_;
-  add<AreaItem>("MMPanelX1(1)", &c.MMPanelX1[1], &c.MMPanelX1[1].click);
-  add<LedLabelItem>("MMLEDLABELX1", c.MMLEDLABELX1, true, std::nullopt);
-  add<LedLabelItem>("SongLabel", c.SongLabel, true, palette::kWhiteDots);
-  add<LedLabelItem>("MMLEDLABELX2", c.MMLEDLABELX2, true, std::nullopt);
-  add<LedLabelItem>("LblPosition", c.LblPosition, true, palette::kLimeDots);
-  add<LedLabelItem>("LblTempTot", c.LblTempTot, true, palette::kWhiteDots);
+  auto* area = add<AreaItem>("MMPanelX1(1)", &c.MMPanelX1[1], &c.MMPanelX1[1].click);
+  const auto add_label = [&](const char* name, LedLabel& label, std::optional<QRgb> dark_dots) {
+    area->shine_over(*add<LedLabelItem>(name, label, true, dark_dots));
+  };
+  add_label("MMLEDLABELX1", c.MMLEDLABELX1, std::nullopt);
+  add_label("SongLabel", c.SongLabel, palette::kWhiteDots);
+  add_label("MMLEDLABELX2", c.MMLEDLABELX2, std::nullopt);
+  add_label("LblPosition", c.LblPosition, palette::kLimeDots);
+  add_label("LblTempTot", c.LblTempTot, palette::kWhiteDots);
   add<LedLabelItem>("INDIC", c.INDIC, false, palette::kReadOutDots);
-  add<LedLabelItem>("MMLEDLABELX3", c.MMLEDLABELX3, true, std::nullopt);
-  add<LedLabelItem>("ClockLabel", c.ClockLabel, true, palette::kOrangeDots);
-  add<GaugeItem>("MeterVol", c.MeterVol);
+  add_label("MMLEDLABELX3", c.MMLEDLABELX3, std::nullopt);
+  add_label("ClockLabel", c.ClockLabel, palette::kOrangeDots);
+  area->shine_over(*add<GaugeItem>("MeterVol", c.MeterVol));
   add<PitchLampItem>("LED1", c.LED1);
   add<PitchLampItem>("LED2", c.LED2);
   add<PitchLampItem>("LED3", c.LED3);

@@ -117,6 +117,30 @@ TEST(Hover, FadesInWithin80Milliseconds) {
   EXPECT_EQ(picture_of(rig, "STOPBtn"), rest);
 }
 
+TEST(Hover, TheDisplaysLineIsOnWhereverAPressChangesTheSize) {
+  WindowRig rig;
+  const auto line = [&rig] {
+    rig.frame(0);
+    rig.frame(1);
+    return rig.window->grab(QRect(5, 60, 1, 1)).toImage().pixel(0, 0);
+  };
+  const QRgb out = line();
+  rig.move({60, 35});  // the free area
+  const QRgb on = line();
+  EXPECT_NE(on, out);
+  for (const char* label : {"SongLabel", "LblPosition", "LblTempTot", "ClockLabel", "MMLEDLABELX2", "MeterVol"}) {
+    rig.move(rig.middle(label));
+    EXPECT_EQ(line(), on) << label;
+    EXPECT_EQ(rig.item(label).cursor().shape(), Qt::PointingHandCursor) << label;
+  }
+  rig.move(rig.middle("INDIC"));
+  EXPECT_EQ(line(), out) << "the read-out cannot be pressed";
+  rig.move(rig.middle("SongLabel"));
+  EXPECT_EQ(line(), on);
+  rig.move(rig.middle("PLAY"));
+  EXPECT_EQ(line(), out);
+}
+
 TEST(Hover, ComesAtOnceWithReducedMotion) {
   WindowRig rig;
   rig.window->set_reduced_motion(true);
