@@ -119,8 +119,8 @@ void Engine::set_deep_queue(bool deep) {
 }
 
 void Engine::work_inline() {
-  for (DeckReader& reader : readers_)
-    while (reader.work()) {
+  for (std::size_t i = 0; i < readers_.size(); ++i)
+    while (!stalled_[i] && readers_[i].work()) {
     }
 }
 

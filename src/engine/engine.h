@@ -59,6 +59,8 @@ class Engine {
   void step();
   // The same without delivering: the UI thread is busy with something else.
   void step_unattended();
+  // Simulated time: the disk under a deck hangs, or goes on.
+  void stall_reader(std::size_t deck, bool stalled) { stalled_.at(deck) = stalled; }
 
   SilenceGuard& silence_guard() { return silence_guard_; }
   const DisplayFeed& display_feed() const { return chain_.display_feed(); }
@@ -76,6 +78,7 @@ class Engine {
   Output& output_;
   OutputRing& ring_;
   std::array<DeckReader, 2> readers_;
+  std::array<bool, 2> stalled_{};  // in simulated time
   FilterDesigner designer_;
   Chain chain_;
   OrderSender orders_;

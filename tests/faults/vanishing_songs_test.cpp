@@ -1,5 +1,6 @@
 // Songs that change on the disk after they were added: what is lost is the song, never the list.
 #include <gtest/gtest.h>
+#include <sys/fsuid.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -7,7 +8,9 @@
 
 #include <cmath>
 #include <filesystem>
+#include <optional>
 
+#include "faults/failing_disk.h"
 #include "faults/measured.h"
 #include "program/player_rig.h"
 #include "program/signatures.h"
@@ -54,6 +57,20 @@ void link_to(const std::string& path, const char* target) {
   fs::create_symlink(target, path);
 }
 
+void replace_by_another_song(const std::string& path) {
+  write_file(path + " new", wav_file(full_noise(77, 5 * kSampleRate, 0.2), Encoding::kInt16));
+  fs::rename(path + " new", path);
+}
+// The super-user may read everything, so this thread asks for files as somebody else from now on.
+void make_unreadable(const std::string& path) {
+  constexpr uid_t kSomebody = 65534;
+  fs::permissions(fs::path(path).parent_path().parent_path(), fs::perms(0755));
+  fs::permissions(path, fs::perms::none);
+  ::setfsuid(kSomebody);
+}
+std::optional<FailingDisk> failing_disk;
+void fail_disk_of(const std::string& path) { failing_disk.emplace(fs::path(path).parent_path()).fail(); }
+
 const Fault kFaults[] = {
     {"deleted", [](const std::string& path) { fs::remove(path); }},
     {"directory renamed away",
@@ -62,6 +79,9 @@ const Fault kFaults[] = {
        fs::rename(folder, folder.string() + " away");
      }},
     {"replaced by garbage", replace_by_garbage},
+    {"replaced by another song", replace_by_another_song},
+    {"made unreadable", make_unreadable},
+    {"disk fails on every read", fail_disk_of},
     {"cut to 0 bytes", [](const std::string& path) { fs::resize_file(path, 0); }},
     {"cut to 1000 bytes", [](const std::string& path) { fs::resize_file(path, 1000); }},
     {"cut to half", [](const std::string& path) { fs::resize_file(path, fs::file_size(path) / 2); }},
@@ -84,6 +104,10 @@ class VanishingSong : public testing::TestWithParam<Fault> {
     victim = add_noise(rig, "music/victim", 20'000);  // far more than is read ahead
     last = add_noise(rig, "last", 3000);
     rig.choose_lead(1000);
+  }
+  ~VanishingSong() override {
+    ::setfsuid(::geteuid());
+    failing_disk.reset();
   }
   // From the first to the last sound.
   std::size_t dead_air() const {
