@@ -126,9 +126,25 @@ void BandItem::focusInEvent(QFocusEvent* event) {
   FaderItem::focusInEvent(event);
 }
 
-void PositionItem::draw(QPainter& painter) const {
+double PositionItem::share() const {
   const double range = slider().maximum() - slider().minimum();
-  paint_slider(painter, box(), {range > 0 ? slider().value() / range : 0.0, touch()});
+  return range > 0 ? slider().value() / range : 0.0;
+}
+
+void PositionItem::draw(QPainter& painter) const { paint_slider(painter, box(), {share(), touch()}); }
+
+// The cap and, outside of it, no more than the focus ring.
+QRect PositionItem::drawn_box() const {
+  constexpr double kRing = 3;
+  return box().adjusted(-kRing, -kRing, kRing, kRing).toAlignedRect();
+}
+
+// A song that plays moves the cap by a part of a pixel five times a second: it is drawn anew where that can be seen.
+void PositionItem::model_changed() {
+  const double moved = std::abs(share() - drawn_share_) * box().width() * devicePixelRatioF();
+  if (moved < 0.5 && isEnabled() == slider().Enabled.get()) return;
+  drawn_share_ = share();
+  changed();
 }
 
 QString PositionItem::spoken_value() const { return QString::number(slider().value() / 1000) + " s"; }

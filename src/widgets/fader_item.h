@@ -87,6 +87,12 @@ class PositionItem final : public SlidingItem {
   std::int32_t value_at(const QPointF& panel_position) const override;
   std::optional<std::int32_t> value_after(int key) const override;
   std::int32_t wheel_step() const override { return 5000; }
+  void model_changed() override;
+  QRect drawn_box() const override;
+
+ private:
+  double share() const;
+  double drawn_share_ = -1;
 };
 
 class SlideSwitchItem final : public PanelItem {

@@ -3,9 +3,11 @@
 // one panel window over its cached background, so that glow and shadow may leave an item's box. UI thread.
 #pragma once
 
+#include <QImage>
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <span>
 
 #include "controls/control.h"
 #include "paint/panel_layout.h"
@@ -20,6 +22,8 @@ class PanelCanvas {
  public:
   virtual ~PanelCanvas() = default;
   virtual void repaint_box(const QRect& box) = 0;  // px of the panel
+  // The changed boxes of an opaque picture that stands at a point, all in px of the panel: on the screen at once.
+  virtual void show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) = 0;
   virtual void start_moving(PanelItem& item) = 0;  // advance() is called at every frame until it returns false
   virtual void visibilities_changed() = 0;         // a control's Visible has changed
   virtual void user_acts() = 0;                    // before and after every act of the user: sound follows at once

@@ -14,6 +14,7 @@
 #include "paint/ink.h"
 #include "paint/panel_background.h"
 #include "paint/panels.h"
+#include "widgets/direct_drawing.h"
 
 namespace tandem {
 
@@ -138,6 +139,11 @@ void PanelWindow::visibilities_changed() {
 
 void PanelWindow::repaint_box(const QRect& box) {
   if (!isMinimized() && !covered_) update(box);
+}
+
+void PanelWindow::show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) {
+  if (changed.empty() || isMinimized() || draw_directly(*this, picture, at, changed)) return;
+  for (const QRectF& box : changed) update(box.toAlignedRect());
 }
 
 void PanelWindow::start_moving(PanelItem& item) {

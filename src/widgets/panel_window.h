@@ -46,6 +46,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
 
   // PanelCanvas.
   void repaint_box(const QRect& box) override;
+  void show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) override;
   void start_moving(PanelItem& item) override;
   void visibilities_changed() override;
   void user_acts() override { hooks_.user_acts(); }

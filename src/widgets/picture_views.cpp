@@ -34,7 +34,7 @@ std::array<float, kScopeValues> on_pixels(const ScopeReading::Trace& trace, floa
 
 double scale_db(double deflection) { return deflection > 1e-5 ? 20 * std::log10(deflection * kScaleTop) : -100.0; }
 
-QRectF NeedleView::update(const NeedleMeter& meter, double scale) {
+ChangedPicture NeedleView::update(const NeedleMeter& meter, double scale) {
   if (!fits(scale)) {
     scale_ = scale;
     face_ = std::make_unique<NeedleFace>(scale, box_, well(), right_);
@@ -42,25 +42,28 @@ QRectF NeedleView::update(const NeedleMeter& meter, double scale) {
     standing_ = {};
   }
   const QRect changed = face_->draw(image_, {0, 0}, scale_db(meter.deflection()), standing_);
-  return QRectF(changed.x() / scale, changed.y() / scale, changed.width() / scale, changed.height() / scale)
-      .translated(box_.topLeft());
+  ChangedPicture picture{&image_, box_.topLeft(), {}};
+  picture.add(changed);
+  return picture;
 }
 
 void NeedleView::draw(QPainter& painter) const {
   if (!image_.isNull()) painter.drawImage(box_.topLeft(), image_);
 }
 
-QRectF ScopeView::update(const Oscilloscope& scope, double scale) {
+ChangedPicture ScopeView::update(const Oscilloscope& scope, double scale) {
   if (!fits(scale)) {
     scale_ = scale;
     face_ = std::make_unique<ScopeFace>(scale, scope_area(), well());
     image_ = image_for(face_->size(), scale);
   }
-  const ScopeReading& picture = scope.picture();
-  const auto left = on_pixels(picture.left, picture.shift);
-  const auto right = on_pixels(picture.right, picture.shift);
-  face_->draw(image_, {0, 0}, {left, right});
-  return scope_area();
+  const ScopeReading& reading = scope.picture();
+  const auto left = on_pixels(reading.left, reading.shift);
+  const auto right = on_pixels(reading.right, reading.shift);
+  const QRect changed = face_->draw(image_, {0, 0}, {left, right});
+  ChangedPicture picture{&image_, scope_area().topLeft(), {}};
+  picture.add(changed);
+  return picture;
 }
 
 void ScopeView::draw(QPainter& painter) const {

@@ -10,6 +10,7 @@
 #include "displays/oscilloscope.h"
 #include "paint/needle_meter.h"
 #include "paint/oscilloscope.h"
+#include "widgets/changed_picture.h"
 
 namespace tandem {
 
@@ -20,8 +21,8 @@ class NeedleView {
  public:
   NeedleView(const QRectF& box, bool right) : box_(box), right_(right) {}
 
-  // Draws the needle where it stands now; what has changed, in px of the panel.
-  QRectF update(const NeedleMeter& meter, double scale);
+  // Draws the needle where it stands now.
+  ChangedPicture update(const NeedleMeter& meter, double scale);
   void draw(QPainter& painter) const;
   bool fits(double scale) const { return scale == scale_; }
 
@@ -36,7 +37,7 @@ class NeedleView {
 
 class ScopeView {
  public:
-  QRectF update(const Oscilloscope& scope, double scale);
+  ChangedPicture update(const Oscilloscope& scope, double scale);
   void draw(QPainter& painter) const;
   bool fits(double scale) const { return scale == scale_; }
 

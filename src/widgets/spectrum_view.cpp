@@ -71,18 +71,16 @@ SpectrumPicture SpectrumView::look_of(const SpectrumReading& picture) {
           roll_of(picture.roll)};
 }
 
-QVarLengthArray<QRectF, 8> SpectrumView::update(SpectrumAnalyser& analyser, double scale) {
-  QVarLengthArray<QRectF, 8> boxes;
+ChangedPicture SpectrumView::update(SpectrumAnalyser& analyser, double scale) {
   const bool fresh = fit(analyser, scale);
   const ChangedRects changed = update_spectrum(image_, {0, 0}, *face_, look_of(analyser.picture()), standing_);
+  ChangedPicture picture{&image_, area().topLeft(), {}};
   if (fresh) {
-    boxes.append(area());
-    return boxes;
+    picture.boxes.append(area());
+  } else {
+    for (const QRect& rect : changed) picture.add(rect);
   }
-  for (const QRect& rect : changed)
-    boxes.append(QRectF(rect.x() / scale, rect.y() / scale, rect.width() / scale, rect.height() / scale)
-                     .translated(area().topLeft()));
-  return boxes;
+  return picture;
 }
 
 void SpectrumView::draw(QPainter& painter) const {

@@ -10,13 +10,14 @@
 #include "displays/spectrum_analyser.h"
 #include "paint/spectrum.h"
 #include "paint/spectrum_face.h"
+#include "widgets/changed_picture.h"
 
 namespace tandem {
 
 class SpectrumView {
  public:
-  // Brings the image up to date for a screen of this scale (1 = 100 %). Returns what has changed, in px of the panel.
-  QVarLengthArray<QRectF, 8> update(SpectrumAnalyser& analyser, double scale);
+  // Brings the image up to date for a screen of this scale (1 = 100 %).
+  ChangedPicture update(SpectrumAnalyser& analyser, double scale);
   void draw(QPainter& painter) const;
 
  private:

@@ -67,14 +67,16 @@ bool VisualItem::start_anew() {
 bool VisualItem::move_displays(double seconds) {
   const bool anew = start_anew();
   if ((displays_.MMSpectrum1.advance(seconds) || anew) && shown_ == 0)
-    for (const QRectF& changed : spectrum_.update(displays_.MMSpectrum1, scale_)) repaint(changed);
-  if ((displays_.MMMeterX1.advance(seconds) || anew) && shown_ == 1) repaint(left_.update(displays_.MMMeterX1, scale_));
-  if ((displays_.MMMeterX2.advance(seconds) || anew) && shown_ == 1)
-    repaint(right_.update(displays_.MMMeterX2, scale_));
+    show(spectrum_.update(displays_.MMSpectrum1, scale_));
+  if ((displays_.MMMeterX1.advance(seconds) || anew) && shown_ == 1) show(left_.update(displays_.MMMeterX1, scale_));
+  if ((displays_.MMMeterX2.advance(seconds) || anew) && shown_ == 1) show(right_.update(displays_.MMMeterX2, scale_));
   if (displays_.MMLevelX1.advance(seconds)) repaint(control_box("MMLevelX1").box());
-  if ((displays_.MMOscopeX1.advance(seconds) || anew) && shown_ == 2)
-    repaint(scope_.update(displays_.MMOscopeX1, scale_));
+  if ((displays_.MMOscopeX1.advance(seconds) || anew) && shown_ == 2) show(scope_.update(displays_.MMOscopeX1, scale_));
   return !at_rest();
+}
+
+void VisualItem::show(const ChangedPicture& picture) {
+  canvas().show_picture(*picture.image, picture.at, picture.boxes);
 }
 
 void VisualItem::draw_meters(QPainter& painter) const {

@@ -42,6 +42,7 @@ class VisualItem final : public PanelItem {
  private:
   void draw_meters(QPainter& painter) const;
   bool start_anew();
+  void show(const ChangedPicture& picture);
   void repaint(const QRectF& box) { canvas().repaint_box(box.toAlignedRect()); }
 
   Displays displays_;

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QBackingStore>
 #include <QCoreApplication>
 
+#include "widgets/direct_drawing.h"
 #include "widgets/window_rig.h"
 
 namespace tandem::test {
@@ -69,18 +71,47 @@ TEST(Painting, NothingWhileHiddenOrMinimised) {
   EXPECT_FALSE(rig.window->exposed());
 }
 
-TEST(Painting, AFrameOfADisplayPaintsTheDisplayAlone) {
+// What the window keeps for the screen, and the window painted anew.
+QImage kept(WindowRig& rig) {
+  QBackingStore* store = rig.window->backingStore();
+  return static_cast<QImage*>(store->paintDevice())->convertToFormat(QImage::Format_RGB32);
+}
+QImage painted_anew(WindowRig& rig) { return rig.window->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+// 0 spectrum, 1 needle meters, 2 oscilloscope.
+class PaintingOfDisplays : public testing::TestWithParam<int> {};
+
+TEST_P(PaintingOfDisplays, AFrameIsOnTheScreenAtOnceAndAsItWouldBePainted) {
   WindowRig rig;
-  rig.controls().MMSwitchX1.move(1);
+  rig.controls().MMSwitchX1.move(GetParam());
   while (rig.frame(1.0 / 60)) {
   }
   rig.painted();
-  const std::vector<SoundFrame> loud(4410, SoundFrame{0.5F, 0.5F});
-  rig.window->visual().feed(loud);
-  EXPECT_TRUE(rig.frame(1.0 / 60));
-  const QRegion painted = rig.painted();
-  EXPECT_FALSE(painted.isEmpty());
-  EXPECT_TRUE((painted - control_box("Display well").box()).isEmpty());
+  const QImage still = kept(rig);
+  for (int i = 0; i < 20; ++i) {
+    rig.window->visual().feed(std::vector<SoundFrame>(735, SoundFrame{0.5F - 0.02F * static_cast<float>(i % 3), 0.3F}));
+    EXPECT_TRUE(rig.frame(1.0 / 60));
+  }
+  // The level bar beside the meters is painted as everything else is.
+  const QRegion painted = rig.painted() - control_box("MMLevelX1").box();
+  EXPECT_TRUE(painted.isEmpty()) << "no frame of a display is worth a paint event";
+  const QImage now = kept(rig);
+  EXPECT_NE(now, still);
+  EXPECT_EQ(now, painted_anew(rig));
+  EXPECT_EQ(now.copy(0, 0, 607, 14), still.copy(0, 0, 607, 14));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PaintingOfDisplays, testing::Values(0, 1, 2));
+
+TEST(Painting, DirectDrawingIsRefusedWhereItWouldNotBeWhatIsPainted) {
+  WindowRig rig;
+  const QImage picture(20, 10, QImage::Format_RGB32);
+  const QRectF box(300, 20, 20, 10);
+  EXPECT_TRUE(draw_directly(*rig.window, picture, box.topLeft(), {&box, 1}));
+  EXPECT_FALSE(draw_directly(*rig.window, picture, {300.5, 20}, {&box, 1})) << "not on a whole pixel";
+  EXPECT_FALSE(draw_directly(*rig.window, picture, {600, 20}, {&box, 1})) << "beyond the window";
+  rig.window->hide();
+  EXPECT_FALSE(draw_directly(*rig.window, picture, box.topLeft(), {&box, 1}));
 }
 
 TEST(Painting, ListAndEqualizerTakeEachOthersPlace) {

@@ -1,0 +1,21 @@
+// Brings parts of a picture to the screen past the toolkit's repainting, which costs several times as much for the
+// small boxes of a display that moves at every frame. UI thread.
+#pragma once
+
+#include <QImage>
+#include <QPointF>
+#include <QRectF>
+#include <QWidget>
+#include <span>
+
+namespace tandem {
+
+// Copies the `changed` boxes of `picture`, whose top left stands at `at`, into what the window keeps for the screen and
+// shows them at once; both in px of the window. The picture is opaque, has the screen's scale, and is what the window
+// would paint there: it stays true when the window is painted again.
+//
+// False, and nothing done, where that cannot be: the window is not on a screen yet or has been resized since, its store
+// is no image, or the picture does not begin on a whole device pixel. The boxes are then to be painted as usual.
+bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& at, std::span<const QRectF> changed);
+
+}  // namespace tandem
