@@ -2,8 +2,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QSettings>
+#include <QTreeView>
 #include <cctype>
 #include <vector>
 
@@ -44,6 +48,49 @@ std::vector<std::string> chosen(QFileDialog& dialog) {
   return paths;
 }
 
+// The toolkit goes into a folder that was selected among files, and forgets the files.
+void leave_out_folders(QItemSelectionModel& selection) {
+  QModelIndexList folders = selection.selectedRows();
+  const auto count = folders.size();
+  folders.removeIf(
+      [](const QModelIndex& row) { return !QFileInfo(row.data(QFileSystemModel::FilePathRole).toString()).isDir(); });
+  if (folders.size() == count) return;
+  for (const QModelIndex& folder : folders)
+    selection.select(folder, QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+}
+
+class FilesDialog final : public QFileDialog {
+ public:
+  FilesDialog() {
+    setViewMode(QFileDialog::Detail);
+    setOption(QFileDialog::HideNameFilterDetails);  // the patterns with both cases of every letter
+    resize(kWidth, kHeight);
+    make_room_for_names();
+  }
+
+ protected:
+  void accept() override {
+    if (tree_ != nullptr) leave_out_folders(*tree_->selectionModel());
+    QFileDialog::accept();
+  }
+
+ private:
+  static constexpr int kWidth = 860;
+  static constexpr int kHeight = 480;
+
+  void make_room_for_names() {
+    if (tree_ == nullptr) return;
+    QHeaderView& header = *tree_->header();
+    const QString widest[] = {{}, "1000.00 MiB", "WAV audio file", "30 Sep 2026 20:30:00 pm"};
+    for (int column = 1; column < 4; ++column)
+      header.resizeSection(column, fontMetrics().horizontalAdvance(widest[column]) + fontMetrics().height());
+    header.setStretchLastSection(false);
+    header.setSectionResizeMode(0, QHeaderView::Stretch);
+  }
+
+  QTreeView* tree_ = findChild<QTreeView*>("treeView");  // of the toolkit's own dialog
+};
+
 }  // namespace
 
 QtFileDialog::QtFileDialog() {
@@ -62,10 +109,8 @@ void QtFileDialog::leave_desktop() {
 QFileDialog& QtFileDialog::prepared(QFileDialog::AcceptMode mode) {
   auto& dialog = mode == QFileDialog::AcceptOpen ? open_ : save_;
   if (!dialog) {
-    dialog = std::make_unique<QFileDialog>();
+    dialog = std::make_unique<FilesDialog>();
     dialog->setAcceptMode(mode);
-    dialog->setViewMode(QFileDialog::Detail);
-    dialog->setOption(QFileDialog::HideNameFilterDetails);  // the patterns with both cases of every letter
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
   }
   if (dialog->parentWidget() != parent_) dialog->setParent(parent_, dialog->windowFlags());

@@ -97,6 +97,30 @@ TEST_F(DialogTest, SeveralComeInDescendingNaturalOrder) {
   EXPECT_EQ(dialog.FileName, expected);
 }
 
+// Everything in a folder is chosen: its folders are no songs.
+TEST_F(DialogTest, FoldersAmongTheFilesAreLeftOut) {
+  for (const char* name : {"a.mp3", "b.wav"}) make(name);
+  std::filesystem::create_directory(directory.file("more"));
+  open([](QFileDialog& shown) {
+    listed(shown, 3);
+    shown.findChild<QTreeView*>("treeView")->selectAll();
+    QMetaObject::invokeMethod(&shown, "accept");
+    EXPECT_FALSE(shown.isVisible());
+  });
+  EXPECT_EQ(dialog.FileName, directory.path() + '\0' + "b.wav" + '\0' + "a.mp3");
+}
+
+TEST_F(DialogTest, AFolderAloneIsEntered) {
+  std::filesystem::create_directory(directory.file("more"));
+  EXPECT_THROW(open([this](QFileDialog& shown) {
+                 listed(shown, 1);
+                 shown.findChild<QTreeView*>("treeView")->selectAll();
+                 QMetaObject::invokeMethod(&shown, "accept");
+                 EXPECT_EQ(shown.directory().path().toStdString(), directory.file("more"));
+               }),
+               RuntimeError);
+}
+
 TEST_F(DialogTest, StartsInItsFolderWithAnEmptyName) {
   make("a.mp3");
   open([](QFileDialog& shown) { type(shown, "a.mp3"); });
