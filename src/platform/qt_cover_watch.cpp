@@ -26,8 +26,10 @@ void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
 }  // namespace
 
 QtCoverWatch::QtCoverWatch(QWindow& window, std::function<void(bool)> tell) : tell_(std::move(tell)) {
+  // Without a screen the toolkit gives an interface too, but one without a connection.
+  if (QGuiApplication::platformName() != "xcb") return;
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 == nullptr) return;
+  if (x11 == nullptr || x11->connection() == nullptr) return;
   window_ = static_cast<std::uint32_t>(window.winId());
   ask_for_visibility(x11->connection(), window_);
   qGuiApp->installNativeEventFilter(this);
