@@ -94,8 +94,12 @@ class FacePainter {
     const int gap = grid_.pitch - grid_.width;
     painter.fillRect(x, top, grid_.half_width() - gap, height, QColor::fromRgb(palette::kTeal));
     const int notch = std::max(1, px(1));
-    for (int column = 1; column < grid_.columns; column *= 2) {
-      painter.fillRect(x + column * grid_.pitch - notch, top, notch, height, QColor::fromRgb(palette::kBlack));
+    for (double octave = .5;; octave /= 2) {
+      const double at = (octave - style_.low) / (style_.high - style_.low) * grid_.half_width();
+      if (at < grid_.pitch - .5) break;
+      if (at >= grid_.half_width()) continue;
+      painter.fillRect(x + static_cast<int>(std::lround(at)) - notch, top, notch, height,
+                       QColor::fromRgb(palette::kBlack));
     }
     if (style_.reference) {
       const auto at = static_cast<int>(std::lround(*style_.reference * (grid_.half_width() - gap - notch)));

@@ -22,7 +22,9 @@ struct SpectrumStyle {
   bool led_style = true;  ///< bars of spots, else solid bars
   bool inactive = true;   ///< unlit spots show
   bool grid = false;
-  int columns = 32;                   ///< of each half
+  int columns = 32;  ///< of each half
+  double low = 0;    ///< what a half shows of all frequencies: its ends on the scale strip, 0..1
+  double high = 1;
   std::optional<double> reference{};  ///< 0..1 along a half: the mark of the reference frequency on the scale strip
   bool operator==(const SpectrumStyle&) const = default;
 };

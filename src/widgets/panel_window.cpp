@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/panel_sizes.h"
 #include "paint/ink.h"
 #include "paint/panel_background.h"
 #include "paint/panels.h"
@@ -20,8 +21,6 @@ namespace tandem {
 
 namespace {
 
-constexpr Twips kFullWidth = 9105;
-constexpr Twips kBoardHeight = 6390;
 constexpr double kCornerRadius = 5;
 
 int pixels(Twips twips) { return twips / kTwipsPerPixel; }

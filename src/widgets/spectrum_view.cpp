@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "displays/sound_frame.h"
 #include "paint/panel_layout.h"
 
 namespace tandem {
@@ -20,6 +21,8 @@ SpectrumStyle style_of(const SpectrumReading& picture) {
   style.inactive = picture.inactive;
   style.grid = picture.grid;
   style.columns = picture.columns.columns;
+  style.low = picture.range.low_hz / (kHeardRate / 2);
+  style.high = picture.range.high_hz / (kHeardRate / 2);
   style.reference = picture.reference;
   return style;
 }

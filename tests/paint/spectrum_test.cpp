@@ -206,6 +206,25 @@ TEST(Spectrum, MissingAndWildValuesAreHarmless) {
   EXPECT_LT(qGreen(middle_of_spot(image, face, 0, 0)), 140);
 }
 
+TEST(Spectrum, NotchesTheScaleStripAtTheOctaves) {
+  const auto notches = [](int columns, double low, double high) {
+    SpectrumStyle style;
+    style.columns = columns;
+    style.low = low;
+    style.high = high;
+    const SpectrumFace face(style, 1, kArea, kWell);
+    std::vector<int> found;
+    for (int x = 0; x < 158; ++x) {
+      if (qBlue(face.dark().pixel(face.grid().left[1] + x, 88)) < 60) found.push_back(x);
+    }
+    return found;
+  };
+  EXPECT_EQ(notches(32, 0, 1), (std::vector{4, 9, 19, 39, 79}));
+  EXPECT_EQ(notches(80, 0, 1), (std::vector{2, 4, 9, 19, 39, 79})) << "wherever the columns are";
+  EXPECT_EQ(notches(32, .25, .75), (std::vector{79}));
+  EXPECT_EQ(notches(32, .1, .35), (std::vector{15, 95})) << "a closer look has its own";
+}
+
 TEST(Spectrum, MarksTheReferenceFrequency) {
   SpectrumStyle style;
   style.reference = .5;
