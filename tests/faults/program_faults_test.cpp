@@ -26,6 +26,11 @@ std::string old_settings() {
   return text;
 }
 
+std::string settings_with_volume(const std::string& volume) {
+  std::string text = factory_settings();
+  return text.replace(text.find("32768"), 5, volume);
+}
+
 using Clock = std::chrono::steady_clock;
 
 // How long closing takes here and now.
@@ -172,6 +177,31 @@ TEST(TwoPlayers, FromOneFolderDoNotDisturbEachOther) {
   EXPECT_EQ(good, kTimes);
   record_fault("two copies started and closed at once, " + std::to_string(kTimes) + " times",
                "both end well, settings whole", std::to_string(good) + " times so");
+}
+
+// Each keeps what it has read at its start, and saves it: what the last one saves stays.
+TEST(TwoPlayers, FromOneFolderKeepTheSettingsOfTheOneThatIsClosedLast) {
+  const std::string quiet = settings_with_volume("100");
+  const std::string loud = settings_with_volume("20000");
+  int good = 0;
+  for (const bool quiet_is_last : {false, true}) {
+    const PlayerFolder folder(quiet);
+    OffscreenPlayer quiet_player(folder);
+    ASSERT_TRUE(quiet_player.started());
+    folder.write_settings(loud);
+    OffscreenPlayer loud_player(folder);
+    ASSERT_TRUE(loud_player.started());
+    OffscreenPlayer* players[] = {&quiet_player, &loud_player};
+    if (quiet_is_last) std::swap(players[0], players[1]);
+    for (OffscreenPlayer* player : players) {
+      player->send(SIGTERM);
+      EXPECT_EQ(player->exit_status(), 0);
+    }
+    if (folder.settings() == (quiet_is_last ? quiet : loud)) ++good;
+  }
+  EXPECT_EQ(good, 2);
+  record_fault("two copies with different settings closed one after the other, both ways round",
+               "TP.inf holds what the last one had", std::to_string(good) + " of 2 times so");
 }
 
 class NoPlace : public testing::Test {

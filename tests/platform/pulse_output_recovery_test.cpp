@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "faults/measured.h"
 #include "platform/pulse_output_fixture.h"
 
 namespace tandem {
@@ -73,9 +74,13 @@ TEST_F(PulseOutputRecoveryTest, AServerThatIsKilledAgainAndAgainIsFoundAgain) {
   }
   EXPECT_EQ(entries_of("/proc/self/fd"), descriptors);
   EXPECT_EQ(entries_of("/proc/self/task"), threads);
-  RecordProperty("slowest_ms", std::to_string(slowest));
-  RecordProperty("growth_kb", std::to_string(resident_kilobytes() - memory));
-  EXPECT_LT(resident_kilobytes() - memory, 2048 + 20 * restarts);
+  const long growth = resident_kilobytes() - memory;
+  test::record_fault("sound server killed and started again, " + std::to_string(restarts) + " times",
+                     "back within 2 s each time, no descriptor, thread or memory more",
+                     "back within " + std::to_string(slowest) + " ms, " + std::to_string(growth) + " kB, " +
+                         std::to_string(entries_of("/proc/self/fd") - descriptors) + " descriptors, " +
+                         std::to_string(entries_of("/proc/self/task") - threads) + " threads more");
+  EXPECT_LT(growth, 2048 + 20 * restarts);
 }
 
 TEST_F(PulseOutputRecoveryTest, NoServerAtStart) {
@@ -83,7 +88,10 @@ TEST_F(PulseOutputRecoveryTest, NoServerAtStart) {
   EXPECT_FALSE(output_.consuming());
   EXPECT_EQ(output_.heard(), 0U);
   server_.start();
+  const Nanoseconds began = monotonic_now();
   EXPECT_TRUE(wait_until([&] { return output_.consuming(); }, kBackWithin));
+  test::record_fault("no sound server at the start", "sound within 2 s of the server's start",
+                     "after " + std::to_string((monotonic_now() - began) / kNanosecondsPerMillisecond) + " ms");
   EXPECT_TRUE(heard_further(kRequest));
 }
 
@@ -114,7 +122,10 @@ TEST_F(PulseOutputRecoveryTest, AServerThatHangsHoldsNobodyAndGoesOnAfterwards) 
   output_.set_depth(8);
   output_.pause();
   output_.restart();
-  EXPECT_LT(monotonic_now() - began, 50 * kNanosecondsPerMillisecond);
+  const Nanoseconds held = monotonic_now() - began;
+  EXPECT_LT(held, 50 * kNanosecondsPerMillisecond);
+  test::record_fault("sound server frozen while orders are given", "nobody waits for it",
+                     "held for " + std::to_string(held / kNanosecondsPerMillisecond) + " ms");
   EXPECT_TRUE(wait_until([&] { return output_.heard() == ring_.taken(); }));
   const std::uint64_t stands = output_.heard();
   server_.thaw();

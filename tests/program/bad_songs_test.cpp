@@ -7,6 +7,7 @@
 
 #include <filesystem>
 
+#include "faults/measured.h"
 #include "program/player_rig.h"
 #include "program/signatures.h"
 #include "program/songs.h"
@@ -62,6 +63,8 @@ TEST_P(BadSong, IsRefusedWhenItIsAddedAndGetsALineWithoutAName) {
   EXPECT_EQ(rig.state().SongCount, 1);
   EXPECT_EQ(rig.player().program.SongTable.at(1).SongFile, "");
   EXPECT_EQ(rig.player().program.SongTable.at(1).SongLength, 0);
+  record_fault(std::string("added as a song: ") + GetParam().kind, "a line without a name, nothing is waited for",
+               "line \"" + rig.controls().PlayList.List(1) + "\"");
 }
 
 TEST_P(BadSong, IsRefusedAmongSeveral) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/deck.h"
+#include "faults/measured.h"
 #include "program/signatures.h"
 #include "support/bytes.h"
 #include "support/temp_directory.h"
@@ -65,7 +66,10 @@ TEST_F(StalledReader, HasEndedTenSecondsAfterTheSoundRanDry) {
   while (reader_.work()) {
   }
   const auto full_steps = static_cast<int>(reader_.ring().readable() / kStepFrames);
-  EXPECT_EQ(steps_to_end(5000), full_steps + Deck::kStallSteps);
+  const int steps = steps_to_end(5000);
+  EXPECT_EQ(steps, full_steps + Deck::kStallSteps);
+  record_fault("disk stalled for ever under a song", "the song has ended 10 s after the sound ran dry",
+               "after " + std::to_string((steps - full_steps) * kStepMilliseconds) + " ms");
 }
 
 TEST_F(StalledReader, GoesOnWhereItStoodOnceSoundComes) {

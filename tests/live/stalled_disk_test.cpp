@@ -1,0 +1,90 @@
+// The disk hangs under the songs while they play, with the player's own threads: the panel goes on, and so does the
+// sound as long as there is something to play.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "faults/failing_disk.h"
+#include "faults/measured.h"
+#include "live/live_rig.h"
+#include "program/signatures.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr int kLead = 1000;  // milliseconds
+constexpr double kPeak = 0.45;
+// A thread that should look every millisecond; a busy machine may keep it so long. A disk would for 500 ms and more.
+constexpr Milliseconds kPrompt = 200;
+
+class LiveStalledDisk : public testing::TestWithParam<int> {  // for how many milliseconds
+ protected:
+  void add(double seconds) {
+    const auto seed = static_cast<unsigned>(songs_.size()) + 1;
+    songs_.push_back(rig_.add_song("song" + std::to_string(seed) + ".wav", signature(seed, seconds, kPeak)));
+  }
+  void start() {
+    rig_.server.start();
+    rig_.choose_lead(kLead);
+    rig_.play();
+  }
+  // `must_be_asked`: the stall is long enough for a reader that looks for more every 0.7 s.
+  void stall(bool must_be_asked) {
+    FailingDisk disk(rig_.folder());
+    disk.hang();
+    rig_.run(GetParam());
+    EXPECT_TRUE(disk.waiting() > 0 || !must_be_asked);
+    disk.go_on();
+  }
+  // How long nothing was to be heard in the list, in milliseconds; every song was heard whole.
+  int dead_air() {
+    EXPECT_TRUE(rig_.run_until([this] { return rig_.sound().MixTimer->Interval() == 0; }, 60'000));
+    SongFinder finder(rig_.made());
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    for (const Sound& song : songs_) {
+      const std::size_t start = finder.take(song);
+      if (end == 0) begin = start;
+      end = start + song.size();
+    }
+    EXPECT_LE(finder.rest(), 1.0) << "at frame " << finder.first_rest();
+    return static_cast<int>(longest_silence(rig_.made(), begin, end) * 1000 / kSampleRate);
+  }
+  void judge(const std::string& when, int most) {
+    const int silent = dead_air();
+    EXPECT_LE(silent, most);
+    EXPECT_LE(rig_.longest_pause(), kPrompt);
+    record_fault(
+        "with threads: disk stalled for " + std::to_string(GetParam()) + " ms " + when,
+        "dead air at most " + std::to_string(most) + " ms, the panel never waits",
+        std::to_string(silent) + " ms, panel held for at most " + std::to_string(rig_.longest_pause()) + " ms");
+  }
+
+  LiveRig rig_;
+  std::vector<Sound> songs_;
+};
+
+TEST_P(LiveStalledDisk, WhileASongPlays) {
+  add(12);
+  add(2);
+  start();
+  rig_.run(2000);
+  stall(GetParam() > 1000);
+  judge("while a song plays", 0);
+}
+
+// The next song is loaded when the one before has ended, a lead behind its own beginning.
+TEST_P(LiveStalledDisk, BeforeASongsTurn) {
+  for (int i = 0; i < 3; ++i) add(3);
+  start();
+  ASSERT_TRUE(rig_.run_until([this] { return rig_.current_song() == 2; }));
+  rig_.run(kLead - 100);
+  stall(true);
+  judge("before a song's turn", std::max(GetParam() - 2000, 0));
+}
+
+INSTANTIATE_TEST_SUITE_P(Times, LiveStalledDisk, testing::Values(500, 4000),
+                         [](const auto& each) { return std::to_string(each.param) + "_ms"; });
+
+}  // namespace
+}  // namespace tandem::test
