@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ostream>
 
 namespace tandem {
 
@@ -45,6 +46,10 @@ void OutputFeeder::fill() {
     std::generate(step.begin(), step.end(), [&] { return numbered_frame(number++); });
     ring_.write(step);
   }
+}
+
+std::ostream& operator<<(std::ostream& out, const Stretch& stretch) {
+  return out << stretch.silence_before << " of silence, " << stretch.frames << " from " << stretch.first;
 }
 
 std::vector<Stretch> stretches_of(std::span<const Sample16> recording) {

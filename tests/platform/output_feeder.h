@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <iosfwd>
 #include <span>
 #include <thread>
 #include <vector>
@@ -43,6 +44,7 @@ struct Stretch {
   std::uint64_t frames = 0;
   std::uint64_t silence_before = 0;  // frames of silence between the stretch before (or the beginning) and this one
 };
+std::ostream& operator<<(std::ostream& out, const Stretch& stretch);
 std::vector<Stretch> stretches_of(std::span<const Sample16> recording);
 
 }  // namespace tandem

@@ -51,6 +51,19 @@ pid_t spawn(std::vector<std::string> command, const fs::path& output) {
   return pid;
 }
 
+// The kernel's second figure; a thread that ends meanwhile counts no more.
+std::chrono::nanoseconds waiting_of(const std::string& process) {
+  std::chrono::nanoseconds waiting{0};
+  std::error_code gone;
+  for (const auto& task : fs::directory_iterator("/proc/" + process + "/task", gone)) {
+    std::ifstream figures(task.path() / "schedstat");
+    std::int64_t running = 0;
+    std::int64_t ready = 0;
+    if (figures >> running >> ready) waiting += std::chrono::nanoseconds(ready);
+  }
+  return waiting;
+}
+
 }  // namespace
 
 bool wait_until(const std::function<bool()>& holds, std::chrono::milliseconds deadline) {
@@ -123,6 +136,11 @@ void OutputTestServer::start(bool prompt) {
 }
 
 bool OutputTestServer::answers() const { return ChildProcess({"pactl", "info"}, directory_ / "pactl.out").wait() == 0; }
+
+std::chrono::milliseconds OutputTestServer::waited_for_a_processor() const {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(waiting_of("self") +
+                                                               waiting_of(std::to_string(daemon_.number())));
+}
 
 void OutputTestServer::freeze() { daemon_.send(SIGSTOP); }
 void OutputTestServer::thaw() { daemon_.send(SIGCONT); }

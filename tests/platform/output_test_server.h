@@ -30,6 +30,7 @@ class ChildProcess {  // killed and reaped at the end
   void send(int signal) const;
   int wait();  // for its own end; the exit status
   void end();  // SIGKILL
+  pid_t number() const { return pid_; }
 
  private:
   pid_t pid_ = -1;
@@ -48,6 +49,8 @@ class OutputTestServer {
   void kill_hard() { daemon_.end(); }
   void freeze();
   void thaw();
+  // For how long threads of this process and of the server were ready to run, but others had the processors.
+  std::chrono::milliseconds waited_for_a_processor() const;
 
   void load_sink(const std::string& name);
   void unload_sink(const std::string& name);

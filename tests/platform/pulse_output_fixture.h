@@ -39,6 +39,20 @@ class PulseOutputFixture : public testing::Test {
     });
     return found;
   }
+  // One frame after the other up to the last one taken, and without a gap unless others had the processors.
+  void expect_played_whole(const std::vector<Stretch>& played, std::chrono::milliseconds waited_before) const {
+    std::uint64_t next = 0;
+    for (const Stretch& stretch : played) {
+      EXPECT_EQ(stretch.first, next) << testing::PrintToString(played);
+      next = stretch.first + stretch.frames;
+    }
+    EXPECT_EQ(next, ring_.taken());
+    const auto waited = server_.waited_for_a_processor() - waited_before;
+    RecordProperty("waited_ms", std::to_string(waited.count()));
+    if (waited < std::chrono::milliseconds(100)) {
+      EXPECT_EQ(played.size(), 1U) << testing::PrintToString(played) << ", " << waited.count() << " ms waited";
+    }
+  }
 
   OutputTestServer server_;
   OutputRing ring_;
