@@ -109,7 +109,7 @@ void PitchLampItem::draw(QPainter& painter) const {
 QRect PitchLampItem::drawn_box() const { return PanelItem::drawn_box().adjusted(0, 0, 75, 0); }
 
 void AreaItem::shine_over(ClickItem& item) {
-  item.pointer_over = [this](bool over) { over ? PanelItem::enterEvent(nullptr) : PanelItem::leaveEvent(nullptr); };
+  item.pointer_over = [this](bool over) { over ? ClickItem::enterEvent(nullptr) : ClickItem::leaveEvent(nullptr); };
 }
 
 void AreaItem::draw(QPainter& painter) const {

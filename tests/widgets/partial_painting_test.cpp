@@ -1,0 +1,133 @@
+// Painted box by box under a busy hand, the window looks as if it had been painted at once: no seams between boxes, and
+// nothing left of light, shadow and focus. Run at 100 % and, by another test entry, at 125 %.
+
+#include <gtest/gtest.h>
+
+#include <QBackingStore>
+#include <algorithm>
+#include <cstdlib>
+#include <random>
+
+#include "widgets/window_rig.h"
+
+namespace tandem::test {
+namespace {
+
+// Of a gradient whose spans begin elsewhere under another clip.
+constexpr int kRounding = 2;
+
+int difference(QRgb a, QRgb b) {
+  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
+}
+
+class PartialPainting : public testing::Test {
+ protected:
+  PartialPainting() { rig.add_songs(14); }
+
+  void pass(double seconds) {
+    for (double passed = 0; passed < seconds; passed += 1.0 / 60) {
+      std::vector<SoundFrame> sound(735);
+      for (SoundFrame& frame : sound) frame = {noise(), noise()};
+      rig.window->visual().feed(sound);
+      rig.frame(1.0 / 60);
+    }
+    rig.painted();
+  }
+  float noise() { return std::uniform_real_distribution<float>(-.5F, .5F)(random); }
+
+  // What stands on the screen against a picture drawn anew; the place of the first pixel that differs.
+  void expect_whole(const std::string& after) {
+    rig.painted();
+    const auto* store = dynamic_cast<QImage*>(rig.window->backingStore()->paintDevice());
+    ASSERT_NE(store, nullptr);
+    const QImage stands = store->convertToFormat(QImage::Format_RGB32);
+    const QImage anew = rig.window->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    constexpr int kCorner = 8;  // the desktop cuts them round
+    for (int y = kCorner; y < std::min(stands.height(), anew.height()) - kCorner; ++y) {
+      for (int x = 0; x < std::min(stands.width(), anew.width()); ++x) {
+        ASSERT_LE(difference(stands.pixel(x, y), anew.pixel(x, y)), kRounding) << x << ' ' << y << " after " << after;
+      }
+    }
+  }
+
+  void press_and_drag(const std::string& name) {
+    rig.press(rig.middle(name));
+    pass(.05);
+    rig.move(rig.middle(name) + QPoint(9, -14), Qt::NoModifier);
+    pass(.05);
+    rig.release(rig.middle(name) + QPoint(9, -14));
+  }
+
+  WindowRig rig;
+  std::minstd_rand random{7};
+};
+
+TEST_F(PartialPainting, UnderAPointerThatGoesEverywhere) {
+  rig.show_board();
+  for (int i = 0; i < 60; ++i) {
+    const auto at = [this](int end) { return std::uniform_int_distribution<int>(0, end - 1)(random); };
+    rig.move({at(607), at(426)});
+    pass(.04);
+  }
+  expect_whole("moves");
+}
+
+TEST_F(PartialPainting, AfterPressesAndDrags) {
+  for (const char* name : {"Volume", "SliderP", "Slider1", "Command2", "STOPBtn", "PAUSE", "AMLed2", "BufferSwitch",
+                           "Bypass", "PlayList", "UpList"}) {
+    press_and_drag(name);
+    pass(.1);
+    expect_whole(name);
+  }
+  rig.show_equalizer();
+  for (const char* name : {"sl0(0)", "sl0(7)", "sl0(14)"}) press_and_drag(name);
+  expect_whole("faders");
+}
+
+TEST_F(PartialPainting, AfterTheFocusHasGoneRound) {
+  rig.show_board();
+  rig.focus("PLAY");
+  for (int i = 0; i < 60; ++i) {
+    rig.key(Qt::Key_Tab);
+    pass(.02);
+  }
+  expect_whole("a round of the focus");
+}
+
+TEST_F(PartialPainting, AfterEveryDisplayAndKind) {
+  for (int display = 0; display < 3; ++display) {
+    rig.controls().MMSwitchX1.move(display);
+    pass(.5);
+    expect_whole("display " + std::to_string(display));
+  }
+  rig.controls().MMSwitchX1.move(0);
+  rig.controls().MMLEDX5.click.raise();
+  for (int kind = 0; kind < 6; ++kind) {
+    rig.controls().MMSwitch1.move(kind);
+    pass(.3);
+    expect_whole("kind " + std::to_string(kind));
+  }
+}
+
+TEST_F(PartialPainting, AfterSizesListsAndScrolling) {
+  rig.controls().SongLabel.Scrolling = true;
+  rig.make_small();
+  pass(1.5);
+  expect_whole("the small window");
+  rig.key(Qt::Key_M, Qt::ControlModifier);
+  pass(.2);
+  rig.wheel("PlayList", -1);
+  pass(.1);
+  expect_whole("a turn of the wheel");
+  rig.show_equalizer();
+  rig.controls().sl0[3].put(-9);
+  pass(.1);
+  expect_whole("the equalizer");
+  rig.key(Qt::Key_F2);
+  rig.show_board();
+  pass(.2);
+  expect_whole("the board");
+}
+
+}  // namespace
+}  // namespace tandem::test
