@@ -1,6 +1,7 @@
 // The player takes no arguments: it is the panel, and the panel's settings lie beside the program.
 
 #include <QApplication>
+#include <QFile>
 #include <QIcon>
 #include <QPixmap>
 #include <QSessionManager>
@@ -19,6 +20,14 @@ namespace {
 // The toolkit waits for the X server before it paints where it painted last, unless it sends small pictures itself.
 void prefer_small_pictures() {
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
+}
+
+// For a session that has no bus, the toolkit's library would start one: a program that outlives the player.
+void start_no_bus() {
+  constexpr const char* kAddress = "DBUS_SESSION_BUS_ADDRESS";
+  const bool has_bus =
+      qEnvironmentVariableIsSet(kAddress) || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
+  if (!has_bus) qputenv(kAddress, "disabled:");
 }
 
 // The toolkit itself would abort.
@@ -56,6 +65,7 @@ int play(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   prefer_small_pictures();
+  start_no_bus();
   try {
     return play(argc, argv);
   } catch (const std::exception& error) {
