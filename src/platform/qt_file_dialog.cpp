@@ -1,5 +1,6 @@
 #include "platform/qt_file_dialog.h"
 
+#include <QCompleter>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,6 +8,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTreeView>
 #include <cctype>
 #include <vector>
@@ -41,9 +43,19 @@ QString name_filter(const std::string& filter) {
 
 std::string first_or_empty(const std::vector<std::string>& texts) { return texts.empty() ? "" : texts.front(); }
 
+QLineEdit* name_line(QFileDialog& dialog) { return dialog.findChild<QLineEdit*>("fileNameEdit"); }
+
+// The toolkit would show the completions of a typed name when it has read their folder, be the dialog closed or not.
+void end_completion(QFileDialog& dialog) {
+  const QLineEdit* line = name_line(dialog);
+  if (line != nullptr && line->completer() != nullptr) line->completer()->setWidget(nullptr);
+}
+
 std::vector<std::string> chosen(QFileDialog& dialog) {
   std::vector<std::string> paths;
-  if (dialog.exec() != QDialog::Accepted) return paths;
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  end_completion(dialog);
+  if (!accepted) return paths;
   for (const QString& file : dialog.selectedFiles()) paths.push_back(QFile::encodeName(file).toStdString());
   return paths;
 }
@@ -57,6 +69,12 @@ void leave_out_folders(QItemSelectionModel& selection) {
   if (folders.size() == count) return;
   for (const QModelIndex& folder : folders)
     selection.select(folder, QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+}
+
+// Where a newcomer's songs most likely are.
+QString first_folder() {
+  const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+  return QDir(music).exists() ? music : QDir::homePath();
 }
 
 class FilesDialog final : public QFileDialog {
@@ -111,12 +129,13 @@ QFileDialog& QtFileDialog::prepared(QFileDialog::AcceptMode mode) {
   if (!dialog) {
     dialog = std::make_unique<FilesDialog>();
     dialog->setAcceptMode(mode);
+    dialog->setDirectory(first_folder());
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
   }
   if (dialog->parentWidget() != parent_) dialog->setParent(parent_, dialog->windowFlags());
   dialog->setNameFilter(name_filter(Filter));
   // What was chosen last is not proposed again: the toolkit would keep it in its line.
-  if (auto* line = dialog->findChild<QLineEdit*>("fileNameEdit")) line->clear();
+  if (auto* line = name_line(*dialog)) line->clear();
   if (const QString folder = QFile::decodeName(InitDir.c_str()); !folder.isEmpty() && QDir(folder).exists())
     dialog->setDirectory(folder);
   return *dialog;

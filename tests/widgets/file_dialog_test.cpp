@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QCompleter>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
@@ -135,6 +136,19 @@ TEST_F(DialogTest, StartsInItsFolderWithAnEmptyName) {
   EXPECT_THROW(
       open([this](QFileDialog& shown) { EXPECT_EQ(shown.directory().path().toStdString(), directory.file("other")); }),
       RuntimeError);
+}
+
+// Completions of a typed name could else come up when the dialog has closed.
+TEST_F(DialogTest, CompletesNamesOnlyWhileItIsOpen) {
+  QLineEdit* typed_in = nullptr;
+  const auto completes = [&typed_in](QFileDialog& shown) {
+    typed_in = &line(shown);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return typed_in->completer()->widget() == typed_in; }));
+  };
+  EXPECT_THROW(open(completes), RuntimeError);
+  ASSERT_NE(typed_in, nullptr);
+  EXPECT_EQ(typed_in->completer()->widget(), nullptr);
+  EXPECT_THROW(open(completes), RuntimeError);
 }
 
 TEST_F(DialogTest, RemembersSizeAndView) {
