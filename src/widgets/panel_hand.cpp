@@ -1,6 +1,5 @@
 // The window under the hand: dragged by its bare parts, toggled by a double-click on its head, files dropped on it.
 
-#include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
@@ -11,6 +10,11 @@
 #include "widgets/panel_window.h"
 
 namespace tandem {
+
+namespace {
+// px: a hand that clicks twice may tremble, but the desktop leaves the window behind by this way.
+constexpr int kDragDistance = 4;
+}  // namespace
 
 void PanelWindow::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
@@ -23,10 +27,10 @@ void PanelWindow::mousePressEvent(QMouseEvent* event) {
 void PanelWindow::mouseMoveEvent(QMouseEvent* event) {
   if (!drag_from_) return;
   const QPoint at = event->globalPosition().toPoint();
-  if (!dragging_ && (at - pressed_at_).manhattanLength() < QApplication::startDragDistance()) return;
-  move(at - *drag_from_);  // not left behind by the way until here
+  if (!dragging_ && (at - pressed_at_).manhattanLength() < kDragDistance) return;
   if (!dragging_ && windowHandle()->startSystemMove()) return drag_from_.reset();
   dragging_ = true;
+  move(at - *drag_from_);
 }
 
 void PanelWindow::mouseReleaseEvent(QMouseEvent*) {

@@ -68,7 +68,7 @@ AssistiveBus::AssistiveBus()
 }
 
 AssistiveBus::~AssistiveBus() {
-  ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
   ::unsetenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON");
 }
 
@@ -96,7 +96,7 @@ std::string AssistiveBus::name(const Place& place) const {
 }
 
 AssistiveObject AssistiveBus::look_at(const Place& place) const {
-  AssistiveObject object{place.path, name(place), text(place, "GetRoleName", kAccessible), {}, {}, false, false};
+  AssistiveObject object{place.path, name(place), text(place, "GetRoleName", kAccessible), {}, {}, 0, 0, false, false};
   const Message actions = ask(bus_.get(), place.owner, place.path, kAction, "GetActions");
   if (actions && sd_bus_message_enter_container(actions.get(), 'a', "(sss)") > 0) {
     const char* words[3] = {};
@@ -107,6 +107,18 @@ AssistiveObject AssistiveBus::look_at(const Place& place) const {
   if (sd_bus_get_property_trivial(bus_.get(), place.owner.c_str(), place.path.c_str(), kValue, "CurrentValue", nullptr,
                                   'd', &value) >= 0)
     object.value = value;
+  sd_bus_message* box = nullptr;
+  sd_bus_call_method(bus_.get(), place.owner.c_str(), place.path.c_str(), "org.a11y.atspi.Component", "GetExtents",
+                     nullptr, &box, "u", 0U);
+  const Message extents(box);
+  std::int32_t x = 0;
+  std::int32_t y = 0;
+  std::int32_t w = 0;
+  std::int32_t h = 0;
+  if (extents && sd_bus_message_read(box, "(iiii)", &x, &y, &w, &h) > 0) {
+    object.x = x + w / 2;
+    object.y = y + h / 2;
+  }
   const Message state = ask(bus_.get(), place.owner, place.path, kAccessible, "GetState");
   std::uint32_t low = 0;
   std::uint32_t high = 0;

@@ -20,6 +20,8 @@ struct AssistiveObject {
   std::string role;
   std::vector<std::string> actions;
   std::optional<double> value;
+  int x = 0;  // middle of it, px of the screen
+  int y = 0;
   bool showing = false;
   bool focusable = false;
 };

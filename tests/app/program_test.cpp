@@ -130,6 +130,17 @@ TEST_F(TheProgram, IsUsedByTheKeyboardAlone) {
     EXPECT_NE(content.str().find(player->file(song)), std::string::npos) << content.str();
   for (const auto& kept : std::filesystem::recursive_directory_iterator(desktop.home().path()))
     ADD_FAILURE() << "the program keeps nothing but its settings: " << kept.path();
+
+  const std::unique_ptr<RealPlayer> first = std::move(player);  // its folder holds the list and the songs
+  start_and_show(first->settings());
+  player->key("ctrl+l");
+  answer(list + ".m3l");
+  desktop.sound.start_recording();
+  player->key("ctrl+p");
+  EXPECT_TRUE(hears(kTones[0]));
+  EXPECT_TRUE(hears(kTones[2]));
+  player->key("ctrl+q");
+  EXPECT_EQ(player->exit_status(), 0);
 }
 
 TEST_F(TheProgram, ATermSignalWhilePlayingSavesTheSettings) {

@@ -64,6 +64,7 @@ Desktop::Desktop()
   ::setenv("QT_QPA_PLATFORM", "xcb", 1);
   ::setenv("QT_SCALE_FACTOR", "1", 1);
   ::setenv("LC_ALL", "C.UTF-8", 1);
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);        // no bus is started for one who asks for it
   ::setenv("PULSE_COOKIE", files_.file("cookie").c_str(), 1);  // the sound library would keep one at home
 }
 
@@ -139,6 +140,17 @@ void RealPlayer::click(int x, int y, int button) const {
       {"mousemove", "--window", panel_, std::to_string(x), std::to_string(y), "click", std::to_string(button)});
 }
 
+void RealPlayer::double_click(int x, int y) const {
+  desktop_.do_tool({"mousemove", "--window", panel_, std::to_string(x), std::to_string(y), "click", "--repeat", "2",
+                    "--delay", "60", "1"});
+}
+
+void RealPlayer::click_screen(int x, int y, const std::string& with_key) const {
+  if (!with_key.empty()) desktop_.do_tool({"keydown", with_key});
+  desktop_.do_tool({"mousemove", std::to_string(x), std::to_string(y), "click", "1"});
+  if (!with_key.empty()) desktop_.do_tool({"keyup", with_key});
+}
+
 void RealPlayer::drag(int x, int y, int right, int down) const {
   desktop_.do_tool({"mousemove", "--window", panel_, std::to_string(x), std::to_string(y), "mousedown", "1"});
   for (int step = 1; step <= 3; ++step)
@@ -156,6 +168,8 @@ void RealPlayer::answer_dialog(const std::string& text) {
   desktop_.do_tool({"windowfocus", "--sync", dialog_, "type", "--delay", "4", text});
   desktop_.do_tool({"key", "Return"});
 }
+
+void RealPlayer::type(const std::string& text) const { desktop_.do_tool({"type", "--delay", "4", text}); }
 
 void RealPlayer::send(int signal) const { ::kill(pid_, signal); }
 

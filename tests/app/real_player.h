@@ -48,14 +48,19 @@ class RealPlayer {
   void click(int x, int y, int button = 1) const;  // a point of the panel
   void key(const std::string& key) const;          // for the panel, as xdotool names it
   void answer_dialog(const std::string& text);     // typed, and Return
+  void type(const std::string& text) const;        // where the keys go
   void dialog_key(const std::string& key);
   void send(int signal) const;
   // The exit status once it has ended; 128 + n if it died of signal n. Nothing if it still runs after the deadline.
   std::optional<int> exit_status();
 
+  void double_click(int x, int y) const;
   // Presses at a point of the panel, moves by so much and lets go.
   void drag(int x, int y, int right, int down) const;
+  void click_screen(int x, int y, const std::string& with_key = {}) const;  // a point of the screen
 
+  const std::string& window() const { return panel_; }
+  pid_t pid() const { return pid_; }
   int panel_width() const { return number_of(panel_, "WIDTH="); }
   std::pair<int, int> place() const { return {number_of(panel_, "X="), number_of(panel_, "Y=")}; }
   std::string settings() const;  // what TP.inf holds now, "" if there is none

@@ -1,0 +1,119 @@
+// A newcomer's evening by mouse alone: songs are added and played, the equalizer is set, the list is saved, and another
+// day it is opened again. A screen reader's view tells where things of the file dialog are.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "app/assistive_bus.h"
+#include "app/real_player.h"
+#include "app/tone_times.h"
+#include "settings/settings_file.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr double kTones[] = {800, 2000, 3200};
+constexpr std::size_t kVolumeLine = 15;
+
+class MouseSession : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!AssistiveBus::installed()) GTEST_SKIP() << "at-spi2-core is not installed";
+    desktop.sound.start();
+    bus = std::make_unique<AssistiveBus>();
+  }
+  void start(const std::string& settings) {
+    player.reset();
+    player = std::make_unique<RealPlayer>(desktop, settings);
+    ASSERT_TRUE(player->show_up()) << player->errors();
+    ASSERT_TRUE(bus->find("Tandem"));
+  }
+  // Songs where a file dialog begins: at home.
+  void write_songs() {
+    for (int i = 0; i < 3; ++i) {
+      const std::string name = "song " + std::to_string(i + 1) + ".wav";
+      std::filesystem::rename(player->write_song(name, kTones[i], 3), desktop.home().file(name));
+    }
+  }
+  std::optional<AssistiveObject> seen(const std::string& name, const std::string& role) const {
+    std::optional<AssistiveObject> found;
+    for (const AssistiveObject& each : bus->objects())
+      if (each.showing && each.name == name && each.role == role) found = each;  // the last: what lies in front
+    return found;
+  }
+  std::string shown() const {
+    std::string all;
+    for (const AssistiveObject& each : bus->objects())
+      if (each.showing) all += "\n" + each.role + ": " + each.name;
+    return all;
+  }
+  void click(const std::string& name, const std::string& role, const std::string& with_key = {}) const {
+    std::optional<AssistiveObject> found;
+    ASSERT_TRUE(wait_until([&] { return (found = seen(name, role)).has_value(); })) << role << " " << name << shown();
+    player->click_screen(found->x, found->y, with_key);
+  }
+  bool hears(double tone) const {
+    return wait_until([&] { return find_tone(desktop.sound.recording(), tone).has_value(); });
+  }
+
+  Desktop desktop;
+  std::unique_ptr<AssistiveBus> bus;
+  std::unique_ptr<RealPlayer> player;
+};
+
+TEST_F(MouseSession, SongsAreAddedPlayedShapedSavedAndOpenedAgain) {
+  start(factory_settings());
+  write_songs();
+  player->click(189, 146);  // SONG
+  ASSERT_TRUE(player->dialog_shows_up());
+  click("song 1.wav", "tree item");
+  click("song 3.wav", "tree item", "shift");
+  click("Open", "push button");
+  ASSERT_TRUE(player->dialog_goes_away());
+  EXPECT_TRUE(
+      wait_until([this] { return seen("03 - " + desktop.home().file("song 3.wav"), "list item").has_value(); }));
+
+  desktop.sound.start_recording();
+  player->click(24, 146);  // PLAY
+  EXPECT_TRUE(hears(kTones[0]));
+  player->click(124, 242);         // Playlist: the equalizer in its place
+  player->drag(278, 186, 0, -18);  // the first fader, by 6 dB
+  player->click(300, 186, 4);      // the wheel on the second
+  player->click(586, 198);         // the groove of the last
+  player->drag(235, 137, 0, 75);   // the volume, by half its way
+  player->click(124, 242);
+  const std::string list = desktop.home().file("evening.m3l");
+  player->click(581, 240);  // Save
+  ASSERT_TRUE(player->dialog_shows_up());
+  player->type("evening");
+  click("Save", "push button");
+  ASSERT_TRUE(player->dialog_goes_away());
+  player->click(596, 7);  // Close
+  EXPECT_EQ(player->exit_status(), 0);
+  EXPECT_EQ(player->errors().find("tandem:"), std::string::npos) << player->errors();
+  const std::string kept = player->settings();
+  EXPECT_EQ(lines_of(kept).at(0), "6");
+  EXPECT_EQ(lines_of(kept).at(1), "1");
+  EXPECT_EQ(lines_of(kept).at(14), "-4");
+  EXPECT_NEAR(std::stoi(lines_of(kept).at(kVolumeLine)), 16384, 1);
+
+  start(kept);
+  player->click(581, 210);  // Open
+  ASSERT_TRUE(player->dialog_shows_up());
+  click("evening.m3l", "tree item");
+  click("Open", "push button");
+  ASSERT_TRUE(player->dialog_goes_away());
+  player->double_click(400, 124);  // the first line goes
+  player->click(24, 146);
+  EXPECT_TRUE(hears(kTones[1]));
+  EXPECT_TRUE(hears(kTones[2]));
+  player->click(596, 7);
+  EXPECT_EQ(player->exit_status(), 0);
+  EXPECT_EQ(player->errors().find("tandem:"), std::string::npos) << player->errors();
+}
+
+}  // namespace
+}  // namespace tandem::test
