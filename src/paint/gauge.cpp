@@ -17,8 +17,8 @@ int segment_count(const QRectF& box) { return static_cast<int>((box.width() + 1)
 
 void fill_segments(QPainter& painter, const QRectF& box, int first, int last, QRgb colour) {
   for (int i = first; i < last; ++i) {
-    fill_box(painter, {box.left() + i * kSegmentPitch, box.top(), kSegmentWidth, box.height()},
-             QColor::fromRgb(colour));
+    const QRectF segment(box.left() + i * kSegmentPitch, box.top(), kSegmentWidth, box.height());
+    fill_box(painter, snapped(painter, segment), QColor::fromRgb(colour));
   }
 }
 

@@ -150,6 +150,18 @@ TEST(Gauge, LightsTheRoundedShareOfItsSegments) {
   EXPECT_EQ(lit_segments(gauge_picture(100)), 58);
 }
 
+TEST(Gauge, SegmentsAreWholePixelsAtEveryScale) {
+  for (const double scale : {1.25, 1.5, 1.75, 2., 3.}) {
+    const QImage picture = sketch({260, 12}, scale, [](QPainter& painter) {
+      paint_gauge(painter, {15, 3, 231, 6}, 50);
+    });
+    for (int x = static_cast<int>(20 * scale); x < 110 * scale; ++x) {
+      const int red = qRed(picture.pixel(x, static_cast<int>(6 * scale)));
+      EXPECT_TRUE(red > 188 || red < 60) << "a segment or the glow between two, at " << scale << ": " << red;
+    }
+  }
+}
+
 TEST(Gauge, IsYellowAboveThreeQuartersAndLowWhereDark) {
   const QImage picture = gauge_picture(90);
   EXPECT_EQ(picture.pixel(5 + 4 * 42, 5), palette::kGauge);   // segment 43 of 58: 74.1 %
