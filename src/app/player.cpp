@@ -13,6 +13,7 @@
 #include "platform/program_directory.h"
 #include "platform/time_of_day.h"
 #include "platform/upper_case.h"
+#include "shell/mix_forecast.h"
 
 namespace tandem {
 
@@ -20,10 +21,8 @@ namespace {
 
 constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with a hand near
 constexpr double kUnattendedFrame = 1000.0 / 30;
-constexpr TimerQueue::Milliseconds kAlone = 3000;        // without a hand near, until sound is queued far ahead
-constexpr TimerQueue::Milliseconds kLongestRest = 1000;  // of the mix ticks
-constexpr TimerQueue::Milliseconds kMargin = 150;        // before a mix point, ticks and steps are even again
-constexpr TimerQueue::Milliseconds kPoll = 10;           // while the device is about to answer
+constexpr TimerQueue::Milliseconds kAlone = 3000;  // without a hand near, until sound is queued far ahead
+constexpr TimerQueue::Milliseconds kPoll = 10;     // while the device is about to answer
 
 void show_message(const std::string& text) {
   auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));
@@ -83,26 +82,13 @@ void Player::show() {
   clock_->reschedule();
 }
 
-// For how long the panel's mix ticks would do nothing: they poll the position, and the mix point is known.
-TimerQueue::Milliseconds Player::quiet_time() {
-  const RunState& state = program_.state;
-  const bool sounding = engine_.chain().steps() <= engine_.chain().last_live_step() + 2;
-  if (state.NextSongLoaded == kFalse || !sounding) return 0;
-  const ListBox& list = program_.controls.PlayList;
-  if (state.MixStarted != kFalse || list.ListIndex() + 1 == list.ListCount()) return kLongestRest;
-  // The list may be longer than the table.
-  if (state.CurrentSong < 1 || state.CurrentSong > std::min<std::int32_t>(list.ListCount(), SongEntries::kLastSong))
-    return 0;
-  const std::int32_t position = program_.sound.AudioFile[static_cast<std::size_t>(state.ActiveDeck)]->Position();
-  const std::int64_t left = program_.SongTable.at(state.CurrentSong).SongLength - state.MixTimeMs - position;
-  return std::clamp<Milliseconds>(left - kMargin, 0, kLongestRest);
-}
-
 // With a hand near, the sound follows at once; alone, it is queued far ahead, which saves most of the wake-ups.
 void Player::attend(Milliseconds now) {
   if (window_->attended()) attended_at_ = now;
   engine_.set_deep_queue(!window_->exposed() || now - attended_at_ > kAlone);
-  engine_.rest_for(quiet_time());
+  const MixForecast forecast = mix_forecast(program_, engine_.sounding());
+  engine_.rest_for(forecast.quiet);
+  engine_.await_mix(forecast.deck, forecast.behind);
 }
 
 // What may delay neither the first sound nor the first picture.

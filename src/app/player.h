@@ -51,7 +51,6 @@ class Player {
   std::optional<Milliseconds> draw_frame(Milliseconds now);
   void attend(Milliseconds now);
   void ask_the_system();
-  Milliseconds quiet_time();
   void drop(const std::vector<std::string>& paths);
   void play_out();
 

@@ -109,7 +109,16 @@ void Engine::rest_for(std::int64_t milliseconds) {
   }
   if (!render_thread_) return;
   const auto steps = static_cast<std::uint64_t>(std::max<std::int64_t>(milliseconds, 0) / kStepMilliseconds);
-  render_thread_->run_freely_until(deep_queue_ ? chain_.steps() + steps : 0);
+  render_thread_->run_freely_until(steps > 0 ? chain_.steps() + steps : 0, deep_queue_);
+}
+
+void Engine::await_mix(int deck, std::int64_t behind_milliseconds) {
+  if (!render_thread_) return;
+  if (deck < 0) return render_thread_->mix_hold().clear();
+  const Frames frame = frames_of(behind_milliseconds + 1);
+  const bool first_of_it = milliseconds_of(frame) > behind_milliseconds;
+  render_thread_->mix_hold().put(deck, decks_[static_cast<std::size_t>(deck)].generation(),
+                                 first_of_it ? frame : frame + 1);
 }
 
 void Engine::set_deep_queue(bool deep) {

@@ -49,9 +49,12 @@ class Engine {
   // timers are advanced, at every tick of the clock.
   void deliver();
 
-  // The panel's mix ticks of the next milliseconds would do nothing, and no overlap is due: ticks are saved, and with a
-  // deep output queue steps are made several at a time. 0: takes that back, for a hand may change everything.
+  // The panel's mix ticks of the next milliseconds would do nothing, and no overlap is due: ticks are saved, and steps
+  // are made several at a time. 0: takes that back, for a hand may change everything.
   void rest_for(std::int64_t milliseconds);
+  // The panel starts the next song when it finds this deck's position behind that millisecond: the sound waits a moment
+  // for it there, so that a late tick makes no late overlap. Deck -1: nothing is awaited. Threads only.
+  void await_mix(int deck, std::int64_t behind_milliseconds);
   // How much the device keeps queued: little for prompt controls, much while nobody is near.
   void set_deep_queue(bool deep);
 
@@ -66,6 +69,8 @@ class Engine {
   const DisplayFeed& display_feed() const { return chain_.display_feed(); }
   const Chain& chain() const { return chain_; }
   bool device_idle() const { return !device_ || device_->idle(); }
+  // An unmuted input has a song that goes on, or had it a moment ago.
+  bool sounding() const { return chain_.steps() <= chain_.last_live_step() + 2; }
   bool playing() const { return device_ != nullptr && device_->playing(); }
 
  private:

@@ -12,7 +12,13 @@ namespace {
 constexpr std::int64_t kStepNs = std::int64_t{kStepMilliseconds} * 1'000'000;
 constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that appears is noticed
 constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
-constexpr std::uint64_t kFreeSteps = 10;               // at one wake-up while nothing depends on the moment
+// At one wake-up while nothing depends on the moment.
+constexpr std::uint64_t kFreeSteps = 10;
+constexpr std::uint64_t kFreeStepsOfShortQueue = 2;
+// For how long steps wait for the panel to start a song: less than what is queued; and how often it is looked.
+constexpr std::int64_t kPatienceNs = 200'000'000;
+constexpr std::int64_t kPatienceOfShortQueueNs = 30'000'000;
+constexpr std::int64_t kLookNs = 1'000'000;
 
 }  // namespace
 
@@ -30,6 +36,11 @@ RenderThread::~RenderThread() {
 
 void RenderThread::wake() {
   if (resting_.exchange(false)) woken_.release();
+}
+
+void RenderThread::run_freely_until(std::uint64_t step, bool deep_queue) noexcept {
+  free_steps_.store(deep_queue ? kFreeSteps : kFreeStepsOfShortQueue, std::memory_order_relaxed);
+  free_until_.store(step, std::memory_order_relaxed);
 }
 
 void RenderThread::rest() {
@@ -51,9 +62,10 @@ void RenderThread::render_step() noexcept {
 std::int64_t RenderThread::steps_at_once() const noexcept {
   const std::uint64_t step = chain_.steps();
   const std::uint64_t free_until = free_until_.load(std::memory_order_relaxed);
+  const std::uint64_t steps = free_steps_.load(std::memory_order_relaxed);
   // The end of a song, too, is told at once: the panel may have to start the next one.
-  const bool ends_soon = chain_.frames_left() < 2 * static_cast<Frames>(kFreeSteps) * kStepFrames;
-  return free_until > step + kFreeSteps && !ends_soon ? static_cast<std::int64_t>(kFreeSteps) : 1;
+  const bool ends_soon = chain_.frames_left() < 2 * static_cast<Frames>(steps) * kStepFrames;
+  return free_until > step + steps && !ends_soon ? static_cast<std::int64_t>(steps) : 1;
 }
 
 // One step for each period that has passed; one less while the ring is too full, one more while it runs low.
@@ -63,15 +75,28 @@ std::int64_t RenderThread::steps_due() noexcept {
   next_ns_ += steps * kStepNs;
   if (late > kMostStepsAtOnce * kStepNs) next_ns_ = clock_.now_ns() + kStepNs;
   const auto filled = static_cast<std::int64_t>(ring_.readable());
-  if (filled > output_.request_frames() + (steps + 1) * kStepFrames) --steps;
+  if (filled > output_.request_frames() + steps * kStepFrames) --steps;
   if (filled < kStepFrames) ++steps;
   return steps;
 }
 
+bool RenderThread::waits_for_the_panel() noexcept {
+  const bool deep = free_steps_.load(std::memory_order_relaxed) == kFreeSteps;
+  return mix_hold_.holds({&chain_.position(0), &chain_.position(1)}, clock_.now_ns(),
+                         deep ? kPatienceNs : kPatienceOfShortQueueNs);
+}
+
+// Steps that had to wait are made at once when the wait is over.
 void RenderThread::pace() {
-  for (std::int64_t steps = steps_due(); steps > 0 && chain_.wants_render(); --steps) render_step();
+  std::int64_t steps = steps_due();
+  while (steps > 0 && chain_.wants_render() && !waits_for_the_panel()) {
+    render_step();
+    --steps;
+  }
   if (!chain_.news().empty()) tell_news_();
-  clock_.sleep_until(next_ns_ + (steps_at_once() - 1) * kStepNs);
+  const bool waits = steps > 0 && chain_.wants_render();
+  next_ns_ -= waits ? steps * kStepNs : 0;
+  clock_.sleep_until(waits ? clock_.now_ns() + kLookNs : next_ns_ + (steps_at_once() - 1) * kStepNs);
 }
 
 void RenderThread::run() {

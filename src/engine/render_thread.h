@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "engine/chain.h"
+#include "engine/mix_hold.h"
 #include "engine/output.h"
 #include "engine/output_ring.h"
 #include "engine/step_clock.h"
@@ -27,9 +28,10 @@ class RenderThread {
 
   // UI thread: there are orders. Costs nothing while the thread paces itself anyway.
   void wake();
-  // UI thread: the output's queue is deep and no overlap is due before this step of the chain, so steps need not be
-  // spread evenly until then. 0: every step by itself.
-  void run_freely_until(std::uint64_t step) noexcept { free_until_.store(step, std::memory_order_relaxed); }
+  // UI thread: no overlap is due before this step of the chain, so until then steps need not be spread evenly. 0: every
+  // step by itself. With a deep output queue many steps are made at one wake-up, with a short one few.
+  void run_freely_until(std::uint64_t step, bool deep_queue) noexcept;
+  MixHold& mix_hold() noexcept { return mix_hold_; }
 
  private:
   void run();
@@ -37,6 +39,7 @@ class RenderThread {
   void pace();
   std::int64_t steps_due() noexcept;
   std::int64_t steps_at_once() const noexcept;
+  bool waits_for_the_panel() noexcept;
   void render_step() noexcept;
 
   Chain& chain_;
@@ -45,7 +48,9 @@ class RenderThread {
   StepClock& clock_;
   std::function<void()> tell_news_;
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
+  MixHold mix_hold_;
   std::atomic<std::uint64_t> free_until_{0};
+  std::atomic<std::uint64_t> free_steps_{1};
   std::atomic<bool> stopping_{false};
   std::atomic<bool> resting_{false};
   std::counting_semaphore<> woken_{0};

@@ -24,7 +24,8 @@ AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard)
     : pcm_(std::move(pcm)), ring_(ring), heard_(heard) {}
 
 void AlsaPlayer::set_queue(int buffer_frames, int depth) {
-  target_ = std::min(static_cast<long>(buffer_frames) * depth, pcm_.queue_frames());
+  // The ring's part of what is ordered is half a buffer.
+  target_ = std::min(static_cast<long>(buffer_frames) * depth - buffer_frames / 2, pcm_.queue_frames());
   request_ = std::max(std::min<long>(buffer_frames, target_ / 4), 1L);
 }
 

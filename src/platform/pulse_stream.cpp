@@ -23,20 +23,25 @@ void forget(pa_operation* operation) {
 
 PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
 
+// The ring's part of what is ordered is half a buffer; the server queues the rest.
+//
 // A request may be a quarter of the queue at most: the server gives the device half of what is left beside two
 // requests, and with nothing left it would run at its shortest latency and wake 2000 times a second.
 constexpr int kDeep = 8;  // buffers
 
+std::uint32_t whole_frames(std::uint32_t bytes) { return bytes / 4 * 4; }
+
 pa_buffer_attr attributes(const PulseQueue& queue) {
   const auto buffer = static_cast<std::uint32_t>(queue.buffer_bytes);
-  const std::uint32_t whole = buffer * static_cast<std::uint32_t>(queue.depth);
-  const std::uint32_t quarter = whole / 16 * 4;  // in whole frames
+  const std::uint32_t whole = whole_frames(buffer * static_cast<std::uint32_t>(queue.depth) - buffer / 2);
+  const std::uint32_t quarter = whole_frames(whole / 4);
   pa_buffer_attr attributes = {};
   attributes.maxlength = UINT32_MAX;
   attributes.tlength = whole;
   attributes.prebuf = std::min(buffer, 2 * quarter);
-  // A deep queue is filled in few large pieces, to wake up seldom.
-  attributes.minreq = queue.depth >= kDeep ? quarter : std::min(buffer, quarter);
+  // A deep queue is filled in few large pieces, to wake up seldom; a short one in small ones, to be as full as it may
+  // be.
+  attributes.minreq = queue.depth >= kDeep ? quarter : std::min(whole_frames(buffer * 2 / 3), quarter);
   attributes.fragsize = UINT32_MAX;
   return attributes;
 }

@@ -19,7 +19,7 @@ namespace tandem {
 
 struct PulseQueue {  // how much the server queues
   int buffer_bytes = 5120;
-  int depth = 2;  // in buffers
+  int depth = 2;  // in buffers, with what the ring holds
   friend bool operator==(const PulseQueue&, const PulseQueue&) = default;
 };
 

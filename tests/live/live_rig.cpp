@@ -15,6 +15,7 @@
 #include "displays/spectrum_analyser.h"
 #include "platform/time_of_day.h"
 #include "platform/upper_case.h"
+#include "shell/mix_forecast.h"
 #include "support/bytes.h"
 #include "support/wav_writer.h"
 
@@ -84,6 +85,9 @@ void LiveRig::work() {
   engine_.deliver();
   program_.timers.advance(now());
   engine_.deliver();
+  const MixForecast forecast = mix_forecast(program_, engine_.sounding());
+  engine_.rest_for(forecast.quiet);
+  engine_.await_mix(forecast.deck, forecast.behind);
   collect();
 }
 

@@ -112,7 +112,7 @@ TEST_F(PulseOutputRecoveryTest, FollowsToAnotherSinkAndSetsItsQueueAnew) {
   server_.unload_sink("null0");
   EXPECT_TRUE(heard_further(kRequest * 8));
   EXPECT_TRUE(output_.consuming());
-  EXPECT_EQ(output_.request_frames(), static_cast<int>(kRequest));
+  EXPECT_NEAR(output_.request_frames(), static_cast<double>(kRequest) * 2 / 3, 1);
 }
 
 TEST_F(PulseOutputRecoveryTest, AServerThatHangsHoldsNobodyAndGoesOnAfterwards) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <thread>
 
 #include "engine/frames.h"
@@ -73,15 +74,18 @@ TEST_F(PulseOutputTest, DepthChangesWithoutAGap) {
   expect_played_whole(recorded(), waited_before);
 }
 
-TEST_F(PulseOutputTest, RequestsAreAtMostAQuarterOfTheQueueAndOneBufferUnlessItIsDeep) {
+TEST_F(PulseOutputTest, RequestsAreAtMostAQuarterOfTheQueueAndTwoThirdsOfABufferUnlessItIsDeep) {
   output_.set_depth(19);
   output_.start();
   ASSERT_TRUE(consuming());
-  EXPECT_TRUE(wait_until([&] { return output_.request_frames() == static_cast<int>(kRequest) * 19 / 4; }));
+  const auto about = [this](double buffers) {
+    return std::abs(output_.request_frames() - buffers * static_cast<double>(kRequest)) < 2;
+  };
+  EXPECT_TRUE(wait_until([&] { return about((19 - 0.5) / 4); }));
   output_.set_depth(7);
-  EXPECT_TRUE(wait_until([&] { return output_.request_frames() == static_cast<int>(kRequest); }));
+  EXPECT_TRUE(wait_until([&] { return about(2.0 / 3); }));
   output_.set_depth(2);
-  EXPECT_TRUE(wait_until([&] { return output_.request_frames() == static_cast<int>(kRequest) / 2; }));
+  EXPECT_TRUE(wait_until([&] { return about((2 - 0.5) / 4); }));
 }
 
 TEST_F(PulseOutputTest, PausePlaysWhatIsQueuedAndRestartGoesOnWithTheNextFrame) {
@@ -98,8 +102,9 @@ TEST_F(PulseOutputTest, PausePlaysWhatIsQueuedAndRestartGoesOnWithTheNextFrame) 
   output_.stop();
   ASSERT_TRUE(played_out());
   std::uint64_t next = 0;
-  for (const Stretch& stretch : recorded()) {
-    EXPECT_EQ(stretch.first, next);
+  const std::vector<Stretch> played = recorded();
+  for (const Stretch& stretch : played) {
+    ASSERT_EQ(stretch.first, next) << testing::PrintToString(played);
     next = stretch.first + stretch.frames;
   }
   EXPECT_EQ(next, ring_.taken());
@@ -115,7 +120,7 @@ TEST_F(PulseOutputTest, ABufferChangeLosesNothing) {
   output_.open(2 * kBuffer);
   output_.start();
   output_.start();
-  EXPECT_TRUE(wait_until([&] { return output_.request_frames() == 2 * static_cast<int>(kRequest); }));
+  EXPECT_TRUE(wait_until([&] { return output_.request_frames() > static_cast<int>(kRequest); }));
   ASSERT_TRUE(heard_further(kRequest * 6));
   output_.close();
   ASSERT_TRUE(played_out());
@@ -140,8 +145,9 @@ TEST_F(PulseOutputTest, ALateRenderThreadIsWaitedForAndNothingIsPutInItsPlace) {
   output_.stop();
   ASSERT_TRUE(played_out());
   std::uint64_t next = 0;
-  for (const Stretch& stretch : recorded()) {
-    EXPECT_EQ(stretch.first, next);
+  const std::vector<Stretch> played = recorded();
+  for (const Stretch& stretch : played) {
+    ASSERT_EQ(stretch.first, next) << testing::PrintToString(played);
     next = stretch.first + stretch.frames;
   }
   EXPECT_EQ(next, ring_.taken());

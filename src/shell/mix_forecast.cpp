@@ -1,0 +1,28 @@
+#include "shell/mix_forecast.h"
+
+#include <algorithm>
+
+namespace tandem {
+
+namespace {
+
+constexpr TimerQueue::Milliseconds kLongestRest = 1000;  // a list may be edited behind the forecast's back
+constexpr TimerQueue::Milliseconds kMargin = 150;        // before a mix point, ticks are even again
+
+}  // namespace
+
+MixForecast mix_forecast(const Program& program, bool sounding) {
+  if (program.sound.MixTimer->Interval() == 0) return {kLongestRest};
+  const RunState& state = program.state;
+  if (state.NextSongLoaded == kFalse || !sounding) return {};
+  const ListBox& list = program.controls.PlayList;
+  if (state.MixStarted != kFalse || list.ListIndex() + 1 == list.ListCount()) return {kLongestRest};
+  // The list may be longer than the table.
+  if (state.CurrentSong < 1 || state.CurrentSong > std::min<std::int32_t>(list.ListCount(), SongEntries::kLastSong))
+    return {};
+  const std::int64_t behind = program.SongTable.at(state.CurrentSong).SongLength - state.MixTimeMs;
+  const std::int64_t left = behind - program.sound.AudioFile[static_cast<std::size_t>(state.ActiveDeck)]->Position();
+  return {std::clamp<TimerQueue::Milliseconds>(left - kMargin, 0, kLongestRest), state.ActiveDeck, behind};
+}
+
+}  // namespace tandem

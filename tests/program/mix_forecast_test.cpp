@@ -1,0 +1,69 @@
+#include "shell/mix_forecast.h"
+
+#include <gtest/gtest.h>
+
+#include "program/player_rig.h"
+#include "program/songs.h"
+#include "support/wav_writer.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr int kLead = 1000;
+
+class MixForecastTest : public testing::Test {
+ protected:
+  MixForecastTest() {
+    rig_.choose_lead(kLead);
+    for (const char* name : {"a.wav", "b.wav", "c.wav"})
+      rig_.add(rig_.make_file(name, wav_file(tones(5.0, 440, 0.3), Encoding::kInt16)));
+  }
+  MixForecast look() { return mix_forecast(rig_.player().program, rig_.player().engine.sounding()); }
+
+  PlayerRig rig_;
+};
+
+TEST_F(MixForecastTest, StoppedNothingIsDue) {
+  EXPECT_EQ(look().quiet, 1000);
+  EXPECT_EQ(look().deck, -1);
+}
+
+TEST_F(MixForecastTest, NothingIsKnownUntilTheNextSongIsLoadedAndSomethingSounds) {
+  rig_.play();
+  EXPECT_EQ(look().quiet, 0);
+  EXPECT_EQ(look().deck, -1);
+}
+
+TEST_F(MixForecastTest, ATickThatStartsASongIsNeverSavedAndComesAtTheForetoldPosition) {
+  rig_.play();
+  rig_.run(500);
+  for (int song = 1; song < 3; ++song) {
+    MixForecast before;
+    while (rig_.state().CurrentSong == song) {
+      before = look();
+      if (before.deck >= 0) {
+        EXPECT_EQ(before.deck, rig_.state().ActiveDeck);
+        EXPECT_EQ(before.behind, 5000 - kLead);
+        const std::int64_t left = before.behind - rig_.deck(static_cast<std::size_t>(before.deck)).Position();
+        EXPECT_GE(left, 0);
+        EXPECT_EQ(before.quiet, std::clamp<std::int64_t>(left - 150, 0, 1000));
+      }
+      rig_.run(10);
+      ASSERT_FALSE(rig_.stopped());
+    }
+    EXPECT_EQ(before.quiet, 0);
+    EXPECT_GT(rig_.deck(static_cast<std::size_t>(before.deck)).Position(), before.behind);
+    EXPECT_EQ(look().deck, -1) << "the overlap is on";
+  }
+}
+
+TEST_F(MixForecastTest, TheLastLineAwaitsNothing) {
+  rig_.play();
+  rig_.run(500);
+  rig_.controls().PlayList.put_ListIndex(2);
+  EXPECT_EQ(look().deck, -1);
+  EXPECT_EQ(look().quiet, 1000);
+}
+
+}  // namespace
+}  // namespace tandem::test

@@ -1,0 +1,86 @@
+#include "threads/threads_rig.h"
+
+#include <array>
+#include <thread>
+
+#include "controls/panel_groups.h"
+#include "displays/display_set.h"
+#include "shell/mix_forecast.h"
+#include "support/bytes.h"
+#include "support/signal.h"
+#include "support/wav_writer.h"
+
+namespace tandem::test {
+
+namespace {
+constexpr std::int64_t kStepNs = 10'000'000;
+}
+
+void TakingOutput::take() {
+  std::array<Sample16, kStepFrames> frames;
+  ring_.read(frames);
+}
+
+ThreadsRig::ThreadsRig() {
+  engine_ = std::make_unique<Engine>(output_, ring_, Engine::Threads{clock_, [this] { ++news_; }});
+  const auto graph = [this](TimerQueue& timers) {
+    SoundGraph made;
+    engine_->fill(made, timers);
+    add_displays(made);
+    return made;
+  };
+  const Environment environment{directory_.path(), [] { return std::string("12:00"); },
+                                [](std::string_view text) { return std::string(text); }, [](const std::string&) {},
+                                dialog_};
+  program_ = std::make_unique<Program>(graph, environment);
+  program_->panel.load();
+  work();
+}
+
+ThreadsRig::~ThreadsRig() {
+  clock_.end();
+  program_->panel.unload();
+  program_.reset();
+  engine_.reset();
+}
+
+void ThreadsRig::add_song(const std::string& name, double seconds) {
+  write_file(directory_.file(name), wav_file(tones(seconds, 440, 0.3), Encoding::kInt16));
+  dialog_.answers.push_back(directory_.file(name));
+  controls().LoadSong.click.raise();
+}
+
+void ThreadsRig::choose_lead(int milliseconds) {
+  for (const LeadTime& lead : kLeadTimes) {
+    Lamp& lamp = controls().*lead.lamp;
+    if (lead.milliseconds == milliseconds && lamp.LEDColor == kLeadDark) lamp.click.raise();
+  }
+}
+
+void ThreadsRig::work() {
+  engine_->deliver();
+  program_->timers.advance(now_);
+  engine_->deliver();
+  const MixForecast forecast = mix_forecast(*program_, engine_->sounding());
+  engine_->rest_for(forecast.quiet);
+  engine_->await_mix(forecast.deck, forecast.behind);
+}
+
+// No time passes while a reader opens a song: it works in real time.
+void ThreadsRig::wait_for_readers() {
+  for (const auto& deck : program_->sound.AudioFile) {
+    while (!deck->FileName().empty() && deck->Length() == 0) std::this_thread::yield();
+  }
+}
+
+void ThreadsRig::run(int milliseconds, int panel_every) {
+  for (int passed = 0; passed < milliseconds; passed += 10) {
+    wait_for_readers();
+    clock_.advance(kStepNs);
+    now_ += 10;
+    output_.take();
+    if (++steps_ % panel_every == 0) work();
+  }
+}
+
+}  // namespace tandem::test

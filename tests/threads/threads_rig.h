@@ -1,0 +1,73 @@
+// The whole player without its window: its panel and engine with the engine's own threads. The thread of the test is
+// the panel's, and time passes only in run(). The device takes whatever it is given.
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+#include "engine/engine.h"
+#include "engine/output_ring.h"
+#include "shell/program.h"
+#include "support/temp_directory.h"
+#include "threads/moved_clock.h"
+#include "tools/simulation/simulated_player.h"
+
+namespace tandem::test {
+
+// Plays a step at a call; the test's thread is the device's.
+class TakingOutput final : public Output {
+ public:
+  explicit TakingOutput(OutputRing& ring) : ring_(ring) {}
+
+  void open(int) override {}
+  void close() override { running_ = false; }
+  void start() override { running_ = true; }
+  void stop() override { running_ = false; }
+  void pause() override { running_ = false; }
+  void restart() override { running_ = true; }
+  void set_depth(int) override {}
+  bool consuming() const noexcept override { return running_; }
+  std::uint64_t heard() const noexcept override { return ring_.taken(); }
+  int request_frames() const noexcept override { return kStepFrames; }
+  bool lost() const noexcept override { return false; }
+
+  void take();
+
+ private:
+  OutputRing& ring_;
+  std::atomic<bool> running_{false};
+};
+
+class ThreadsRig {
+ public:
+  ThreadsRig();
+  ~ThreadsRig();
+
+  void add_song(const std::string& name, double seconds);  // a tone
+  void choose_lead(int milliseconds);
+  // Lets time pass in steps of 10 ms; the panel works at the end of every `panel_every`-th.
+  void run(int milliseconds, int panel_every = 1);
+  void work();  // the panel's turn
+
+  PanelControls& controls() { return program_->controls; }
+  Program& program() { return *program_; }
+  Engine& engine() { return *engine_; }
+  std::int32_t position(int deck) { return program_->sound.AudioFile[static_cast<std::size_t>(deck)]->Position(); }
+
+ private:
+  void wait_for_readers();
+
+  TempDirectory directory_;
+  OutputRing ring_;
+  MovedClock clock_;
+  TakingOutput output_{ring_};
+  std::atomic<int> news_{0};
+  ScriptedDialog dialog_;
+  std::unique_ptr<Engine> engine_;
+  std::unique_ptr<Program> program_;
+  std::int64_t now_ = 0;  // milliseconds
+  int steps_ = 0;
+};
+
+}  // namespace tandem::test
