@@ -2,6 +2,7 @@
 
 #include <QBitmap>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -38,6 +39,8 @@ PanelWindow::PanelWindow(PanelControls& controls, Displays displays, Hooks hooks
       hooks_(std::move(hooks)) {
   setWindowTitle("Tandem");
   setAttribute(Qt::WA_OpaquePaintEvent);
+  // Where windows have no shapes, but may be transparent.
+  if (QGuiApplication::platformName().startsWith("wayland")) setAttribute(Qt::WA_TranslucentBackground);
   setAcceptDrops(true);
   add_items(displays);
   add_shortcuts();
@@ -102,6 +105,7 @@ void PanelWindow::moveEvent(QMoveEvent*) {
 }
 
 void PanelWindow::shape_corners() {
+  if (testAttribute(Qt::WA_TranslucentBackground)) return;
   QBitmap shape(size());
   shape.clear();
   QPainter painter(&shape);
@@ -189,7 +193,7 @@ const QPixmap& PanelWindow::background() {
   background_scale_ = devicePixelRatioF();
   background_state_ = state;
   background_ = QPixmap((QSizeF(size()) * background_scale_).toSize());
-  background_.fill(Qt::black);
+  background_.fill(testAttribute(Qt::WA_TranslucentBackground) ? Qt::transparent : Qt::black);
   QPainter painter(&background_);
   set_up(painter, background_scale_);
   paint_background(painter, state);
