@@ -15,6 +15,7 @@ namespace tandem {
 namespace {
 
 constexpr double kScaleRadius = 92;
+constexpr double kLineWidth = 1.1;
 constexpr double kSpan = 43;
 constexpr double kNeedleRadius = 95.5;
 constexpr double kRimRadius = 43.2;     // of the cover, with the needle's round end
@@ -31,9 +32,16 @@ QPainterPath arc(const QPointF& centre, double radius, double from, double to) {
   return path;
 }
 
+// The scale's line stands on whole pixel rows where it runs level: between two rows it would be two dim ones.
+double line_radius(const QPainter& painter) {
+  const double scale = device_scale(painter);
+  const double half_row = std::lround(kLineWidth * scale) % 2 == 0 ? 0 : .5;
+  return (std::floor(kScaleRadius * scale - half_row) + half_row) / scale;
+}
+
 void paint_scale(QPainter& painter, const QPointF& centre) {
   const QColor lime = QColor::fromRgb(palette::kLime);
-  stroke_path(painter, arc(centre, kScaleRadius, -kSpan, kSpan), lime, 1.1);
+  stroke_path(painter, arc(centre, line_radius(painter), -kSpan, kSpan), lime, kLineWidth);
   stroke_path(painter, arc(centre, kScaleRadius - 2.4, needle_angle(0), kSpan), lime, 4.4);
   constexpr std::pair<double, bool> kMarks[] = {{-20, true}, {-10, true}, {-7, false}, {-5, true},
                                                 {-3, true},  {-2, false}, {-1, false}, {0, true},
