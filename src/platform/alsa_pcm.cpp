@@ -36,6 +36,12 @@ bool set_format(snd_pcm_t* pcm, snd_pcm_hw_params_t* parameters) {
          snd_pcm_hw_params_set_rate(pcm, parameters, static_cast<unsigned>(kSampleRate), 0) >= 0;
 }
 
+// A plug-in may go on telling of free space.
+int error_of(snd_pcm_state_t state) {
+  if (state == SND_PCM_STATE_SUSPENDED) return -ESTRPIPE;
+  return state == SND_PCM_STATE_DISCONNECTED ? -ENODEV : 0;
+}
+
 }  // namespace
 
 std::optional<AlsaPcm> AlsaPcm::open(const std::string& name, const Sizes& sizes) {
@@ -72,11 +78,12 @@ bool AlsaPcm::set_software(const Sizes& sizes) {
 AlsaPcm::Look AlsaPcm::look() {
   Look found;
   const snd_pcm_sframes_t space = snd_pcm_avail(pcm_.get());
-  found.error = static_cast<int>(std::min<snd_pcm_sframes_t>(space, 0));
+  const snd_pcm_state_t state = snd_pcm_state(pcm_.get());
+  found.error = std::min(error_of(state), static_cast<int>(std::min<snd_pcm_sframes_t>(space, 0)));
   if (found.error < 0) return found;
   found.space = std::min<long>(space, queue_frames_);
   found.queued = queue_frames_ - found.space;
-  found.runs = snd_pcm_state(pcm_.get()) == SND_PCM_STATE_RUNNING;
+  found.runs = state == SND_PCM_STATE_RUNNING;
   snd_pcm_sframes_t delay = 0;
   if (found.runs && snd_pcm_delay(pcm_.get(), &delay) >= 0) found.queued = std::max<long>(delay, 0);
   return found;

@@ -43,7 +43,7 @@ class PulseOutputFixture : public testing::Test {
   void expect_played_whole(const std::vector<Stretch>& played, std::chrono::milliseconds waited_before) const {
     std::uint64_t next = 0;
     for (const Stretch& stretch : played) {
-      EXPECT_EQ(stretch.first, next) << testing::PrintToString(played);
+      ASSERT_EQ(stretch.first, next) << testing::PrintToString(played);
       next = stretch.first + stretch.frames;
     }
     EXPECT_EQ(next, ring_.taken());

@@ -1,0 +1,29 @@
+// A sound card for tests, made as a plug-in of ALSA: it plays at the pace of the clock, records what it plays, and
+// fails as it is told. The plug-in is loaded into the test; both see the one desk of it.
+#pragma once
+
+#include <atomic>
+#include <mutex>
+#include <vector>
+
+#include "engine/output_ring.h"
+
+namespace tandem {
+
+struct AlsaTestDesk {
+  enum class Fault {
+    kNone,
+    kUnderrun,   // once
+    kSuspended,  // once
+    kGone        // unplugged, as long as it is set
+  };
+  std::atomic<Fault> fault{Fault::kNone};
+  std::atomic<int> opened{0};  // so many times
+  std::mutex mutex;
+  std::vector<Sample16> recording;  // guarded by mutex
+};
+
+// The plug-in's desk, under this name with C linkage: AlsaTestDesk* alsa_test_desk().
+using FindAlsaTestDesk = AlsaTestDesk* (*)();
+
+}  // namespace tandem
