@@ -75,7 +75,9 @@ std::int64_t RenderThread::steps_due() noexcept {
   next_ns_ += steps * kStepNs;
   if (late > kMostStepsAtOnce * kStepNs) next_ns_ = clock_.now_ns() + kStepNs;
   const auto filled = static_cast<std::int64_t>(ring_.readable());
-  if (filled > output_.request_frames() + steps * kStepFrames) --steps;
+  const std::int64_t most = output_.request_frames() + steps * kStepFrames;
+  if (filled > most + steps * kStepFrames) return 0;  // a server that hangs takes nothing
+  if (filled > most) --steps;
   if (filled < kStepFrames) ++steps;
   return steps;
 }

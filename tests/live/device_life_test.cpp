@@ -20,10 +20,8 @@ std::ptrdiff_t entries_of(const char* directory) {
 
 class LiveDeviceLife : public testing::Test {
  protected:
-  void play(double seconds) {
-    song_ = rig_.add_song("song.wav", signature(1, seconds, kLevel));
-    rig_.play();
-  }
+  // Making a long song takes its time, in which nobody would look at what is played.
+  void add_song(double seconds) { song_ = rig_.add_song("song.wav", signature(1, seconds, kLevel)); }
   void wait_for_silence() {
     ASSERT_TRUE(rig_.run_until([this] { return !rig_.output().consuming(); }));
     rig_.run(30);
@@ -59,8 +57,9 @@ class LiveDeviceLife : public testing::Test {
 // TANDEM_TEST_RESTARTS: how many times.
 TEST_F(LiveDeviceLife, AServerThatIsKilledAndRestarted) {
   const int restarts = count_wished("TANDEM_TEST_RESTARTS", 3);
+  add_song(20.0 + 3 * restarts);
   rig_.server.start();
-  play(20.0 + 3 * restarts);
+  rig_.play();
   ASSERT_TRUE(rig_.heard_further(0.5));
   std::ptrdiff_t descriptors = 0;
   std::ptrdiff_t threads = 0;
@@ -81,8 +80,9 @@ TEST_F(LiveDeviceLife, AServerThatIsKilledAndRestarted) {
 }
 
 TEST_F(LiveDeviceLife, TheSinkGoesAndComes) {
+  add_song(20.0);
   rig_.server.start();
-  play(20.0);
+  rig_.play();
   ASSERT_TRUE(rig_.heard_further(0.5));
   rig_.server.unload_sink("null0");
   wait_for_silence();
@@ -94,8 +94,9 @@ TEST_F(LiveDeviceLife, TheSinkGoesAndComes) {
 }
 
 TEST_F(LiveDeviceLife, AServerThatHangsForAWhile) {
+  add_song(20.0);
   rig_.server.start();
-  play(20.0);
+  rig_.play();
   ASSERT_TRUE(rig_.heard_further(0.5));
   rig_.server.freeze();
   rig_.run(700);  // longer than all that is queued
@@ -112,7 +113,8 @@ TEST_F(LiveDeviceLife, AServerThatHangsForAWhile) {
 }
 
 TEST_F(LiveDeviceLife, NoServerAtTheStart) {
-  play(20.0);
+  add_song(20.0);
+  rig_.play();
   rig_.run(300);
   stood_at_ = rig_.position();
   EXPECT_EQ(stood_at_, 0);
