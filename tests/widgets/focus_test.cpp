@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "widgets/window_rig.h"
 
 namespace tandem::test {
@@ -108,6 +110,55 @@ TEST(Focus, AKeyAfterThatMovesNothingHidden) {
   rig.make_small();
   rig.key(Qt::Key_Up);
   EXPECT_EQ(rig.controls().sl0[3].value(), 0);
+}
+
+// Pixels of the ring's own colour about an item.
+int ring_pixels(const WindowRig& rig, const std::string& name) {
+  const QImage picture = rig.window->grab().toImage();
+  const QRect box = rig.item(name).painted_box() & picture.rect();
+  int count = 0;
+  for (int y = box.top(); y <= box.bottom(); ++y)
+    for (int x = box.left(); x <= box.right(); ++x) {
+      const QColor colour = picture.pixelColor(x, y);
+      const auto near = [](int a, int b) { return std::abs(a - b) <= 24; };
+      if (near(colour.red(), 0x7F) && near(colour.green(), 0xD1) && near(colour.blue(), 0xFF)) ++count;
+    }
+  return count;
+}
+
+TEST(Focus, OfTheKeyboardIsShownOnEveryStop) {
+  WindowRig rig;
+  rig.show_board();
+  for (const bool list : {true, false}) {
+    if (!list) rig.show_equalizer();
+    for (const std::string& name : rig.tab_round()) {
+      rig.focus(name == "Close" || name == "Minimise" ? "PLAY" : "Close");
+      const int bare = ring_pixels(rig, name);
+      rig.focus(name);
+      EXPECT_GE(ring_pixels(rig, name), bare + 20) << name;
+    }
+  }
+}
+
+// Only what a control does with a key shows where the keys go.
+TEST(Focus, IsNotShownByKeysOfTheWindow) {
+  WindowRig rig;
+  rig.click("STOPBtn");
+  const int bare = ring_pixels(rig, "STOPBtn");
+  rig.key(Qt::Key_F3);
+  rig.key(Qt::Key_Control);
+  rig.key(Qt::Key_Down);
+  EXPECT_EQ(rig.focused(), "STOPBtn");
+  EXPECT_EQ(ring_pixels(rig, "STOPBtn"), bare);
+  rig.key(Qt::Key_Space);
+  EXPECT_GT(ring_pixels(rig, "STOPBtn"), bare);
+}
+
+TEST(Focus, TheMouseOnTheHeadLeavesItWhereItIs) {
+  WindowRig rig;
+  rig.focus("Volume");
+  rig.click("Minimise");
+  EXPECT_EQ(rig.focused(), "Volume");
 }
 
 TEST(Focus, TheMouseGivesItWithoutARing) {
