@@ -14,15 +14,6 @@ namespace tandem {
 
 namespace {
 
-// Of this thread alone.
-void drop_right_to_schedule() {
-  __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
-  std::array<__user_cap_data_struct, 2> rights{};
-  ASSERT_EQ(syscall(SYS_capget, &header, rights.data()), 0);
-  rights[0].effective &= ~(1U << CAP_SYS_NICE);
-  ASSERT_EQ(syscall(SYS_capset, &header, rights.data()), 0);
-}
-
 class NoRealtimeLimit {  // what the user may have without that right
  public:
   NoRealtimeLimit() {
@@ -39,6 +30,14 @@ class NoRealtimeLimit {  // what the user may have without that right
 };
 
 }  // namespace
+
+void drop_right_to_schedule() {
+  __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+  std::array<__user_cap_data_struct, 2> rights{};
+  ASSERT_EQ(syscall(SYS_capget, &header, rights.data()), 0);
+  rights[0].effective &= ~(1U << CAP_SYS_NICE);
+  ASSERT_EQ(syscall(SYS_capset, &header, rights.data()), 0);
+}
 
 RefusedThread::RefusedThread() : thread_([this] { run(); }) { number_ = number_told_.get_future().get(); }
 

@@ -1,5 +1,4 @@
-// A thread that may not have real-time scheduling, whoever runs the test: it gives up its right to it. It lives until
-// it is destroyed.
+// Threads that may not have real-time scheduling, whoever runs the test.
 #pragma once
 
 #include <sys/types.h>
@@ -9,7 +8,10 @@
 
 namespace tandem {
 
-class RefusedThread {
+// Gives up the right to it, for the calling thread and those that it makes from now on. For good.
+void drop_right_to_schedule();
+
+class RefusedThread {  // lives until it is destroyed
  public:
   RefusedThread();
   ~RefusedThread();
