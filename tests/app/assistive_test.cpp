@@ -30,6 +30,11 @@ class AssistiveProgram : public testing::Test {
     if (!found) throw std::runtime_error("no " + role + " " + name);
     return *found;
   }
+  AssistiveObject beginning(const std::string& name) const {
+    for (const AssistiveObject& each : bus->objects())
+      if (each.name.starts_with(name)) return each;
+    throw std::runtime_error("nothing begins with " + name);
+  }
   bool press(const std::string& name) const { return bus->act(object(name, "push button"), "Press"); }
   bool comes(const std::string& name, const std::string& role) const {
     return wait_until([&] { return bus->object(name, role).has_value(); });
@@ -79,7 +84,7 @@ TEST_F(AssistiveProgram, IsPlayed) {
   EXPECT_TRUE(comes("Song: ONE.WAV", "label"));
   EXPECT_TRUE(bus->set_value(object("Volume", "dial"), 16384));
   EXPECT_TRUE(comes("Volume 50 %", "progress bar"));
-  EXPECT_TRUE(bus->act(object("Meter: Spec", "dial"), "Increase"));
+  EXPECT_TRUE(bus->set_value(beginning("Meter: "), 1));
   EXPECT_TRUE(comes("Left level, dB", "progress bar"));
   EXPECT_TRUE(press("Close"));
   EXPECT_EQ(player->exit_status(), 0);

@@ -34,7 +34,7 @@ GROUPS = (
     ('system', r'(fcntl|poll|sched|signal|spawn|unistd|dirent|sys/[a-z]+)\.h|csignal'),
     ('lanes', r'([a-z]?mmintrin|x86intrin)\.h'),
     ('qt', r'(Qt[A-Z]\w*/)?(Q[A-Z]\w*|Qt[A-Z]\w*|q[a-z]+\.h)'),
-    ('server', r'(pulse|alsa|systemd)/.+\.h'),
+    ('server', r'(pulse|alsa|systemd|xcb)/.+\.h'),
     ('decoders', r'(mpg123\.h|sndfile\.hh?|soxr\.h|soundtouch/.+\.h|SoundTouch\.h)'),
     ('fft', r'(kissfft/)?kiss_fft[a-z]*\.h'),
     ('unicode', r'utf8proc\.h'),
