@@ -18,6 +18,7 @@
 #include "paint/ink.h"
 #include "paint/panel_background.h"
 #include "paint/panel_specimens.h"
+#include "paint/panels.h"
 
 namespace tandem {
 namespace {
@@ -134,6 +135,10 @@ void measure_all(const Bench& bench, int percent) {
     LedLabelLook look = specimen->look.display.song;
     look.scroll = i % 90;
     paint_led_label(painter, control_box("SongLabel").box().topLeft(), look);
+  });
+  measure_painted(bench, "the glass over a title", percent, 4, [&](QPainter& painter, int) {
+    painter.setClipRect(control_box("SongLabel").box().adjusted(-5, -5, 5, 5));
+    paint_glass_shine(painter, control_box("MMPanelX1(1)").box());
   });
   measure_painted(bench, "background, board open", percent, 40, [](QPainter& painter, int) {
     paint_background(painter, {WindowSize::Board, false});

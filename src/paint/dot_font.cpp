@@ -124,10 +124,11 @@ const DotGlyph* find_glyph(QChar letter) {
 }  // namespace
 
 const DotGlyph& dot_glyph(char32_t letter) {
-  const QString text = QString::fromUcs4(&letter, 1);
-  if (text.size() == 1) {
-    if (const DotGlyph* glyph = find_glyph(text[0])) return *glyph;
+  // What has a glyph of its own is found without a text of it.
+  if (letter <= 0xFFFF) {
+    if (const DotGlyph* glyph = find_glyph(QChar(static_cast<char16_t>(letter)))) return *glyph;
   }
+  const QString text = QString::fromUcs4(&letter, 1);
   const QString capital = text.toUpper();
   if (const DotGlyph* glyph = find_glyph(capital[0]); glyph && capital.size() == 1) return *glyph;
   const QString base = capital.normalized(QString::NormalizationForm_KD);

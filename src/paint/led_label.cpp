@@ -98,18 +98,18 @@ class Cells {
   [[nodiscard]] int first_column(int cell) const { return cell * kCellColumns - part_; }
 
   [[nodiscard]] CellDots dots(int cell) const {
-    CellDots dots = column(cell - 1, kColumns - 1);
-    for (int i = 0; i < kColumns; ++i) dots |= column(cell, i) << ((i + 1) * 8);
-    return dots | column(cell + 1, 0) << ((kColumns + 1) * 8);
+    CellDots dots = glyph(cell - 1).back();
+    const DotGlyph& own = glyph(cell);
+    for (std::size_t i = 0; i < own.size(); ++i) dots |= CellDots{own[i]} << ((i + 1) * 8);
+    return dots | CellDots{glyph(cell + 1).front()} << ((kColumns + 1) * 8);
   }
 
  private:
-  [[nodiscard]] CellDots column(int cell, int index) const {
-    if (cell < 0 || cell >= count_) return 0;
+  [[nodiscard]] const DotGlyph& glyph(int cell) const {
     const auto size = static_cast<int>(letters_.size());
     const int place = ring_ ? (cell + skipped_) % size : cell;
-    const char32_t letter = place < size ? letters_[place] : U' ';
-    return dot_glyph(letter)[static_cast<std::size_t>(index)];
+    const bool blank = cell < 0 || cell >= count_ || place >= size;
+    return dot_glyph(blank ? U' ' : static_cast<char32_t>(letters_[place]));
   }
 
   QList<uint> letters_;

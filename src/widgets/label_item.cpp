@@ -91,7 +91,7 @@ bool LedLabelItem::advance(double seconds) {
   const int column = static_cast<int>(std::fmod(std::floor(moved / (kColumnSeconds * step)) * step, ring_columns()));
   if (column != column_) {
     column_ = column;
-    changed();
+    canvas().repaint_at_once(drawn_box());
   }
   return true;
 }

@@ -21,7 +21,8 @@ class PanelItem;
 class PanelCanvas {
  public:
   virtual ~PanelCanvas() = default;
-  virtual void repaint_box(const QRect& box) = 0;  // px of the panel
+  virtual void repaint_box(const QRect& box) = 0;      // px of the panel
+  virtual void repaint_at_once(const QRect& box) = 0;  // the same, cheaper for what moves by itself again and again
   // The changed boxes of an opaque picture that stands at a point, all in px of the panel: on the screen at once.
   virtual void show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) = 0;
   virtual void start_moving(PanelItem& item) = 0;  // advance() is called at every frame until it returns false

@@ -144,6 +144,21 @@ void PanelWindow::repaint_box(const QRect& box) {
   if (!isMinimized() && !covered_) update(box);
 }
 
+void PanelWindow::repaint_at_once(const QRect& box) {
+  if (isMinimized() || covered_) return;
+  const double scale = devicePixelRatioF();
+  const QSize pixels = (QSizeF(box.size()) * scale).toSize();
+  if (part_.size() != pixels) part_ = QImage(pixels, QImage::Format_RGB32);
+  part_.setDevicePixelRatio(scale);
+  QPainter painter(&part_);
+  set_up(painter, 1);
+  painter.translate(-box.topLeft());
+  draw_rect(painter, box);
+  painter.end();
+  const QRectF changed(box);
+  show_picture(part_, box.topLeft(), {&changed, 1});
+}
+
 void PanelWindow::show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) {
   if (changed.empty() || isMinimized() || draw_directly(*this, picture, at, changed)) return;
   for (const QRectF& box : changed) update(box.toAlignedRect());
@@ -207,10 +222,14 @@ void PanelWindow::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   set_up(painter, 1);
   for (const QRect& rect : event->region()) {
-    painter.setClipRect(rect);
-    painter.drawPixmap(0, 0, background());
-    draw_items(painter, rect);
+    draw_rect(painter, rect);
   }
+}
+
+void PanelWindow::draw_rect(QPainter& painter, const QRect& rect) {
+  painter.setClipRect(rect);
+  painter.drawPixmap(0, 0, background());
+  draw_items(painter, rect);
 }
 
 void PanelWindow::draw_items(QPainter& painter, const QRect& rect) {

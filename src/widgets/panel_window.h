@@ -46,6 +46,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
 
   // PanelCanvas.
   void repaint_box(const QRect& box) override;
+  void repaint_at_once(const QRect& box) override;
   void show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) override;
   void start_moving(PanelItem& item) override;
   void visibilities_changed() override;
@@ -85,6 +86,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void add_shortcuts();
   void add_shortcut(const char* keys, const char* item);
 
+  void draw_rect(QPainter& painter, const QRect& rect);
   void draw_items(QPainter& painter, const QRect& rect);
   void follow_frame();
   void follow_visibilities();
@@ -112,6 +114,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   QPixmap background_;
   WindowState background_state_;
   double background_scale_ = 0;
+  QImage part_;                      // that is drawn at once, kept for the next of its size
   std::optional<QPoint> drag_from_;  // where the hand holds the window
   QPoint pressed_at_;                // on the screen
   bool dragging_ = false;            // by us: the desktop does not move it
