@@ -80,6 +80,7 @@ void PanelWindow::follow_frame() {
   if (placing_ || !is_window_size(size)) return;
   placing_ = true;
   if (size != this->size()) {
+    setBaseSize(size);  // at 150 % the toolkit asks the desktop for steps of 2 from here
     setFixedSize(size);
     shape_corners();
   }

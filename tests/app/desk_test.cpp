@@ -105,6 +105,21 @@ TEST_F(Managed, IsMinimisedPlaysOnAndComesBack) {
   EXPECT_TRUE(is_mapped());
 }
 
+// 607 x 258, 607 x 426 and 262 x 165 by one and a half: halves are rounded up.
+TEST_F(Managed, IsExactAtAScaleOfOneAndAHalf) {
+  ::setenv("QT_SCALE_FACTOR", "1.5", 1);
+  player = std::make_unique<RealPlayer>(desktop, factory_settings());
+  ASSERT_TRUE(player->show_up(911)) << player->errors();
+  const auto comes = [this](int width, int height) {
+    return wait_until([&] { return player->panel_width() == width && player->panel_height() == height; });
+  };
+  EXPECT_TRUE(comes(911, 387));
+  player->key("F3");
+  EXPECT_TRUE(comes(911, 639));
+  player->key("ctrl+m");
+  EXPECT_TRUE(comes(393, 248));
+}
+
 TEST_F(Managed, IsClosedFromOutside) {
   player->click(235, 137, 5);  // the wheel on the volume, one notch down
   player->key("alt+F4");       // the manager's own key

@@ -23,7 +23,6 @@ namespace tandem::test {
 
 namespace {
 
-constexpr int kFullWidth = 607;
 constexpr int kLeastDialogWidth = 200;  // tips are smaller
 
 std::string text_of(const std::string& path) {
@@ -109,9 +108,9 @@ int RealPlayer::number_of(const std::string& window, const std::string& what) co
   return at == std::string::npos ? 0 : std::stoi(geometry.substr(at + 1 + what.size()));
 }
 
-bool RealPlayer::find_panel() {
+bool RealPlayer::find_panel(int width) {
   for (const std::string& window : windows()) {
-    if (width_of(window) != kFullWidth) continue;
+    if (width_of(window) != width) continue;
     panel_ = window;
     return true;
   }
@@ -125,8 +124,8 @@ bool RealPlayer::find_dialog() {
   return !dialog_.empty();
 }
 
-bool RealPlayer::show_up() {
-  return wait_until([this] { return find_panel() || has_ended(); }) && !panel_.empty();
+bool RealPlayer::show_up(int width) {
+  return wait_until([&] { return find_panel(width) || has_ended(); }) && !panel_.empty();
 }
 bool RealPlayer::dialog_shows_up() {
   return wait_until([this] { return find_dialog(); });

@@ -41,7 +41,7 @@ class RealPlayer {
   RealPlayer(const RealPlayer&) = delete;
   RealPlayer& operator=(const RealPlayer&) = delete;
 
-  bool show_up();
+  bool show_up(int width = 607);  // px of the screen
   bool dialog_shows_up();
   bool dialog_goes_away();
 
@@ -62,6 +62,7 @@ class RealPlayer {
   const std::string& window() const { return panel_; }
   pid_t pid() const { return pid_; }
   int panel_width() const { return number_of(panel_, "WIDTH="); }
+  int panel_height() const { return number_of(panel_, "HEIGHT="); }
   std::pair<int, int> place() const { return {number_of(panel_, "X="), number_of(panel_, "Y=")}; }
   std::string settings() const;  // what TP.inf holds now, "" if there is none
   std::string errors() const;    // what it wrote on standard error
@@ -72,7 +73,7 @@ class RealPlayer {
   std::vector<std::string> windows() const;
   int number_of(const std::string& window, const std::string& what) const;  // of its geometry
   int width_of(const std::string& window) const { return number_of(window, "WIDTH="); }
-  bool find_panel();
+  bool find_panel(int width);
   bool find_dialog();
   bool has_ended();
 
