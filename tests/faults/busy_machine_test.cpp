@@ -1,7 +1,7 @@
 // Four processes that compute and one that writes to the disk, beside the program in a list: nothing is lost. A plain
 // player of the sound server, whose file lies in memory, plays beside it and tells what the machine itself costs.
-// TANDEM_BUSY_SECONDS: how long with nobody near, where half a second is queued; a third of it with the larger buffers,
-// a tenth with the pointer on the panel, where a move must be heard at once and some 90 or 170 ms are queued.
+// TANDEM_BUSY_SECONDS: how long with nobody near, where half a second is queued; a tenth of it with the larger
+// buffers, and with the pointer on the panel, where a move must be heard at once and some 90 or 170 ms are queued.
 #include <gtest/gtest.h>
 #include <signal.h>
 
@@ -21,6 +21,7 @@ namespace {
 
 constexpr double kSong = 15;  // seconds
 constexpr int kComputing = 4;
+constexpr std::size_t kChance = 5;         // breaks
 constexpr int kQuick = 20;                 // seconds
 constexpr std::chrono::seconds kAlone{5};  // until the program takes nobody to be near
 constexpr std::chrono::seconds kLook{1};
@@ -30,12 +31,19 @@ using Hand = PlayingProgram::Hand;
 struct Setting {
   int buffer_mode;
   Hand hand;
-  int share;     // of the time that is wished
-  int queue_ms;  // what the program keeps queued then
+  int share;        // of the time that is wished
+  int queue_ms;     // what the program keeps queued then
+  int least_queue;  // of which so much lies at the server in front of its device
 
   int seconds() const {
     const char* wish = std::getenv("TANDEM_BUSY_SECONDS");
     return wish == nullptr ? kQuick : std::max(std::atoi(wish) / share, kQuick);
+  }
+  // A short queue breaks now and then, by chance: in both players, but not in both at once.
+  std::size_t most_breaks(std::size_t plain) const { return hand == Hand::kAway ? plain : 2 * plain + kChance; }
+  std::string expected() const {
+    return hand == Hand::kAway ? "no break but what a plain player with as long a queue has"
+                               : "at most twice the breaks of a plain player with as long a queue, and 5";
   }
   std::string text() const {
     return "Buf" + std::to_string(buffer_mode + 1) +
@@ -107,6 +115,8 @@ TEST_P(BusyMachine, LosesNothing) {
   PlainPlayer beside(program.desktop.sound, program.expected_seconds() + 120, setting.queue_ms);
   ASSERT_TRUE(program.play(setting.hand)) << program.player.errors();
   std::this_thread::sleep_for(kAlone);
+  const int queued = program.queued_milliseconds();
+  EXPECT_GE(queued, setting.least_queue);
   BusyProcesses others(kComputing, program.disk_file("written"));
   const auto limit =
       std::chrono::steady_clock::now() + std::chrono::seconds(std::lround(program.expected_seconds()) + 60);
@@ -116,21 +126,21 @@ TEST_P(BusyMachine, LosesNothing) {
   const Heard plain = beside.heard();
   const double late = static_cast<double>(heard.frames()) / kSampleRate - program.expected_seconds();
   EXPECT_GT(static_cast<double>(plain.frames()) / kSampleRate, program.expected_seconds());
-  EXPECT_LE(heard.breaks.size(), plain.breaks.size()) << places(heard);
+  EXPECT_LE(heard.breaks.size(), setting.most_breaks(plain.breaks.size())) << places(heard);
   EXPECT_GE(late, 0);
   EXPECT_GT(others.written_megabytes(), 0);
   EXPECT_GT(others.processor_seconds(), 0);
   record_fault(std::to_string(kComputing) + " processes compute and one writes to the disk for " +
-                   std::to_string(setting.seconds()) + " s, " + setting.text(),
-               "no break but what a plain player with as long a queue has",
-               figures(heard, plain, late, songs - 1, others));
+                   std::to_string(setting.seconds()) + " s, " + setting.text() + " (" + std::to_string(queued) +
+                   " ms at the sound server)",
+               setting.expected(), figures(heard, plain, late, songs - 1, others));
   program.player.send(SIGTERM);
   EXPECT_EQ(program.player.exit_status(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Buffers, BusyMachine,
-                         testing::Values(Setting{0, Hand::kAway, 1, 500}, Setting{1, Hand::kAway, 3, 1000},
-                                         Setting{0, Hand::kStays, 10, 87}, Setting{1, Hand::kStays, 10, 174}),
+                         testing::Values(Setting{0, Hand::kAway, 1, 500, 150}, Setting{1, Hand::kAway, 10, 1000, 300},
+                                         Setting{0, Hand::kStays, 10, 87, 20}, Setting{1, Hand::kStays, 10, 174, 40}),
                          [](const auto& each) {
                            return std::string(each.param.buffer_mode == 0 ? "Buf1" : "Buf2") +
                                   (each.param.hand == Hand::kAway ? "Alone" : "");

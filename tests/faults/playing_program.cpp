@@ -67,11 +67,31 @@ bool PlayingProgram::open_list() {
   return player.dialog_goes_away();
 }
 
+// The pointer lies elsewhere, and so do the keys.
+void PlayingProgram::go_away() const {
+  std::string root = desktop.do_tool({"search", "--maxdepth", "0", ".*"});
+  std::erase(root, '\n');
+  desktop.do_tool({"mousemove", "1270", "1000", "windowfocus", root});
+}
+
+int PlayingProgram::queued_milliseconds() const {
+  const std::string output = disk_file("streams");
+  ChildProcess({"pactl", "list", "sink-inputs"}, output).wait();
+  std::ifstream lines(output);
+  int queued = 0;
+  for (std::string line; std::getline(lines, line);) {
+    const std::size_t number = line.find("Buffer Latency: ");
+    if (number != std::string::npos) queued = std::stoi(line.substr(number + 16)) / 1000;
+    if (line.find("media.name = \"Tandem\"") != std::string::npos) return queued;
+  }
+  return 0;
+}
+
 bool PlayingProgram::play(Hand hand) {
   if (!player.show_up() || !open_list()) return false;
   desktop.sound.start_recording();
   player.click(24, 146);
-  if (hand == Hand::kAway) desktop.do_tool({"mousemove", "1270", "1000"});
+  if (hand == Hand::kAway) go_away();
   return wait_until([this] { return heard().frames() > 0; });
 }
 

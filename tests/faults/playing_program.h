@@ -22,11 +22,13 @@ class PlayingProgram {
   bool play(Hand hand);
   bool over(double seconds) const;  // heard something, and nothing for so long
   double expected_seconds() const;  // of the whole list
+  int queued_milliseconds() const;  // at the sound server, before its device
   Heard heard() const { return listen(desktop.sound.recording()); }
   std::string disk_file(const std::string& name) const { return disk_.file(name); }
 
  private:
   void write_songs() const;
+  void go_away() const;
   bool open_list();
 
   std::size_t songs_;
