@@ -85,7 +85,8 @@ void Player::show() {
 // With a hand near, the sound follows at once; alone, it is queued far ahead, which saves most of the wake-ups.
 void Player::attend(Milliseconds now) {
   if (window_->attended()) attended_at_ = now;
-  engine_.set_deep_queue(!window_->exposed() || now - attended_at_ > kAlone);
+  const bool alone = now - attended_at_ > kAlone;
+  engine_.set_deep_queue(alone || !(window_->exposed() || window_->attended()));
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
   engine_.rest_for(forecast.quiet);
   engine_.await_mix(forecast.deck, forecast.behind);

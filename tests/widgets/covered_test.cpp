@@ -22,6 +22,15 @@ TEST(CoveredWindow, PaintsNothingUntilItIsSeenAgain) {
   EXPECT_EQ(rig.painted().boundingRect(), rig.window->rect());
 }
 
+// Its keys work under another window, but not while it is minimised.
+TEST(CoveredWindow, IsAttendedWhileItHasTheKeys) {
+  WindowRig rig;
+  rig.window->set_covered(true);
+  EXPECT_TRUE(rig.window->attended());
+  rig.window->showMinimized();
+  EXPECT_FALSE(rig.window->attended());
+}
+
 TEST(CoveredWindow, StaysAsItIsWhenToldTwice) {
   WindowRig rig;
   rig.window->set_covered(false);
