@@ -30,9 +30,12 @@ class Output {
   virtual void pause() = 0;                 // plays what is queued (the engine has faded it), then holds the device
   virtual void restart() = 0;               // goes on after pause()
 
-  // How many buffers may be queued at the device and in the ring together: kShortBuffers for prompt controls, up to
-  // kCeilingBuffers - 1 to save power while nobody is near. Takes effect without a gap.
+  // How many buffers may be queued at the device: kShortBuffers for prompt controls, up to kCeilingBuffers - 1 to save
+  // power while nobody is near. Takes effect without a gap.
   virtual void set_depth(int buffers) = 0;
+
+  // The render thread: what was demanded of the ring lies there.
+  virtual void offer() noexcept {}
 
   // True while a device is there and takes sound at its own pace: only then may the render thread go on.
   virtual bool consuming() const noexcept = 0;

@@ -31,4 +31,17 @@ std::size_t OutputRing::read(std::span<Sample16> out) noexcept {
   return count;
 }
 
+void OutputRing::demand(std::size_t frames) noexcept {
+  demanded_.store(frames, std::memory_order_release);
+  if (frames > 0 && !told_.exchange(true, std::memory_order_acq_rel)) demand_.release();
+}
+
+std::size_t OutputRing::await_demand(std::chrono::milliseconds most) noexcept {
+  while (demand_.try_acquire_for(most)) {
+    told_.store(false, std::memory_order_release);
+    if (const std::size_t frames = demanded(); frames > 0) return frames;  // it may have been met meanwhile
+  }
+  return 0;
+}
+
 }  // namespace tandem

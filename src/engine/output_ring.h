@@ -1,10 +1,15 @@
 // The finished sound on its way from the render thread to the output device: 16-bit stereo.
 // Threads: write() on the render thread, read() on the output's thread; no locks, no allocation after construction.
+//
+// An output that takes sound in large pieces at moments of its own says so with demand(): then what it takes next can
+// be made just in time and need not wait here, where it would only make the sound later.
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <semaphore>
 #include <span>
 #include <vector>
 
@@ -28,6 +33,12 @@ class OutputRing {
   std::size_t write(std::span<const Sample16> frames) noexcept;  // returns how many fitted
   std::size_t read(std::span<Sample16> out) noexcept;            // returns how many there were
 
+  // The output's thread: it would take so many frames at once; 0 if it has what it wants.
+  void demand(std::size_t frames) noexcept;
+  std::size_t demanded() const noexcept { return demanded_.load(std::memory_order_acquire); }
+  // The render thread: waits until frames are demanded, at most about so long. How many; 0 if none were.
+  std::size_t await_demand(std::chrono::milliseconds most) noexcept;
+
   // Frames ever written and ever read; any thread.
   std::uint64_t written() const noexcept { return tail_.load(std::memory_order_acquire); }
   std::uint64_t taken() const noexcept { return head_.load(std::memory_order_acquire); }
@@ -36,6 +47,9 @@ class OutputRing {
   std::vector<Sample16> frames_;
   alignas(64) std::atomic<std::uint64_t> head_{0};
   alignas(64) std::atomic<std::uint64_t> tail_{0};
+  std::atomic<std::size_t> demanded_{0};
+  std::atomic<bool> told_{false};  // the semaphore is raised
+  std::counting_semaphore<> demand_{0};
 };
 
 }  // namespace tandem

@@ -14,7 +14,9 @@ constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that
 constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
 // At one wake-up while nothing depends on the moment.
 constexpr std::uint64_t kFreeSteps = 10;
-constexpr std::uint64_t kFreeStepsOfShortQueue = 2;
+constexpr std::uint64_t kFreeStepsOfShortQueue = 5;
+// An output that has demanded nothing for so long does not demand, or plays out.
+constexpr auto kDemandPatience = std::chrono::milliseconds(50);
 // For how long steps wait for the panel to start a song: less than what is queued; and how often it is looked.
 constexpr std::int64_t kPatienceNs = 200'000'000;
 constexpr std::int64_t kPatienceOfShortQueueNs = 30'000'000;
@@ -22,7 +24,7 @@ constexpr std::int64_t kLookNs = 1'000'000;
 
 }  // namespace
 
-RenderThread::RenderThread(Chain& chain, const Output& output, OutputRing& ring, StepClock& clock,
+RenderThread::RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock,
                            std::function<void()> tell_news)
     : chain_(chain), output_(output), ring_(ring), clock_(clock), tell_news_(std::move(tell_news)), thread_([this] {
         run();
@@ -101,11 +103,28 @@ void RenderThread::pace() {
   clock_.sleep_until(waits ? clock_.now_ns() + kLookNs : next_ns_ + (steps_at_once() - 1) * kStepNs);
 }
 
+bool RenderThread::serves() const noexcept {
+  const bool short_queue = free_steps_.load(std::memory_order_relaxed) == kFreeStepsOfShortQueue;
+  return (demanded_ || ring_.demanded() > 0) && short_queue && steps_at_once() > 1;
+}
+
+void RenderThread::serve() {
+  const std::size_t wanted = ring_.await_demand(kDemandPatience);
+  demanded_ = wanted > 0;
+  for (std::int64_t steps = 0; steps < kMostStepsAtOnce && ring_.readable() < wanted; ++steps) {
+    if (!chain_.wants_render() || waits_for_the_panel()) break;
+    render_step();
+  }
+  if (demanded_) output_.offer();
+  if (!chain_.news().empty()) tell_news_();
+  next_ns_ = clock_.now_ns();
+}
+
 void RenderThread::run() {
   next_ns_ = clock_.now_ns();
   while (!stopping_.load()) {
     if (output_.consuming() && chain_.wants_render()) {
-      pace();
+      serves() ? serve() : pace();
     } else {
       rest();
     }

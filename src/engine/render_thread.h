@@ -1,7 +1,8 @@
 // Runs the chain in real time: steps of 441 frames (10 ms), spread evenly, corrected by how full the output's ring is.
 // While the output takes nothing (no device, paused, stopped) only orders are taken and positions stand still.
 //
-// As long as nothing depends on the exact moment of a step (run_freely_until), several steps are made at one wake-up.
+// As long as nothing depends on the exact moment of a step (run_freely_until), several steps are made at one wake-up:
+// with a short queue just when the output demands them, so that nothing waits in the ring, if it is one that demands.
 #pragma once
 
 #include <atomic>
@@ -21,7 +22,7 @@ namespace tandem {
 class RenderThread {
  public:
   // `tell_news`: called on the render thread, outside the chain, when news waits for the UI thread.
-  RenderThread(Chain& chain, const Output& output, OutputRing& ring, StepClock& clock, std::function<void()> tell_news);
+  RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock, std::function<void()> tell_news);
   ~RenderThread();
   RenderThread(const RenderThread&) = delete;
   RenderThread& operator=(const RenderThread&) = delete;
@@ -37,17 +38,20 @@ class RenderThread {
   void run();
   void rest();
   void pace();
+  void serve();
+  bool serves() const noexcept;
   std::int64_t steps_due() noexcept;
   std::int64_t steps_at_once() const noexcept;
   bool waits_for_the_panel() noexcept;
   void render_step() noexcept;
 
   Chain& chain_;
-  const Output& output_;
+  Output& output_;
   OutputRing& ring_;
   StepClock& clock_;
   std::function<void()> tell_news_;
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
+  bool demanded_ = true;      // the output has demanded lately
   MixHold mix_hold_;
   std::atomic<std::uint64_t> free_until_{0};
   std::atomic<std::uint64_t> free_steps_{1};

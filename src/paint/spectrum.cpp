@@ -12,7 +12,7 @@ namespace {
 
 using Column = SpectrumTrace::Column;
 
-constexpr int kGroups = 4;  // changed rectangles of each half
+constexpr int kGroups = 2;  // changed rectangles of each half
 constexpr std::array<unsigned, kMostPeakMarks> kMarkOpacity = {255, 153, 89, 89, 89};
 
 float value_at(std::span<const float> values, int index) {

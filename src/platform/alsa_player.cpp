@@ -24,7 +24,7 @@ AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard)
     : pcm_(std::move(pcm)), ring_(ring), heard_(heard) {}
 
 void AlsaPlayer::set_queue(int buffer_frames, int depth) {
-  // The ring's part of what is ordered is half a buffer.
+  // Half a buffer of what is ordered lies in the ring.
   target_ = std::min(static_cast<long>(buffer_frames) * depth - buffer_frames / 2, pcm_.queue_frames());
   request_ = std::max(std::min<long>(buffer_frames, target_ / 4), 1L);
 }

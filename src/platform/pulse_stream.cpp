@@ -23,8 +23,6 @@ void forget(pa_operation* operation) {
 
 PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
 
-// The ring's part of what is ordered is half a buffer; the server queues the rest.
-//
 // A request may be a quarter of the queue at most: the server gives the device half of what is left beside two
 // requests, and with nothing left it would run at its shortest latency and wake 2000 times a second.
 constexpr int kDeep = 8;  // buffers
@@ -33,7 +31,7 @@ std::uint32_t whole_frames(std::uint32_t bytes) { return bytes / 4 * 4; }
 
 pa_buffer_attr attributes(const PulseQueue& queue) {
   const auto buffer = static_cast<std::uint32_t>(queue.buffer_bytes);
-  const std::uint32_t whole = whole_frames(buffer * static_cast<std::uint32_t>(queue.depth) - buffer / 2);
+  const std::uint32_t whole = buffer * static_cast<std::uint32_t>(queue.depth);
   const std::uint32_t quarter = whole_frames(whole / 4);
   pa_buffer_attr attributes = {};
   attributes.maxlength = UINT32_MAX;
@@ -41,7 +39,7 @@ pa_buffer_attr attributes(const PulseQueue& queue) {
   attributes.prebuf = std::min(buffer, 2 * quarter);
   // A deep queue is filled in few large pieces, to wake up seldom; a short one in small ones, to be as full as it may
   // be.
-  attributes.minreq = queue.depth >= kDeep ? quarter : std::min(whole_frames(buffer * 2 / 3), quarter);
+  attributes.minreq = queue.depth >= kDeep ? quarter : std::min(whole_frames(buffer / 8), quarter);
   attributes.fragsize = UINT32_MAX;
   return attributes;
 }
@@ -163,7 +161,13 @@ void PulseStream::feed() {
   const std::uint64_t before = ring_.taken();
   write(asked / kFrameBytes);
   report();
-  if (pa_stream_writable_size(stream_) >= kFrameBytes) come_back(ring_.taken() - before);
+  const std::size_t missing = pa_stream_writable_size(stream_) / kFrameBytes;
+  ring_.demand(missing);
+  if (missing > 0) {
+    come_back(ring_.taken() - before);
+  } else {
+    hungry_.cancel();
+  }
 }
 
 // The more is queued the later, but always soon enough to take more than is played meanwhile.

@@ -19,7 +19,7 @@ namespace tandem {
 
 struct PulseQueue {  // how much the server queues
   int buffer_bytes = 5120;
-  int depth = 2;  // in buffers, with what the ring holds
+  int depth = 2;  // in buffers
   friend bool operator==(const PulseQueue&, const PulseQueue&) = default;
 };
 
@@ -41,6 +41,7 @@ class PulseStream {
   void play();
   void hold(std::uint64_t up_to);  // takes the ring up to that frame (a count since ever), plays it, then holds
   void resize(const PulseQueue& queue);
+  void feed();  // takes what the server has asked for, and demands what is missing
 
   bool ready() const noexcept { return state_ == State::kReady; }
   bool failed() const noexcept { return state_ == State::kFailed; }
@@ -54,7 +55,6 @@ class PulseStream {
 
   void listen();
   void connect();
-  void feed();
   void come_back(std::uint64_t just_taken);
   void write(std::size_t frames);
   void play_out();
