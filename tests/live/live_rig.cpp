@@ -8,13 +8,13 @@
 #include <thread>
 #include <utility>
 
-#include "controls/panel_groups.h"
 #include "displays/level_bar.h"
 #include "displays/needle_meter.h"
 #include "displays/oscilloscope.h"
 #include "displays/spectrum_analyser.h"
 #include "platform/time_of_day.h"
 #include "platform/upper_case.h"
+#include "program/player_rig.h"
 #include "shell/mix_forecast.h"
 #include "support/bytes.h"
 #include "support/wav_writer.h"
@@ -66,12 +66,7 @@ void LiveRig::add_again(const std::string& name) {
   controls().LoadSong.click.raise();
 }
 
-void LiveRig::choose_lead(int milliseconds) {
-  for (const LeadTime& lead : kLeadTimes) {
-    Lamp& lamp = controls().*lead.lamp;
-    if (lead.milliseconds == milliseconds && lamp.LEDColor == kLeadDark) lamp.click.raise();
-  }
-}
+void LiveRig::choose_lead(int milliseconds) { test::choose_lead(controls(), milliseconds); }
 
 void LiveRig::collect() {
   const DisplayFeed& feed = engine_.display_feed();

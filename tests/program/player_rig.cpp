@@ -73,12 +73,14 @@ void PlayerRig::press(Button& button) {
   if (button.Enabled) button.click.raise();
 }
 
-void PlayerRig::choose_lead(int milliseconds) {
+void choose_lead(PanelControls& controls, int milliseconds) {
   for (const LeadTime& lead : kLeadTimes) {
-    Lamp& lamp = controls().*lead.lamp;
+    Lamp& lamp = controls.*lead.lamp;
     if (lead.milliseconds == milliseconds && lamp.LEDColor == kLeadDark) lamp.click.raise();
   }
 }
+
+void PlayerRig::choose_lead(int milliseconds) { test::choose_lead(controls(), milliseconds); }
 
 void PlayerRig::seek(std::int32_t milliseconds) {
   Slider& slider = controls().Slider1;

@@ -17,6 +17,9 @@ namespace tandem::test {
 // Frames from the mixer to the output: one block of the equalizer and the limiter's look-ahead.
 inline constexpr std::size_t kChainDelay = static_cast<std::size_t>(BandEqualizer::kDelay + Limiter::kDelay);
 
+// Presses the lamp of a lead time, 280, 1000, 2500 or 3500, unless it is lit.
+void choose_lead(PanelControls& controls, int milliseconds);
+
 class PlayerRig {
  public:
   // Loads the panel and lets the output's first fade pass.

@@ -12,6 +12,7 @@
 #include "engine/render_guard.h"
 #include "shell/program.h"
 #include "support/bytes.h"
+#include "support/ready_output.h"
 #include "support/signal.h"
 #include "support/temp_directory.h"
 #include "support/wav_writer.h"
@@ -20,27 +21,6 @@
 
 namespace tandem::test {
 namespace {
-
-// A device that takes sound as fast as it is made.
-class GreedyOutput final : public Output {
- public:
-  explicit GreedyOutput(OutputRing& ring) : ring_(ring) {}
-  void open(int) override {}
-  void close() override { running_ = false; }
-  void start() override { running_ = true; }
-  void stop() override { running_ = false; }
-  void pause() override { running_ = false; }
-  void restart() override { running_ = true; }
-  void set_depth(int) override {}
-  bool consuming() const noexcept override { return running_; }
-  std::uint64_t heard() const noexcept override { return ring_.taken(); }
-  int request_frames() const noexcept override { return 1280; }
-  bool lost() const noexcept override { return false; }
-
- private:
-  OutputRing& ring_;
-  std::atomic<bool> running_{false};
-};
 
 // Simulated time for the render thread: each sleep is one turn of the test, and drains the ring.
 class TurnClock final : public StepClock {
@@ -119,7 +99,7 @@ class RenderGuardTest : public ::testing::Test {
   TempDirectory directory_;
   ScriptedDialog dialog_;
   OutputRing ring_;
-  GreedyOutput output_{ring_};
+  ReadyOutput output_{ring_, 1280};
   TurnClock clock_{ring_};
   std::unique_ptr<Engine> engine_;
   std::unique_ptr<Program> program_;

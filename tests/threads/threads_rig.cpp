@@ -3,8 +3,8 @@
 #include <array>
 #include <thread>
 
-#include "controls/panel_groups.h"
 #include "displays/display_set.h"
+#include "program/player_rig.h"
 #include "shell/mix_forecast.h"
 #include "support/bytes.h"
 #include "support/signal.h"
@@ -16,7 +16,7 @@ namespace {
 constexpr std::int64_t kStepNs = 10'000'000;
 }
 
-void TakingOutput::take() {
+void ThreadsRig::play_a_step() {
   std::array<Sample16, kStepFrames> frames;
   ring_.read(frames);
 }
@@ -50,12 +50,7 @@ void ThreadsRig::add_song(const std::string& name, double seconds) {
   controls().LoadSong.click.raise();
 }
 
-void ThreadsRig::choose_lead(int milliseconds) {
-  for (const LeadTime& lead : kLeadTimes) {
-    Lamp& lamp = controls().*lead.lamp;
-    if (lead.milliseconds == milliseconds && lamp.LEDColor == kLeadDark) lamp.click.raise();
-  }
-}
+void ThreadsRig::choose_lead(int milliseconds) { test::choose_lead(controls(), milliseconds); }
 
 void ThreadsRig::work() {
   engine_->deliver();
@@ -78,7 +73,7 @@ void ThreadsRig::run(int milliseconds, int panel_every) {
     wait_for_readers();
     clock_.advance(kStepNs);
     now_ += 10;
-    output_.take();
+    play_a_step();
     if (++steps_ % panel_every == 0) work();
   }
 }

@@ -9,35 +9,12 @@
 #include "engine/engine.h"
 #include "engine/output_ring.h"
 #include "shell/program.h"
+#include "support/ready_output.h"
 #include "support/temp_directory.h"
 #include "threads/moved_clock.h"
 #include "tools/simulation/simulated_player.h"
 
 namespace tandem::test {
-
-// Plays a step at a call; the test's thread is the device's.
-class TakingOutput final : public Output {
- public:
-  explicit TakingOutput(OutputRing& ring) : ring_(ring) {}
-
-  void open(int) override {}
-  void close() override { running_ = false; }
-  void start() override { running_ = true; }
-  void stop() override { running_ = false; }
-  void pause() override { running_ = false; }
-  void restart() override { running_ = true; }
-  void set_depth(int) override {}
-  bool consuming() const noexcept override { return running_; }
-  std::uint64_t heard() const noexcept override { return ring_.taken(); }
-  int request_frames() const noexcept override { return kStepFrames; }
-  bool lost() const noexcept override { return false; }
-
-  void take();
-
- private:
-  OutputRing& ring_;
-  std::atomic<bool> running_{false};
-};
 
 class ThreadsRig {
  public:
@@ -57,11 +34,12 @@ class ThreadsRig {
 
  private:
   void wait_for_readers();
+  void play_a_step();
 
   TempDirectory directory_;
   OutputRing ring_;
   MovedClock clock_;
-  TakingOutput output_{ring_};
+  ReadyOutput output_{ring_, kStepFrames};
   std::atomic<int> news_{0};
   ScriptedDialog dialog_;
   std::unique_ptr<Engine> engine_;

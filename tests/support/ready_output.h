@@ -1,0 +1,32 @@
+// An output that is always there: whoever holds the ring plays its frames.
+#pragma once
+
+#include <atomic>
+
+#include "engine/output.h"
+
+namespace tandem::test {
+
+class ReadyOutput final : public Output {
+ public:
+  ReadyOutput(OutputRing& ring, int request_frames) : ring_(ring), request_frames_(request_frames) {}
+
+  void open(int) override {}
+  void close() override { running_ = false; }
+  void start() override { running_ = true; }
+  void stop() override { running_ = false; }
+  void pause() override { running_ = false; }
+  void restart() override { running_ = true; }
+  void set_depth(int) override {}
+  bool consuming() const noexcept override { return running_; }
+  std::uint64_t heard() const noexcept override { return ring_.taken(); }
+  int request_frames() const noexcept override { return request_frames_; }
+  bool lost() const noexcept override { return false; }
+
+ private:
+  OutputRing& ring_;
+  int request_frames_;
+  std::atomic<bool> running_{false};
+};
+
+}  // namespace tandem::test
