@@ -90,8 +90,9 @@ class Desk:
             self.end(child)
         shutil.rmtree(self.work, ignore_errors=True)
 
-    def child(self, *command, **more):
-        process = subprocess.Popen(command, env=self.environment, stderr=subprocess.DEVNULL, **more)
+    def child(self, *command, environment=None, **more):
+        process = subprocess.Popen(command, env={**self.environment, **(environment or {})},
+                                   stderr=subprocess.DEVNULL, **more)
         self.children.append(process)
         return process
 
@@ -131,20 +132,32 @@ class Desk:
     def has_window(self, player):
         return self.asks('xdotool', 'search', '--all', '--onlyvisible', '--pid', str(player.pid), '--name', '')
 
-    def watch(self, command, seconds):
-        """Plays until the program has settled and been watched for so many seconds; figures as attributes."""
+    def point_at(self, player):
+        """The pointer lies on the program's window, or far from it."""
+        found = subprocess.run(['xdotool', 'search', '--onlyvisible', '--pid', str(player.pid)], env=self.environment,
+                               capture_output=True, text=True, check=True).stdout.split()
+        self.asks('xdotool', 'mousemove', '--window', found[-1], '300', '200')
+
+    def watch(self, command, seconds, pointed=False, environment=None):
+        """Plays until the program has settled and been watched for so many seconds; figures as attributes.
+
+        pointed: with the pointer on its window, else far from it. environment: more variables for the program.
+        """
+        self.asks('xdotool', 'mousemove', '1900', '1060')
         recorder = self.child('parec', '-d', 'desk.monitor', '--raw', '--rate=44100', '--latency-msec=20',
                               stdout=subprocess.PIPE)
         heard = SoundWatch(recorder)
         wait_for(lambda: heard.begun)
         began = time.monotonic()
-        player = self.child(*command)
+        player = self.child(*command, environment=environment)
         mapped = began
         if '--hidden' not in command:
             wait_for(lambda: self.has_window(player))
             mapped = time.monotonic()
         wait_for(lambda: heard.seen)
         self.end(recorder)
+        if pointed:
+            self.point_at(player)
         time.sleep(SETTLE)
         figures = self.costs(player, seconds)
         figures.mapped = (mapped - began) * 1000
