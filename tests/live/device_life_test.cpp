@@ -45,7 +45,7 @@ class LiveDeviceLife : public testing::Test {
 
   std::string back_text() const {
     return "back within " + std::to_string(slowest_) + " ms, " +
-           (HasFailure() ? "SOUND LOST" : "no sample lost or repeated");
+           (HasFailure() ? "NOT ALL AS IT SHOULD BE" : "no sample lost or repeated");
   }
 
   LiveRig rig_;
