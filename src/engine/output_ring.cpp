@@ -32,13 +32,20 @@ std::size_t OutputRing::read(std::span<Sample16> out) noexcept {
 }
 
 void OutputRing::demand(std::size_t frames) noexcept {
+  has_demands_.store(true, std::memory_order_release);
   demanded_.store(frames, std::memory_order_release);
   if (frames > 0 && !told_.exchange(true, std::memory_order_acq_rel)) demand_.release();
 }
 
+void OutputRing::end_demands() noexcept {
+  demanded_.store(0, std::memory_order_release);
+  has_demands_.store(false, std::memory_order_release);
+}
+
 std::size_t OutputRing::await_demand(std::chrono::milliseconds most) noexcept {
   while (demand_.try_acquire_for(most)) {
-    told_.store(false, std::memory_order_release);
+    // An exchange, for a store might come behind the look at what is demanded, and a demand between them would be lost.
+    told_.exchange(false, std::memory_order_acq_rel);
     if (const std::size_t frames = demanded(); frames > 0) return frames;  // it may have been met meanwhile
   }
   return 0;

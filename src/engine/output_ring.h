@@ -33,8 +33,11 @@ class OutputRing {
   std::size_t write(std::span<const Sample16> frames) noexcept;  // returns how many fitted
   std::size_t read(std::span<Sample16> out) noexcept;            // returns how many there were
 
-  // The output's thread: it would take so many frames at once; 0 if it has what it wants.
+  // The output's thread: it demands from now on, and would take so many frames at once; 0 if it has what it wants.
   void demand(std::size_t frames) noexcept;
+  // The output's thread: it demands no more, for it plays out, is held or has ended.
+  void end_demands() noexcept;
+  bool has_demands() const noexcept { return has_demands_.load(std::memory_order_acquire); }
   std::size_t demanded() const noexcept { return demanded_.load(std::memory_order_acquire); }
   // The render thread: waits until frames are demanded, at most about so long. How many; 0 if none were.
   std::size_t await_demand(std::chrono::milliseconds most) noexcept;
@@ -47,6 +50,7 @@ class OutputRing {
   std::vector<Sample16> frames_;
   alignas(64) std::atomic<std::uint64_t> head_{0};
   alignas(64) std::atomic<std::uint64_t> tail_{0};
+  std::atomic<bool> has_demands_{false};
   std::atomic<std::size_t> demanded_{0};
   std::atomic<bool> told_{false};  // the semaphore is raised
   std::counting_semaphore<> demand_{0};

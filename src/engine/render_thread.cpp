@@ -15,7 +15,7 @@ constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
 // At one wake-up while nothing depends on the moment.
 constexpr std::uint64_t kFreeSteps = 10;
 constexpr std::uint64_t kFreeStepsOfShortQueue = 5;
-// An output that has demanded nothing for so long does not demand, or plays out.
+// How soon it is noticed that an output demands no more.
 constexpr auto kDemandPatience = std::chrono::milliseconds(50);
 // For how long steps wait for the panel to start a song: less than what is queued; and how often it is looked.
 constexpr std::int64_t kPatienceNs = 200'000'000;
@@ -71,17 +71,16 @@ std::int64_t RenderThread::steps_at_once() const noexcept {
 }
 
 // One step for each period that has passed; one less while the ring is too full, one more while it runs low.
-std::int64_t RenderThread::steps_due() noexcept {
+RenderThread::Due RenderThread::due() noexcept {
   const std::int64_t late = clock_.now_ns() - next_ns_;
-  std::int64_t steps = 1 + std::clamp<std::int64_t>(late / kStepNs, 0, kMostStepsAtOnce - 1);
-  next_ns_ += steps * kStepNs;
+  const std::int64_t periods = 1 + std::clamp<std::int64_t>(late / kStepNs, 0, kMostStepsAtOnce - 1);
+  next_ns_ += periods * kStepNs;
   if (late > kMostStepsAtOnce * kStepNs) next_ns_ = clock_.now_ns() + kStepNs;
   const auto filled = static_cast<std::int64_t>(ring_.readable());
-  const std::int64_t most = output_.request_frames() + steps * kStepFrames;
-  if (filled > most + steps * kStepFrames) return 0;  // a server that hangs takes nothing
-  if (filled > most) --steps;
-  if (filled < kStepFrames) ++steps;
-  return steps;
+  const std::int64_t most = output_.request_frames() + periods * kStepFrames;
+  if (filled > most + periods * kStepFrames) return {periods, 0};  // a server that hangs takes nothing
+  const std::int64_t correction = filled > most ? -1 : (filled < kStepFrames ? 1 : 0);
+  return {periods, periods + correction};
 }
 
 bool RenderThread::waits_for_the_panel() noexcept {
@@ -90,32 +89,34 @@ bool RenderThread::waits_for_the_panel() noexcept {
                          deep ? kPatienceNs : kPatienceOfShortQueueNs);
 }
 
-// Steps that had to wait are made at once when the wait is over.
+// Steps that had to wait are made when the wait is over.
 void RenderThread::pace() {
-  std::int64_t steps = steps_due();
-  while (steps > 0 && chain_.wants_render() && !waits_for_the_panel()) {
+  const Due now = due();
+  std::int64_t left = now.steps;
+  while (left > 0 && chain_.wants_render() && !waits_for_the_panel()) {
     render_step();
-    --steps;
+    --left;
   }
   if (!chain_.news().empty()) tell_news_();
-  const bool waits = steps > 0 && chain_.wants_render();
-  next_ns_ -= waits ? steps * kStepNs : 0;
-  clock_.sleep_until(waits ? clock_.now_ns() + kLookNs : next_ns_ + (steps_at_once() - 1) * kStepNs);
+  if (left > 0 && chain_.wants_render()) {
+    next_ns_ -= std::min(left, now.periods) * kStepNs;
+    clock_.sleep_until(clock_.now_ns() + kLookNs);
+  } else {
+    clock_.sleep_until(next_ns_ + (steps_at_once() - 1) * kStepNs);
+  }
 }
 
-bool RenderThread::serves() const noexcept {
+bool RenderThread::serves() noexcept {
   const bool short_queue = free_steps_.load(std::memory_order_relaxed) == kFreeStepsOfShortQueue;
-  return (demanded_ || ring_.demanded() > 0) && short_queue && steps_at_once() > 1;
+  return short_queue && ring_.has_demands() && steps_at_once() > 1 && !waits_for_the_panel();
 }
 
+// Positions stand still as long as the output has all that it wants.
 void RenderThread::serve() {
   const std::size_t wanted = ring_.await_demand(kDemandPatience);
-  demanded_ = wanted > 0;
-  for (std::int64_t steps = 0; steps < kMostStepsAtOnce && ring_.readable() < wanted; ++steps) {
-    if (!chain_.wants_render() || waits_for_the_panel()) break;
-    render_step();
-  }
-  if (demanded_) output_.offer();
+  const std::uint64_t before = chain_.steps();
+  while (ring_.readable() < wanted && serves() && chain_.wants_render()) render_step();
+  if (chain_.steps() > before) output_.offer();
   if (!chain_.news().empty()) tell_news_();
   next_ns_ = clock_.now_ns();
 }

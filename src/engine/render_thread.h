@@ -27,7 +27,7 @@ class RenderThread {
   RenderThread(const RenderThread&) = delete;
   RenderThread& operator=(const RenderThread&) = delete;
 
-  // UI thread: there are orders. Costs nothing while the thread paces itself anyway.
+  // UI thread: there are orders. Costs nothing while sound is made: they are taken with the next step.
   void wake();
   // UI thread: no overlap is due before this step of the chain, so until then steps need not be spread evenly. 0: every
   // step by itself. With a deep output queue many steps are made at one wake-up, with a short one few.
@@ -39,8 +39,12 @@ class RenderThread {
   void rest();
   void pace();
   void serve();
-  bool serves() const noexcept;
-  std::int64_t steps_due() noexcept;
+  bool serves() noexcept;
+  struct Due {
+    std::int64_t periods;  // that have passed
+    std::int64_t steps;    // to be made for them
+  };
+  Due due() noexcept;
   std::int64_t steps_at_once() const noexcept;
   bool waits_for_the_panel() noexcept;
   void render_step() noexcept;
@@ -51,7 +55,6 @@ class RenderThread {
   StepClock& clock_;
   std::function<void()> tell_news_;
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
-  bool demanded_ = true;      // the output has demanded lately
   MixHold mix_hold_;
   std::atomic<std::uint64_t> free_until_{0};
   std::atomic<std::uint64_t> free_steps_{1};

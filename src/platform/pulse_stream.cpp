@@ -78,6 +78,7 @@ PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::fun
 }
 
 PulseStream::~PulseStream() {
+  ring_.end_demands();
   forget_play_out();
   if (stream_ == nullptr) return;
   pa_stream_set_state_callback(stream_, nullptr, nullptr);
@@ -119,6 +120,7 @@ void PulseStream::hold(std::uint64_t up_to) {
   if (motion_ != Motion::kPlaying && up_to <= taken) return;
   if (motion_ == Motion::kHeld) play();
   hungry_.cancel();
+  ring_.end_demands();
   forget_play_out();
   if (up_to > ring_.taken()) write(static_cast<std::size_t>(up_to - ring_.taken()));
   report();
@@ -140,6 +142,7 @@ void PulseStream::forget_play_out() {
 void PulseStream::resize(const PulseQueue& queue) {
   if (queue == queue_) return;
   queue_ = queue;
+  ring_.demand(0);  // what is missing in the new one is demanded when the server asks for it
   apply_queue();
 }
 

@@ -36,6 +36,39 @@ TEST(OutputRingDemand, TheLastOneCountsHoweverManyThereWere) {
   EXPECT_EQ(ring.await_demand(milliseconds(1)), 0U) << "told once";
 }
 
+TEST(OutputRingDemand, EndsWithTheOutput) {
+  OutputRing ring;
+  EXPECT_FALSE(ring.has_demands());
+  ring.demand(300);
+  EXPECT_TRUE(ring.has_demands());
+  ring.end_demands();
+  EXPECT_FALSE(ring.has_demands());
+  EXPECT_EQ(ring.await_demand(milliseconds(1)), 0U);
+}
+
+// A demand that comes while the one before it is being found met must not be lost.
+TEST(OutputRingDemand, OneRightBehindAnotherIsFound) {
+  OutputRing ring;
+  OutputRing answered;
+  constexpr std::size_t kRounds = 20'000;
+  std::thread output([&] {
+    for (std::size_t round = 1; round <= kRounds; ++round) {
+      ring.demand(1);
+      ring.demand(0);
+      ring.demand(round + 1);
+      answered.await_demand(kLong);
+    }
+  });
+  for (std::size_t round = 1; round <= kRounds; ++round) {
+    std::size_t found = ring.await_demand(kLong);
+    while (found == 1 && round > 1) found = ring.await_demand(kLong);
+    ASSERT_GT(found, 0U) << "lost in round " << round;
+    while (ring.demanded() != round + 1) std::this_thread::yield();
+    answered.demand(1);
+  }
+  output.join();
+}
+
 TEST(OutputRingDemand, WakesTheWaitingThread) {
   OutputRing ring;
   OutputRing answered;

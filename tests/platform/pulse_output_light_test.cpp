@@ -50,7 +50,7 @@ TEST_F(PulseOutputLightTest, ADeepQueueSleepsWell) {
   EXPECT_LT(rate, 70.0);
 }
 
-// A request is half a buffer here: 69 a second.
+// The queue is two buffers of 29 ms.
 TEST_F(PulseOutputLightTest, AShortQueueDoesNotSpin) {
   const double rate = wake_ups_a_second(2);
   RecordProperty("wake_ups_a_second", std::to_string(rate));

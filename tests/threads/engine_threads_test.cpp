@@ -51,6 +51,8 @@ TEST(EngineThreads, APanelThatComesLateMakesNoLateOverlap) {
     LateOverlap overlap(1.5);
     overlap.rig().run(10 * phase);
     const int late = overlap.measure(kPanelEvery);
+    overlap.rig().run(10);
+    EXPECT_LE(overlap.rig().ready(), 4U * kStepFrames) << "no more is made than the wait has cost";
     EXPECT_GT(late, 0) << phase;
     EXPECT_LE(late, 10) << phase;
   }
@@ -71,6 +73,33 @@ TEST(EngineThreads, ADeepQueueWaitsLonger) {
   const int late = overlap.measure(15);
   EXPECT_GT(late, 0);
   EXPECT_LE(late, 10);
+}
+
+// Runs until so many steps more have been made; how long it took, in steps of the clock.
+int time_for(ThreadsRig& rig, std::uint64_t steps) {
+  const std::uint64_t target = rig.engine().chain().steps() + steps;
+  int passed = 0;
+  for (; rig.engine().chain().steps() < target && passed < 2000; ++passed) rig.run(10);
+  return passed;
+}
+
+TEST(EngineThreads, AnOutputThatDemandsGetsWhatItPlays) {
+  ThreadsRig rig;
+  rig.add_song("a.wav", 1.9);
+  rig.add_song("b.wav", 1.9);
+  rig.demand_ahead(3 * 1280);
+  rig.controls().PLAY.click.raise();
+  EXPECT_LE(time_for(rig, 300), 400);
+  EXPECT_EQ(rig.program().state.CurrentSong, 2);
+}
+
+TEST(EngineThreads, AnOutputThatDemandsNoMoreIsPacedByTheClock) {
+  ThreadsRig rig;
+  rig.add_song("a.wav", 1.9);
+  rig.demand_ahead(3 * 1280);
+  time_for(rig, 50);
+  rig.end_demands();
+  EXPECT_LE(time_for(rig, 100), 150);
 }
 
 TEST(EngineThreads, AHandOnEverythingWhileItPlays) {

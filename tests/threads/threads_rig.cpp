@@ -1,6 +1,8 @@
 #include "threads/threads_rig.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 #include <thread>
 
 #include "displays/display_set.h"
@@ -16,9 +18,26 @@ namespace {
 constexpr std::int64_t kStepNs = 10'000'000;
 }
 
+// A device that demands has taken what it asked for, and plays out of that.
 void ThreadsRig::play_a_step() {
   std::array<Sample16, kStepFrames> frames;
-  ring_.read(frames);
+  if (demands_ahead_ == 0) {
+    ring_.read(frames);
+    return;
+  }
+  at_device_ -= std::min<std::size_t>(at_device_, kStepFrames);
+  while (at_device_ < demands_ahead_) {
+    const std::size_t read =
+        ring_.read(std::span(frames).first(std::min<std::size_t>(kStepFrames, demands_ahead_ - at_device_)));
+    if (read == 0) break;
+    at_device_ += read;
+  }
+  ring_.demand(demands_ahead_ - at_device_);
+}
+
+void ThreadsRig::end_demands() {
+  demands_ahead_ = 0;
+  ring_.end_demands();
 }
 
 ThreadsRig::ThreadsRig() {
@@ -71,7 +90,10 @@ void ThreadsRig::wait_for_readers() {
 void ThreadsRig::run(int milliseconds, int panel_every) {
   for (int passed = 0; passed < milliseconds; passed += 10) {
     wait_for_readers();
-    clock_.advance(kStepNs);
+    // By milliseconds, for a thread that waits for the panel looks as often; one that waits for a demand does not
+    // sleep.
+    const int parts = demands_ahead_ == 0 ? 10 : 1;
+    for (int part = 0; part < parts; ++part) clock_.advance(kStepNs / parts);
     now_ += 10;
     play_a_step();
     if (++steps_ % panel_every == 0) work();

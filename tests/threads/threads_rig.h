@@ -26,6 +26,10 @@ class ThreadsRig {
   // Lets time pass in steps of 10 ms; the panel works at the end of every `panel_every`-th.
   void run(int milliseconds, int panel_every = 1);
   void work();  // the panel's turn
+  // From now on the device demands what is missing to so many frames ahead, as a sound server does.
+  void demand_ahead(std::size_t frames) { demands_ahead_ = frames; }
+  void end_demands();
+  std::size_t ready() const { return ring_.readable(); }  // frames
 
   PanelControls& controls() { return program_->controls; }
   Program& program() { return *program_; }
@@ -46,6 +50,8 @@ class ThreadsRig {
   std::unique_ptr<Program> program_;
   std::int64_t now_ = 0;  // milliseconds
   int steps_ = 0;
+  std::size_t demands_ahead_ = 0;
+  std::size_t at_device_ = 0;
 };
 
 }  // namespace tandem::test
