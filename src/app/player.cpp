@@ -21,8 +21,9 @@ namespace {
 
 constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with a hand near
 constexpr double kUnattendedFrame = 1000.0 / 30;
-constexpr TimerQueue::Milliseconds kAlone = 3000;  // without a hand near, until sound is queued far ahead
-constexpr TimerQueue::Milliseconds kPoll = 10;     // while the device is about to answer
+constexpr TimerQueue::Milliseconds kAlone = 3000;   // without a hand near, until sound is queued far ahead
+constexpr TimerQueue::Milliseconds kIdle = 60'000;  // of a hand that does nothing: it has left the panel as it was
+constexpr TimerQueue::Milliseconds kPoll = 10;      // while the device is about to answer
 
 void show_message(const std::string& text) {
   auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));
@@ -78,13 +79,22 @@ void Player::show() {
   window_->show();
   cover_watch_ =
       std::make_unique<QtCoverWatch>(*window_->windowHandle(), [this](bool covered) { window_->set_covered(covered); });
+  hand_watch_ = std::make_unique<QtHandWatch>([this] { hand_moved(); });
   bell_.answer([this] { clock_->reschedule(); });
   clock_->reschedule();
 }
 
-// With a hand near, the sound follows at once; alone, it is queued far ahead, which saves most of the wake-ups.
+// The first move after a rest is answered by a short queue at once.
+void Player::hand_moved() {
+  const Milliseconds now = clock_->now();
+  if (now - hand_moved_at_ > kIdle) clock_->reschedule();
+  hand_moved_at_ = now;
+}
+
+// With a hand near, the sound follows at once; alone, it is queued far ahead, which saves most of the wake-ups and
+// holds out when the machine is busy: a panel that was left active in the evening is alone all night.
 void Player::attend(Milliseconds now) {
-  if (window_->attended()) attended_at_ = now;
+  if (window_->attended() && now - hand_moved_at_ <= kIdle) attended_at_ = now;
   const bool alone = now - attended_at_ > kAlone;
   engine_.set_deep_queue(alone || !(window_->exposed() || window_->attended()));
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
@@ -161,6 +171,7 @@ void Player::close() {
 void Player::leave_desktop() {
   close();
   bell_.answer(nullptr);
+  hand_watch_.reset();
   clock_.reset();
   dialog_.leave_desktop();
   realtime_kit_.reset();

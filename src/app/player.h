@@ -14,6 +14,7 @@
 #include "platform/qt_clock.h"
 #include "platform/qt_cover_watch.h"
 #include "platform/qt_file_dialog.h"
+#include "platform/qt_hand_watch.h"
 #include "platform/qt_ui_bell.h"
 #include "platform/real_step_clock.h"
 #include "shell/program.h"
@@ -50,6 +51,7 @@ class Player {
   std::optional<Milliseconds> work(Milliseconds now);
   std::optional<Milliseconds> draw_frame(Milliseconds now);
   void attend(Milliseconds now);
+  void hand_moved();
   void ask_the_system();
   void drop(const std::vector<std::string>& paths);
   void play_out();
@@ -64,6 +66,7 @@ class Player {
   DisplayPump pump_;
 
   std::unique_ptr<QtClock> clock_;
+  std::unique_ptr<QtHandWatch> hand_watch_;
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<QtCoverWatch> cover_watch_;
   std::optional<BusRealtimeKit> realtime_kit_;
@@ -71,8 +74,9 @@ class Player {
   std::optional<RuntimeError> failure_;
   double frame_due_ = 0;  // milliseconds
   Milliseconds last_frame_ = 0;
-  Milliseconds attended_at_ = 0;  // when a hand was last near
-  bool moving_ = true;            // the last frame said that something moves
+  Milliseconds attended_at_ = 0;    // when a hand was last near
+  Milliseconds hand_moved_at_ = 0;  // when it last did anything
+  bool moving_ = true;              // the last frame said that something moves
   bool closed_ = false;
 };
 
