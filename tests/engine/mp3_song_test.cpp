@@ -1,6 +1,9 @@
 // MPEG audio files as whole songs: what encoders make.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string_view>
+
 #include "support/mp3_maker.h"
 #include "support/song_check.h"
 #include "support/wav_writer.h"
@@ -47,6 +50,26 @@ TEST(Mp3Song, OtherRatesAreConvertedInPlace) {
     EXPECT_EQ(check.length, 3 * kSampleRate);
     expect_like(to_stereo(tones(3.0, 330.0, 0.3)), check.sound, kCodingSnr);
   }
+}
+
+// A frame of silence in front that tells the length in the way of another encoder.
+TEST(Mp3Song, AVbriFrameNeverSounds) {
+  const Bytes plain = make_mp3(music(3.0), {"-b", "128", "-t"});
+  constexpr std::size_t kFrame = 417;  // 128 kbit/s at 44.1 kHz without padding
+  constexpr std::string_view kMark = "VBRI";
+  Bytes file(kFrame);
+  std::copy(plain.begin(), plain.begin() + 4, file.begin());
+  file[2] &= 0xFDU;  // no padding
+  std::copy(kMark.begin(), kMark.end(), file.begin() + 36);
+  file.resize(kFrame + plain.size());
+  std::copy(plain.begin(), plain.end(), file.begin() + kFrame);
+  const SongCheck without = check_song(plain);
+  const SongCheck with = check_song(file);
+  EXPECT_TRUE(with.consistent(0.0F));
+  EXPECT_EQ(with.length, without.length);
+  EXPECT_TRUE(std::ranges::equal(with.sound, without.sound, [](const StereoFrame& a, const StereoFrame& b) {
+    return a.left == b.left && a.right == b.right;
+  }));
 }
 
 TEST(Mp3Song, WithoutInformationFrameEveryFrameSounds) {
