@@ -135,7 +135,7 @@ void PositionItem::draw(QPainter& painter) const { paint_slider(painter, box(), 
 
 // The cap and, outside of it, no more than the focus ring.
 QRect PositionItem::drawn_box() const {
-  constexpr double kRing = 3;
+  constexpr double kRing = 4;
   return box().adjusted(-kRing, -kRing, kRing, kRing).toAlignedRect();
 }
 

@@ -60,6 +60,7 @@ class PanelItem : public QWidget {
   Control* model() const { return model_; }
   void set_scene_visible(bool visible);  // as the window's size and the model's Visible have it
   void set_enabled_by_model();
+  bool shows_focus() const { return focus_shown_; }
   virtual bool in_use() const { return true; }  // false: not shown whatever its model says
 
   // Draws in px of the panel, within painted_box().

@@ -26,6 +26,14 @@ constexpr double kCornerRadius = 5;
 
 int pixels(Twips twips) { return twips / kTwipsPerPixel; }
 
+// The box and what is about it up to the next points that are whole device pixels at every step of 25 %.
+QRect on_whole_pixels(const QRect& box) {
+  constexpr int kStep = 4;  // px
+  const auto down = [](int at) { return at - (at % kStep + kStep) % kStep; };
+  return {QPoint(down(box.left()), down(box.top())),
+          QPoint(down(box.right()) + kStep - 1, down(box.bottom()) + kStep - 1)};
+}
+
 bool is_window_size(const QSize& size) {
   return size == window_size(WindowSize::Full) || size == window_size(WindowSize::Compact) ||
          size == window_size(WindowSize::Board);
@@ -129,11 +137,13 @@ bool PanelWindow::in_scene(const PanelItem& item) const {
   return item.model() == nullptr || item.model()->Visible;
 }
 
-// A focused item that disappears hands the focus to PLAY.
+// A focused item that disappears hands the focus to PLAY, which shows it if that item did.
 void PanelWindow::follow_visibilities() {
   PanelItem* focused = dynamic_cast<PanelItem*>(focusWidget());
+  const bool shown = focused != nullptr && focused->shows_focus();
   for (PanelItem* item : items_) item->set_scene_visible(in_scene(*item));
-  if (focused != nullptr && !in_scene(*focused)) item("PLAY")->setFocus(Qt::OtherFocusReason);
+  if (focused == nullptr || in_scene(*focused)) return;
+  item("PLAY")->setFocus(shown ? Qt::OtherFocusReason : Qt::MouseFocusReason);
 }
 
 void PanelWindow::visibilities_changed() {
@@ -145,8 +155,9 @@ void PanelWindow::repaint_box(const QRect& box) {
   if (!isMinimized() && !covered_) update(box);
 }
 
-void PanelWindow::repaint_at_once(const QRect& box) {
+void PanelWindow::repaint_at_once(const QRect& wanted) {
   if (isMinimized() || covered_) return;
+  const QRect box = on_whole_pixels(wanted) & rect();
   const double scale = devicePixelRatioF();
   const QSize pixels = (QSizeF(box.size()) * scale).toSize();
   if (part_.size() != pixels) part_ = QImage(pixels, QImage::Format_RGB32);
@@ -161,7 +172,7 @@ void PanelWindow::repaint_at_once(const QRect& box) {
 }
 
 void PanelWindow::show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) {
-  if (changed.empty() || isMinimized() || draw_directly(*this, picture, at, changed)) return;
+  if (changed.empty() || isMinimized() || covered_ || draw_directly(*this, picture, at, changed)) return;
   for (const QRectF& box : changed) update(box.toAlignedRect());
 }
 

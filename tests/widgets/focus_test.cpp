@@ -179,5 +179,33 @@ TEST(Focus, TheMouseGivesItWithoutARing) {
   EXPECT_NE(ring_box("STOPBtn"), bare);
 }
 
+// Nor does PLAY get a ring from a control that had none.
+TEST(Focus, OfAControlThatDisappearsIsShownOnPlayIfItWasShownThere) {
+  WindowRig rig;
+  rig.click("Volume");
+  const int bare = ring_pixels(rig, "PLAY");
+  for (const bool by_mouse : {true, false}) {
+    if (by_mouse) rig.click("SaveList");
+    if (!by_mouse) rig.focus("SaveList");
+    ASSERT_EQ(rig.focused(), "SaveList");
+    rig.controls().ShowPlayList.click.raise();
+    EXPECT_EQ(rig.focused(), "PLAY");
+    const int ring = ring_pixels(rig, "PLAY") - bare;
+    EXPECT_TRUE(by_mouse ? ring == 0 : ring >= 20) << ring;
+    rig.controls().ShowPlayList.click.raise();
+  }
+}
+
+TEST(Focus, IsNotShownAfterAClickOnPlaylist) {
+  WindowRig rig;
+  rig.click("Volume");
+  const int bare = ring_pixels(rig, "PLAY");
+  for (int i = 0; i < 2; ++i) {
+    rig.click("PlayList");
+    rig.click("ShowPlayList");
+    EXPECT_EQ(ring_pixels(rig, "PLAY"), bare) << "the focus is on " << rig.focused();
+  }
+}
+
 }  // namespace
 }  // namespace tandem::test

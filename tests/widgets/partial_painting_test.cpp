@@ -1,5 +1,5 @@
 // Painted box by box under a busy hand, the window looks as if it had been painted at once: no seams between boxes, and
-// nothing left of light, shadow and focus. Run at 100 % and, by another test entry, at 125 %.
+// nothing left of light, shadow and focus. Run at 100 % and, by other test entries, at 125 and 150 %.
 
 #include <gtest/gtest.h>
 
@@ -92,6 +92,29 @@ TEST_F(PartialPainting, AfterTheFocusHasGoneRound) {
     pass(.02);
   }
   expect_whole("a round of the focus");
+}
+
+TEST_F(PartialPainting, AfterTheFocusHasLeftTheTimeSliderAtItsBegin) {
+  rig.focus("Slider1");
+  ASSERT_EQ(rig.focused(), "Slider1");
+  ASSERT_EQ(rig.controls().Slider1.value(), 0);
+  pass(.05);
+  rig.focus("Volume");
+  pass(.05);
+  expect_whole("the focus");
+}
+
+TEST_F(PartialPainting, ASteppingTitleIsPaintedOnce) {
+  rig.controls().SongLabel.Scrolling = true;
+  rig.controls().SongLabel.Caption = "A TITLE LONGER THAN ITS CELLS.MP3   ";
+  rig.frame(0);
+  rig.frame(.8);
+  for (int i = 0; i < 10; ++i) {
+    rig.painted();
+    rig.frame(.11);
+    EXPECT_TRUE(rig.painted().isEmpty()) << "step " << i << " is painted once more";
+    expect_whole("a step of the title");
+  }
 }
 
 TEST_F(PartialPainting, AfterEveryDisplayAndKind) {
