@@ -34,6 +34,7 @@ class SwitchedDisplay : public Component, public SoundDisplay {
   }
   bool Visible() const final { return visible_; }
   void put_Visible(bool visible) final { visible_ = visible; }
+  void forget() { reset(); }  // as if nothing had ever been heard; allocates
 
   void feed(std::span<const SoundFrame> frames) final {
     if (enabled_) hear(frames);

@@ -18,6 +18,7 @@ class SpectrumView {
  public:
   // Brings the image up to date for a screen of this scale (1 = 100 %).
   ChangedPicture update(SpectrumAnalyser& analyser, double scale);
+  void draw_anew() { face_.reset(); }  // with the next update()
   void draw(QPainter& painter) const;
 
  private:

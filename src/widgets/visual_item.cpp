@@ -46,6 +46,25 @@ void VisualItem::feed(std::span<const SoundFrame> heard) {
   displays_.MMOscopeX1.feed(heard);
 }
 
+void VisualItem::forget() {
+  displays_.MMSpectrum1.forget();
+  displays_.MMMeterX1.forget();
+  displays_.MMMeterX2.forget();
+  displays_.MMLevelX1.forget();
+  displays_.MMOscopeX1.forget();
+}
+
+// What was heard before it was hidden is over.
+void VisualItem::showEvent(QShowEvent* event) {
+  PanelItem::showEvent(event);
+  forget();
+  spectrum_.draw_anew();
+  if (shown_ == 0) spectrum_.update(displays_.MMSpectrum1, scale_);
+  if (shown_ == 1) left_.update(displays_.MMMeterX1, scale_);
+  if (shown_ == 1) right_.update(displays_.MMMeterX2, scale_);
+  if (shown_ == 2) scope_.update(displays_.MMOscopeX1, scale_);
+}
+
 bool VisualItem::at_rest() const {
   return displays_.MMSpectrum1.at_rest() && displays_.MMMeterX1.at_rest() && displays_.MMMeterX2.at_rest() &&
          displays_.MMLevelX1.at_rest() && displays_.MMOscopeX1.at_rest() && shown_ == which(displays_) &&
@@ -70,7 +89,7 @@ bool VisualItem::move_displays(double seconds) {
     show(spectrum_.update(displays_.MMSpectrum1, scale_));
   if ((displays_.MMMeterX1.advance(seconds) || anew) && shown_ == 1) show(left_.update(displays_.MMMeterX1, scale_));
   if ((displays_.MMMeterX2.advance(seconds) || anew) && shown_ == 1) show(right_.update(displays_.MMMeterX2, scale_));
-  if (displays_.MMLevelX1.advance(seconds)) repaint(control_box("MMLevelX1").box());
+  if (displays_.MMLevelX1.advance(seconds) && shown_ == 1) repaint(control_box("MMLevelX1").box());
   if ((displays_.MMOscopeX1.advance(seconds) || anew) && shown_ == 2) show(scope_.update(displays_.MMOscopeX1, scale_));
   return !at_rest();
 }

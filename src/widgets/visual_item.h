@@ -1,5 +1,5 @@
 // The display area: one item for the five displays, of which those are drawn that the panel shows. It moves them at
-// every frame and repaints only what has changed. UI thread.
+// every frame and repaints only what has changed. Displays that come into sight begin at rest. UI thread.
 #pragma once
 
 #include <span>
@@ -38,8 +38,10 @@ class VisualItem final : public PanelItem {
 
  protected:
   QString name_in_table() const override;
+  void showEvent(QShowEvent* event) override;
 
  private:
+  void forget();
   void draw_meters(QPainter& painter) const;
   bool start_anew();
   void show(const ChangedPicture& picture);
