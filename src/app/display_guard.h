@@ -1,5 +1,6 @@
-// The toolkit aborts the program where it finds no display. While one of these lives, that ends the program with one
-// line on standard error and exit status 1 instead. For the time in which the QApplication is made; UI thread.
+// The toolkit aborts the program where it finds no display. While one of these lives, that ends the program with exit
+// status 1 instead, and with one line on standard error unless it is to tell nothing. For the time in which the
+// QApplication is made; UI thread.
 #pragma once
 
 namespace tandem {

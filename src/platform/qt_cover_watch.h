@@ -12,7 +12,7 @@ namespace tandem {
 
 class QtCoverWatch final : public QAbstractNativeEventFilter {
  public:
-  // `tell` is called at every change, at first when the window is hidden.
+  // `tell` is called at every change, but not before the window is hidden for the first time.
   QtCoverWatch(QWindow& window, std::function<void(bool covered)> tell);
   ~QtCoverWatch() override;
   QtCoverWatch(const QtCoverWatch&) = delete;
