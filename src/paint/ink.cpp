@@ -15,6 +15,10 @@ void add_stops(QGradient& gradient, Stops stops) {
   for (const Stop& stop : stops) gradient.setColorAt(stop.at, faded(stop.colour, stop.opacity));
 }
 
+// Whole numbers, halves upwards on both sides of 0: what is drawn as a part of a picture, from another origin, stands
+// where it stands in the whole.
+double nearest(double at) { return std::floor(at + .5); }
+
 }  // namespace
 
 void set_up(QPainter& painter, double scale) {
@@ -27,10 +31,10 @@ double device_scale(const QPainter& painter) { return painter.deviceTransform().
 QRectF snapped(const QPainter& painter, const QRectF& box) {
   const QTransform to_device = painter.deviceTransform();
   const QRectF device = to_device.mapRect(box);
-  const double left = std::round(device.left());
-  const double top = std::round(device.top());
-  const double right = std::max(left + 1, std::round(device.right()));
-  const double bottom = std::max(top + 1, std::round(device.bottom()));
+  const double left = nearest(device.left());
+  const double top = nearest(device.top());
+  const double right = std::max(left + 1, nearest(device.right()));
+  const double bottom = std::max(top + 1, nearest(device.bottom()));
   return to_device.inverted().mapRect(QRectF(left, top, right - left, bottom - top));
 }
 
@@ -41,6 +45,11 @@ DevicePixels::DevicePixels(QPainter& painter) : painter_(painter), logical_(pain
 }
 
 DevicePixels::~DevicePixels() { painter_.restore(); }
+
+QPoint DevicePixels::at(const QPointF& point) const {
+  const QPointF device = logical_.map(point);
+  return {static_cast<int>(nearest(device.x())), static_cast<int>(nearest(device.y()))};
+}
 
 QColor faded(QRgb colour, double opacity) {
   QColor result = QColor::fromRgb(colour);

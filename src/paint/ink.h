@@ -18,14 +18,15 @@ double device_scale(const QPainter& painter);
 /// The box moved and sized to whole device pixels, at least one device pixel each way.
 QRectF snapped(const QPainter& painter, const QRectF& box);
 
-/// While it lives the painter draws in whole device pixels; at() gives the device pixel nearest to a point.
+/// While it lives the painter draws in whole device pixels; at() gives the device pixel nearest to a point, of two
+/// equally near ones the right and lower one.
 class DevicePixels {
  public:
   explicit DevicePixels(QPainter& painter);
   ~DevicePixels();
   DevicePixels(const DevicePixels&) = delete;
   DevicePixels& operator=(const DevicePixels&) = delete;
-  [[nodiscard]] QPoint at(const QPointF& point) const { return logical_.map(point).toPoint(); }
+  [[nodiscard]] QPoint at(const QPointF& point) const;
 
  private:
   QPainter& painter_;

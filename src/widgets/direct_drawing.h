@@ -14,8 +14,8 @@ namespace tandem {
 // shows them at once; both in px of the window. The picture is opaque, has the screen's scale, and is what the window
 // would paint there: it stays true when the window is painted again.
 //
-// False where that cannot be: the window is not on a screen yet or has been resized since, its store is no image, or the
-// picture does not begin on a whole device pixel. Nothing is shown then, and the boxes are to be painted as usual.
+// False where that cannot be: the window is not on a screen yet or has been resized since, its store is no image, or
+// the picture does not begin on a whole device pixel. Nothing is shown then, and the boxes are to be painted as usual.
 bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& at, std::span<const QRectF> changed);
 
 }  // namespace tandem
