@@ -11,8 +11,9 @@ namespace {
 
 void paint_leader(QPainter& painter, const RotaryPlace& place, double angle, double y, bool chosen) {
   QPainterPath path(on_circle(place.centre, place.radius + 3, angle));
-  path.lineTo(on_circle(place.centre, place.radius + 6.5, angle));
-  path.lineTo(place.caption_x - 9, y);
+  const QPointF bend = on_circle(place.centre, place.radius + 6.5, angle);
+  path.lineTo(bend);
+  path.lineTo(std::max(place.caption_x - 9, bend.x()), y);
   path.lineTo(place.caption_x - 4, y);
   const QColor colour = chosen ? QColor::fromRgb(palette::kLime) : faded(0xFF79818A, .85);
   stroke_path(painter, path, colour, chosen ? 1.4 : .9, Qt::RoundCap);
