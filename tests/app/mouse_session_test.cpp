@@ -58,6 +58,43 @@ class MouseSession : public testing::Test {
   bool hears(double tone) const {
     return wait_until([&] { return find_tone(desktop.sound.recording(), tone).has_value(); });
   }
+  void add_songs() {
+    player->click(189, 146);  // SONG
+    ASSERT_TRUE(player->dialog_shows_up());
+    click("song 1.wav", "tree item");
+    click("song 3.wav", "tree item", "shift");
+    click("Open", "push button");
+    ASSERT_TRUE(player->dialog_goes_away());
+    EXPECT_TRUE(
+        wait_until([this] { return seen("03 - " + desktop.home().file("song 3.wav"), "list item").has_value(); }));
+  }
+  void set_equalizer_and_volume() const {
+    player->click(124, 242);         // Playlist: the equalizer in its place
+    player->drag(278, 186, 0, -18);  // the first fader, by 6 dB
+    player->click(300, 186, 4);      // the wheel on the second
+    player->click(586, 198);         // the groove of the last
+    player->drag(235, 137, 0, 75);   // the volume, by half its way
+    player->click(124, 242);
+  }
+  void save_list() {
+    player->click(581, 240);  // Save
+    ASSERT_TRUE(player->dialog_shows_up());
+    player->type("evening");
+    click("Save", "push button");
+    ASSERT_TRUE(player->dialog_goes_away());
+  }
+  void open_list() {
+    player->click(581, 210);  // Open
+    ASSERT_TRUE(player->dialog_shows_up());
+    click("evening.m3l", "tree item");
+    click("Open", "push button");
+    ASSERT_TRUE(player->dialog_goes_away());
+  }
+  void close() {
+    player->click(596, 7);
+    EXPECT_EQ(player->exit_status(), 0);
+    EXPECT_EQ(player->errors().find("tandem:"), std::string::npos) << player->errors();
+  }
 
   Desktop desktop;
   std::unique_ptr<AssistiveBus> bus;
@@ -67,33 +104,13 @@ class MouseSession : public testing::Test {
 TEST_F(MouseSession, SongsAreAddedPlayedShapedSavedAndOpenedAgain) {
   start(factory_settings());
   write_songs();
-  player->click(189, 146);  // SONG
-  ASSERT_TRUE(player->dialog_shows_up());
-  click("song 1.wav", "tree item");
-  click("song 3.wav", "tree item", "shift");
-  click("Open", "push button");
-  ASSERT_TRUE(player->dialog_goes_away());
-  EXPECT_TRUE(
-      wait_until([this] { return seen("03 - " + desktop.home().file("song 3.wav"), "list item").has_value(); }));
-
+  ASSERT_NO_FATAL_FAILURE(add_songs());
   desktop.sound.start_recording();
   player->click(24, 146);  // PLAY
   EXPECT_TRUE(hears(kTones[0]));
-  player->click(124, 242);         // Playlist: the equalizer in its place
-  player->drag(278, 186, 0, -18);  // the first fader, by 6 dB
-  player->click(300, 186, 4);      // the wheel on the second
-  player->click(586, 198);         // the groove of the last
-  player->drag(235, 137, 0, 75);   // the volume, by half its way
-  player->click(124, 242);
-  const std::string list = desktop.home().file("evening.m3l");
-  player->click(581, 240);  // Save
-  ASSERT_TRUE(player->dialog_shows_up());
-  player->type("evening");
-  click("Save", "push button");
-  ASSERT_TRUE(player->dialog_goes_away());
-  player->click(596, 7);  // Close
-  EXPECT_EQ(player->exit_status(), 0);
-  EXPECT_EQ(player->errors().find("tandem:"), std::string::npos) << player->errors();
+  set_equalizer_and_volume();
+  ASSERT_NO_FATAL_FAILURE(save_list());
+  close();
   const std::string kept = player->settings();
   EXPECT_EQ(lines_of(kept).at(0), "6");
   EXPECT_EQ(lines_of(kept).at(1), "1");
@@ -101,18 +118,12 @@ TEST_F(MouseSession, SongsAreAddedPlayedShapedSavedAndOpenedAgain) {
   EXPECT_NEAR(std::stoi(lines_of(kept).at(kVolumeLine)), 16384, 1);
 
   start(kept);
-  player->click(581, 210);  // Open
-  ASSERT_TRUE(player->dialog_shows_up());
-  click("evening.m3l", "tree item");
-  click("Open", "push button");
-  ASSERT_TRUE(player->dialog_goes_away());
+  ASSERT_NO_FATAL_FAILURE(open_list());
   player->double_click(400, 124);  // the first line goes
   player->click(24, 146);
   EXPECT_TRUE(hears(kTones[1]));
   EXPECT_TRUE(hears(kTones[2]));
-  player->click(596, 7);
-  EXPECT_EQ(player->exit_status(), 0);
-  EXPECT_EQ(player->errors().find("tandem:"), std::string::npos) << player->errors();
+  close();
 }
 
 }  // namespace

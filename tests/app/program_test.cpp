@@ -61,6 +61,17 @@ class TheProgram : public testing::Test {
       return last && last->end + 0.5 < static_cast<double>(heard.size()) / 44100;
     });
   }
+  void set_two_bands_by_keys() const {
+    player->key("F2");
+    for (int i = 0; i < 18; ++i) player->key("Tab");  // from PLAY, which has the focus, to the equalizer
+    for (const char* key : {"Up", "Up", "Right", "Next", "F2"}) player->key(key);
+  }
+  void expect_songs_in(const std::string& list) const {
+    std::stringstream content;
+    content << std::ifstream(list).rdbuf();
+    for (const char* song : {"song 1.wav", "song 2.wav", "song 3.wav"})
+      EXPECT_NE(content.str().find(player->file(song)), std::string::npos) << content.str();
+  }
 
   Desktop desktop;
   std::unique_ptr<RealPlayer> player;
@@ -106,13 +117,7 @@ TEST_F(TheProgram, IsUsedByTheKeyboardAlone) {
   desktop.sound.start_recording();
   player->key("ctrl+p");
   EXPECT_TRUE(hears(kTones[0]));
-  player->key("F2");
-  for (int i = 0; i < 18; ++i) player->key("Tab");  // from PLAY, which has the focus, to the equalizer
-  player->key("Up");
-  player->key("Up");
-  player->key("Right");
-  player->key("Next");
-  player->key("F2");
+  set_two_bands_by_keys();
   const std::string list = player->file("evening");
   player->key("ctrl+s");
   answer(list);
@@ -124,10 +129,7 @@ TEST_F(TheProgram, IsUsedByTheKeyboardAlone) {
   EXPECT_EQ(saved.at(0), "2");
   EXPECT_EQ(saved.at(1), "-3");
   EXPECT_EQ(saved.at(2), "0");
-  std::stringstream content;
-  content << std::ifstream(list + ".m3l").rdbuf();
-  for (const char* song : {"song 1.wav", "song 2.wav", "song 3.wav"})
-    EXPECT_NE(content.str().find(player->file(song)), std::string::npos) << content.str();
+  expect_songs_in(list + ".m3l");
   for (const auto& kept : std::filesystem::recursive_directory_iterator(desktop.home().path()))
     ADD_FAILURE() << "the program keeps nothing but its settings: " << kept.path();
 
