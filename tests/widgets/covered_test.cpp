@@ -86,14 +86,5 @@ TEST_P(HiddenDisplay, BeginsAtRestWhenItComesBack) {
   EXPECT_EQ(display(), at_rest);
 }
 
-// The level bar lies in the same place as the other displays, and moves though it is not shown.
-TEST(HiddenLevelBar, IsNotPainted) {
-  WindowRig rig;
-  pass_with_sound(rig, 1);
-  rig.painted();
-  pass_with_sound(rig, 10);
-  EXPECT_TRUE(rig.painted().isEmpty());
-}
-
 }  // namespace
 }  // namespace tandem::test
