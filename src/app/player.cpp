@@ -4,7 +4,6 @@
 #include <QMessageBox>
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <thread>
 
 #include "app/dropped_songs.h"
@@ -128,17 +127,13 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
 // Nothing is drawn while nobody could see it; what comes to rest is looked at again at the panel's next tick.
 std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   if (!window_->exposed()) return std::nullopt;
-  const double period = window_->attended() ? kAttendedFrame : kUnattendedFrame;
-  frame_due_ = std::min(frame_due_, static_cast<double>(last_frame_) + period);
-  if (static_cast<double>(now) + 0.5 >= frame_due_) {
+  const Milliseconds before = frames_.last();
+  if (frames_.take(now, window_->attended() ? kAttendedFrame : kUnattendedFrame)) {
     window_->visual().feed(pump_.take(output_.heard()));
-    if (moving_ || !window_->visual().at_rest())
-      moving_ = window_->frame(static_cast<double>(now - last_frame_) / 1000);
-    last_frame_ = now;
-    frame_due_ = std::max(frame_due_ + period, static_cast<double>(now) + period / 2);
+    if (moving_ || !window_->visual().at_rest()) moving_ = window_->frame(static_cast<double>(now - before) / 1000);
   }
   if (!moving_) return std::nullopt;
-  return std::lround(frame_due_);
+  return frames_.next();
 }
 
 void Player::drop(const std::vector<std::string>& paths) {

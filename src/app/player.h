@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/display_pump.h"
+#include "app/frame_pacer.h"
 #include "engine/engine.h"
 #include "engine/output_ring.h"
 #include "platform/bus_desktop_motion.h"
@@ -72,8 +73,7 @@ class Player {
   std::optional<BusRealtimeKit> realtime_kit_;
   std::optional<BusDesktopMotion> motion_;
   std::optional<RuntimeError> failure_;
-  double frame_due_ = 0;  // milliseconds
-  Milliseconds last_frame_ = 0;
+  FramePacer frames_;
   Milliseconds attended_at_ = 0;    // when a hand was last near
   Milliseconds hand_moved_at_ = 0;  // when it last did anything
   bool moving_ = true;              // the last frame said that something moves
