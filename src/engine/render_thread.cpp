@@ -16,7 +16,7 @@ constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
 constexpr std::uint64_t kFreeSteps = 10;
 constexpr std::uint64_t kFreeStepsOfShortQueue = 5;
 // How soon it is noticed that an output demands no more.
-constexpr auto kDemandPatience = std::chrono::milliseconds(50);
+constexpr auto kDemandPatience = std::chrono::milliseconds(25);
 // For how long steps wait for the panel to start a song: less than what is queued; and how often it is looked.
 constexpr std::int64_t kPatienceNs = 200'000'000;
 constexpr std::int64_t kPatienceOfShortQueueNs = 30'000'000;
@@ -102,8 +102,15 @@ void RenderThread::pace() {
     next_ns_ -= std::min(left, now.periods) * kStepNs;
     clock_.sleep_until(clock_.now_ns() + kLookNs);
   } else {
-    clock_.sleep_until(next_ns_ + (steps_at_once() - 1) * kStepNs);
+    clock_.sleep_until(next_ns_ + (std::min(steps_at_once(), steps_of_sleep()) - 1) * kStepNs);
   }
+}
+
+// No longer than half of what is queued lasts: a queue that has only just been made deep still fills.
+std::int64_t RenderThread::steps_of_sleep() const noexcept {
+  const std::uint64_t written = ring_.written();
+  const std::uint64_t queued = written - std::min(output_.heard(), written);
+  return std::max<std::int64_t>(static_cast<std::int64_t>(queued) / (2 * std::int64_t{kStepFrames}), 1);
 }
 
 bool RenderThread::serves() noexcept {

@@ -46,6 +46,7 @@ class RenderThread {
   };
   Due due() noexcept;
   std::int64_t steps_at_once() const noexcept;
+  std::int64_t steps_of_sleep() const noexcept;
   bool waits_for_the_panel() noexcept;
   void render_step() noexcept;
 
