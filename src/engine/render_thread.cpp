@@ -41,7 +41,7 @@ void RenderThread::wake() {
 }
 
 void RenderThread::run_freely_until(std::uint64_t step, bool deep_queue) noexcept {
-  free_steps_.store(deep_queue ? kFreeSteps : kFreeStepsOfShortQueue, std::memory_order_relaxed);
+  deep_queue_.store(deep_queue, std::memory_order_relaxed);
   free_until_.store(step, std::memory_order_relaxed);
 }
 
@@ -64,7 +64,7 @@ void RenderThread::render_step() noexcept {
 std::int64_t RenderThread::steps_at_once() const noexcept {
   const std::uint64_t step = chain_.steps();
   const std::uint64_t free_until = free_until_.load(std::memory_order_relaxed);
-  const std::uint64_t steps = free_steps_.load(std::memory_order_relaxed);
+  const std::uint64_t steps = deep_queue_.load(std::memory_order_relaxed) ? kFreeSteps : kFreeStepsOfShortQueue;
   // The end of a song, too, is told at once: the panel may have to start the next one.
   const bool ends_soon = chain_.frames_left() < 2 * static_cast<Frames>(steps) * kStepFrames;
   return free_until > step + steps && !ends_soon ? static_cast<std::int64_t>(steps) : 1;
@@ -84,7 +84,7 @@ RenderThread::Due RenderThread::due() noexcept {
 }
 
 bool RenderThread::waits_for_the_panel() noexcept {
-  const bool deep = free_steps_.load(std::memory_order_relaxed) == kFreeSteps;
+  const bool deep = deep_queue_.load(std::memory_order_relaxed);
   return mix_hold_.holds({&chain_.position(0), &chain_.position(1)}, clock_.now_ns(),
                          deep ? kPatienceNs : kPatienceOfShortQueueNs);
 }
@@ -114,8 +114,8 @@ std::int64_t RenderThread::steps_of_sleep() const noexcept {
 }
 
 bool RenderThread::serves() noexcept {
-  const bool short_queue = free_steps_.load(std::memory_order_relaxed) == kFreeStepsOfShortQueue;
-  return short_queue && ring_.has_demands() && steps_at_once() > 1 && !waits_for_the_panel();
+  return !deep_queue_.load(std::memory_order_relaxed) && ring_.has_demands() && steps_at_once() > 1 &&
+         !waits_for_the_panel();
 }
 
 // Positions stand still as long as the output has all that it wants.

@@ -58,7 +58,7 @@ class RenderThread {
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
   MixHold mix_hold_;
   std::atomic<std::uint64_t> free_until_{0};
-  std::atomic<std::uint64_t> free_steps_{1};
+  std::atomic<bool> deep_queue_{false};
   std::atomic<bool> stopping_{false};
   std::atomic<bool> resting_{false};
   std::counting_semaphore<> woken_{0};

@@ -27,7 +27,10 @@ PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
 // requests, and with nothing left it would run at its shortest latency and wake 2000 times a second.
 constexpr int kDeep = 8;  // buffers
 
-std::uint32_t whole_frames(std::uint32_t bytes) { return bytes / 4 * 4; }
+std::uint32_t whole_frames(std::uint32_t bytes) {
+  constexpr std::uint32_t kFrame = kFrameBytes;
+  return bytes / kFrame * kFrame;
+}
 
 pa_buffer_attr attributes(const PulseQueue& queue) {
   const auto buffer = static_cast<std::uint32_t>(queue.buffer_bytes);

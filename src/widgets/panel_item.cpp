@@ -66,8 +66,8 @@ QString PanelItem::name_in_table() const {
   return text_of(named ? place_.accessible : place_.caption);
 }
 
-// "Song: <caption>", "Volume <Progress> %", "Meter: Spec, V.U., Scope": from the mark on stands the value. What stands
-// in round brackets is said by the state.
+// "Song: <caption>", "Volume <Progress> %": from the mark on stands the value. What stands in round brackets is said by
+// the state.
 QString PanelItem::spoken_name() const {
   const QString whole = name_in_table();
   const qsizetype colon = whole.indexOf(": ");

@@ -1,9 +1,7 @@
 // Songs that change on the disk after they were added: what is lost is the song, never the list.
 #include <gtest/gtest.h>
 #include <sys/fsuid.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -17,6 +15,7 @@
 #include "program/songs.h"
 #include "support/bytes.h"
 #include "support/mp3_maker.h"
+#include "support/special_files.h"
 #include "support/wav_writer.h"
 
 namespace tandem::test {
@@ -39,14 +38,9 @@ void replace_by_garbage(const std::string& path) {
   fs::remove(path);
   write_file(path, random_bytes(200'000, 7));
 }
-void make_socket(const std::string& path) {
+void replace_by_socket(const std::string& path) {
   fs::remove(path);
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  path.copy(address.sun_path, sizeof address.sun_path - 1);
-  const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-  ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-  ::close(socket);
+  make_socket(path);
 }
 void make_fifo(const std::string& path) {
   fs::remove(path);
@@ -91,7 +85,7 @@ const Fault kFaults[] = {
        fs::create_directory(path);
      }},
     {"a FIFO in its place", make_fifo},
-    {"a socket in its place", make_socket},
+    {"a socket in its place", replace_by_socket},
     {"a dangling link in its place", [](const std::string& path) { link_to(path, "nowhere"); }},
     {"a device in its place", [](const std::string& path) { link_to(path, "/dev/zero"); }},
 };

@@ -1,8 +1,6 @@
 // Files that are no songs: refused at once when they are added, passed over when they have become so since.
 #include <gmock/gmock.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -12,20 +10,12 @@
 #include "program/signatures.h"
 #include "program/songs.h"
 #include "support/bytes.h"
+#include "support/special_files.h"
 
 namespace tandem::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-void make_socket(const std::string& path) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  path.copy(address.sun_path, sizeof address.sun_path - 1);
-  const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-  ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-  ::close(socket);
-}
 
 struct BadFile {
   const char* kind;

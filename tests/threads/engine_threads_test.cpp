@@ -102,6 +102,17 @@ TEST(EngineThreads, AnOutputThatDemandsNoMoreIsPacedByTheClock) {
   EXPECT_LE(time_for(rig, 100), 150);
 }
 
+TEST(EngineThreads, AQueueThatIsMadeDeepDoesNotRunDry) {
+  ThreadsRig rig;
+  for (const char* name : {"a.wav", "b.wav", "c.wav"}) rig.add_song(name, 1.9);
+  rig.controls().PLAY.click.raise();
+  rig.run(300);
+  const int before = rig.dry();
+  rig.engine().set_deep_queue(true);
+  rig.run(1000);
+  EXPECT_EQ(rig.dry(), before);
+}
+
 TEST(EngineThreads, AHandOnEverythingWhileItPlays) {
   ThreadsRig rig;
   rig.choose_lead(kLead);

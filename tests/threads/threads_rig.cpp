@@ -22,7 +22,7 @@ constexpr std::int64_t kStepNs = 10'000'000;
 void ThreadsRig::play_a_step() {
   std::array<Sample16, kStepFrames> frames;
   if (demands_ahead_ == 0) {
-    ring_.read(frames);
+    if (ring_.read(frames) < frames.size()) ++dry_;
     return;
   }
   at_device_ -= std::min<std::size_t>(at_device_, kStepFrames);

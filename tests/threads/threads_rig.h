@@ -30,6 +30,7 @@ class ThreadsRig {
   void demand_ahead(std::size_t frames) { demands_ahead_ = frames; }
   void end_demands();
   std::size_t ready() const { return ring_.readable(); }  // frames
+  int dry() const { return dry_; }                        // how often the device found less than it plays
 
   PanelControls& controls() { return program_->controls; }
   Program& program() { return *program_; }
@@ -52,6 +53,7 @@ class ThreadsRig {
   int steps_ = 0;
   std::size_t demands_ahead_ = 0;
   std::size_t at_device_ = 0;
+  int dry_ = 0;
 };
 
 }  // namespace tandem::test
