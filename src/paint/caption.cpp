@@ -112,12 +112,4 @@ void draw_caption(QPainter& painter, const QPointF& at, const QString& text, con
   draw_text(painter, start, text, font, style.colour);
 }
 
-void draw_arial_bold(QPainter& painter, const QPointF& at, const QString& text, double size, QRgb colour) {
-  QFont font(QStringList{u"Arial"_s, u"Liberation Sans"_s, u"Arimo"_s});
-  font.setWeight(QFont::Bold);
-  make_plain(font, size);
-  const double width = QFontMetricsF(font).horizontalAdvance(text) / kFontUnits;
-  draw_text(painter, at - QPointF(width, 0), text, font, colour);
-}
-
 }  // namespace tandem

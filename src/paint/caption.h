@@ -31,7 +31,4 @@ void draw_caption(QPainter& painter, const QPointF& at, const QString& text, con
 /// Advance in px at 100 %.
 double caption_width(const QString& text, const CaptionStyle& style = {});
 
-/// The letters "dB" of the meters: an Arial metric bold at `size`, right edge at `at`.
-void draw_arial_bold(QPainter& painter, const QPointF& at, const QString& text, double size, QRgb colour);
-
 }  // namespace tandem

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "paint/caption.h"
+#include "paint/decibel_letters.h"
 #include "paint/ink.h"
 #include "paint/palette.h"
 #include "paint/panels.h"
@@ -102,7 +103,7 @@ void paint_needle_face(QPainter& painter, const QRectF& box, bool right) {
   paint_numbers(painter, centre);
   paint_fine_marks(painter, centre);
   const double baseline = box.bottom() - 8;
-  draw_arial_bold(painter, {box.right() - 9, baseline}, QStringLiteral("dB"), 11.5, palette::kSilver);
+  draw_decibel_letters(painter, {box.right() - 9, baseline}, palette::kSilver);
   draw_caption(painter, {box.left() + 9, baseline}, right ? QStringLiteral("R") : QStringLiteral("L"),
                {.colour = palette::kSilver, .bold = true});
   painter.save();
