@@ -41,13 +41,15 @@ void paint_row_text(QPainter& painter, const QRectF& row, const QString& line, c
   const qsizetype cut = dash < 0 ? 0 : dash + 3;
   const double column = cut > 5 ? 39 : 33;
   const QPointF start(row.left() + column, row.top() + kBaseline);
-  const QString path = elide_directories(line.mid(cut), row.right() - start.x() - 3,
-                                         [](const QString& text) { return caption_width(text); });
-  const qsizetype file = path.lastIndexOf(u'/') + 1;
-  const QString directory = path.left(file);
+  const double room = row.right() - start.x() - 3;
+  const auto width = [](const QString& text) { return caption_width(text); };
+  const QString path = elide_directories(line.mid(cut), room, width);
+  const qsizetype name = path.lastIndexOf(u'/') + 1;
+  const QString directory = path.left(name);
+  const QString file = name > 0 ? path.mid(name) : elide_file_name(path, room, width);
   draw_caption(painter, {row.left() + kTextInset, start.y()}, line.left(cut), {.colour = colours.number});
   draw_caption(painter, start, directory, {.colour = colours.directory});
-  draw_caption(painter, start + QPointF(caption_width(directory), 0), path.mid(file), {.colour = colours.file});
+  draw_caption(painter, start + QPointF(caption_width(directory), 0), file, {.colour = colours.file});
 }
 
 void paint_scroll_bar(QPainter& painter, const QRectF& box, const SongListLook& look) {

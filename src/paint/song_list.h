@@ -27,8 +27,14 @@ QRectF list_row_box(const QRectF& box, int row);
 QRectF list_track_box(const QRectF& box);
 QRectF list_thumb_box(const QRectF& box, int top, int count);
 
-/// A path that is too wide loses directories in the middle ("/home/ana/…/Winter Sun.mp3"), last ones first; the file
-/// name stays whole even if it is wider than the room. `width` measures a text in the unit of `room`.
-QString elide_directories(const QString& path, double room, const std::function<double(const QString&)>& width);
+/// Measures a text in the unit of the room that it is to fit.
+using TextWidth = std::function<double(const QString&)>;
+
+/// A path that is too wide loses directories in the middle ("/home/ana/…/Winter Sun.mp3"), last ones first, and in the
+/// end all of them; the file name stays whole even if it is wider than the room.
+QString elide_directories(const QString& path, double room, const TextWidth& width);
+
+/// A file name that is too wide loses letters before its last ones and its extension ("An evening in…part 2.mp3").
+QString elide_file_name(const QString& name, double room, const TextWidth& width);
 
 }  // namespace tandem

@@ -27,8 +27,47 @@ TEST(ElideDirectories, DropsTheLastDirectoriesFirst) {
 }
 
 TEST(ElideDirectories, NeverCutsTheFileName) {
-  EXPECT_EQ(elided(u"/home/ana/A very long name.mp3"_s, 5), u"…/A very long name.mp3"_s);
+  EXPECT_EQ(elided(u"/home/ana/A very long name.mp3"_s, 22), u"…/A very long name.mp3"_s);
+  EXPECT_EQ(elided(u"/home/ana/A very long name.mp3"_s, 21), u"A very long name.mp3"_s);
+  EXPECT_EQ(elided(u"/home/ana/A very long name.mp3"_s, 5), u"A very long name.mp3"_s);
   EXPECT_EQ(elided(u"A very long name.mp3"_s, 5), u"A very long name.mp3"_s);
+}
+
+QString cut_name(const QString& name, double room) {
+  return elide_file_name(name, room, [](const QString& text) { return static_cast<double>(text.size()); });
+}
+
+TEST(ElideFileName, LeavesANameThatFits) { EXPECT_EQ(cut_name(u"Winter Sun.mp3"_s, 14), u"Winter Sun.mp3"_s); }
+
+TEST(ElideFileName, KeepsItsBeginAndItsLastLettersWithTheExtension) {
+  const QString name = u"An evening in the glass garden, part 2.mp3"_s;
+  EXPECT_EQ(cut_name(name, 30), u"An evening in the…, part 2.mp3"_s);
+  EXPECT_EQ(cut_name(name, 26), u"An evening in…, part 2.mp3"_s);
+  EXPECT_EQ(cut_name(name, 25), u"An evening in the gl….mp3"_s) << "no room for both";
+}
+
+TEST(ElideFileName, KeepsItsExtensionAtLeast) {
+  const QString name = u"An evening in the glass garden, part 2.mp3"_s;
+  EXPECT_EQ(cut_name(name, 16), u"An evening….mp3"_s);
+  EXPECT_EQ(cut_name(name, 0), u"….mp3"_s);
+}
+
+TEST(ElideFileName, WhatIsLongBehindAPointIsNoExtension) {
+  EXPECT_EQ(cut_name(u"No. 5 without an end to it"_s, 20), u"No. 5 witho…nd to it"_s);
+  EXPECT_EQ(cut_name(u".hidden"_s, 4), u".hi…"_s);
+}
+
+TEST(ElideFileName, NeverCutsALetterInTwo) {
+  const QString clef = QString::fromUcs4(U"\U0001D11E");  // two units
+  const QString accented = u"a\u0301"_s;                  // two units and one letter as well
+  for (const QString& letter : {clef, accented}) {
+    const QString name = letter.repeated(40) + u".mp3"_s;
+    for (int room = 5; room < 84; ++room) {
+      const QString cut = cut_name(name, room);
+      EXPECT_LE(cut.size(), std::max<qsizetype>(room, 5)) << room;
+      EXPECT_EQ(QString(cut).remove(letter), u"….mp3"_s) << room;
+    }
+  }
 }
 
 TEST(SongList, RowsStandThirteenPixelsApart) {
@@ -67,6 +106,20 @@ TEST(SongList, MarksTheSelectedRow) {
   EXPECT_EQ(picture.pixel(3, 11), 0xFF000000);
   look.top = 1;  // the view starts at the second song: the mark moves up
   EXPECT_EQ(list_picture(look).pixel(3, 11), palette::kAqua);
+}
+
+TEST(SongList, ANameWiderThanItsLineShowsItsEnd) {
+  const auto row_of = [](const QString& name) {
+    SongListLook look;
+    look.rows = {u"01 - /a/"_s + name};
+    look.count = 1;
+    return list_picture(look).copy(0, 5, 293, 13);
+  };
+  const QString middle = QString(100, u'n');
+  EXPECT_NE(row_of(u"One "_s + middle + u" part 1.mp3"_s), row_of(u"One "_s + middle + u" part 2.mp3"_s));
+  EXPECT_NE(row_of(u"One "_s + middle + u".mp3"_s), row_of(u"One "_s + middle + u".wav"_s));
+  EXPECT_NE(row_of(u"One "_s + middle + u".mp3"_s), row_of(u"Two "_s + middle + u".mp3"_s));
+  EXPECT_EQ(row_of(u"One "_s + middle + u".mp3"_s), row_of(u"One "_s + middle + u"n.mp3"_s));
 }
 
 TEST(SongList, TextNeverReachesTheScrollBar) {
