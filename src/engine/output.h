@@ -34,9 +34,6 @@ class Output {
   // power while nobody is near. Takes effect without a gap.
   virtual void set_depth(int buffers) = 0;
 
-  // The render thread: what was demanded of the ring lies there.
-  virtual void offer() noexcept {}
-
   // True while a device is there and takes sound at its own pace: only then may the render thread go on.
   virtual bool consuming() const noexcept = 0;
   // How many of the ring's frames have been heard, ever: grows with the device's clock between two requests,

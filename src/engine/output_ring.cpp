@@ -34,21 +34,37 @@ std::size_t OutputRing::read(std::span<Sample16> out) noexcept {
 void OutputRing::demand(std::size_t frames) noexcept {
   has_demands_.store(true, std::memory_order_release);
   demanded_.store(frames, std::memory_order_release);
-  if (frames > 0 && !told_.exchange(true, std::memory_order_acq_rel)) demand_.release();
+  if (frames > 0) call_off();
 }
 
 void OutputRing::end_demands() noexcept {
   demanded_.store(0, std::memory_order_release);
   has_demands_.store(false, std::memory_order_release);
+  call_off();
+}
+
+void OutputRing::call_off() noexcept {
+  if (!told_.exchange(true, std::memory_order_acq_rel)) demand_.release();
 }
 
 std::size_t OutputRing::await_demand(std::chrono::milliseconds most) noexcept {
-  while (demand_.try_acquire_for(most)) {
-    // An exchange, for a store might come behind the look at what is demanded, and a demand between them would be lost.
-    told_.exchange(false, std::memory_order_acq_rel);
-    if (const std::size_t frames = demanded(); frames > 0) return frames;  // it may have been met meanwhile
+  if (!demand_.try_acquire_for(most)) return 0;
+  // An exchange, for a store might come behind the look at what is demanded, and a demand between them would be lost.
+  told_.exchange(false, std::memory_order_acq_rel);
+  return demanded();  // it may have been met meanwhile
+}
+
+void OutputRing::supply() noexcept {
+  if (awaits_supply_.exchange(false, std::memory_order_acq_rel)) supply_.release();
+}
+
+void OutputRing::demand_now(std::size_t frames, std::chrono::milliseconds most) noexcept {
+  while (supply_.try_acquire_for(std::chrono::nanoseconds(0))) {  // one that came too late
   }
-  return 0;
+  awaits_supply_.store(true, std::memory_order_release);
+  demand(frames);
+  if (frames > 0 && served()) static_cast<void>(supply_.try_acquire_for(most));
+  awaits_supply_.store(false, std::memory_order_release);
 }
 
 }  // namespace tandem

@@ -9,9 +9,10 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <semaphore>
 #include <span>
 #include <vector>
+
+#include "engine/semaphore.h"
 
 namespace tandem {
 
@@ -39,8 +40,17 @@ class OutputRing {
   void end_demands() noexcept;
   bool has_demands() const noexcept { return has_demands_.load(std::memory_order_acquire); }
   std::size_t demanded() const noexcept { return demanded_.load(std::memory_order_acquire); }
-  // The render thread: waits until frames are demanded, at most about so long. How many; 0 if none were.
+  // The render thread: waits until frames are demanded, at most so long, or called off. How many; 0 if none were.
   std::size_t await_demand(std::chrono::milliseconds most) noexcept;
+  // The render thread: from now on it serves demands as soon as they come, or does not.
+  void serve(bool serves) noexcept { served_.store(serves, std::memory_order_release); }
+  bool served() const noexcept { return served_.load(std::memory_order_acquire); }
+  // The render thread: what was demanded lies there now, or as much of it as there will be.
+  void supply() noexcept;
+  // The output's thread: demand(), and waits until it is supplied, at most so long. At once if nobody serves demands.
+  void demand_now(std::size_t frames, std::chrono::milliseconds most) noexcept;
+  // Any thread: who waits for a demand looks about.
+  void call_off() noexcept;
 
   // Frames ever written and ever read; any thread.
   std::uint64_t written() const noexcept { return tail_.load(std::memory_order_acquire); }
@@ -53,7 +63,10 @@ class OutputRing {
   std::atomic<bool> has_demands_{false};
   std::atomic<std::size_t> demanded_{0};
   std::atomic<bool> told_{false};  // the semaphore is raised
-  std::counting_semaphore<> demand_{0};
+  std::atomic<bool> served_{false};
+  std::atomic<bool> awaits_supply_{false};
+  Semaphore demand_;
+  Semaphore supply_;
 };
 
 }  // namespace tandem

@@ -15,8 +15,8 @@ constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
 // At one wake-up while nothing depends on the moment.
 constexpr std::uint64_t kFreeSteps = 10;
 constexpr std::uint64_t kFreeStepsOfShortQueue = 5;
-// How soon it is noticed that an output demands no more.
-constexpr auto kDemandPatience = std::chrono::milliseconds(25);
+// For longer than from demand to demand: how soon it is noticed that an output hangs.
+constexpr auto kDemandPatience = std::chrono::milliseconds(100);
 // For how long steps wait for the panel to start a song: less than what is queued; and how often it is looked.
 constexpr std::int64_t kPatienceNs = 200'000'000;
 constexpr std::int64_t kPatienceOfShortQueueNs = 30'000'000;
@@ -33,6 +33,7 @@ RenderThread::RenderThread(Chain& chain, Output& output, OutputRing& ring, StepC
 RenderThread::~RenderThread() {
   stopping_.store(true);
   woken_.release();
+  ring_.call_off();
   thread_.join();
 }
 
@@ -121,9 +122,8 @@ bool RenderThread::serves() noexcept {
 // Positions stand still as long as the output has all that it wants.
 void RenderThread::serve() {
   const std::size_t wanted = ring_.await_demand(kDemandPatience);
-  const std::uint64_t before = chain_.steps();
   while (ring_.readable() < wanted && serves() && chain_.wants_render()) render_step();
-  if (chain_.steps() > before) output_.offer();
+  if (wanted > 0) ring_.supply();
   if (!chain_.news().empty()) tell_news_();
   next_ns_ = clock_.now_ns();
 }
@@ -131,10 +131,13 @@ void RenderThread::serve() {
 void RenderThread::run() {
   next_ns_ = clock_.now_ns();
   while (!stopping_.load()) {
-    if (output_.consuming() && chain_.wants_render()) {
-      serves() ? serve() : pace();
+    const bool sounds = output_.consuming() && chain_.wants_render();
+    const bool served = sounds && serves();
+    ring_.serve(served);
+    if (served) {
+      serve();
     } else {
-      rest();
+      sounds ? pace() : rest();
     }
   }
 }

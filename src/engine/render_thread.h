@@ -8,13 +8,13 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
-#include <semaphore>
 #include <thread>
 
 #include "engine/chain.h"
 #include "engine/mix_hold.h"
 #include "engine/output.h"
 #include "engine/output_ring.h"
+#include "engine/semaphore.h"
 #include "engine/step_clock.h"
 
 namespace tandem {
@@ -61,7 +61,7 @@ class RenderThread {
   std::atomic<bool> deep_queue_{false};
   std::atomic<bool> stopping_{false};
   std::atomic<bool> resting_{false};
-  std::counting_semaphore<> woken_{0};
+  Semaphore woken_;
   std::thread thread_;
 };
 

@@ -24,7 +24,6 @@ class DeviceOutput final : public Output {
   void pause() override;
   void restart() override;
   void set_depth(int buffers) override;
-  void offer() noexcept override { pulse_.offer(); }
 
   bool consuming() const noexcept override { return pulse_.consuming() || alsa_.consuming(); }
   std::uint64_t heard() const noexcept override;

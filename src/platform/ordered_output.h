@@ -32,7 +32,6 @@ class OrderedOutput : public Output {
   bool consuming() const noexcept override { return face_.consuming.load(std::memory_order_acquire); }
   std::uint64_t heard() const noexcept override { return face_.heard.heard(monotonic_now()); }
   int request_frames() const noexcept override { return face_.request_frames.load(std::memory_order_relaxed); }
-  void offer() noexcept override { orders_.wake(); }
   bool lost() const noexcept override { return false; }  // whatever happens, the device is looked for again
 
  protected:

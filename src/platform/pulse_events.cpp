@@ -25,8 +25,7 @@ void PulseTimer::start(int milliseconds) {
 }
 
 void PulseTimer::cancel() {
-  if (event_ != nullptr) api_->time_restart(event_, nullptr);
-  pending_ = false;
+  if (std::exchange(pending_, false)) api_->time_restart(event_, nullptr);
 }
 
 void PulseTimer::on_time(pa_mainloop_api*, pa_time_event*, const struct timeval*, void* self) {

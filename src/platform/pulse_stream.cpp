@@ -4,6 +4,7 @@
 #include <pulse/timeval.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int kHungryMilliseconds = 10;
 constexpr int kPatientMilliseconds = 100;
+constexpr std::chrono::milliseconds kSupplyPatience{10};  // much less than is queued
 constexpr std::size_t kFrameBytes = sizeof(Sample16);
 
 void forget(pa_operation* operation) {
@@ -165,10 +167,13 @@ void PulseStream::feed() {
   const std::size_t asked = pa_stream_writable_size(stream_);
   if (asked == static_cast<std::size_t>(-1)) return;
   const std::uint64_t before = ring_.taken();
-  write(asked / kFrameBytes);
-  report();
-  const std::size_t missing = pa_stream_writable_size(stream_) / kFrameBytes;
+  std::size_t missing = write(asked / kFrameBytes);
+  if (missing > 0) {
+    ring_.demand_now(missing, kSupplyPatience);
+    missing = write(missing);
+  }
   ring_.demand(missing);
+  report();
   if (missing > 0) {
     come_back(ring_.taken() - before);
   } else {
@@ -184,15 +189,18 @@ void PulseStream::come_back(std::uint64_t just_taken) {
   hungry_.start(std::clamp(milliseconds, kHungryMilliseconds, kPatientMilliseconds));
 }
 
-void PulseStream::write(std::size_t frames) {
-  for (std::size_t left = std::min(frames, ring_.readable()); left > 0;) {
+// How many are missing.
+std::size_t PulseStream::write(std::size_t frames) {
+  const std::size_t there = std::min(frames, ring_.readable());
+  for (std::size_t left = there; left > 0;) {
     void* place = nullptr;
     std::size_t bytes = left * kFrameBytes;
-    if (pa_stream_begin_write(stream_, &place, &bytes) < 0 || bytes < kFrameBytes) return;
+    if (pa_stream_begin_write(stream_, &place, &bytes) < 0 || bytes < kFrameBytes) return frames;
     const std::size_t read = ring_.read({static_cast<Sample16*>(place), std::min(left, bytes / kFrameBytes)});
-    if (pa_stream_write(stream_, place, read * kFrameBytes, nullptr, 0, PA_SEEK_RELATIVE) < 0) return;
+    if (pa_stream_write(stream_, place, read * kFrameBytes, nullptr, 0, PA_SEEK_RELATIVE) < 0) return frames;
     left -= read;
   }
+  return frames - there;
 }
 
 // What it has is still on its way through the device: the clock runs on to its end, which the server no longer tells.

@@ -56,7 +56,7 @@ class PulseStream {
   void listen();
   void connect();
   void come_back(std::uint64_t just_taken);
-  void write(std::size_t frames);
+  std::size_t write(std::size_t frames);
   void play_out();
   void forget_play_out();
   void stall();

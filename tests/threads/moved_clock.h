@@ -3,7 +3,9 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
+#include <utility>
 
 #include "engine/step_clock.h"
 
@@ -11,6 +13,9 @@ namespace tandem::test {
 
 class MovedClock final : public StepClock {
  public:
+  // `elsewhere`: the thread waits for something else than this clock.
+  explicit MovedClock(std::function<bool()> elsewhere) : elsewhere_(std::move(elsewhere)) {}
+
   std::int64_t now_ns() noexcept override {
     const std::lock_guard lock(mutex_);
     return now_;
@@ -44,9 +49,10 @@ class MovedClock final : public StepClock {
 
  private:
   void wait_until_asleep(std::unique_lock<std::mutex>& lock) {
-    changed_.wait_for(lock, std::chrono::milliseconds(20), [&] { return asleep_; });
+    for (int i = 0; i < 20 && !asleep_ && !elsewhere_(); ++i) changed_.wait_for(lock, std::chrono::milliseconds(1));
   }
 
+  std::function<bool()> elsewhere_;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::int64_t now_ = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <span>
 #include <thread>
 
@@ -32,12 +33,13 @@ void ThreadsRig::play_a_step() {
     if (read == 0) break;
     at_device_ += read;
   }
-  ring_.demand(demands_ahead_ - at_device_);
+  ring_.demand_now(demands_ahead_ - at_device_, std::chrono::seconds(1));
 }
 
 void ThreadsRig::end_demands() {
   demands_ahead_ = 0;
   ring_.end_demands();
+  while (ring_.served()) std::this_thread::yield();
 }
 
 ThreadsRig::ThreadsRig() {
