@@ -13,15 +13,21 @@ namespace tandem {
 
 namespace {
 
+struct Message {
+  QtMsgType type;
+  QByteArray category;
+  QString text;
+};
+
 QtMessageHandler handler_before = nullptr;
 DisplayGuard::Tells what_is_told = DisplayGuard::Tells::Reason;
-std::vector<QByteArray> said;  // what the toolkit said so far
+std::vector<Message> said;  // by the toolkit so far
 
 // The first that speaks of a display.
 QByteArray reason() {
   const auto found =
-      std::find_if(said.begin(), said.end(), [](const QByteArray& text) { return text.contains("display"); });
-  return found == said.end() ? said.front() : *found;
+      std::find_if(said.begin(), said.end(), [](const Message& message) { return message.text.contains("display"); });
+  return (found == said.end() ? said.front() : *found).text.simplified().toLocal8Bit();
 }
 
 [[noreturn]] void end() {
@@ -30,9 +36,25 @@ QByteArray reason() {
   _exit(1);
 }
 
-void take_message(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  said.push_back(text.simplified().toLocal8Bit());
+void take_message(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  said.push_back({type, context.category, text});
   if (type == QtFatalMsg) end();
+}
+
+// As it would have been without the guard.
+void say_again(const Message& message) {
+  const QMessageLogger logger(nullptr, 0, nullptr, message.category.constData());
+  const QByteArray text = message.text.toUtf8();
+  switch (message.type) {
+    case QtDebugMsg:
+      return logger.debug("%s", text.constData());
+    case QtInfoMsg:
+      return logger.info("%s", text.constData());
+    case QtCriticalMsg:
+      return logger.critical("%s", text.constData());
+    default:
+      return logger.warning("%s", text.constData());
+  }
 }
 
 }  // namespace
@@ -45,7 +67,7 @@ DisplayGuard::DisplayGuard(Tells tells) {
 
 DisplayGuard::~DisplayGuard() {
   qInstallMessageHandler(handler_before);
-  for (const QByteArray& text : said) qWarning("%s", text.constData());
+  for (const Message& message : said) say_again(message);
 }
 
 }  // namespace tandem
