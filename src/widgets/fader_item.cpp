@@ -10,6 +10,18 @@
 
 namespace tandem {
 
+namespace {
+
+constexpr double kSecond = 1000;  // milliseconds
+
+// As one says it: minutes without a nought before them.
+QString time_text(std::int32_t milliseconds) {
+  const std::int32_t seconds = milliseconds / 1000;
+  return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
+}
+
+}  // namespace
+
 SlidingItem::SlidingItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Slider& slider)
     : PanelItem(panel, canvas, place, &slider), slider_(slider) {}
 
@@ -18,7 +30,7 @@ std::optional<ItemValue> SlidingItem::value_range() const {
                    static_cast<double>(slider_.maximum()), static_cast<double>(wheel_step())};
 }
 
-void SlidingItem::put_value(double value) {
+void SlidingItem::put_by_hand(double value) {
   if (slider_.held()) return;
   const double wanted = std::clamp(value, double(slider_.minimum()), double(slider_.maximum()));
   slider_.user_press();
@@ -53,7 +65,7 @@ void SlidingItem::mouseReleaseEvent(QMouseEvent* event) {
 
 void SlidingItem::wheelEvent(QWheelEvent* event) {
   const int steps = whole_wheel_steps(*event, wheel_rest_);
-  if (steps != 0) put_value(slider_.value() + double{1} * steps * wheel_step());
+  if (steps != 0) put_by_hand(slider_.value() + double{1} * steps * wheel_step());
   event->accept();
 }
 
@@ -147,7 +159,16 @@ void PositionItem::model_changed() {
   changed();
 }
 
-QString PositionItem::spoken_value() const { return QString::number(slider().value() / 1000) + " s"; }
+QString PositionItem::spoken_value() const {
+  return time_text(slider().value()) + " of " + time_text(slider().maximum());
+}
+
+std::optional<ItemValue> PositionItem::value_range() const {
+  return ItemValue{std::floor(slider().value() / kSecond), 0, std::floor(slider().maximum() / kSecond),
+                   wheel_step() / kSecond};
+}
+
+void PositionItem::put_value(double seconds) { put_by_hand(seconds * kSecond); }
 
 std::int32_t PositionItem::value_at(const QPointF& panel_position) const {
   const double way = box().width() - kSliderCapWidth;

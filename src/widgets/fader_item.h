@@ -17,7 +17,8 @@ class SlidingItem : public PanelItem {
   QString spoken_value() const override { return QString::number(slider_.value()); }
 
  protected:
-  void put_value(double value) override;
+  void put_value(double value) override { put_by_hand(value); }
+  void put_by_hand(double value);  // press, change and release
   virtual std::int32_t value_at(const QPointF& panel_position) const = 0;
   // The value after a key, or nothing for a key that is not the slider's.
   virtual std::optional<std::int32_t> value_after(int key) const = 0;
@@ -77,13 +78,16 @@ class BandItem final : public FaderItem {
   int band_;
 };
 
+// Its slider counts milliseconds; assistive technology has whole seconds.
 class PositionItem final : public SlidingItem {
  public:
   using SlidingItem::SlidingItem;
   void draw(QPainter& painter) const override;
-  QString spoken_value() const override;
+  QString spoken_value() const override;  // "1:23 of 3:45"
+  std::optional<ItemValue> value_range() const override;
 
  protected:
+  void put_value(double seconds) override;
   std::int32_t value_at(const QPointF& panel_position) const override;
   std::optional<std::int32_t> value_after(int key) const override;
   std::int32_t wheel_step() const override { return 5000; }

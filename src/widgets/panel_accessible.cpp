@@ -1,6 +1,7 @@
 #include "widgets/panel_accessible.h"
 
 #include <QAccessibleWidget>
+#include <utility>
 
 #include "widgets/panel_window.h"
 #include "widgets/song_list_accessible.h"
@@ -8,6 +9,8 @@
 namespace tandem {
 
 namespace {
+
+AssistiveListener listens = QAccessible::updateAccessibility;
 
 QAccessible::Role role_of(ControlKind kind) {
   switch (kind) {
@@ -46,12 +49,14 @@ QAccessible::Role role_of(ControlKind kind) {
 
 class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
-  explicit ItemInterface(PanelItem* item) : QAccessibleWidget(item, role_of(item->place().kind)), item_(*item) {}
+  explicit ItemInterface(PanelItem* item) : QAccessibleWidget(item, role_of(item->place().kind)), item_(*item) {
+    item_.speak_of_changes();
+  }
 
   QString text(QAccessible::Text what) const override {
     if (what == QAccessible::Name) return item().spoken_name();
     if (what == QAccessible::Value) return item().spoken_value();
-    if (what == QAccessible::Description && item().place().kind == ControlKind::PitchLamp) return item().spoken_value();
+    if (what == QAccessible::Description && is_described()) return item().spoken_value();
     return QAccessibleWidget::text(what);
   }
 
@@ -96,6 +101,10 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
   QVariant minimumStepSize() const override { return range().step; }
 
  private:
+  // What the screen readers' bus has no other place for: it carries a value as a number only.
+  bool is_described() const {
+    return item().place().kind == ControlKind::PitchLamp || item().place().kind == ControlKind::Slider;
+  }
   PanelItem& item() const { return item_; }
   ItemValue range() const { return item_.value_range().value_or(ItemValue{}); }
   PanelItem& item_;
@@ -112,17 +121,21 @@ QAccessibleInterface* interface_of(const QString&, QObject* object) {
 
 void tell_accessibility_of_items() { QAccessible::installFactory(interface_of); }
 
+void tell_assistive(QAccessibleEvent& event) { listens(&event); }
+
+AssistiveListener listen_instead(AssistiveListener listener) { return std::exchange(listens, listener); }
+
 void tell_value_of(PanelItem& item) {
-  if (!QAccessible::isActive()) return;
+  if (!item.speaks_of_changes()) return;
   QAccessibleEvent name(&item, QAccessible::NameChanged);
-  if (item.place().accessible.find('<') != std::string_view::npos) QAccessible::updateAccessibility(&name);
-  if (!item.hasFocus()) return;
+  if (item.place().accessible.find('<') != std::string_view::npos) tell_assistive(name);
+  if (!item.hasFocus() || !item.speaks_anew()) return;
   QAccessible::State changed;
   changed.checked = true;
   QAccessibleStateChangeEvent state(&item, changed);
-  if (item.checked()) QAccessible::updateAccessibility(&state);
+  if (item.checked()) tell_assistive(state);
   QAccessibleValueChangeEvent value(&item, item.spoken_value());
-  QAccessible::updateAccessibility(&value);
+  tell_assistive(value);
 }
 
 }  // namespace tandem

@@ -76,6 +76,13 @@ QString PanelItem::spoken_name() const {
   return (whole.left(mark) + spoken_value()).trimmed();
 }
 
+bool PanelItem::speaks_anew() {
+  const ItemValue number = value_range().value_or(ItemValue{});
+  const QString speaks =
+      QStringLiteral("%1 %2 %3").arg(number.value).arg(checked().value_or(false)).arg(spoken_value());
+  return std::exchange(spoken_, speaks) != speaks;
+}
+
 Touch PanelItem::touch() const {
   return {hover_, pressed_, focus_shown_ && hasFocus(), model_ == nullptr || model_->Enabled};
 }

@@ -76,6 +76,10 @@ class PanelItem : public QWidget {
   virtual std::optional<bool> checked() const { return std::nullopt; }  // nothing: has no two states
   virtual bool can_press() const { return false; }
   virtual std::optional<ItemValue> value_range() const { return std::nullopt; }  // nothing: is no number
+  // Nobody is told of changes before it has been asked for.
+  void speak_of_changes() { speaks_of_changes_ = true; }
+  bool speaks_of_changes() const { return speaks_of_changes_; }
+  bool speaks_anew();  // otherwise than at the last call
   // Acts of the user without the hand: by assistive technology or a key of the window. Nothing while it is disabled or
   // hidden.
   void press();
@@ -123,6 +127,8 @@ class PanelItem : public QWidget {
   bool hovered_ = false;
   bool pressed_ = false;
   bool focus_shown_ = false;
+  bool speaks_of_changes_ = false;
+  QString spoken_;  // with its number, as it was last told
 };
 
 }  // namespace tandem

@@ -2,27 +2,28 @@
 #pragma once
 
 #include <QAccessibleWidget>
-#include <vector>
+#include <memory>
 
 #include "widgets/song_list_item.h"
+#include "widgets/spoken_lines.h"
 
 namespace tandem {
 
 class SongListInterface final : public QAccessibleWidget {
  public:
   explicit SongListInterface(SongListItem& list);
-  ~SongListInterface() override;
 
   QString text(QAccessible::Text what) const override;
-  int childCount() const override { return list_.list().ListCount(); }
-  QAccessibleInterface* child(int index) const override;
-  int indexOfChild(const QAccessibleInterface* line) const override;
+  int childCount() const override;
+  QAccessibleInterface* child(int index) const override { return lines().line(index); }
+  int indexOfChild(const QAccessibleInterface* line) const override { return SpokenLines::index_of(line); }
   QAccessibleInterface* childAt(int x, int y) const override;
   QAccessibleInterface* focusChild() const override;
 
  private:
+  SpokenLines& lines() const;
   SongListItem& list_;
-  mutable std::vector<QAccessible::Id> lines_;  // as far as they were asked for
+  mutable std::shared_ptr<SpokenLines> lines_;
 };
 
 // The selected line has changed.

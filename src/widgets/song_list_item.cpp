@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "widgets/song_list_accessible.h"
+#include "widgets/spoken_lines.h"
 #include "widgets/wheel_steps.h"
 
 namespace tandem {
@@ -50,6 +51,7 @@ void SongListItem::show_line(int index) {
 
 // A selection that the panel moves is brought into view; the user's scrolling otherwise stays.
 void SongListItem::model_changed() {
+  if (const auto lines = spoken_lines_.lock()) lines->list_changed();
   scroll_to(top_);
   if (list_.ListIndex() != seen_selection_) {
     seen_selection_ = list_.ListIndex();

@@ -1,11 +1,15 @@
 // The song list: ten rows in view and a scroll bar. UI thread.
 #pragma once
 
+#include <memory>
+
 #include "controls/list_box.h"
 #include "paint/song_list.h"
 #include "widgets/panel_item.h"
 
 namespace tandem {
+
+class SpokenLines;
 
 class SongListItem final : public PanelItem {
  public:
@@ -16,6 +20,9 @@ class SongListItem final : public PanelItem {
   int top() const { return top_; }
   QRect line_on_screen(int index) const;  // nothing if it is not in view
   void select_line(int index);            // an act of the user
+  // Assistive technology has asked for the lines: from now on it is told when they change.
+  void spoken_as(const std::shared_ptr<SpokenLines>& lines) { spoken_lines_ = lines; }
+  bool is_listened_to() const { return !spoken_lines_.expired(); }
 
  protected:
   void model_changed() override;
@@ -40,6 +47,7 @@ class SongListItem final : public PanelItem {
   double thumb_grip_ = 0;
   bool dragging_thumb_ = false;
   int wheel_rest_ = 0;
+  std::weak_ptr<SpokenLines> spoken_lines_;
 };
 
 }  // namespace tandem

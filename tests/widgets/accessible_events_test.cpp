@@ -1,0 +1,188 @@
+// What assistive technology is told while it listens: lines that come, go and are numbered anew, and times.
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QCoreApplication>
+
+#include "widgets/panel_accessible.h"
+#include "widgets/window_rig.h"
+
+namespace tandem::test {
+namespace {
+
+using Events = std::vector<std::string>;
+
+Events heard;
+
+std::string line_of(QAccessibleInterface* line) {
+  const std::string text = line->text(QAccessible::Name).toStdString();
+  return std::to_string(line->parent()->indexOfChild(line)) + " " + text.substr(0, 5) +
+         text.substr(text.rfind('/') + 1);
+}
+
+void hear(QAccessibleEvent* event) {
+  QAccessibleInterface* whose = event->accessibleInterface();
+  if (whose == nullptr) throw std::runtime_error("an event of nobody");
+  if (!whose->isValid()) throw std::runtime_error("an event of what is gone");
+  const bool line = whose->role() == QAccessible::ListItem;
+  const std::string name = line ? line_of(whose) : whose->text(QAccessible::Name).toStdString();
+  switch (event->type()) {
+    case QAccessible::ObjectCreated:
+      return heard.push_back("created " + name);
+    case QAccessible::ObjectDestroyed:
+      return heard.push_back("destroyed " + std::to_string(whose->parent()->indexOfChild(whose)));
+    case QAccessible::NameChanged:
+      return heard.push_back("named " + name);
+    case QAccessible::Selection:
+      return heard.push_back("selected " + name);
+    case QAccessible::Focus:
+      return heard.push_back("focus on " + name);
+    case QAccessible::ValueChanged:
+      return heard.push_back(name + ": " + whose->text(QAccessible::Value).toStdString());
+    default:
+      break;
+  }
+}
+
+class Told : public testing::Test {
+ protected:
+  Told() : before_(listen_instead(hear)) {}
+  ~Told() override { listen_instead(before_); }
+  ListBox& list() { return rig.controls().PlayList; }
+  QAccessibleInterface& spoken_list() { return spoken("PlayList"); }
+  void listen_to_list() {
+    spoken_list().childCount();
+    told_of_lines();
+  }
+  QAccessibleInterface& spoken(const char* name) {
+    QAccessibleInterface* found = QAccessible::queryAccessibleInterface(&rig.item(name));
+    if (found == nullptr) throw std::runtime_error("silent");
+    return *found;
+  }
+  // What begins with one of the words, of all that has been told since the last call.
+  static Events told(const std::vector<std::string>& words) {
+    QCoreApplication::sendPostedEvents();
+    Events found;
+    for (const std::string& event : std::exchange(heard, {}))
+      for (const std::string& word : words)
+        if (event.starts_with(word)) found.push_back(event);
+    return found;
+  }
+  static Events told_of_lines() { return told({"created", "destroyed", "named 0", "named 1", "named 2", "named 3"}); }
+
+  WindowRig rig;
+
+ private:
+  AssistiveListener before_;
+};
+
+TEST_F(Told, LinesThatCome) {
+  listen_to_list();
+  rig.add_songs(2);
+  EXPECT_EQ(told_of_lines(), (Events{"created 0 01 - song 1.wav", "created 1 02 - song 2.wav"}));
+  rig.add_songs(1);
+  EXPECT_EQ(told_of_lines(), (Events{"created 2 03 - song 3.wav"}));
+}
+
+TEST_F(Told, ALineThatGoesAndThoseThatAreNumberedAnew) {
+  rig.add_songs(4);
+  QAccessibleInterface* third = spoken_list().child(2);
+  ASSERT_NE(third, nullptr);
+  told_of_lines();
+  list().user_double_click(1);
+  EXPECT_EQ(told_of_lines(), (Events{"destroyed 1", "named 1 02 - song 3.wav", "named 2 03 - song 4.wav"}));
+  EXPECT_EQ(spoken_list().child(1), third) << "it is the same song";
+  EXPECT_EQ(spoken_list().indexOfChild(third), 1);
+  list().user_double_click(2);
+  EXPECT_EQ(told_of_lines(), (Events{"destroyed 2"}));
+}
+
+// The panel empties the list and fills it anew to move one song.
+TEST_F(Told, AMovedSongIsTwoNames) {
+  rig.add_songs(4);
+  list().user_select(2);
+  listen_to_list();
+  rig.click("UpList");
+  EXPECT_EQ(told_of_lines(), (Events{"named 1 02 - song 3.wav", "named 2 03 - song 2.wav"}));
+}
+
+TEST_F(Told, AListThatIsEmptied) {
+  rig.add_songs(3);
+  listen_to_list();
+  list().Clear();
+  EXPECT_EQ(told_of_lines(), (Events{"destroyed 2", "destroyed 1", "destroyed 0"}));
+  EXPECT_EQ(spoken_list().childCount(), 0);
+}
+
+TEST_F(Told, NothingOfLinesThatAreAsTheyWere) {
+  rig.add_songs(3);
+  listen_to_list();
+  rig.wheel("PlayList", -1);
+  list().put_List(1, list().List(1));
+  EXPECT_EQ(told_of_lines(), Events{});
+}
+
+TEST_F(Told, ALineThatIsAskedForBeforeItIsToldOf) {
+  listen_to_list();
+  rig.add_songs(2);
+  const QAccessibleInterface* second = spoken_list().child(1);
+  ASSERT_NE(second, nullptr);
+  EXPECT_EQ(told_of_lines(), Events{});
+  EXPECT_EQ(spoken_list().child(1), second);
+}
+
+TEST_F(Told, NothingBeforeAnybodyHasAsked) {
+  rig.focus("PlayList");
+  told({});
+  rig.add_songs(3);
+  list().put_ListIndex(1);
+  list().Clear();
+  EXPECT_EQ(told_of_lines(), Events{});
+  EXPECT_EQ(told({"selected", "focus"}), Events{});
+}
+
+TEST_F(Told, TheLineThatIsSelected) {
+  rig.add_songs(3);
+  listen_to_list();
+  rig.focus("PlayList");
+  rig.key(Qt::Key_Home);
+  told({});
+  rig.key(Qt::Key_Down);
+  EXPECT_EQ(told({"selected", "focus"}), (Events{"selected 1 02 - song 2.wav", "focus on 1 02 - song 2.wav"}));
+  rig.focus("PLAY");
+  told({});
+  list().put_ListIndex(2);
+  EXPECT_EQ(told({"selected", "focus"}), (Events{"selected 2 03 - song 3.wav"}));
+}
+
+TEST_F(Told, ThePositionAsATime) {
+  rig.controls().Slider1.put_maximum(225'000);
+  rig.controls().Slider1.Position = 82'400;
+  EXPECT_EQ(spoken("Slider1").text(QAccessible::Value).toStdString(), "1:22 of 3:45");
+  EXPECT_EQ(spoken("Slider1").text(QAccessible::Description).toStdString(), "1:22 of 3:45");
+  rig.focus("Slider1");
+  told({});
+  for (int position = 82'600; position < 84'600; position += 200) rig.controls().Slider1.Position = position;
+  EXPECT_EQ(told({"Song position"}),
+            (Events{"Song position: 1:22 of 3:45", "Song position: 1:23 of 3:45", "Song position: 1:24 of 3:45"}));
+}
+
+TEST_F(Told, ThePositionIsSetInSeconds) {
+  rig.controls().Slider1.put_maximum(225'900);
+  rig.controls().Slider1.Position = 82'400;
+  QAccessibleValueInterface* number = spoken("Slider1").valueInterface();
+  ASSERT_NE(number, nullptr);
+  EXPECT_EQ(number->currentValue().toDouble(), 82);
+  EXPECT_EQ(number->maximumValue().toDouble(), 225);
+  EXPECT_EQ(number->minimumStepSize().toDouble(), 5);
+  Events log;
+  log_of(rig.controls().Slider1, log);
+  number->setCurrentValue(100);
+  EXPECT_EQ(log, (Events{"press", "change 100000", "release"}));
+  number->setCurrentValue(1e12);
+  EXPECT_EQ(rig.controls().Slider1.value(), 225'900);
+}
+
+}  // namespace
+}  // namespace tandem::test
