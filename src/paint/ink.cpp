@@ -110,10 +110,15 @@ void draw_ring(QPainter& painter, const QPointF& centre, double radius, const QC
   painter.drawEllipse(centre, radius, radius);
 }
 
+// As a filled outline: the toolkit's own lines lose their ends where a clip cuts them, so that a part painted anew
+// would not be what it is in the whole.
 void draw_line(QPainter& painter, const QPointF& from, const QPointF& to, const QColor& colour, double width,
                Qt::PenCapStyle cap) {
-  painter.setPen(QPen(colour, width, Qt::SolidLine, cap));
-  painter.drawLine(from, to);
+  QPainterPathStroker outline(QPen(colour, width, Qt::SolidLine, cap));
+  outline.setCurveThreshold(.05);
+  QPainterPath line(from);
+  line.lineTo(to);
+  fill_path(painter, outline.createStroke(line), colour);
 }
 
 void fill_path(QPainter& painter, const QPainterPath& path, const QBrush& brush) { painter.fillPath(path, brush); }

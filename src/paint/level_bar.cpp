@@ -28,7 +28,7 @@ void paint_column(QPainter& painter, const QPointF& foot, int lit) {
 }  // namespace
 
 void paint_level_bar(QPainter& painter, const QRectF& box, const LevelPicture& picture) {
-  fill_box(painter, box, QColor::fromRgb(0xFF020303));
+  fill_box(painter, snapped(painter, box), QColor::fromRgb(0xFF020303));
   paint_column(painter, {box.left() + 1, box.bottom() - 1}, picture.left_rows);
   paint_column(painter, {box.left() + 7, box.bottom() - 1}, picture.right_rows);
 }

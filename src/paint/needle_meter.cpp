@@ -97,7 +97,8 @@ double needle_angle(double db) { return -kSpan + 2 * kSpan * std::pow(10, db / 2
 
 void paint_needle_face(QPainter& painter, const QRectF& box, bool right) {
   const QPointF centre = pivot(box);
-  fill_box(painter, box,
+  // Its last column may be half a device pixel, which nothing else would paint.
+  fill_box(painter, snapped(painter, box),
            glow(box, .5, 1.02, .82, {{0, 0xFF1C4632}, {.45, 0xFF0D2118}, {.8, 0xFF050B08}, {1, 0xFF020403}}));
   paint_scale(painter, centre);
   paint_numbers(painter, centre);

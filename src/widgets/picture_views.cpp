@@ -30,6 +30,11 @@ std::array<float, kScopeValues> on_pixels(const ScopeReading::Trace& trace, floa
   return values;
 }
 
+// The whole device pixel nearest to a point, px of the panel: pictures stand on one.
+QPointF on_device_pixel(const QPointF& point, double scale) {
+  return {std::floor(point.x() * scale + .5) / scale, std::floor(point.y() * scale + .5) / scale};
+}
+
 }  // namespace
 
 double scale_db(double deflection) { return deflection > 1e-5 ? 20 * std::log10(deflection * kScaleTop) : -100.0; }
@@ -42,13 +47,13 @@ ChangedPicture NeedleView::update(const NeedleMeter& meter, double scale) {
     standing_ = {};
   }
   const QRect changed = face_->draw(image_, {0, 0}, scale_db(meter.deflection()), standing_);
-  ChangedPicture picture{&image_, box_.topLeft(), {}};
+  ChangedPicture picture{&image_, on_device_pixel(box_.topLeft(), scale), {}};
   picture.add(changed);
   return picture;
 }
 
 void NeedleView::draw(QPainter& painter) const {
-  if (!image_.isNull()) painter.drawImage(box_.topLeft(), image_);
+  if (!image_.isNull()) painter.drawImage(on_device_pixel(box_.topLeft(), scale_), image_);
 }
 
 ChangedPicture ScopeView::update(const Oscilloscope& scope, double scale) {

@@ -37,6 +37,8 @@ class VisualItem final : public PanelItem {
   std::optional<ItemValue> value_range() const override;
 
  protected:
+  // No more than its box: beside it lies what other items draw.
+  QRect drawn_box() const override { return place().box(); }
   QString name_in_table() const override;
   void showEvent(QShowEvent* event) override;
 

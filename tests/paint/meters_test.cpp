@@ -241,5 +241,41 @@ TEST(Oscilloscope, LeavesNothingOfThePictureBefore) {
   EXPECT_EQ(used, fresh);
 }
 
+/// The greatest difference of two pictures of one size.
+int furthest(const QImage& a, const QImage& b) {
+  int most = 0;
+  for (int y = 0; y < a.height(); ++y)
+    for (int x = 0; x < a.width(); ++x) most = std::max(most, std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))));
+  return most;
+}
+
+/// The device pixels of `box`, painted over `ground`.
+QImage painted_over(QRgb ground, const QRectF& box, double scale, const std::function<void(QPainter&)>& paint) {
+  const auto pixel = [scale](double at) { return static_cast<int>(std::lround(at * scale)); };
+  const QPoint corner(pixel(box.left()), pixel(box.top()));
+  const QImage all = sketch({607, 120}, scale, [&](QPainter& painter) {
+    painter.fillRect(0, 0, 607, 120, QColor::fromRgb(ground));
+    paint(painter);
+  });
+  return all.copy(QRect(corner, QSize(pixel(box.right()), pixel(box.bottom())) - QSize(corner.x(), corner.y())));
+}
+
+// Where a box ends within a device pixel nothing of what was there before shines through: a picture begins as whatever
+// the memory held.
+TEST(Meters, CoverTheirDevicePixelsAtEveryScale) {
+  constexpr int kRounding = 1;  // of an edge that is brought to a whole pixel and back
+  const QRectF bar(426, 16, 13, 91);
+  const auto face = [](QPainter& painter) { paint_needle_face(painter, kMeter, false); };
+  const auto level = [&bar](QPainter& painter) { paint_level_bar(painter, bar, {12, 3}); };
+  for (const double scale : {1., 1.25, 1.5, 1.75, 2., 2.25, 2.5, 3.}) {
+    const auto shines_through = [scale](const QRectF& box, const std::function<void(QPainter&)>& paint) {
+      return furthest(painted_over(palette::kBlack, box, scale, paint),
+                      painted_over(palette::kWhite, box, scale, paint));
+    };
+    EXPECT_LE(shines_through(kMeter, face), kRounding) << scale;
+    EXPECT_LE(shines_through(bar, level), kRounding) << scale;
+  }
+}
+
 }  // namespace
 }  // namespace tandem

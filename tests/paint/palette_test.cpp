@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "paint/ink.h"
+#include "sketch.h"
 
 namespace tandem {
 namespace {
@@ -70,6 +71,25 @@ TEST(Ink, RoundsAlikeFromEveryOrigin) {
   EXPECT_EQ(nearest(0).x(), 101);
   EXPECT_EQ(nearest(68).x(), 101) << "1.5 device pixels left of the part";
   EXPECT_NEAR(nearest(68).y(), nearest(0).y(), 1e-9);
+}
+
+// A part that is painted anew is cut out by a clip: a line in it is the same line.
+TEST(Ink, LinesAreTheSameUnderEveryClip) {
+  const auto cross = [](const QRect& clip) {
+    return sketch({20, 20}, 1.75, [&clip](QPainter& painter) {
+      painter.setClipRect(clip);
+      draw_line(painter, {7, 4.5}, {13, 10.5}, Qt::white, 1.4);
+      draw_line(painter, {13, 4.5}, {7, 10.5}, Qt::white, 1.4);
+    });
+  };
+  const QImage whole = cross({0, 0, 20, 20});
+  for (int cut = 1; cut < 20; ++cut) {
+    const QRect below(0, cut, 20, 20 - cut);
+    const int first = static_cast<int>(std::floor(cut * 1.75 + .5));
+    EXPECT_EQ(cross(below).copy(0, first, 35, 35 - first), whole.copy(0, first, 35, 35 - first)) << cut;
+    const QRect right(cut, 0, 20 - cut, 20);
+    EXPECT_EQ(cross(right).copy(first, 0, 35 - first, 35), whole.copy(first, 0, 35 - first, 35)) << cut;
+  }
 }
 
 double linear(int channel) {

@@ -1,5 +1,5 @@
 // Painted box by box under a busy hand, the window looks as if it had been painted at once: no seams between boxes, and
-// nothing left of light, shadow and focus. Run at 100 % and, by other test entries, at 125 and 150 %.
+// nothing left of light, shadow and focus. Run at 100 % and, by other test entries, at other scales.
 
 #include <gtest/gtest.h>
 
@@ -102,6 +102,16 @@ TEST_F(PartialPainting, AfterTheFocusHasLeftTheTimeSliderAtItsBegin) {
   rig.focus("Volume");
   pass(.05);
   expect_whole("the focus");
+}
+
+TEST_F(PartialPainting, AfterThePointerHasLeftTheDisplayBesideAFocusedButton) {
+  rig.focus("Close");
+  pass(.05);
+  for (const QPoint& at : {QPoint(500, 60), QPoint(260, 150), QPoint(500, 60)}) {
+    rig.move(at);
+    pass(.1);
+    expect_whole("the pointer");
+  }
 }
 
 TEST_F(PartialPainting, ASteppingTitleIsPaintedOnce) {
