@@ -123,6 +123,36 @@ void measure_painted(const Bench& bench, const std::string& name, int percent, i
   });
 }
 
+/// The view of a list of 200 songs with names and folders too long for their lines.
+SongListLook long_names(int top, int selected) {
+  constexpr int kSongs = 200;
+  SongListLook look;
+  look.top = std::clamp(top, 0, kSongs - kListRows);
+  look.count = kSongs;
+  look.selected = selected;
+  for (int i = look.top; i < look.top + kListRows; ++i) {
+    const QString number = QStringLiteral("%1").arg(i + 1, 2, 10, QChar(u'0'));
+    const QString folders = QStringLiteral("/home/ana/Music/Glass Garden/Evenings at the lake (live)/Disc 2/");
+    const QString name = QStringLiteral("Winter Sun, as it was played before the doors were closed, part ");
+    look.rows +=
+        number + QStringLiteral(" - ") + folders + (i % 2 == 0 ? name : QString()) + number + QStringLiteral(".mp3");
+  }
+  return look;
+}
+
+void measure_list(const Bench& bench, int percent) {
+  const auto measure_looks = [&](const char* name, int looks, const std::function<SongListLook(int)>& look_at) {
+    std::vector<SongListLook> all;
+    for (int i = 0; i < looks; ++i) all.push_back(look_at(i));
+    measure_painted(bench, name, percent, 10, [&](QPainter& painter, int i) {
+      paint_song_list(painter, control_box("PlayList").box(), all[static_cast<std::size_t>(i) % all.size()]);
+    });
+  };
+  measure_looks("200 songs, the same", 1, [](int) { return long_names(0, 3); });
+  measure_looks("200 songs, one turn", 63, [](int i) { return long_names(3 * i, 3); });
+  measure_looks("200 songs, selection", kListRows, [](int i) { return long_names(95, 95 + i); });
+}
+
 void measure_all(const Bench& bench, int percent) {
   for (const auto& [kind, name] : kKinds) measure_spectrum(bench, kind, name, percent);
   measure_needles(bench, percent);
@@ -140,6 +170,7 @@ void measure_all(const Bench& bench, int percent) {
     painter.setClipRect(control_box("SongLabel").box().adjusted(-5, -5, 5, 5));
     paint_glass_shine(painter, control_box("MMPanelX1(1)").box());
   });
+  measure_list(bench, percent);
   measure_painted(bench, "background, board open", percent, 40, [](QPainter& painter, int) {
     paint_background(painter, {WindowSize::Board, false});
   });

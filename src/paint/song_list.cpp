@@ -1,6 +1,8 @@
 #include "paint/song_list.h"
 
+#include <QHash>
 #include <algorithm>
+#include <utility>
 
 #include "paint/caption.h"
 #include "paint/ink.h"
@@ -35,21 +37,46 @@ void paint_row_ground(QPainter& painter, const QRectF& row, bool chosen, bool od
   }
 }
 
+struct RowText {
+  QString number;
+  QString directory;
+  QString file;
+  double column;  // where the directory begins, px from the row's left
+  double name;    // and the file
+};
+
 // A line is "number - path"; three-digit numbers need a wider column.
-void paint_row_text(QPainter& painter, const QRectF& row, const QString& line, const RowColours& colours) {
+RowText fitted(const QString& line, double row_width) {
   const qsizetype dash = line.indexOf(QStringLiteral(" - "));
   const qsizetype cut = dash < 0 ? 0 : dash + 3;
   const double column = cut > 5 ? 39 : 33;
-  const QPointF start(row.left() + column, row.top() + kBaseline);
-  const double room = row.right() - start.x() - 3;
+  const double room = row_width - column - 3;
   const auto width = [](const QString& text) { return caption_width(text); };
   const QString path = elide_directories(line.mid(cut), room, width);
   const qsizetype name = path.lastIndexOf(u'/') + 1;
   const QString directory = path.left(name);
-  const QString file = name > 0 ? path.mid(name) : elide_file_name(path, room, width);
-  draw_caption(painter, {row.left() + kTextInset, start.y()}, line.left(cut), {.colour = colours.number});
-  draw_caption(painter, start, directory, {.colour = colours.directory});
-  draw_caption(painter, start + QPointF(caption_width(directory), 0), file, {.colour = colours.file});
+  return {line.left(cut), directory, name > 0 ? path.mid(name) : elide_file_name(path, room, width), column,
+          column + caption_width(directory)};
+}
+
+// Finding what fits takes far longer than drawing it, and a line is drawn many times: at every turn of the wheel that
+// leaves it in view, and at every move of the selection.
+const RowText& kept_text(const QString& line, double row_width) {
+  constexpr qsizetype kMost = 8 * kListRows;
+  using Key = std::pair<QString, double>;
+  static QHash<Key, RowText> texts;
+  const auto found = texts.constFind({line, row_width});
+  if (found != texts.cend()) return *found;
+  if (texts.size() >= kMost) texts.clear();
+  return *texts.insert({line, row_width}, fitted(line, row_width));
+}
+
+void paint_row_text(QPainter& painter, const QRectF& row, const QString& line, const RowColours& colours) {
+  const RowText& text = kept_text(line, row.width());
+  const double baseline = row.top() + kBaseline;
+  draw_caption(painter, {row.left() + kTextInset, baseline}, text.number, {.colour = colours.number});
+  draw_caption(painter, {row.left() + text.column, baseline}, text.directory, {.colour = colours.directory});
+  draw_caption(painter, {row.left() + text.name, baseline}, text.file, {.colour = colours.file});
 }
 
 void paint_scroll_bar(QPainter& painter, const QRectF& box, const SongListLook& look) {

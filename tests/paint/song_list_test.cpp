@@ -70,6 +70,20 @@ TEST(ElideFileName, NeverCutsALetterInTwo) {
   }
 }
 
+// However long a name is, and however deep its folder, it is measured a few times only.
+TEST(Elide, MeasuresSeldom) {
+  int measured = 0;
+  const TextWidth width = [&measured](const QString& text) {
+    ++measured;
+    return static_cast<double>(text.size());
+  };
+  elide_directories(u"/a"_s.repeated(20) + u"/name.mp3"_s, 5, width);
+  EXPECT_LE(measured, 20 + 2);
+  measured = 0;
+  elide_file_name(QString(100'000, u'n') + u".mp3"_s, 50, width);
+  EXPECT_LE(measured, 17 + 2) << "the number halves its doubt every time";
+}
+
 TEST(SongList, RowsStandThirteenPixelsApart) {
   EXPECT_EQ(list_row_box(kBox, 0), QRectF(3, 5, 278, 13));
   EXPECT_EQ(list_row_box(kBox, 9).bottom(), 5 + 130);

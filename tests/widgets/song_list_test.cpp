@@ -4,10 +4,13 @@
 
 #include <QCoreApplication>
 #include <QHelpEvent>
+#include <QPainter>
+#include <QPicture>
 #include <QToolTip>
 #include <filesystem>
 #include <fstream>
 
+#include "paint/ink.h"
 #include "paint/song_list.h"
 #include "widgets/song_list_item.h"
 #include "widgets/window_rig.h"
@@ -138,6 +141,58 @@ TEST_F(SongList, ARowsTipIsItsWholeText) {
   QHelpEvent help(QEvent::ToolTip, at, rig.item("PlayList").mapToGlobal(at));
   QCoreApplication::sendEvent(&rig.item("PlayList"), &help);
   EXPECT_TRUE(QToolTip::text().contains(QString::fromStdString(list().List(1))));
+}
+
+class LongSongList : public SongList {
+ protected:
+  void add_long_names(int count) {
+    for (int i = list().ListCount() + 1; i <= count; ++i) {
+      const std::string number = (i < 10 ? "0" : "") + std::to_string(i);
+      list().AddItem(number + " - /home/ana/Music/Glass Garden/Evenings at the lake (live)/" + std::string(120, 'n') +
+                     number + ".mp3");
+    }
+  }
+  // What drawing the list once asks of a painter, in bytes of a recording.
+  int drawn() const {
+    QPicture recording;
+    QPainter painter(&recording);
+    set_up(painter, 1);
+    rig.item("PlayList").draw(painter);
+    painter.end();
+    return static_cast<int>(recording.size());
+  }
+  QRect list_and_its_margin() const { return rig.item("PlayList").painted_box(); }
+};
+
+TEST_F(LongSongList, DrawsTheLinesInViewAndNoOthers) {
+  add_long_names(2);
+  const int two = drawn();
+  add_long_names(20);
+  const int ten_of_twenty = drawn();
+  EXPECT_GT(ten_of_twenty, 4 * two);
+  add_long_names(200);
+  EXPECT_EQ(drawn(), ten_of_twenty);
+  add_long_names(5000);
+  EXPECT_EQ(drawn(), ten_of_twenty);
+}
+
+TEST_F(LongSongList, PaintsItselfAndNothingElse) {
+  add_long_names(200);
+  const auto expect_list_only = [this](const char* after) {
+    const QRegion painted = rig.painted();
+    EXPECT_FALSE(painted.isEmpty()) << after;
+    EXPECT_TRUE((painted - list_and_its_margin()).isEmpty()) << after;
+  };
+  rig.move(row(4));
+  while (rig.frame(1)) {
+  }
+  rig.painted();
+  rig.wheel("PlayList", -1);
+  expect_list_only("a turn of the wheel");
+  list().put_ListIndex(5);
+  expect_list_only("a move of the selection");
+  add_long_names(201);
+  expect_list_only("another song");
 }
 
 class Dropped : public SongList {
