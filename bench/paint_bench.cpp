@@ -148,9 +148,9 @@ void measure_list(const Bench& bench, int percent) {
       paint_song_list(painter, control_box("PlayList").box(), all[static_cast<std::size_t>(i) % all.size()]);
     });
   };
-  measure_looks("200 songs, the same", 1, [](int) { return long_names(0, 3); });
-  measure_looks("200 songs, one turn", 63, [](int i) { return long_names(3 * i, 3); });
-  measure_looks("200 songs, selection", kListRows, [](int i) { return long_names(95, 95 + i); });
+  measure_looks("song list, long names", 1, [](int) { return long_names(0, 3); });
+  measure_looks("song list, one turn", 63, [](int i) { return long_names(3 * i, 3); });
+  measure_looks("song list, selection", kListRows, [](int i) { return long_names(95, 95 + i); });
 }
 
 void measure_all(const Bench& bench, int percent) {
