@@ -73,9 +73,14 @@ void Player::show() {
     clock_->reschedule();
   };
   hooks.drop = [this](const std::vector<std::string>& paths) { drop(paths); };
+  if (QtShmPresenter::is_possible())
+    hooks.present = [this](const QImage& picture, std::span<const QRect> boxes) {
+      return presenter_ && presenter_->present(picture, boxes);
+    };
   window_ = std::make_unique<PanelWindow>(program_.controls, displays(), std::move(hooks));
   dialog_.set_parent(window_.get());
   window_->show();
+  presenter_ = std::make_unique<QtShmPresenter>(*window_->windowHandle());
   cover_watch_ =
       std::make_unique<QtCoverWatch>(*window_->windowHandle(), [this](bool covered) { window_->set_covered(covered); });
   hand_watch_ = std::make_unique<QtHandWatch>([this] { hand_moved(); });
@@ -172,6 +177,7 @@ void Player::leave_desktop() {
   realtime_kit_.reset();
   motion_.reset();
   cover_watch_.reset();
+  presenter_.reset();
   window_.reset();
 }
 

@@ -16,6 +16,7 @@
 #include "platform/qt_cover_watch.h"
 #include "platform/qt_file_dialog.h"
 #include "platform/qt_hand_watch.h"
+#include "platform/qt_shm_presenter.h"
 #include "platform/qt_ui_bell.h"
 #include "platform/real_step_clock.h"
 #include "shell/program.h"
@@ -69,6 +70,7 @@ class Player {
   std::unique_ptr<QtClock> clock_;
   std::unique_ptr<QtHandWatch> hand_watch_;
   std::unique_ptr<PanelWindow> window_;
+  std::unique_ptr<QtShmPresenter> presenter_;
   std::unique_ptr<QtCoverWatch> cover_watch_;
   std::optional<BusRealtimeKit> realtime_kit_;
   std::optional<BusDesktopMotion> motion_;

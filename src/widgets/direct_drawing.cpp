@@ -2,6 +2,7 @@
 
 #include <QBackingStore>
 #include <QRegion>
+#include <QVarLengthArray>
 #include <QWindow>
 #include <cmath>
 #include <cstring>
@@ -23,6 +24,12 @@ QImage* target_of(QBackingStore& store, const QImage& picture) {
   return takes && image->devicePixelRatio() == scale ? image : nullptr;
 }
 
+QRegion region_of(std::span<const QRectF> boxes) {
+  QRegion region;
+  for (const QRectF& box : boxes) region += box.toAlignedRect();
+  return region;
+}
+
 bool is_whole(const QPointF& point) { return point == QPointF(point.toPoint()); }
 
 // A box in pixels of the picture.
@@ -33,15 +40,19 @@ QRect device_box(const QRect& box, const QPointF& at, const QImage& picture) {
 
 void copy(QImage& target, const QPoint& to, const QImage& picture, const QRect& box) {
   const auto bytes = static_cast<std::size_t>(box.width()) * sizeof(QRgb);
-  for (int y = box.top(); y <= box.bottom(); ++y) {
-    auto* into = reinterpret_cast<QRgb*>(target.scanLine(y + to.y())) + box.left() + to.x();
-    std::memcpy(into, reinterpret_cast<const QRgb*>(picture.constScanLine(y)) + box.left(), bytes);
+  uchar* into = target.scanLine(box.top() + to.y()) + static_cast<std::size_t>(box.left() + to.x()) * sizeof(QRgb);
+  const uchar* from = picture.constScanLine(box.top()) + static_cast<std::size_t>(box.left()) * sizeof(QRgb);
+  for (int rows = box.height(); rows > 0; --rows) {
+    std::memcpy(into, from, bytes);
+    into += target.bytesPerLine();
+    from += picture.bytesPerLine();
   }
 }
 
 }  // namespace
 
-bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& at, std::span<const QRectF> changed) {
+bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& at, std::span<const QRectF> changed,
+                   const Present& present) {
   QBackingStore* store = window.backingStore();
   QWindow* screen = window.windowHandle();
   if (store == nullptr || screen == nullptr || !window.isVisible() || !screen->isExposed()) return false;
@@ -49,17 +60,19 @@ bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& 
   const double scale = picture.devicePixelRatio();
   const QPointF origin = at * scale;
   if (!is_whole(origin)) return false;
-  QRegion region;
-  for (const QRectF& box : changed) region += box.toAlignedRect();
-  store->beginPaint(region);
+  // A store that goes its own way to the screen is told what will be painted there.
+  store->beginPaint(present ? QRegion() : region_of(changed));
   QImage* target = target_of(*store, picture);
   const bool fits = target != nullptr && target->rect().contains(QRect(origin.toPoint(), picture.size()));
-  if (fits) {
-    for (const QRectF& box : changed)
-      copy(*target, origin.toPoint(), picture, device_box(box.toAlignedRect(), at, picture));
+  QVarLengthArray<QRect, 16> boxes;  // in pixels of the window
+  for (const QRectF& box : changed) {
+    const QRect part = device_box(box.toAlignedRect(), at, picture);
+    if (fits) copy(*target, origin.toPoint(), picture, part);
+    boxes.append(part.translated(origin.toPoint()));
   }
   store->endPaint();
-  if (fits) store->flush(region, screen);
+  if (!fits || (present && present(*target, {boxes.data(), static_cast<std::size_t>(boxes.size())}))) return fits;
+  store->flush(region_of(changed), screen);
   return fits;
 }
 

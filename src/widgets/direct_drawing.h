@@ -6,16 +6,22 @@
 #include <QPointF>
 #include <QRectF>
 #include <QWidget>
+#include <functional>
 #include <span>
 
 namespace tandem {
 
+// Another way to the screen than the toolkit's: shows the boxes of what the whole window holds, in device pixels.
+// False: it cannot, and nothing was shown.
+using Present = std::function<bool(const QImage& picture, std::span<const QRect> boxes)>;
+
 // Copies the `changed` boxes of `picture`, whose top left stands at `at`, into what the window keeps for the screen and
-// shows them at once; both in px of the window. The picture is opaque, has the screen's scale, and is what the window
-// would paint there: it stays true when the window is painted again.
+// shows them at once, through `present` where it can; both in px of the window. The picture is opaque, has the screen's
+// scale, and is what the window would paint there: it stays true when the window is painted again.
 //
 // False where that cannot be: the window is not on a screen yet or has been resized since, its store is no image, or
 // the picture does not begin on a whole device pixel. Nothing is shown then, and the boxes are to be painted as usual.
-bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& at, std::span<const QRectF> changed);
+bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& at, std::span<const QRectF> changed,
+                   const Present& present);
 
 }  // namespace tandem

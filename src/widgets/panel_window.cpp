@@ -16,7 +16,6 @@
 #include "paint/ink.h"
 #include "paint/panel_background.h"
 #include "paint/panels.h"
-#include "widgets/direct_drawing.h"
 
 namespace tandem {
 
@@ -172,7 +171,8 @@ void PanelWindow::repaint_at_once(const QRect& wanted) {
 }
 
 void PanelWindow::show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) {
-  if (changed.empty() || isMinimized() || covered_ || draw_directly(*this, picture, at, changed)) return;
+  if (changed.empty() || isMinimized() || covered_ || draw_directly(*this, picture, at, changed, hooks_.present))
+    return;
   for (const QRectF& box : changed) update(box.toAlignedRect());
 }
 

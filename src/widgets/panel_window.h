@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "controls/panel_controls.h"
+#include "widgets/direct_drawing.h"
 #include "widgets/key_item.h"
 #include "widgets/panel_item.h"
 #include "widgets/visual_item.h"
@@ -28,6 +29,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
     std::function<void()> frame_wanted;                         // something moves: call frame() soon
     std::function<void()> user_acts;                            // before and after every act of the user
     std::function<void(const std::vector<std::string>&)> drop;  // files and folders dropped on it, as paths
+    Present present;                                            // a shorter way to the screen, if there is one
   };
 
   PanelWindow(PanelControls& controls, Displays displays, Hooks hooks);

@@ -107,11 +107,11 @@ TEST(Painting, DirectDrawingIsRefusedWhereItWouldNotBeWhatIsPainted) {
   WindowRig rig;
   const QImage picture(20, 10, QImage::Format_RGB32);
   const QRectF box(300, 20, 20, 10);
-  EXPECT_TRUE(draw_directly(*rig.window, picture, box.topLeft(), {&box, 1}));
-  EXPECT_FALSE(draw_directly(*rig.window, picture, {300.5, 20}, {&box, 1})) << "not on a whole pixel";
-  EXPECT_FALSE(draw_directly(*rig.window, picture, {600, 20}, {&box, 1})) << "beyond the window";
+  EXPECT_TRUE(draw_directly(*rig.window, picture, box.topLeft(), {&box, 1}, {}));
+  EXPECT_FALSE(draw_directly(*rig.window, picture, {300.5, 20}, {&box, 1}, {})) << "not on a whole pixel";
+  EXPECT_FALSE(draw_directly(*rig.window, picture, {600, 20}, {&box, 1}, {})) << "beyond the window";
   rig.window->hide();
-  EXPECT_FALSE(draw_directly(*rig.window, picture, box.topLeft(), {&box, 1}));
+  EXPECT_FALSE(draw_directly(*rig.window, picture, box.topLeft(), {&box, 1}, {}));
 }
 
 TEST(Painting, ListAndEqualizerTakeEachOthersPlace) {

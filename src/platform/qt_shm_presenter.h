@@ -1,0 +1,47 @@
+// Brings parts of a window's picture to an X server by shared memory: what is sent is a few bytes a box, whatever the
+// size of the boxes, and nothing is waited for. Where there is no X server, or one that shares no memory with us
+// (another machine's, an old one), present() says no and the toolkit's own way remains. UI thread.
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+class QWindow;
+struct xcb_connection_t;
+
+namespace tandem {
+
+class QtShmPresenter {
+ public:
+  // False without an X server.
+  static bool is_possible();
+
+  explicit QtShmPresenter(QWindow& window) : window_(window) {}
+  ~QtShmPresenter();
+  QtShmPresenter(const QtShmPresenter&) = delete;
+  QtShmPresenter& operator=(const QtShmPresenter&) = delete;
+
+  // Shows the `boxes` of `picture`, which is what the whole window holds; all in device pixels. False: nothing was
+  // shown. The first call asks the server what it can and waits for the answers.
+  bool present(const QImage& picture, std::span<const QRect> boxes);
+
+ private:
+  bool ready_for(const QImage& picture);
+  void find_server();
+  void share(std::size_t bytes);
+  void give_back();
+  void show_box(const QImage& picture, const QRect& box, std::size_t at);
+
+  QWindow& window_;
+  bool asked_ = false;
+  xcb_connection_t* server_ = nullptr;  // one that shares memory
+  std::uint32_t context_ = 0;           // the server's, for drawing
+  std::uint32_t segment_ = 0;           // what the server calls the memory
+  std::span<std::byte> memory_;         // two pictures, drawn in turn: the server may still read the one before
+  bool second_ = false;
+};
+
+}  // namespace tandem
