@@ -154,9 +154,19 @@ QRect PositionItem::drawn_box() const {
 // A song that plays moves the cap by a part of a pixel five times a second: it is drawn anew where that can be seen.
 void PositionItem::model_changed() {
   const double moved = std::abs(share() - drawn_share_) * box().width() * devicePixelRatioF();
-  if (moved < 0.5 && isEnabled() == slider().Enabled.get()) return;
+  const bool usual = drawn_share_ >= 0 && isEnabled() == slider().Enabled.get();
+  if (usual && moved < 0.5) return;
+  const QRectF ways = cap_box(drawn_share_) | cap_box(share());
   drawn_share_ = share();
-  changed();
+  if (!usual) return changed();
+  if (isVisible()) canvas().repaint_box(ways.toAlignedRect() & drawn_box());
+}
+
+// What the cap covers with the light about it and the lit end of its groove.
+QRectF PositionItem::cap_box(double share) const {
+  constexpr double kAbout = 6;
+  const double left = box().left() + share * (box().width() - kSliderCapWidth);
+  return {left - kAbout, box().top() - kAbout, kSliderCapWidth + 2 * kAbout, box().height() + 2 * kAbout};
 }
 
 QString PositionItem::spoken_value() const {

@@ -96,6 +96,7 @@ class PositionItem final : public SlidingItem {
 
  private:
   double share() const;
+  QRectF cap_box(double share) const;
   double drawn_share_ = -1;
 };
 
