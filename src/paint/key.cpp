@@ -12,7 +12,6 @@ using palette::kWhite;
 namespace {
 
 constexpr double kFrame = 3;
-constexpr QRgb kDisabledCaption = 0xFF9AA0A6;
 
 void paint_frame(QPainter& painter, const QRectF& box, const KeyLook& look) {
   fill_box(painter, box.adjusted(0, 0, 0, 1), faded(kWhite, .13), 4);
@@ -27,7 +26,7 @@ void paint_frame(QPainter& painter, const QRectF& box, const KeyLook& look) {
 }
 
 QBrush tile_brush(const QRectF& tile, const Touch& touch) {
-  if (!touch.enabled) return downward(tile, {{0, 0xFF3A3E43}, {1, 0xFF34383C}});
+  if (!touch.enabled) return downward(tile, {{0, palette::kTileFlatTop}, {1, palette::kTileFlatBottom}});
   if (touch.pressed) return downward(tile, {{0, 0xFF131517}, {1, 0xFF202429}});
   return downward(tile, {{0, mixed(palette::kTileTop, palette::kTileHoverTop, touch.hover)},
                          {1, mixed(palette::kTileBottom, palette::kTileHoverBottom, touch.hover)}});
@@ -49,7 +48,7 @@ void paint_tile(QPainter& painter, const QRectF& tile, const KeyLook& look) {
 }
 
 QRgb caption_colour(const KeyLook& look) {
-  if (!look.touch.enabled) return kDisabledCaption;
+  if (!look.touch.enabled) return palette::kDisabledCaption;
   return look.lit ? kWhite : palette::kLegend;
 }
 

@@ -7,8 +7,6 @@ namespace tandem {
 
 namespace {
 
-constexpr QRgb kDisabled = 0xFF8B9197;
-
 QPainterPath play_triangle() { return polygon_path({{-5, -6.5}, {7, 0}, {-5, 6.5}}); }
 
 QPainterPath pause_bars() {
@@ -131,7 +129,7 @@ void paint_face(QPainter& painter, const QPointF& centre, Face face, bool enable
   if (enabled && face != at_rest(face)) {
     paint_active(painter, face);
   } else {
-    paint_resting(painter, at_rest(face), QColor::fromRgb(enabled ? palette::kLegend : kDisabled));
+    paint_resting(painter, at_rest(face), QColor::fromRgb(enabled ? palette::kLegend : palette::kDisabledFace));
   }
   painter.restore();
 }

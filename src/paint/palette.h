@@ -40,6 +40,25 @@ inline constexpr QRgb kTileTop = 0xFF30353B;
 inline constexpr QRgb kTileBottom = 0xFF1A1D20;
 inline constexpr QRgb kTileHoverTop = 0xFF3D434A;
 inline constexpr QRgb kTileHoverBottom = 0xFF24282C;
+inline constexpr QRgb kTileFlatTop = 0xFF3A3E43;  // of a disabled key
+inline constexpr QRgb kTileFlatBottom = 0xFF34383C;
+inline constexpr QRgb kDisabledCaption = 0xFF9AA0A6;
+inline constexpr QRgb kDisabledFace = 0xFF8B9197;
+
+inline constexpr QRgb kWellTop = 0xFF0C0E10;
+inline constexpr QRgb kWellBottom = 0xFF1B1E21;
+
+inline constexpr QRgb kListDirectory = 0xFF8D969F;
+inline constexpr QRgb kListFile = 0xFFE6EAEE;
+inline constexpr QRgb kListSelected = 0xFF0B4A78;
+inline constexpr QRgb kListSelectedDirectory = 0xFFC9E6FA;
+
+inline constexpr QRgb kLimeSpinnerTop = 0xFF021402;
+inline constexpr QRgb kLimeSpinnerBottom = 0xFF042304;
+inline constexpr QRgb kLimeSegmentDark = 0xFF0A4A0A;
+inline constexpr QRgb kWhiteSpinnerTop = 0xFF2A2D30;
+inline constexpr QRgb kWhiteSpinnerBottom = 0xFF3A3E42;
+inline constexpr QRgb kWhiteSegmentDark = 0xFF53585D;
 
 inline constexpr QRgb kRed = 0xFFFF0000;
 inline constexpr QRgb kMaroon = 0xFF800000;

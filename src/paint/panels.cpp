@@ -78,7 +78,8 @@ void paint_well(QPainter& painter, const QRectF& box, double radius) {
   fill_box(painter, box.adjusted(0, 0, 0, 1), faded(kWhite, .14), radius);
   fill_box(painter, box, QColor::fromRgb(palette::kWellRim), radius);
   const QRectF inside = box.adjusted(1, 1, -1, -1);
-  fill_box(painter, inside, downward(inside, {{0, 0xFF0C0E10}, {1, 0xFF1B1E21}}), std::max(0.0, radius - .5));
+  fill_box(painter, inside, downward(inside, {{0, palette::kWellTop}, {1, palette::kWellBottom}}),
+           std::max(0.0, radius - .5));
 }
 
 void paint_cut_across(QPainter& painter, const QPointF& from, double length) {

@@ -24,12 +24,12 @@ struct RowColours {
   QRgb file;
 };
 
-constexpr RowColours kPlain{palette::kLegendUnchosen, 0xFF8D969F, 0xFFE6EAEE};
-constexpr RowColours kChosen{palette::kWhite, 0xFFC9E6FA, palette::kWhite};
+constexpr RowColours kPlain{palette::kLegendUnchosen, palette::kListDirectory, palette::kListFile};
+constexpr RowColours kChosen{palette::kWhite, palette::kListSelectedDirectory, palette::kWhite};
 
 void paint_row_ground(QPainter& painter, const QRectF& row, bool chosen, bool odd) {
   if (chosen) {
-    fill_box(painter, row, QColor::fromRgb(0xFF0B4A78), 2);
+    fill_box(painter, row, QColor::fromRgb(palette::kListSelected), 2);
     fill_box(painter, row, downward(row, {{0, kWhite, .16}, {1, kWhite, 0}}), 2);
     fill_box(painter, {row.left(), row.top() + 1.5, 2, row.height() - 3}, QColor::fromRgb(palette::kAqua), 1);
   } else if (odd) {

@@ -22,8 +22,8 @@ std::string shown_digits(const SpinnerLook& look) {
 }
 
 void paint_face(QPainter& painter, const QRectF& face, bool lime) {
-  const QBrush brush =
-      lime ? downward(face, {{0, 0xFF021402}, {1, 0xFF042304}}) : downward(face, {{0, 0xFF2A2D30}, {1, 0xFF3A3E42}});
+  const QBrush brush = lime ? downward(face, {{0, palette::kLimeSpinnerTop}, {1, palette::kLimeSpinnerBottom}})
+                            : downward(face, {{0, palette::kWhiteSpinnerTop}, {1, palette::kWhiteSpinnerBottom}});
   fill_box(painter, face, brush, 1.5);
 }
 
@@ -31,7 +31,8 @@ void paint_digits(QPainter& painter, const QRectF& face, const SpinnerLook& look
   const double width = kDigitAdvance * look.digits - (kDigitAdvance - kDigitWidth);
   QPointF at(face.left() + (face.width() - width) / 2 - .6, face.center().y() - kDigitHeight / 2);
   for (const char digit : shown_digits(look)) {
-    paint_digit(painter, at, digit, look.lime ? palette::kLime : palette::kWhite, look.lime ? 0xFF0A4A0A : 0xFF53585D);
+    paint_digit(painter, at, digit, look.lime ? palette::kLime : palette::kWhite,
+                look.lime ? palette::kLimeSegmentDark : palette::kWhiteSegmentDark);
     at.rx() += kDigitAdvance;
   }
 }

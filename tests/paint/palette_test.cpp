@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 
 #include "paint/ink.h"
@@ -90,53 +89,6 @@ TEST(Ink, LinesAreTheSameUnderEveryClip) {
     const QRect right(cut, 0, 20 - cut, 20);
     EXPECT_EQ(cross(right).copy(first, 0, 35 - first, 35), whole.copy(first, 0, 35 - first, 35)) << cut;
   }
-}
-
-double linear(int channel) {
-  const double share = channel / 255.;
-  return share <= .04045 ? share / 12.92 : std::pow((share + .055) / 1.055, 2.4);
-}
-
-double luminance(QRgb colour) {
-  return .2126 * linear(qRed(colour)) + .7152 * linear(qGreen(colour)) + .0722 * linear(qBlue(colour));
-}
-
-// As the Web Content Accessibility Guidelines 2 define it, 1 .. 21.
-double contrast(QRgb a, QRgb b) {
-  const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
-  return (lighter + .05) / (darker + .05);
-}
-
-TEST(Contrast, OfBlackAndWhiteIsTheGreatest) {
-  EXPECT_NEAR(contrast(palette::kBlack, palette::kWhite), 21, 1e-9);
-  EXPECT_NEAR(contrast(palette::kWhite, palette::kBlack), 21, 1e-9);
-  EXPECT_NEAR(contrast(palette::kRed, palette::kRed), 1, 1e-9);
-}
-
-struct Pair {
-  const char* what;
-  QRgb colour;
-  QRgb ground;  // where it goes over from one colour into another, the one with the least contrast
-  double least;
-};
-
-TEST(Contrast, OfTextsAndOfLampsIsKept) {
-  constexpr double kRounding = .05;  // the ratios have one decimal
-  constexpr Pair kPairs[] = {
-      {"legend on a recessed panel", palette::kLegend, palette::kRecessBottom, 10.5},
-      {"unchosen legend on a recessed panel", palette::kLegendUnchosen, palette::kRecessBottom, 7.1},
-      {"caption of a key", palette::kLegend, palette::kTileTop, 9.5},
-      {"name strip", palette::kNameStrip, palette::kFaceplate[0], 5.6},
-      {"small captions on the glass", palette::kCaptionLed, palette::kGlassTop, 9.6},
-      {"time of day on its dark dots", palette::kOrange, palette::kOrangeDots, 5.9},
-      {"position on its dark dots", palette::kLime, palette::kLimeDots, 10.0},
-      {"yellow read-out", palette::kYellow, palette::kReadOutDots, 11.3},
-      {"aqua read-out", palette::kAqua, palette::kReadOutDots, 9.7},
-      {"green lamp, lit and dark", palette::kLime, palette::kGreen, 3.7},
-      {"yellow lamp, lit and dark", palette::kYellow, palette::kOlive, 3.9},
-      {"orange lamp, lit and dark", palette::kOrange, palette::kBrown, 3.1},
-  };
-  for (const Pair& pair : kPairs) EXPECT_GE(contrast(pair.colour, pair.ground), pair.least - kRounding) << pair.what;
 }
 
 }  // namespace
