@@ -174,4 +174,28 @@ bool AssistiveBus::set_value(const AssistiveObject& object, double value) const 
                              "d", value) >= 0;
 }
 
+int AssistiveBus::hear(sd_bus_message* message, void* self, sd_bus_error*) {
+  const std::string path = sd_bus_message_get_path(message);
+  const char* what = nullptr;
+  if (sd_bus_message_read(message, "s", &what) > 0)
+    static_cast<AssistiveBus*>(self)->heard_.push_back(path + " " + sd_bus_message_get_member(message) + " " + what);
+  return 0;
+}
+
+void AssistiveBus::listen(const std::string& event) {
+  if (!listens_)
+    sd_bus_match_signal(bus_.get(), nullptr, nullptr, nullptr, "org.a11y.atspi.Event.Object", nullptr, hear, this);
+  listens_ = true;
+  constexpr const char* kRegistry = "org.a11y.atspi.Registry";
+  if (sd_bus_call_method(bus_.get(), kRegistry, "/org/a11y/atspi/registry", kRegistry, "RegisterEvent", nullptr,
+                         nullptr, "s", event.c_str()) < 0)
+    throw std::runtime_error("nobody says " + event);
+}
+
+const std::vector<std::string>& AssistiveBus::heard() {
+  while (sd_bus_process(bus_.get(), nullptr) > 0) {
+  }
+  return heard_;
+}
+
 }  // namespace tandem::test

@@ -42,6 +42,10 @@ class AssistiveBus {
   bool act(const AssistiveObject& object, const std::string& action) const;
   bool set_value(const AssistiveObject& object, double value) const;
 
+  void listen(const std::string& event);  // as "object:children-changed"
+  // What has been said since: the object's path, then as "ChildrenChanged add".
+  const std::vector<std::string>& heard();
+
  private:
   struct Unref {
     void operator()(sd_bus* bus) const { sd_bus_flush_close_unref(bus); }
@@ -57,8 +61,12 @@ class AssistiveBus {
   void collect(const Place& place, std::vector<AssistiveObject>& all) const;
   bool look_for(const std::string& program);
 
+  static int hear(sd_bus_message* message, void* self, sd_bus_error* error);
+
   TempDirectory files_;
   ChildProcess daemon_;
+  std::vector<std::string> heard_;
+  bool listens_ = false;
   std::unique_ptr<sd_bus, Unref> bus_;
   Place program_;
 };

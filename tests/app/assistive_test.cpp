@@ -74,6 +74,24 @@ TEST_F(AssistiveProgram, EverythingHasANameARoleAndWhatCanBeDoneWithIt) {
   EXPECT_EQ(focusable, 43);  // the tab chain with list and board
 }
 
+TEST_F(AssistiveProgram, ItsListIsFollowed) {
+  bus->listen("object:children-changed");
+  bus->listen("object:state-changed");  // the toolkit tells of what goes only those that listen to states too
+  const std::string list = object("Playlist", "list").path;
+  const auto is_told = [this, &list](const std::string& what) {
+    return wait_until([&] {
+      const std::vector<std::string>& heard = bus->heard();
+      return std::find(heard.begin(), heard.end(), list + " ChildrenChanged " + what) != heard.end();
+    });
+  };
+  add_song();
+  EXPECT_TRUE(is_told("add"));
+  const AssistiveObject line = object("01 - " + player->file("one.wav"), "list item");
+  player->double_click(400, 125);  // on the line
+  EXPECT_TRUE(is_told("remove"));
+  EXPECT_FALSE(bus->object(line.name, line.role).has_value());
+}
+
 TEST_F(AssistiveProgram, IsPlayed) {
   add_song();
   const AssistiveObject line = object("01 - " + player->file("one.wav"), "list item");
