@@ -1,41 +1,36 @@
 // A counting semaphore whose waiting thread sleeps at once. The standard library's first yields its processor a dozen
 // times, at every wait; for threads that wait 25 times a second that costs more than what they do.
-// release() from any thread, real-time threads included: it never blocks.
+// Any thread; release() waits for nothing but another thread's count.
 #pragma once
 
-#include <semaphore.h>
-
-#include <cerrno>
 #include <chrono>
-#include <cstdint>
-#include <ctime>
+#include <condition_variable>
+#include <mutex>
 
 namespace tandem {
 
 class Semaphore {
  public:
-  Semaphore() noexcept { sem_init(&semaphore_, 0, 0); }
-  ~Semaphore() { sem_destroy(&semaphore_); }
-  Semaphore(const Semaphore&) = delete;
-  Semaphore& operator=(const Semaphore&) = delete;
-
-  void release() noexcept { sem_post(&semaphore_); }
+  void release() {
+    {
+      const std::lock_guard lock(mutex_);
+      ++count_;
+    }
+    released_.notify_one();
+  }
 
   // False if it was not released within `most`.
-  bool try_acquire_for(std::chrono::nanoseconds most) noexcept {
-    struct timespec until = {};
-    clock_gettime(CLOCK_MONOTONIC, &until);
-    constexpr std::int64_t kSecond = 1'000'000'000;
-    const std::int64_t nanoseconds = until.tv_nsec + most.count();
-    until.tv_sec += static_cast<std::time_t>(nanoseconds / kSecond);
-    until.tv_nsec = static_cast<long>(nanoseconds % kSecond);
-    while (sem_clockwait(&semaphore_, CLOCK_MONOTONIC, &until) != 0)
-      if (errno != EINTR) return false;
+  bool try_acquire_for(std::chrono::nanoseconds most) {
+    std::unique_lock lock(mutex_);
+    if (!released_.wait_for(lock, most, [this] { return count_ > 0; })) return false;
+    --count_;
     return true;
   }
 
  private:
-  sem_t semaphore_{};
+  std::mutex mutex_;
+  std::condition_variable released_;
+  int count_ = 0;
 };
 
 }  // namespace tandem
