@@ -20,9 +20,7 @@ namespace {
 
 constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with a hand near
 constexpr double kUnattendedFrame = 1000.0 / 30;
-constexpr TimerQueue::Milliseconds kAlone = 3000;   // without a hand near, until sound is queued far ahead
-constexpr TimerQueue::Milliseconds kIdle = 60'000;  // of a hand that does nothing: it has left the panel as it was
-constexpr TimerQueue::Milliseconds kPoll = 10;      // while the device is about to answer
+constexpr TimerQueue::Milliseconds kPoll = 10;  // while the device is about to answer
 
 void show_message(const std::string& text) {
   auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));
@@ -90,17 +88,11 @@ void Player::show() {
 
 // The first move after a rest is answered by a short queue at once.
 void Player::hand_moved() {
-  const Milliseconds now = clock_->now();
-  if (now - hand_moved_at_ > kIdle) clock_->reschedule();
-  hand_moved_at_ = now;
+  if (queue_depth_.move_hand(clock_->now())) clock_->reschedule();
 }
 
-// With a hand near, the sound follows at once; alone, it is queued far ahead, which saves most of the wake-ups and
-// holds out when the machine is busy: a panel that was left active in the evening is alone all night.
 void Player::attend(Milliseconds now) {
-  if (window_->attended() && now - hand_moved_at_ <= kIdle) attended_at_ = now;
-  const bool alone = now - attended_at_ > kAlone;
-  engine_.set_deep_queue(alone || !(window_->exposed() || window_->attended()));
+  engine_.set_deep_queue(queue_depth_.deep(now, window_->attended(), window_->exposed(), output_.breaks()));
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
   engine_.rest_for(forecast.quiet);
   engine_.await_mix(forecast.deck, forecast.behind);

@@ -7,6 +7,7 @@
 
 #include "app/display_pump.h"
 #include "app/frame_pacer.h"
+#include "app/queue_depth.h"
 #include "engine/engine.h"
 #include "engine/output_ring.h"
 #include "platform/bus_desktop_motion.h"
@@ -76,9 +77,8 @@ class Player {
   std::optional<BusDesktopMotion> motion_;
   std::optional<RuntimeError> failure_;
   FramePacer frames_;
-  Milliseconds attended_at_ = 0;    // when a hand was last near
-  Milliseconds hand_moved_at_ = 0;  // when it last did anything
-  bool moving_ = true;              // the last frame said that something moves
+  QueueDepth queue_depth_;
+  bool moving_ = true;  // the last frame said that something moves
   bool closed_ = false;
 };
 

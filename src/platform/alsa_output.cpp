@@ -100,7 +100,7 @@ void AlsaOutput::open_device(Nanoseconds now) {
   failures_ = pcm ? 0 : failures_ + 1;
   retry_at_ = now + (failures_ < kQuickRetries ? kRetry : kSlowRetry);
   if (!pcm) return;
-  player_.emplace(std::move(*pcm), ring_, face_.heard);
+  player_.emplace(std::move(*pcm), ring_, face_.heard, face_.breaks);
   player_generation_ = wish_.generation();
 }
 

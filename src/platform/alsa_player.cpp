@@ -1,6 +1,7 @@
 #include "platform/alsa_player.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include "engine/frames.h"
@@ -20,8 +21,8 @@ Nanoseconds time_of(long frames) {
 
 }  // namespace
 
-AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard)
-    : pcm_(std::move(pcm)), ring_(ring), heard_(heard) {}
+AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard, std::atomic<std::uint64_t>& breaks)
+    : pcm_(std::move(pcm)), ring_(ring), heard_(heard), breaks_(breaks) {}
 
 void AlsaPlayer::set_queue(int buffer_frames, int depth) {
   // Half a buffer of what is ordered lies in the ring.
@@ -50,6 +51,7 @@ bool AlsaPlayer::look(AlsaPcm::Look& found) {
 
 // What the device held is played (underrun) or lost (suspend).
 void AlsaPlayer::recover(long error) {
+  if (error == -EPIPE && motion_ == Motion::kPlaying) breaks_.fetch_add(1, std::memory_order_relaxed);
   const AlsaPcm::Revived revived = pcm_.revive(static_cast<int>(error));
   asleep_ = revived == AlsaPcm::Revived::kAsleep;
   gone_ = revived == AlsaPcm::Revived::kNo;

@@ -3,6 +3,8 @@
 // always ready makes nobody spin. On one thread; time is handed in.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <vector>
 
 #include "engine/output_ring.h"
@@ -13,7 +15,7 @@ namespace tandem {
 
 class AlsaPlayer {
  public:
-  AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard);
+  AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard, std::atomic<std::uint64_t>& breaks);
 
   void set_queue(int buffer_frames, int depth);
   // One step: takes sound if wanted, otherwise plays what the ring was given up to that count, then holds.
@@ -41,6 +43,7 @@ class AlsaPlayer {
   AlsaPcm pcm_;
   OutputRing& ring_;
   HeardClock& heard_;
+  std::atomic<std::uint64_t>& breaks_;  // how often the device ran dry while it was to play
   Motion motion_ = Motion::kHeld;
   bool asleep_ = false;
   bool gone_ = false;

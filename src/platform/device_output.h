@@ -28,6 +28,7 @@ class DeviceOutput final : public Output {
   bool consuming() const noexcept override { return pulse_.consuming() || alsa_.consuming(); }
   std::uint64_t heard() const noexcept override;
   int request_frames() const noexcept override;
+  std::uint64_t breaks() const noexcept override { return pulse_.breaks() + alsa_.breaks(); }
   bool lost() const noexcept override { return false; }
 
  private:

@@ -16,6 +16,7 @@ namespace tandem {
 struct OutputFace {
   std::atomic<bool> consuming{false};
   std::atomic<int> request_frames{1280};
+  std::atomic<std::uint64_t> breaks{0};
   HeardClock heard;
 };
 
@@ -32,6 +33,7 @@ class OrderedOutput : public Output {
   bool consuming() const noexcept override { return face_.consuming.load(std::memory_order_acquire); }
   std::uint64_t heard() const noexcept override { return face_.heard.heard(monotonic_now()); }
   int request_frames() const noexcept override { return face_.request_frames.load(std::memory_order_relaxed); }
+  std::uint64_t breaks() const noexcept override { return face_.breaks.load(std::memory_order_relaxed); }
   bool lost() const noexcept override { return false; }  // whatever happens, the device is looked for again
 
  protected:

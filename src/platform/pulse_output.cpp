@@ -138,7 +138,7 @@ void PulseOutput::Worker::make_stream() {
     again_.start(kLeaseMilliseconds);
     return;
   }
-  const PulseStream::Places places = {thread_.api(), server_.ready(), &ring_, &face_.heard};
+  const PulseStream::Places places = {thread_.api(), server_.ready(), &ring_, &face_.heard, &face_.breaks};
   stream_generation_ = wish_.generation();
   stream_.emplace(places, PulseQueue{wish_.buffer_bytes(), wish_.depth()}, [this] { changed_.ask(); });
   if (stream_->failed()) changed_.ask();

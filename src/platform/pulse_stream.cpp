@@ -67,6 +67,7 @@ std::uint64_t frames_of_time(pa_usec_t time) {
 PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed)
     : ring_(*places.ring),
       heard_(*places.heard),
+      breaks_(*places.breaks),
       changed_(std::move(changed)),
       hungry_(places.api, [this] { feed(); }),
       queue_(queue),
@@ -211,6 +212,11 @@ void PulseStream::stall() {
   heard_.publish({position_, monotonic_now(), stalled_at_});
 }
 
+void PulseStream::run_dry() {
+  if (motion_ == Motion::kPlaying) breaks_.fetch_add(1, std::memory_order_relaxed);
+  stall();
+}
+
 // The server's time runs on when nothing plays, so it counts only up to what it can have played.
 std::uint64_t PulseStream::time_heard() const {
   pa_usec_t time = 0;
@@ -251,7 +257,7 @@ void PulseStream::on_timing(pa_stream* stream, void* self) {
   my.report();
 }
 
-void PulseStream::on_underflow(pa_stream*, void* self) { stream_of(self)->stall(); }
+void PulseStream::on_underflow(pa_stream*, void* self) { stream_of(self)->run_dry(); }
 
 void PulseStream::on_started(pa_stream*, void* self) {
   stream_of(self)->stalled_ = false;

@@ -8,6 +8,7 @@
 
 #include <pulse/stream.h>
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 
@@ -27,9 +28,10 @@ class PulseStream {
  public:
   struct Places {
     pa_mainloop_api* api;
-    pa_context* context;  // ready
-    OutputRing* ring;     // this stream is its reader
-    HeardClock* heard;    // this stream writes it
+    pa_context* context;                 // ready
+    OutputRing* ring;                    // this stream is its reader
+    HeardClock* heard;                   // this stream writes it
+    std::atomic<std::uint64_t>* breaks;  // and counts here how often it ran dry
   };
 
   PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed);
@@ -60,6 +62,7 @@ class PulseStream {
   void play_out();
   void forget_play_out();
   void stall();
+  void run_dry();
   void read_queue();
   void apply_queue();
   std::uint64_t time_heard() const;
@@ -78,6 +81,7 @@ class PulseStream {
 
   OutputRing& ring_;
   HeardClock& heard_;
+  std::atomic<std::uint64_t>& breaks_;
   std::function<void()> changed_;
   PulseTimer hungry_;
   PulseQueue queue_;

@@ -52,6 +52,7 @@ class AlsaOutputFailureTest : public testing::Test {
     ASSERT_TRUE(heard_further(output, 4 * kRequest));
     EXPECT_EQ(recorded().size(), 1U) << testing::PrintToString(recorded());
     EXPECT_EQ(desk_->opened, 1) << "it was given back";
+    EXPECT_EQ(output.breaks(), fault == Fault::kUnderrun ? 5U : 0U);
   }
 
   const OutputTestServer server_;  // not started

@@ -171,5 +171,28 @@ TEST_F(PulseOutputTest, AFewFramesAreHeardToo) {
   EXPECT_EQ(played.back().first + played.back().frames, ring_.taken());
 }
 
+TEST_F(PulseOutputTest, ARingThatStaysEmptyWhileItPlaysIsABreak) {
+  server_.start();
+  output_.set_depth(3);
+  output_.start();
+  ASSERT_TRUE(heard_further(4 * kRequest));
+  const std::uint64_t before = output_.breaks();
+  feeder_.hold_back(true);
+  EXPECT_TRUE(wait_until([&] { return output_.breaks() == before + 1; }));
+  feeder_.hold_back(false);
+  EXPECT_TRUE(heard_further(4 * kRequest));
+}
+
+TEST_F(PulseOutputTest, AnEndIsNoBreak) {
+  server_.start();
+  output_.set_depth(3);
+  output_.start();
+  ASSERT_TRUE(heard_further(4 * kRequest));
+  const std::uint64_t before = output_.breaks();
+  output_.stop();
+  EXPECT_TRUE(played_out());
+  EXPECT_EQ(output_.breaks(), before);
+}
+
 }  // namespace
 }  // namespace tandem
