@@ -129,7 +129,8 @@ void tell_value_of(PanelItem& item) {
   if (!item.speaks_of_changes()) return;
   QAccessibleEvent name(&item, QAccessible::NameChanged);
   if (item.place().accessible.find('<') != std::string_view::npos) tell_assistive(name);
-  if (!item.hasFocus() || !item.speaks_anew()) return;
+  const bool anew = item.speaks_anew();  // what changes away from the focus is known when the focus comes
+  if (!item.hasFocus() || !anew) return;
   QAccessible::State changed;
   changed.checked = true;
   QAccessibleStateChangeEvent state(&item, changed);

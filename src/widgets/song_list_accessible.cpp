@@ -1,7 +1,5 @@
 #include "widgets/song_list_accessible.h"
 
-#include "widgets/panel_accessible.h"
-
 namespace tandem {
 
 SongListInterface::SongListInterface(SongListItem& list) : QAccessibleWidget(&list, QAccessible::List), list_(list) {}
@@ -34,16 +32,6 @@ QAccessibleInterface* SongListInterface::childAt(int x, int y) const {
 
 QAccessibleInterface* SongListInterface::focusChild() const {
   return list_.hasFocus() ? child(list_.list().ListIndex()) : nullptr;
-}
-
-void tell_line_of(SongListItem& list) {
-  if (!list.is_listened_to() || list.list().ListIndex() < 0) return;
-  for (const QAccessible::Event what : {QAccessible::Selection, QAccessible::Focus}) {
-    if (what == QAccessible::Focus && !list.hasFocus()) continue;
-    QAccessibleEvent event(&list, what);
-    event.setChild(list.list().ListIndex());
-    tell_assistive(event);
-  }
 }
 
 }  // namespace tandem

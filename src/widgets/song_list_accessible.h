@@ -26,7 +26,4 @@ class SongListInterface final : public QAccessibleWidget {
   mutable std::shared_ptr<SpokenLines> lines_;
 };
 
-// The selected line has changed.
-void tell_line_of(SongListItem& list);
-
 }  // namespace tandem

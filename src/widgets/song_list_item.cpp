@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "widgets/song_list_accessible.h"
 #include "widgets/spoken_lines.h"
 #include "widgets/wheel_steps.h"
 
@@ -49,16 +48,20 @@ void SongListItem::show_line(int index) {
   if (index >= top_ + kListRows) scroll_to(index - kListRows + 1);
 }
 
-// A selection that the panel moves is brought into view; the user's scrolling otherwise stays.
 void SongListItem::model_changed() {
   if (const auto lines = spoken_lines_.lock()) lines->list_changed();
   scroll_to(top_);
-  if (list_.ListIndex() != seen_selection_) {
-    seen_selection_ = list_.ListIndex();
-    show_line(seen_selection_);
-    tell_line_of(*this);
-  }
+  if (list_.ListCount() == 0) last_selection_ = 0;
+  if (list_.ListIndex() != seen_selection_) follow_selection();
   changed();
+}
+
+// A selection that the panel moves is brought into view; the user's scrolling otherwise stays.
+void SongListItem::follow_selection() {
+  seen_selection_ = list_.ListIndex();
+  if (seen_selection_ >= 0) last_selection_ = seen_selection_;
+  show_line(seen_selection_);
+  if (const auto lines = spoken_lines_.lock()) lines->selection_changed();
 }
 
 int SongListItem::row_at(const QPointF& at) const {
@@ -91,6 +94,12 @@ bool SongListItem::event(QEvent* event) {
 
 void SongListItem::select(int index) {
   if (list_.ListCount() > 0) list_.user_select(std::clamp(index, 0, list_.ListCount() - 1));
+}
+
+// A removed song leaves nothing selected: the next one down is then the one that took its place.
+int SongListItem::next_row(int steps) const {
+  if (list_.ListIndex() >= 0) return list_.ListIndex() + steps;
+  return last_selection_ + steps - (steps > 0 ? 1 : 0);
 }
 
 void SongListItem::mousePressEvent(QMouseEvent* event) {
@@ -128,22 +137,21 @@ void SongListItem::wheelEvent(QWheelEvent* event) {
 }
 
 void SongListItem::keyPressEvent(QKeyEvent* event) {
-  const int selected = list_.ListIndex();
   switch (event->key()) {
     case Qt::Key_Up:
-      return select(selected - 1);
+      return select(next_row(-1));
     case Qt::Key_Down:
-      return select(selected + 1);
+      return select(next_row(1));
     case Qt::Key_PageUp:
-      return select(selected - kListRows);
+      return select(next_row(-kListRows));
     case Qt::Key_PageDown:
-      return select(selected + kListRows);
+      return select(next_row(kListRows));
     case Qt::Key_Home:
       return select(0);
     case Qt::Key_End:
       return select(list_.ListCount() - 1);
     case Qt::Key_Delete:
-      if (selected >= 0) list_.user_double_click(selected);
+      if (list_.ListIndex() >= 0) list_.user_double_click(list_.ListIndex());
       return;
     default:
       PanelItem::keyPressEvent(event);

@@ -22,7 +22,6 @@ class SongListItem final : public PanelItem {
   void select_line(int index);            // an act of the user
   // Assistive technology has asked for the lines: from now on it is told when they change.
   void spoken_as(const std::shared_ptr<SpokenLines>& lines) { spoken_lines_ = lines; }
-  bool is_listened_to() const { return !spoken_lines_.expired(); }
 
  protected:
   void model_changed() override;
@@ -40,10 +39,13 @@ class SongListItem final : public PanelItem {
   void scroll_to(int top);
   void show_line(int index);
   void select(int index);
+  int next_row(int steps) const;  // from the selected one on
+  void follow_selection();
 
   ListBox& list_;
   int top_ = 0;
   int seen_selection_ = -1;
+  int last_selection_ = 0;  // the row that was selected last, in a list that has not been emptied since
   double thumb_grip_ = 0;
   bool dragging_thumb_ = false;
   int wheel_rest_ = 0;

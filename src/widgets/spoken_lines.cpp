@@ -81,6 +81,13 @@ Stay what_stays(const std::vector<std::string>& old, const std::vector<std::stri
   return {static_cast<std::size_t>(begin.first - old.begin()), static_cast<std::size_t>(end.first - old.rbegin())};
 }
 
+std::vector<std::string> lines_of(const ListBox& list) {
+  std::vector<std::string> lines;
+  lines.reserve(static_cast<std::size_t>(list.ListCount()));
+  for (int i = 0; i < list.ListCount(); ++i) lines.push_back(list.List(i));
+  return lines;
+}
+
 void tell(QAccessibleInterface* line, QAccessible::Event what) {
   QAccessibleEvent event(line, what);
   tell_assistive(event);
@@ -88,10 +95,13 @@ void tell(QAccessibleInterface* line, QAccessible::Event what) {
 
 }  // namespace
 
-SpokenLines::SpokenLines(SongListItem& list) : list_(list) { line(list.list().ListCount() - 1); }
+SpokenLines::SpokenLines(SongListItem& list) : list_(list), texts_(lines_of(list.list())) {
+  add_lines(0, texts_.size());
+}
 
 SpokenLines::~SpokenLines() {
   for (const QAccessible::Id id : ids_) QAccessible::deleteAccessibleInterface(id);
+  for (const QAccessible::Id id : early_) QAccessible::deleteAccessibleInterface(id);
 }
 
 QAccessible::Id SpokenLines::make_line(std::size_t index) {
@@ -102,14 +112,11 @@ SpokenLine* SpokenLines::at(std::size_t index) const {
   return dynamic_cast<SpokenLine*>(QAccessible::accessibleInterface(ids_[index]));
 }
 
-// One that is asked for before it is told of is known from then on.
 QAccessibleInterface* SpokenLines::line(int index) {
   if (index < 0 || index >= list_.list().ListCount()) return nullptr;
-  for (int i = static_cast<int>(ids_.size()); i <= index; ++i) {
-    ids_.push_back(make_line(ids_.size()));
-    texts_.push_back(list_.list().List(i));
-  }
-  return at(static_cast<std::size_t>(index));
+  const auto wanted = static_cast<std::size_t>(index);
+  while (ids_.size() + early_.size() <= wanted) early_.push_back(make_line(ids_.size() + early_.size()));
+  return wanted < ids_.size() ? at(wanted) : QAccessible::accessibleInterface(early_[wanted - ids_.size()]);
 }
 
 int SpokenLines::index_of(const QAccessibleInterface* line) {
@@ -125,6 +132,11 @@ void SpokenLines::list_changed() {
   QMetaObject::invokeMethod(&list_, follow_if_there, Qt::QueuedConnection);
 }
 
+void SpokenLines::selection_changed() {
+  selection_due_ = true;
+  list_changed();
+}
+
 void SpokenLines::remove_lines(std::size_t from, std::size_t count) {
   for (std::size_t i = from + count; i-- > from;) {
     at(i)->leave();
@@ -136,8 +148,10 @@ void SpokenLines::remove_lines(std::size_t from, std::size_t count) {
 }
 
 std::vector<QAccessible::Id> SpokenLines::add_lines(std::size_t from, std::size_t count) {
-  std::vector<QAccessible::Id> added;
-  for (std::size_t i = from; i < from + count; ++i) added.push_back(make_line(i));
+  std::vector<QAccessible::Id> added = std::exchange(early_, {});
+  for (std::size_t i = count; i < added.size(); ++i) QAccessible::deleteAccessibleInterface(added[i]);
+  added.resize(std::min(count, added.size()));
+  for (std::size_t i = from + added.size(); i < from + count; ++i) added.push_back(make_line(i));
   ids_.insert(ids_.begin() + static_cast<std::ptrdiff_t>(from), added.begin(), added.end());
   return added;
 }
@@ -148,9 +162,23 @@ void SpokenLines::number_lines(std::size_t from) {
 
 void SpokenLines::follow() {
   due_ = false;
-  std::vector<std::string> now;
-  now.reserve(static_cast<std::size_t>(list_.list().ListCount()));
-  for (int i = 0; i < list_.list().ListCount(); ++i) now.push_back(list_.list().List(i));
+  follow_lines();
+  if (std::exchange(selection_due_, false)) tell_selection();
+}
+
+// With no line selected the list itself has the focus.
+void SpokenLines::tell_selection() {
+  const int selected = list_.list().ListIndex();
+  QAccessibleEvent selection(&list_, QAccessible::Selection);
+  QAccessibleEvent focus(&list_, QAccessible::Focus);
+  selection.setChild(selected);
+  focus.setChild(selected);
+  if (selected >= 0) tell_assistive(selection);
+  if (list_.hasFocus()) tell_assistive(focus);
+}
+
+void SpokenLines::follow_lines() {
+  const std::vector<std::string> now = lines_of(list_.list());
   const std::vector<std::string> old = std::exchange(texts_, now);
   const Stay stay = what_stays(old, now);
   const std::size_t left = old.size() - stay.before - stay.behind;

@@ -73,6 +73,47 @@ TEST_F(SongList, KeysMoveTheSelectionAndScroll) {
   EXPECT_EQ(top(), 0);
 }
 
+// A removed song leaves no line selected; the keys go on from its place.
+TEST_F(SongList, SongsAreRemovedOneAfterAnotherByKeys) {
+  rig.add_songs(6);
+  rig.click(row(2));
+  for (const char* next : {"song 4.wav", "song 5.wav"}) {
+    rig.key(Qt::Key_Delete);
+    EXPECT_EQ(list().ListIndex(), -1);
+    rig.key(Qt::Key_Down);
+    EXPECT_EQ(list().ListIndex(), 2);
+    EXPECT_TRUE(list().List(2).ends_with(next)) << list().List(2);
+  }
+  rig.key(Qt::Key_Delete);
+  rig.key(Qt::Key_Up);
+  EXPECT_EQ(list().ListIndex(), 1);
+  rig.key(Qt::Key_End);
+  rig.key(Qt::Key_Delete);
+  rig.key(Qt::Key_Down);
+  EXPECT_EQ(list().ListIndex(), 1) << "there is none below";
+  rig.key(Qt::Key_Delete);
+  EXPECT_EQ(list().ListCount(), 1);
+}
+
+TEST_F(SongList, PagesGoOnFromARemovedSongToo) {
+  rig.add_songs(30);
+  rig.focus("PlayList");
+  const auto row_after = [this](Qt::Key key) {
+    rig.key(Qt::Key_Home);
+    for (int i = 0; i < 12; ++i) rig.key(Qt::Key_Down);
+    rig.key(Qt::Key_Delete);
+    rig.key(key);
+    return list().ListIndex();
+  };
+  EXPECT_EQ(row_after(Qt::Key_PageDown), 21);
+  EXPECT_EQ(row_after(Qt::Key_PageUp), 2);
+  list().put_ListIndex(-1);
+  list().Clear();
+  for (const char* line : {"01 - /a/b.wav", "02 - /a/c.wav"}) list().AddItem(line);
+  rig.key(Qt::Key_Down);
+  EXPECT_EQ(list().ListIndex(), 0) << "another list";
+}
+
 TEST_F(SongList, TheWheelScrollsWithoutSelecting) {
   rig.add_songs(25);
   rig.click(row(0));
