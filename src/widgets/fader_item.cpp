@@ -143,7 +143,10 @@ double PositionItem::share() const {
   return range > 0 ? slider().value() / range : 0.0;
 }
 
-void PositionItem::draw(QPainter& painter) const { paint_slider(painter, box(), {share(), touch()}); }
+// Where it was last painted: what is painted beside it must not draw a part of the cap elsewhere.
+void PositionItem::draw(QPainter& painter) const {
+  paint_slider(painter, box(), {drawn_share_ < 0 ? share() : drawn_share_, touch()});
+}
 
 // The cap and, outside of it, no more than the focus ring.
 QRect PositionItem::drawn_box() const {

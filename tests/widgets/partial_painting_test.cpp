@@ -73,12 +73,14 @@ TEST_F(PartialPainting, UnderAPointerThatGoesEverywhere) {
 }
 
 TEST_F(PartialPainting, AfterPressesAndDrags) {
-  for (const char* name : {"Volume", "SliderP", "Slider1", "Command2", "STOPBtn", "PAUSE", "AMLed2", "BufferSwitch",
-                           "Bypass", "PlayList", "UpList"}) {
+  rig.controls().Slider1.put_maximum(200'000);
+  for (const char* name : {"Volume", "SliderP", "Command2", "STOPBtn", "PAUSE", "AMLed2", "BufferSwitch", "Bypass",
+                           "PlayList", "UpList", "Slider1"}) {
     press_and_drag(name);
     pass(.1);
     expect_whole(name);
   }
+  EXPECT_GT(rig.controls().Slider1.value(), 0);
   rig.show_equalizer();
   for (const char* name : {"sl0(0)", "sl0(7)", "sl0(14)"}) press_and_drag(name);
   expect_whole("faders");
@@ -102,6 +104,29 @@ TEST_F(PartialPainting, AfterTheFocusHasLeftTheTimeSliderAtItsBegin) {
   rig.focus("Volume");
   pass(.05);
   expect_whole("the focus");
+}
+
+// The position moves the cap by parts of a pixel, and what is painted beside it goes over the cap's edge.
+TEST_F(PartialPainting, WhileASongPlays) {
+  Slider& position = rig.controls().Slider1;
+  position.put_maximum(200'000);
+  const auto play = [&](const std::string& how) {
+    for (int step = 0; step < 60; ++step) {
+      position.Position = position.value() + 200;
+      rig.move(rig.middle(step % 2 == 0 ? "PLAY" : "PAUSE"));
+      pass(.03);
+      if (step % 3 == 0) expect_whole(how);
+    }
+  };
+  play("steps under the pointer");
+  position.Position = 200'000;
+  expect_whole("a jump to the end");
+  position.Position = 0;
+  expect_whole("a jump to the begin");
+  rig.focus("Slider1");
+  play("steps with the focus");
+  position.Position = 200'000;
+  expect_whole("a jump with the focus");
 }
 
 TEST_F(PartialPainting, AfterThePointerHasLeftTheDisplayBesideAFocusedButton) {
