@@ -1,4 +1,5 @@
 #include <QTextBoundaryFinder>
+#include <algorithm>
 
 #include "paint/song_list.h"
 
@@ -10,7 +11,7 @@ const QString kGap = QStringLiteral("\u2026");
 
 // Long names often differ in their last word only ("... part 2.mp3"), so that stays with the extension.
 constexpr qsizetype kTail = 8;
-constexpr qsizetype kLongestExtension = 5;  // with its point
+constexpr qsizetype kLongestExtension = 5;  // letters, with its point
 
 /// The places where a text may be cut: between letters as they are read, accents and all.
 QList<qsizetype> cuts(const QString& text) {
@@ -21,9 +22,16 @@ QList<qsizetype> cuts(const QString& text) {
 }
 
 /// How many letters the extension has, 0 for none.
-qsizetype extension_letters(const QString& name) {
+qsizetype extension_letters(const QString& name, const QList<qsizetype>& places) {
   const qsizetype point = name.lastIndexOf(u'.');
-  return point > 0 && name.size() - point <= kLongestExtension ? name.size() - point : 0;
+  if (point <= 0) return 0;
+  const qsizetype letters = places.cend() - std::upper_bound(places.cbegin(), places.cend(), point);
+  return letters <= kLongestExtension ? letters : 0;
+}
+
+QString without_end_blanks(QString text) {
+  while (!text.isEmpty() && text.back().isSpace()) text.chop(1);
+  return text;
 }
 
 }  // namespace
@@ -51,7 +59,7 @@ QString elide_file_name(const QString& name, double room, const TextWidth& width
   const auto ends_with = [&](qsizetype tail) {
     return kGap + name.mid(places[std::max<qsizetype>(letters - tail, 0)]);
   };
-  const qsizetype extension = extension_letters(name);
+  const qsizetype extension = extension_letters(name, places);
   QString tail = ends_with(extension + kTail);
   if (width(tail) > room / 2) tail = ends_with(extension);
   qsizetype fits = 0;  // letters of the begin
@@ -59,7 +67,7 @@ QString elide_file_name(const QString& name, double room, const TextWidth& width
     const qsizetype tried = (fits + beyond) / 2;
     (width(name.left(places[tried]) + tail) <= room ? fits : beyond) = tried;
   }
-  return name.left(places[fits]).trimmed() + tail;
+  return without_end_blanks(name.left(places[fits])) + tail;
 }
 
 }  // namespace tandem

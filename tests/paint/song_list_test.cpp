@@ -57,6 +57,16 @@ TEST(ElideFileName, WhatIsLongBehindAPointIsNoExtension) {
   EXPECT_EQ(cut_name(u".hidden"_s, 4), u".hi…"_s);
 }
 
+TEST(ElideFileName, CountsTheExtensionInLettersAsTheyAreRead) {
+  EXPECT_EQ(cut_name(u"An evening in the glass garden.mp\u03013"_s, 12), u"An eve….mp\u03013"_s);
+  const QString clefs = u"."_s + QString::fromUcs4(U"\U0001D11E").repeated(3);  // seven units, four letters
+  EXPECT_EQ(cut_name(u"An evening in the glass garden"_s + clefs, 12), u"An e…"_s + clefs);
+}
+
+TEST(ElideFileName, KeepsABlankAtItsBegin) {
+  EXPECT_EQ(cut_name(u" An evening in the glass garden, part 2.mp3"_s, 27), u" An evening in…, part 2.mp3"_s);
+}
+
 TEST(ElideFileName, NeverCutsALetterInTwo) {
   const QString clef = QString::fromUcs4(U"\U0001D11E");  // two units
   const QString accented = u"a\u0301"_s;                  // two units and one letter as well
