@@ -1,6 +1,7 @@
 // The pictures do not depend on the fonts of the desktop nor on how it wants them drawn.
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -31,17 +32,26 @@ class DesktopFonts : public ::testing::TestWithParam<const char*> {
 
   /// Drawn by a program of its own, since fonts are read once.
   QImage drawn(std::string_view name, bool with_settings) const {
+    return drawn_by(TANDEM_PANEL_PICTURE, {QString::fromStdString(std::string(name)), "100"}, with_settings);
+  }
+
+  /// Letters as the toolkit draws them by itself.
+  QImage toolkits_letters(const QString& family, bool with_settings) const {
+    return drawn_by(TANDEM_FONT_CHOICE, {family}, with_settings);
+  }
+
+ private:
+  QImage drawn_by(const char* maker, QStringList arguments, bool with_settings) const {
     const QString picture = file("picture.png");
+    QFile::remove(picture);
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (with_settings) environment.insert("FONTCONFIG_FILE", file("fonts.conf"));
     program.setProcessEnvironment(environment);
-    program.start(TANDEM_PANEL_PICTURE, {QString::fromStdString(std::string(name)), "100", picture});
+    program.start(maker, arguments << picture);
     if (!program.waitForFinished(60'000) || program.exitCode() != 0) return {};
     return QImage(picture);
   }
-
- private:
   QString file(const char* name) const { return files_.filePath(QLatin1String(name)); }
   QTemporaryDir files_;
 };
@@ -53,6 +63,17 @@ TEST_P(DesktopFonts, ChangeNothing) {
     ASSERT_FALSE(usual.isNull()) << name;
     EXPECT_EQ(drawn(name, true), usual) << name;
   }
+}
+
+// The same settings do change what the toolkit draws by itself.
+TEST_P(DesktopFonts, AreWilful) {
+  write_settings(GetParam());
+  const QImage usual = toolkits_letters("Roboto Condensed", false);
+  const QImage wilful = toolkits_letters("Roboto Condensed", true);
+  ASSERT_FALSE(usual.isNull());
+  ASSERT_FALSE(wilful.isNull());
+  EXPECT_EQ(toolkits_letters("Roboto Condensed", false), usual) << "the same again without them";
+  EXPECT_NE(wilful, usual);
 }
 
 INSTANTIATE_TEST_SUITE_P(Settings, DesktopFonts, ::testing::Values(kNoFonts, kWilful));
