@@ -1,0 +1,215 @@
+// Texts are painted in their full colour, and can be told from what is painted behind them.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "contrast.h"
+#include "paint/caption.h"
+#include "paint/head_strip.h"
+#include "paint/palette.h"
+#include "paint/panel_painter.h"
+#include "paint/panel_specimens.h"
+#include "sketch.h"
+
+namespace tandem {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr double kScale = 2;  // the strokes of the smallest letters are wider than a pixel here
+constexpr int kShine = 12;    // levels that the light of the glass may add to an ink
+
+/// The colours of a box from the darkest to the lightest.
+std::vector<QRgb> by_light(const QImage& picture, const QRectF& box) {
+  const QRect pixels = QRectF(box.topLeft() * kScale, box.size() * kScale).toAlignedRect();
+  std::vector<QRgb> colours;
+  for (int y = pixels.top(); y <= pixels.bottom(); ++y)
+    for (int x = pixels.left(); x <= pixels.right(); ++x) colours.push_back(picture.pixel(x, y));
+  std::sort(colours.begin(), colours.end(), [](QRgb a, QRgb b) { return luminance(a) < luminance(b); });
+  return colours;
+}
+
+/// What a text stands on: letters cover less than half of the box.
+QRgb ground_of(const QImage& picture, const QRectF& box) {
+  const std::vector<QRgb> colours = by_light(picture, box);
+  return colours[(colours.size() - 1) / 2];
+}
+
+QRgb lightest_of(const QImage& picture, const QRectF& box) { return by_light(picture, box).back(); }
+
+int difference(QRgb a, QRgb b) {
+  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
+}
+
+void expect_contrast(const QImage& picture, const QRectF& box, QRgb colour, double least, const std::string& what) {
+  EXPECT_GE(contrast(colour, ground_of(picture, box)), least - kContrastRounding) << what;
+}
+
+/// The lightest that is painted is the text in its full colour.
+void expect_ink(const QImage& picture, const QRectF& box, QRgb ink, const std::string& what) {
+  const QRgb lightest = lightest_of(picture, box);
+  EXPECT_LE(difference(lightest, ink), kShine) << what << ": " << QColor(lightest).name().toStdString();
+}
+
+void expect_text(const QImage& picture, const QRectF& box, QRgb ink, double least, const std::string& what) {
+  expect_contrast(picture, box, ink, least, what);
+  expect_ink(picture, box, ink, what);
+}
+
+QImage painted(const PanelLook& look) {
+  return sketch(window_size(look.window.size), kScale, [&](QPainter& painter) { paint_panel(painter, look); });
+}
+
+int chosen_position(const PanelLook& look, std::string_view control) {
+  if (control == "MMSwitchX1") return look.mix.meter.position;
+  if (control == "BufferSwitch") return look.mix.buffer.position;
+  if (control == "Bypass") return look.mix.bypass.position;
+  const std::string_view switches[] = {"MMSwitch1", "MMSwitch2", "MMSwitch3", "MMSwitch4"};
+  const auto* found = std::find(std::begin(switches), std::end(switches), control);
+  return look.board.switches.at(static_cast<std::size_t>(found - std::begin(switches))).position;
+}
+
+TEST(PaintedContrast, OfPositionCaptions) {
+  const PanelLook look = make_specimen("board-open")->look;
+  const QImage picture = painted(look);
+  for (const PositionCaption& caption : position_captions()) {
+    const bool faceplate = control_box(caption.control).group == ControlGroup::Mix;
+    const bool chosen = chosen_position(look, caption.control) == caption.position;
+    const std::string what = std::string(caption.control) + " " + std::string(caption.caption);
+    expect_contrast(picture, caption.box(), palette::kLegendUnchosen, faceplate ? 5.9 : 7.1, what);
+    expect_contrast(picture, caption.box(), palette::kWhite, faceplate ? 8.7 : 10.5, what + ", chosen");
+    expect_ink(picture, caption.box(), chosen ? palette::kWhite : palette::kLegendUnchosen, what);
+  }
+}
+
+// A lamp's caption is white while it is lit.
+QRgb caption_ink(const PanelLook& look, std::string_view name) {
+  for (std::size_t i = 0; i < look.mix.lead.size(); ++i)
+    if (name == control_box("Label3", static_cast<int>(i) + 1).name)
+      return look.mix.lead[i].lit ? palette::kWhite : palette::kLegendUnchosen;
+  for (std::size_t i = 0; i < look.board.lamps.size(); ++i)
+    if (name == control_box("Label5", static_cast<int>(i)).name)
+      return look.board.lamps[i].lit ? palette::kWhite : palette::kLegend;
+  return palette::kLegend;
+}
+
+TEST(PaintedContrast, OfPrintedCaptions) {
+  const PanelLook look = make_specimen("board-open")->look;
+  const QImage board = painted(look);
+  int seen = 0;
+  for (const ControlBox& control : panel_layout()) {
+    if (control.kind != ControlKind::Caption) continue;
+    const bool faceplate = control.name == "Label3(5)" || control.name == "PITCH legend";
+    expect_contrast(board, control.box(), palette::kLegend, faceplate ? 8.7 : 10.5, std::string(control.name));
+    expect_ink(board, control.box(), caption_ink(look, control.name), std::string(control.name));
+    ++seen;
+  }
+  EXPECT_GT(seen, 30);
+  for (std::size_t band = 0; band < look.equalizer.gains.size(); ++band) {
+    const QRectF box = control_box("dbLabel0", static_cast<int>(band)).box().adjusted(2, 2, -2, -2);
+    const bool flat = look.equalizer.gains[band].trimmed() == u"0"_s;
+    expect_contrast(board, box, palette::kLegendUnchosen, 8.7, "a gain");
+    expect_ink(board, box, flat ? palette::kLegendUnchosen : palette::kWhite, "a gain");
+  }
+  expect_text(board, {8, 3, 46, 8}, palette::kNameStrip, 5.6, "name strip");
+  for (const char* name : {"Minimise", "Close"})
+    expect_text(board, control_box(name).box(), palette::kLegend, 6.7, name);
+}
+
+// The parts of a row: number, the begin of the directory, and the file at its end.
+struct Columns {
+  explicit Columns(const QRectF& row)
+      : number(row.left() + 7, row.top(), 22, row.height()),
+        directory(row.left() + 33, row.top(), caption_width(u"/home/ana/"_s), row.height()),
+        line(row) {}
+  QRectF number;
+  QRectF directory;
+  QRectF line;
+};
+
+TEST(PaintedContrast, OfTheList) {
+  const QImage picture = painted(make_specimen("full-playlist")->look);
+  const QRectF box = control_box("PlayList").box();
+  for (int row = 0; row < 9; ++row) {
+    const Columns columns(list_row_box(box, row).adjusted(0, 1, 0, -1));
+    const double shade = row % 2 == 0 ? 1 : .95;  // every second row is a little lighter
+    expect_text(picture, columns.number, palette::kLegendUnchosen, 9.9 * shade, "number");
+    expect_text(picture, columns.directory, palette::kListDirectory, 6.4 * shade, "directory");
+    expect_text(picture, columns.line, palette::kListFile, 15.9 * shade, "file");
+  }
+  const QRectF row = list_row_box(box, 9).adjusted(4, 1, -2, -1);
+  const QRectF lightest(row.left(), row.top(), row.width(), 1);
+  expect_contrast(picture, lightest, palette::kListSelectedDirectory, 4.7, "directory of the selected file");
+  expect_contrast(picture, lightest, palette::kWhite, 6.0, "selected file");
+  const Columns selected(list_row_box(box, 9).adjusted(0, 1, 0, -1));
+  expect_ink(picture, selected.number, palette::kWhite, "number of the selected file");
+  expect_ink(picture, selected.directory, palette::kListSelectedDirectory, "directory of the selected file");
+  expect_ink(picture, selected.line, palette::kWhite, "selected file");
+}
+
+/// The colour of a box that is nearest to an ink, among others that may be lighter.
+int nearest(const QImage& picture, const QRectF& box, QRgb ink) {
+  int least = 255;
+  for (const QRgb colour : by_light(picture, box)) least = std::min(least, difference(colour, ink));
+  return least;
+}
+
+TEST(PaintedContrast, OfTheNeedleMeters) {
+  const QImage picture = painted(make_specimen("full-vu")->look);
+  for (const QRectF& meter : {left_meter_box(), right_meter_box()}) {
+    const QRectF foot(meter.left(), meter.bottom() - 18, meter.width(), 12);
+    expect_text(picture, {foot.left() + 6, foot.top(), 12, 12}, palette::kSilver, 7, "L and R");
+    expect_text(picture, {foot.right() - 28, foot.top(), 20, 12}, palette::kSilver, 7, "dB");
+    const QRectF scale = meter.adjusted(4, 4, -4, -50);
+    expect_contrast(picture, scale, palette::kLime, 10, "scale");
+    EXPECT_LE(nearest(picture, scale, palette::kLime), kShine);
+    const QRectF needle = meter.adjusted(4, 20, -4, -40);
+    expect_contrast(picture, needle, palette::kNeedle, 5.9, "needle");
+    EXPECT_LE(nearest(picture, needle, palette::kNeedle), kShine);
+  }
+}
+
+// Whatever colour the panel's logic gives a key, its caption stands on dark.
+TEST(PaintedContrast, OfAKeysCaptionIsKeptBesideEveryColour) {
+  const QRectF box(10, 10, 53, 24);
+  for (const QRgb colour : {palette::kLime, 0xFF0000FFU, palette::kSilver, palette::kAqua, palette::kYellow,
+                            palette::kWhite, palette::kRed, 0xFF8080FFU, palette::kNeutralKey}) {
+    for (const bool lit : {false, true}) {
+      for (const double hover : {0., 1.}) {
+        KeyLook look{.back_colour = colour, .lit = lit, .touch = {.hover = hover}};
+        const auto drawn = [&] { return sketch({80, 44}, kScale, [&](QPainter& p) { paint_key(p, box, look); }); };
+        const QRectF caption(18, 16, 37, 12);
+        const QRgb ink = lit ? palette::kWhite : palette::kLegend;
+        const std::string what =
+            QColor(colour).name().toStdString() + (lit ? " lit" : "") + (hover > 0 ? " hover" : "");
+        EXPECT_GE(contrast(ink, lightest_of(drawn(), caption)), 7) << what;
+        look.caption = u"Save"_s;
+        expect_ink(drawn(), caption, ink, what);
+      }
+    }
+  }
+}
+
+// The ring lies outside the control, on what is there without it.
+TEST(PaintedContrast, OfTheFocusRing) {
+  PanelLook look = make_specimen("full-equalizer")->look;
+  const QImage without = painted(look);
+  look.transport.play.touch.focused = true;
+  look.transport.load.touch.focused = true;
+  look.mix.show_list.touch.focused = true;
+  const QImage picture = painted(look);
+  for (const char* name : {"PLAY", "LoadSong", "ShowPlayList"}) {
+    const QRectF box = control_box(name).box();
+    const QRectF below(box.left() + 4, box.bottom() + 1, box.width() - 8, 1);
+    expect_contrast(without, below, palette::kFocus, 6.7, name);
+    EXPECT_LE(nearest(picture, below, palette::kFocus), kShine) << name;
+    EXPECT_GT(nearest(without, below, palette::kFocus), 10 * kShine) << name;
+  }
+  const QRectF knob = control_box("MMSwitchX1").box();
+  expect_contrast(without, {knob.left(), knob.bottom() + 1, knob.width(), 1}, palette::kFocus, 6.7, "a knob");
+}
+
+}  // namespace
+}  // namespace tandem
