@@ -60,7 +60,7 @@ void press_controls(tandem::Player& player, const Wishes& wishes) {
   controls.MMSwitchX1.move(wishes.display);
   controls.PLAY.click.raise();
   if (wishes.pitch != 0) controls.SliderP.move(wishes.pitch);
-  if (wishes.hidden) player.window().hide();
+  player.engine().deliver();
 }
 
 double seconds_of(const timeval& time) {
@@ -83,11 +83,12 @@ int main(int argc, char** argv) {
   const Wishes wishes = read_wishes(argc, argv);
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
   tandem::Player player;
-  int own_words = 1;  // the toolkit would take some of our words for its own
+  press_controls(player, wishes);  // as soon as there is a panel: players that take songs as words begin as early
+  int own_words = 1;               // the toolkit would take some of our words for its own
   QApplication application(own_words, argv);
   player.show();
   const tandem::CloseSignals close_signals([&player] { player.close(); });
-  QTimer::singleShot(0, [&] { press_controls(player, wishes); });
+  if (wishes.hidden) QTimer::singleShot(0, [&] { player.window().hide(); });
   rusage before{};
   constexpr int kSettle = 6000;  // milliseconds that do not count
   if (wishes.seconds > 0) {

@@ -1,6 +1,6 @@
 // Whether sound is queued far ahead. With a hand near it follows at once; alone it is queued deep, which saves most of
 // the wake-ups and holds out when the machine is busy. A machine that proves too busy for the short queue gets the deep
-// one in spite of the hand: for a minute first, then for ever longer. UI thread.
+// one in spite of the hand: for a minute, for up to 16 if it happens again and again. UI thread.
 #pragma once
 
 #include <algorithm>

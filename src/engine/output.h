@@ -41,7 +41,7 @@ class Output {
   virtual std::uint64_t heard() const noexcept = 0;
   // The size of one request in frames, now: at most one buffer while the queue is short, and at most a quarter of it.
   virtual int request_frames() const noexcept = 0;
-  // How often, ever, the device had nothing to play while it was to play: the queue was too short for the machine.
+  // How often, ever, the queue ran dry while it was to play: it was too short for the machine.
   virtual std::uint64_t breaks() const noexcept { return 0; }
   virtual bool lost() const noexcept = 0;
 };

@@ -59,7 +59,7 @@ void OutputRing::supply() noexcept {
 }
 
 void OutputRing::demand_now(std::size_t frames, std::chrono::milliseconds most) noexcept {
-  while (supply_.try_acquire_for(std::chrono::nanoseconds(0))) {  // one that came too late
+  while (supply_.try_acquire()) {  // one that came too late
   }
   awaits_supply_.store(true, std::memory_order_release);
   demand(frames);

@@ -1,5 +1,5 @@
 // The finished sound on its way from the render thread to the output device: 16-bit stereo.
-// Threads: write() on the render thread, read() on the output's thread; no locks, no allocation after construction.
+// Threads: write() on the render thread, read() on the output's thread; they neither lock nor allocate.
 //
 // An output that takes sound in large pieces at moments of its own says so with demand(): then what it takes next can
 // be made just in time and need not wait here, where it would only make the sound later.

@@ -10,7 +10,7 @@ namespace tandem {
 namespace {
 
 constexpr std::int64_t kStepNs = std::int64_t{kStepMilliseconds} * 1'000'000;
-constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that appears is noticed
+constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that only says so is noticed to consume
 constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
 // At one wake-up while nothing depends on the moment.
 constexpr std::uint64_t kFreeSteps = 10;
@@ -32,13 +32,12 @@ RenderThread::RenderThread(Chain& chain, Output& output, OutputRing& ring, StepC
 
 RenderThread::~RenderThread() {
   stopping_.store(true);
-  woken_.release();
   ring_.call_off();
   thread_.join();
 }
 
 void RenderThread::wake() {
-  if (resting_.exchange(false)) woken_.release();
+  if (resting_.exchange(false)) ring_.call_off();
 }
 
 void RenderThread::run_freely_until(std::uint64_t step, bool deep_queue) noexcept {
@@ -46,12 +45,15 @@ void RenderThread::run_freely_until(std::uint64_t step, bool deep_queue) noexcep
   free_until_.store(step, std::memory_order_relaxed);
 }
 
+bool RenderThread::sounds() const noexcept { return output_.consuming() && chain_.wants_render(); }
+
 void RenderThread::rest() {
   chain_.take_orders_silently();
   if (!chain_.news().empty()) tell_news_();
   resting_.store(true);
-  // An order that came between the two lines above has set the flag back already or finds it set and wakes us.
-  if (chain_.orders().empty()) static_cast<void>(woken_.try_acquire_for(kRest));
+  // An order that came between the two lines above has set the flag back already or finds it set and wakes us. So does
+  // an output that begins to consume.
+  if (chain_.orders().empty() && !sounds()) static_cast<void>(ring_.await_demand(kRest));
   resting_.store(false);
   next_ns_ = clock_.now_ns();
 }
@@ -131,15 +133,16 @@ void RenderThread::serve() {
 void RenderThread::run() {
   next_ns_ = clock_.now_ns();
   while (!stopping_.load()) {
-    const bool sounds = output_.consuming() && chain_.wants_render();
-    const bool served = sounds && serves();
+    const bool sound = sounds();
+    const bool served = sound && serves();
     ring_.serve(served);
     if (served) {
       serve();
     } else {
-      sounds ? pace() : rest();
+      sound ? pace() : rest();
     }
   }
+  ring_.serve(false);
 }
 
 }  // namespace tandem

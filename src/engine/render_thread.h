@@ -14,7 +14,6 @@
 #include "engine/mix_hold.h"
 #include "engine/output.h"
 #include "engine/output_ring.h"
-#include "engine/semaphore.h"
 #include "engine/step_clock.h"
 
 namespace tandem {
@@ -36,6 +35,7 @@ class RenderThread {
 
  private:
   void run();
+  bool sounds() const noexcept;
   void rest();
   void pace();
   void serve();
@@ -61,7 +61,6 @@ class RenderThread {
   std::atomic<bool> deep_queue_{false};
   std::atomic<bool> stopping_{false};
   std::atomic<bool> resting_{false};
-  Semaphore woken_;
   std::thread thread_;
 };
 

@@ -1,6 +1,6 @@
 // A counting semaphore whose waiting thread sleeps at once. The standard library's first yields its processor a dozen
 // times, at every wait; for threads that wait 25 times a second that costs more than what they do.
-// Any thread; release() waits for nothing but another thread's count.
+// Any thread. It locks, but only for as long as it takes to count: nothing that is under render() may use it.
 #pragma once
 
 #include <chrono>
@@ -17,6 +17,13 @@ class Semaphore {
       ++count_;
     }
     released_.notify_one();
+  }
+
+  bool try_acquire() {
+    const std::lock_guard lock(mutex_);
+    if (count_ == 0) return false;
+    --count_;
+    return true;
   }
 
   // False if it was not released within `most`.

@@ -126,7 +126,7 @@ void AlsaOutput::discard_unplayable() {
 void AlsaOutput::publish() {
   if (player_) face_.request_frames.store(player_->request_frames(), std::memory_order_relaxed);
   const bool playing = current() && wish_.wanted() && !player_->asleep();
-  face_.consuming.store(playing, std::memory_order_release);
+  face_.set_consuming(playing, ring_);
 }
 
 }  // namespace tandem

@@ -50,7 +50,7 @@ void NullOutput::step(Nanoseconds now) {
   }
   face_.heard.publish({first_ + playhead_.played(now), now, ring_.taken()});
   face_.request_frames.store(static_cast<int>(request()), std::memory_order_relaxed);
-  face_.consuming.store(wish_.wanted(), std::memory_order_release);
+  face_.set_consuming(wish_.wanted(), ring_);
 }
 
 void NullOutput::take(std::uint64_t frames, Nanoseconds now) {

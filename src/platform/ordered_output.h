@@ -18,6 +18,11 @@ struct OutputFace {
   std::atomic<int> request_frames{1280};
   std::atomic<std::uint64_t> breaks{0};
   HeardClock heard;
+
+  // The serving thread: whether the device takes sound. The render thread, which may rest, hears of it at once.
+  void set_consuming(bool takes, OutputRing& ring) noexcept {
+    if (consuming.exchange(takes, std::memory_order_acq_rel) != takes) ring.call_off();
+  }
 };
 
 class OrderedOutput : public Output {

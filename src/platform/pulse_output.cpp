@@ -158,7 +158,7 @@ void PulseOutput::Worker::discard_unplayable() {
 void PulseOutput::Worker::publish() {
   const bool playing = current() && stream_->ready() && wish_.wanted() && !stream_->suspended();
   if (stream_ && stream_->request_frames() > 0) face_.request_frames.store(stream_->request_frames());
-  face_.consuming.store(playing, std::memory_order_release);
+  face_.set_consuming(playing, ring_);
   tell_reachable();
 }
 

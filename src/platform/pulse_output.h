@@ -1,7 +1,8 @@
 // The output through a PulseAudio server or one that speaks its protocol (PipeWire), with libpulse.
 //
 // Threads: libpulse's own thread does all the work; orders reach it through a queue, so that a server that hangs holds
-// nobody. Its request callback only copies from the ring and demands what is missing there.
+// nobody. Its request callback copies from the ring, demands what is missing there, and waits for that up to 10 ms if
+// it is being made: it has nothing else to do, and more is queued.
 // Failure: no server, a server that dies, a sink that goes away: looked for again every 200 ms (after 10 s every
 // second); what the dead device still held is lost in silence. Throws std::runtime_error only if no thread can be made.
 // Closing and opening again at once: the old stream plays what it has before the new one begins.

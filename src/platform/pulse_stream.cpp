@@ -16,7 +16,8 @@ namespace {
 
 constexpr int kHungryMilliseconds = 10;
 constexpr int kPatientMilliseconds = 100;
-constexpr std::chrono::milliseconds kSupplyPatience{10};  // much less than is queued
+constexpr std::chrono::milliseconds kSupplyPatience{10};            // much less than is queued
+constexpr Nanoseconds kSettled = 500 * kNanosecondsPerMillisecond;  // after what changes the queue or the device
 constexpr std::size_t kFrameBytes = sizeof(Sample16);
 
 void forget(pa_operation* operation) {
@@ -24,30 +25,6 @@ void forget(pa_operation* operation) {
 }
 
 PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
-
-// A request may be a quarter of the queue at most: the server gives the device half of what is left beside two
-// requests, and with nothing left it would run at its shortest latency and wake 2000 times a second.
-constexpr int kDeep = 8;  // buffers
-
-std::uint32_t whole_frames(std::uint32_t bytes) {
-  constexpr std::uint32_t kFrame = kFrameBytes;
-  return bytes / kFrame * kFrame;
-}
-
-pa_buffer_attr attributes(const PulseQueue& queue) {
-  const auto buffer = static_cast<std::uint32_t>(queue.buffer_bytes);
-  const std::uint32_t whole = buffer * static_cast<std::uint32_t>(queue.depth);
-  const std::uint32_t quarter = whole_frames(whole / 4);
-  pa_buffer_attr attributes = {};
-  attributes.maxlength = UINT32_MAX;
-  attributes.tlength = whole;
-  attributes.prebuf = std::min(buffer, 2 * quarter);
-  // A deep queue is filled in few large pieces, to wake up seldom; a short one in small ones, to be as full as it may
-  // be.
-  attributes.minreq = queue.depth >= kDeep ? quarter : std::min(whole_frames(buffer / 8), quarter);
-  attributes.fragsize = UINT32_MAX;
-  return attributes;
-}
 
 pa_stream* new_stream(pa_context* context) {
   const pa_sample_spec format = {PA_SAMPLE_S16NE, static_cast<std::uint32_t>(kSampleRate), 2};
@@ -104,7 +81,7 @@ void PulseStream::listen() {
 }
 
 void PulseStream::connect() {
-  const pa_buffer_attr wish = attributes(queue_);
+  const pa_buffer_attr wish = attributes_of(queue_);
   const auto flags = static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY |
                                                     PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
   if (pa_stream_connect_playback(stream_, nullptr, &wish, flags, nullptr, nullptr) < 0) state_ = State::kFailed;
@@ -118,6 +95,7 @@ void PulseStream::play() {
   }
   forget_play_out();
   motion_ = Motion::kPlaying;
+  changed_at_ = monotonic_now();
   feed();
 }
 
@@ -153,11 +131,12 @@ void PulseStream::resize(const PulseQueue& queue) {
 }
 
 void PulseStream::apply_queue() {
-  const pa_buffer_attr wish = attributes(queue_);
+  const pa_buffer_attr wish = attributes_of(queue_);
   forget(pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this));
 }
 
 void PulseStream::read_queue() {
+  changed_at_ = monotonic_now();
   const pa_buffer_attr* granted = pa_stream_get_buffer_attr(stream_);
   if (granted != nullptr) request_frames_ = static_cast<int>(granted->minreq / kFrameBytes);
   changed_();
@@ -192,16 +171,18 @@ void PulseStream::come_back(std::uint64_t just_taken) {
 
 // How many are missing.
 std::size_t PulseStream::write(std::size_t frames) {
-  const std::size_t there = std::min(frames, ring_.readable());
-  for (std::size_t left = there; left > 0;) {
+  std::size_t left = std::min(frames, ring_.readable());
+  std::size_t missing = frames;
+  while (left > 0) {
     void* place = nullptr;
     std::size_t bytes = left * kFrameBytes;
-    if (pa_stream_begin_write(stream_, &place, &bytes) < 0 || bytes < kFrameBytes) return frames;
+    if (pa_stream_begin_write(stream_, &place, &bytes) < 0 || bytes < kFrameBytes) break;
     const std::size_t read = ring_.read({static_cast<Sample16*>(place), std::min(left, bytes / kFrameBytes)});
-    if (pa_stream_write(stream_, place, read * kFrameBytes, nullptr, 0, PA_SEEK_RELATIVE) < 0) return frames;
+    if (pa_stream_write(stream_, place, read * kFrameBytes, nullptr, 0, PA_SEEK_RELATIVE) < 0) break;
     left -= read;
+    missing -= read;
   }
-  return frames - there;
+  return missing;
 }
 
 // What it has is still on its way through the device: the clock runs on to its end, which the server no longer tells.
@@ -212,8 +193,10 @@ void PulseStream::stall() {
   heard_.publish({position_, monotonic_now(), stalled_at_});
 }
 
+// Only what plays steadily can break: a device that begins or comes back takes more at once than there is yet.
 void PulseStream::run_dry() {
-  if (motion_ == Motion::kPlaying) breaks_.fetch_add(1, std::memory_order_relaxed);
+  const bool steady = monotonic_now() - changed_at_ > kSettled;
+  if (motion_ == Motion::kPlaying && !suspended_ && steady) breaks_.fetch_add(1, std::memory_order_relaxed);
   stall();
 }
 
@@ -267,6 +250,7 @@ void PulseStream::on_started(pa_stream*, void* self) {
 void PulseStream::on_suspended(pa_stream* stream, void* self) {
   PulseStream& my = *stream_of(self);
   my.suspended_ = pa_stream_is_suspended(stream) > 0;
+  my.changed_at_ = monotonic_now();
   my.report();
   if (my.stalled_ && !my.suspended_ && !my.held()) my.stall();
   my.changed_();

@@ -15,14 +15,9 @@
 #include "engine/output_ring.h"
 #include "platform/heard_clock.h"
 #include "platform/pulse_events.h"
+#include "platform/pulse_queue.h"
 
 namespace tandem {
-
-struct PulseQueue {  // how much the server queues
-  int buffer_bytes = 5120;
-  int depth = 2;  // in buffers
-  friend bool operator==(const PulseQueue&, const PulseQueue&) = default;
-};
 
 class PulseStream {
  public:
@@ -43,7 +38,9 @@ class PulseStream {
   void play();
   void hold(std::uint64_t up_to);  // takes the ring up to that frame (a count since ever), plays it, then holds
   void resize(const PulseQueue& queue);
-  void feed();  // takes what the server has asked for, and demands what is missing
+  // Takes what the server has asked for, and waits for what is missing up to 10 ms, if it is being made: less than is
+  // queued even where the queue is short.
+  void feed();
 
   bool ready() const noexcept { return state_ == State::kReady; }
   bool failed() const noexcept { return state_ == State::kFailed; }
@@ -92,8 +89,9 @@ class PulseStream {
   bool suspended_ = false;
   bool stalled_ = true;  // the server has nothing to play of what came after stalled_at_
   int request_frames_ = 0;
-  std::uint64_t first_;       // the ring's count when this stream began
-  std::uint64_t stalled_at_;  // counts of the ring
+  Nanoseconds changed_at_ = 0;  // when the queue or the device last did
+  std::uint64_t first_;         // the ring's count when this stream began
+  std::uint64_t stalled_at_;    // counts of the ring
   std::uint64_t position_;
 };
 

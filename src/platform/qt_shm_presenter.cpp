@@ -96,7 +96,8 @@ void QtShmPresenter::share(std::size_t bytes) {
     return;
   }
   segment_ = xcb_generate_id(server_);
-  const auto cookie = xcb_shm_attach_fd_checked(server_, segment_, fd, 1);  // closes the descriptor
+  constexpr std::uint8_t kReadOnly = 1;
+  const auto cookie = xcb_shm_attach_fd_checked(server_, segment_, fd, kReadOnly);  // which closes it
   const Answer<xcb_generic_error_t> refused(xcb_request_check(server_, cookie));
   if (!refused) return;
   munmap(memory_.data(), memory_.size());

@@ -60,8 +60,10 @@ bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& 
   const double scale = picture.devicePixelRatio();
   const QPointF origin = at * scale;
   if (!is_whole(origin)) return false;
-  // A store that goes its own way to the screen is told what will be painted there.
-  store->beginPaint(present ? QRegion() : region_of(changed));
+  // What goes another way to the screen the store is told as one box, which costs it less than many: it shows that part
+  // itself some day.
+  const QRectF whole(at, picture.deviceIndependentSize());
+  store->beginPaint(present ? QRegion(whole.toAlignedRect()) : region_of(changed));
   QImage* target = target_of(*store, picture);
   const bool fits = target != nullptr && target->rect().contains(QRect(origin.toPoint(), picture.size()));
   QVarLengthArray<QRect, 16> boxes;  // in pixels of the window

@@ -51,9 +51,11 @@ void set_home(const std::string& path) {
 
 }  // namespace
 
-Desktop::Desktop()
-    : screen_({"Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-noreset", "-nolisten", "tcp"},
-              files_.file("display")) {
+Desktop::Desktop(const std::vector<std::string>& screen_options) {
+  std::vector<std::string> command = {"Xvfb",         "-displayfd", "1",         "-screen", "0",
+                                      "1280x1024x24", "-noreset",   "-nolisten", "tcp"};
+  command.insert(command.end(), screen_options.begin(), screen_options.end());
+  screen_ = ChildProcess(command, files_.file("display"));
   const auto number = [this] { return text_of(files_.file("display")); };
   if (!wait_until([&] { return number().ends_with('\n'); })) throw std::runtime_error("Xvfb does not start");
   const std::string display = ":" + number().substr(0, number().size() - 1);

@@ -18,7 +18,7 @@ namespace tandem::test {
 // started after it use them.
 class Desktop {
  public:
-  Desktop();
+  explicit Desktop(const std::vector<std::string>& screen_options = {});  // words for Xvfb
   ~Desktop();
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;

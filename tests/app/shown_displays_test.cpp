@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "app/real_player.h"
 #include "app/screen_pixels.h"
@@ -16,19 +19,24 @@ namespace tandem::test {
 namespace {
 
 using Pixels = std::vector<std::uint32_t>;
+using Names = std::vector<std::string>;
 
-class ShownDisplays : public testing::Test {
+enum class Screen { kSharesMemory, kSharesNone };
+
+class ShownDisplays : public testing::TestWithParam<Screen> {
  protected:
+  ShownDisplays() : desktop(shares() ? Names{} : Names{"-extension", "MIT-SHM"}) {}
   void SetUp() override {
     desktop.sound.start();
     player = std::make_unique<RealPlayer>(desktop, factory_settings());
     ASSERT_TRUE(player->show_up()) << player->errors();
-    const std::string song = player->write_song("song.wav", 1000, 1.5);
+    const std::string song = player->write_song("song.wav", 1000, 3);
     player->key("ctrl+o");
     ASSERT_TRUE(player->dialog_shows_up());
     player->answer_dialog(song);
     ASSERT_TRUE(player->dialog_goes_away());
   }
+  static bool shares() { return GetParam() == Screen::kSharesMemory; }
   // The well of the displays and what is about it.
   Pixels well() const {
     const auto [x, y] = player->place();
@@ -50,7 +58,7 @@ class ShownDisplays : public testing::Test {
   std::unique_ptr<RealPlayer> player;
 };
 
-TEST_F(ShownDisplays, MoveWhileASongPlaysAndLeaveNothingBehind) {
+TEST_P(ShownDisplays, MoveWhileASongPlaysAndLeaveNothingBehind) {
   Pixels still;
   ASSERT_TRUE(wait_until([&] {
     still = well();
@@ -58,9 +66,14 @@ TEST_F(ShownDisplays, MoveWhileASongPlaysAndLeaveNothingBehind) {
   }));
   player->key("ctrl+p");
   EXPECT_TRUE(wait_until([&] { return share(well(), still) > 0.01; })) << "the display does not move";
-  EXPECT_NE(mapped().find("tandem-picture"), std::string::npos) << "the server was not asked to share memory";
+  EXPECT_EQ(mapped().find("tandem-picture") != std::string::npos, shares());
   EXPECT_TRUE(wait_until([&] { return well() == still; })) << 100 * share(well(), still) << " % are left";
 }
+
+INSTANTIATE_TEST_SUITE_P(Screens, ShownDisplays, testing::Values(Screen::kSharesMemory, Screen::kSharesNone),
+                         [](const auto& each) {
+                           return each.param == Screen::kSharesMemory ? "SharingMemory" : "SharingNone";
+                         });
 
 }  // namespace
 }  // namespace tandem::test

@@ -4,6 +4,8 @@
 
 #include <QBackingStore>
 #include <QCoreApplication>
+#include <array>
+#include <vector>
 
 #include "widgets/direct_drawing.h"
 #include "widgets/window_rig.h"
@@ -112,6 +114,26 @@ TEST(Painting, DirectDrawingIsRefusedWhereItWouldNotBeWhatIsPainted) {
   EXPECT_FALSE(draw_directly(*rig.window, picture, {600, 20}, {&box, 1}, {})) << "beyond the window";
   rig.window->hide();
   EXPECT_FALSE(draw_directly(*rig.window, picture, box.topLeft(), {&box, 1}, {}));
+}
+
+TEST(Painting, WhatCanGoAShorterWayToTheScreenIsTakenFromWhatTheWindowKeeps) {
+  WindowRig rig;
+  QImage picture(20, 10, QImage::Format_RGB32);
+  picture.fill(0xFF102030);
+  const std::array<QRectF, 2> boxes = {QRectF(300, 20, 3, 4), QRectF(310, 25, 10, 5)};
+  std::vector<QRect> shown;
+  QRgb colour = 0;
+  for (const bool can : {true, false}) {
+    shown.clear();
+    const Present present = [&](const QImage& window, std::span<const QRect> parts) {
+      shown.assign(parts.begin(), parts.end());
+      colour = window.pixel(parts.front().topLeft());
+      return can;
+    };
+    EXPECT_TRUE(draw_directly(*rig.window, picture, {300, 20}, boxes, present)) << can;
+    EXPECT_EQ(shown, (std::vector<QRect>{QRect(300, 20, 3, 4), QRect(310, 25, 10, 5)}));
+    EXPECT_EQ(colour & 0xFFFFFFU, 0x102030U);
+  }
 }
 
 TEST(Painting, ListAndEqualizerTakeEachOthersPlace) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <thread>
 #include <vector>
 
@@ -11,6 +12,15 @@ namespace {
 
 using std::chrono::milliseconds;
 constexpr milliseconds kLong{60'000};
+
+// Fails if what is done in its life was waited out.
+class NotWaitedOut {
+ public:
+  ~NotWaitedOut() { EXPECT_LT(std::chrono::steady_clock::now() - begin_, kLong / 2); }
+
+ private:
+  std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+};
 
 TEST(OutputRingDemand, NoneIsNotWaitedForLongerThanAsked) {
   OutputRing ring;
@@ -88,6 +98,7 @@ TEST(OutputRingDemand, WakesTheWaitingThread) {
 }
 
 TEST(OutputRingDemand, TheWaitForOneIsCalledOff) {
+  const NotWaitedOut quick;
   OutputRing ring;
   std::thread caller([&] { ring.call_off(); });
   EXPECT_EQ(ring.await_demand(kLong), 0U);
@@ -97,6 +108,7 @@ TEST(OutputRingDemand, TheWaitForOneIsCalledOff) {
 }
 
 TEST(OutputRingDemand, TheEndOfAllIsNotWaitedOut) {
+  const NotWaitedOut quick;
   OutputRing ring;
   std::thread output([&] { ring.end_demands(); });
   EXPECT_EQ(ring.await_demand(kLong), 0U);
@@ -130,12 +142,14 @@ TEST(OutputRingDemand, WhatIsServedIsThereBehindTheDemand) {
 }
 
 TEST(OutputRingDemand, WhereNobodyServesTheOutputDoesNotWait) {
+  const NotWaitedOut quick;
   OutputRing ring;
   ring.demand_now(300, kLong);
   EXPECT_EQ(ring.await_demand(kLong), 300U) << "it is still to be found";
 }
 
 TEST(OutputRingDemand, NothingIsNotWaitedFor) {
+  const NotWaitedOut quick;
   OutputRing ring;
   ring.serve(true);
   ring.demand_now(0, kLong);
