@@ -48,7 +48,10 @@ void OutputRing::call_off() noexcept {
 }
 
 std::size_t OutputRing::await_demand(std::chrono::milliseconds most) noexcept {
-  if (!demand_.try_acquire_for(most)) return 0;
+  awaits_demand_.store(true, std::memory_order_release);
+  const bool told = demand_.try_acquire_for(most);
+  awaits_demand_.store(false, std::memory_order_release);
+  if (!told) return 0;
   // An exchange, for a store might come behind the look at what is demanded, and a demand between them would be lost.
   told_.exchange(false, std::memory_order_acq_rel);
   return demanded();  // it may have been met meanwhile

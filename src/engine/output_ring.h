@@ -42,12 +42,16 @@ class OutputRing {
   std::size_t demanded() const noexcept { return demanded_.load(std::memory_order_acquire); }
   // The render thread: waits until frames are demanded, at most so long, or called off. How many; 0 if none were.
   std::size_t await_demand(std::chrono::milliseconds most) noexcept;
-  // The render thread: from now on it serves demands as soon as they come, or does not.
+  // The render thread: from now on it makes sound, and says with supply() whenever there is more, or it rests. Until it
+  // says so again, an output that begins may say it for it.
   void serve(bool serves) noexcept { served_.store(serves, std::memory_order_release); }
   bool served() const noexcept { return served_.load(std::memory_order_acquire); }
-  // The render thread: what was demanded lies there now, or as much of it as there will be.
+  // Whether it waits in await_demand().
+  bool is_awaiting_demand() const noexcept { return awaits_demand_.load(std::memory_order_acquire); }
+  // The render thread: what was demanded lies there now, or as much of it as there will be for the moment.
   void supply() noexcept;
-  // The output's thread: demand(), and waits until it is supplied, at most so long. At once if nobody serves demands.
+  // The output's thread: demand(), and waits until it is supplied, at most so long; not at all where nobody makes
+  // sound.
   void demand_now(std::size_t frames, std::chrono::milliseconds most) noexcept;
   // Any thread: who waits for a demand looks about.
   void call_off() noexcept;
@@ -65,6 +69,7 @@ class OutputRing {
   std::atomic<bool> told_{false};  // the semaphore is raised
   std::atomic<bool> served_{false};
   std::atomic<bool> awaits_supply_{false};
+  std::atomic<bool> awaits_demand_{false};
   Semaphore demand_;
   Semaphore supply_;
 };

@@ -73,7 +73,8 @@ std::int64_t RenderThread::steps_at_once() const noexcept {
   return free_until > step + steps && !ends_soon ? static_cast<std::int64_t>(steps) : 1;
 }
 
-// One step for each period that has passed; one less while the ring is too full, one more while it runs low.
+// One step for each period that has passed; one less while the ring is too full, one more while it runs low, two more
+// while nothing is queued: then the device begins at once.
 RenderThread::Due RenderThread::due() noexcept {
   const std::int64_t late = clock_.now_ns() - next_ns_;
   const std::int64_t periods = 1 + std::clamp<std::int64_t>(late / kStepNs, 0, kMostStepsAtOnce - 1);
@@ -82,7 +83,8 @@ RenderThread::Due RenderThread::due() noexcept {
   const auto filled = static_cast<std::int64_t>(ring_.readable());
   const std::int64_t most = output_.request_frames() + periods * kStepFrames;
   if (filled > most + periods * kStepFrames) return {periods, 0};  // a server that hangs takes nothing
-  const std::int64_t correction = filled > most ? -1 : (filled < kStepFrames ? 1 : 0);
+  const std::int64_t missing = output_.heard() >= ring_.written() ? 2 : 1;
+  const std::int64_t correction = filled > most ? -1 : (filled < kStepFrames ? missing : 0);
   return {periods, periods + correction};
 }
 
@@ -100,6 +102,7 @@ void RenderThread::pace() {
     render_step();
     --left;
   }
+  ring_.supply();
   if (!chain_.news().empty()) tell_news_();
   if (left > 0 && chain_.wants_render()) {
     next_ns_ -= std::min(left, now.periods) * kStepNs;
@@ -134,12 +137,11 @@ void RenderThread::run() {
   next_ns_ = clock_.now_ns();
   while (!stopping_.load()) {
     const bool sound = sounds();
-    const bool served = sound && serves();
-    ring_.serve(served);
-    if (served) {
-      serve();
+    ring_.serve(sound);
+    if (sound) {
+      serves() ? serve() : pace();
     } else {
-      sound ? pace() : rest();
+      rest();
     }
   }
   ring_.serve(false);

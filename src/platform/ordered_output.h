@@ -21,7 +21,9 @@ struct OutputFace {
 
   // The serving thread: whether the device takes sound. The render thread, which may rest, hears of it at once.
   void set_consuming(bool takes, OutputRing& ring) noexcept {
-    if (consuming.exchange(takes, std::memory_order_acq_rel) != takes) ring.call_off();
+    if (consuming.exchange(takes, std::memory_order_acq_rel) == takes) return;
+    if (takes) ring.serve(true);  // until the render thread says otherwise: the first demand may wait for it
+    ring.call_off();
   }
 };
 

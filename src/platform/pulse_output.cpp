@@ -113,6 +113,7 @@ void PulseOutput::Worker::tend_stream() {
   stream_->resize({wish_.buffer_bytes(), wish_.depth()});
   if (wish_.wanted()) {
     stream_->play();
+    publish();  // first, so that what it demands is made at once
     stream_->feed();
   } else {
     stream_->hold(wish_.play_up_to());

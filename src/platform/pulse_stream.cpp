@@ -96,7 +96,6 @@ void PulseStream::play() {
   forget_play_out();
   motion_ = Motion::kPlaying;
   changed_at_ = monotonic_now();
-  feed();
 }
 
 void PulseStream::hold(std::uint64_t up_to) {

@@ -35,7 +35,7 @@ class PulseStream {
   PulseStream& operator=(const PulseStream&) = delete;
 
   // Only when ready().
-  void play();
+  void play();                     // what feed() gives it
   void hold(std::uint64_t up_to);  // takes the ring up to that frame (a count since ever), plays it, then holds
   void resize(const PulseQueue& queue);
   // Takes what the server has asked for, and waits for what is missing up to 10 ms, if it is being made: less than is

@@ -46,6 +46,7 @@ void OutputFeeder::fill() {
     std::generate(step.begin(), step.end(), [&] { return numbered_frame(number++); });
     ring_.write(step);
   }
+  ring_.supply();
 }
 
 std::ostream& operator<<(std::ostream& out, const Stretch& stretch) {

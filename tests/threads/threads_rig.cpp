@@ -33,13 +33,14 @@ void ThreadsRig::play_a_step() {
     if (read == 0) break;
     at_device_ += read;
   }
-  ring_.demand_now(demands_ahead_ - at_device_, std::chrono::seconds(1));
+  const std::size_t missing = demands_ahead_ - at_device_;
+  ring_.is_awaiting_demand() ? ring_.demand_now(missing, std::chrono::seconds(1)) : ring_.demand(missing);
 }
 
 void ThreadsRig::end_demands() {
   demands_ahead_ = 0;
   ring_.end_demands();
-  while (ring_.served()) std::this_thread::yield();
+  while (ring_.is_awaiting_demand()) std::this_thread::yield();
 }
 
 ThreadsRig::ThreadsRig() {

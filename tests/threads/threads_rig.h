@@ -43,7 +43,7 @@ class ThreadsRig {
 
   TempDirectory directory_;
   OutputRing ring_;
-  MovedClock clock_{[this] { return ring_.served(); }};
+  MovedClock clock_{[this] { return ring_.is_awaiting_demand(); }};
   ReadyOutput output_{ring_, kStepFrames};
   std::atomic<int> news_{0};
   ScriptedDialog dialog_;
