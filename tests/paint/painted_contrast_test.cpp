@@ -72,7 +72,8 @@ int chosen_position(const PanelLook& look, std::string_view control) {
 }
 
 TEST(PaintedContrast, OfPositionCaptions) {
-  const PanelLook look = make_specimen("board-open")->look;
+  const auto specimen = make_specimen("board-open");  // the look points into it
+  const PanelLook& look = specimen->look;
   const QImage picture = painted(look);
   for (const PositionCaption& caption : position_captions()) {
     const bool faceplate = control_box(caption.control).group == ControlGroup::Mix;
@@ -96,7 +97,8 @@ QRgb caption_ink(const PanelLook& look, std::string_view name) {
 }
 
 TEST(PaintedContrast, OfPrintedCaptions) {
-  const PanelLook look = make_specimen("board-open")->look;
+  const auto specimen = make_specimen("board-open");  // the look points into it
+  const PanelLook& look = specimen->look;
   const QImage board = painted(look);
   int seen = 0;
   for (const ControlBox& control : panel_layout()) {
@@ -194,7 +196,8 @@ TEST(PaintedContrast, OfAKeysCaptionIsKeptBesideEveryColour) {
 
 // The ring lies outside the control, on what is there without it.
 TEST(PaintedContrast, OfTheFocusRing) {
-  PanelLook look = make_specimen("full-equalizer")->look;
+  const auto specimen = make_specimen("full-equalizer");
+  PanelLook& look = specimen->look;
   const QImage without = painted(look);
   look.transport.play.touch.focused = true;
   look.transport.load.touch.focused = true;
