@@ -9,7 +9,7 @@ namespace {
 
 const QString kGap = QStringLiteral("\u2026");
 
-// Long names often differ in their last word only ("... part 2.mp3"), so that stays with the extension.
+// Long names often differ in their last word only ("... side 2.mp3"), so that stays with the extension.
 constexpr qsizetype kTail = 8;
 constexpr qsizetype kLongestExtension = 5;  // letters, with its point
 

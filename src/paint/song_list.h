@@ -34,7 +34,7 @@ using TextWidth = std::function<double(const QString&)>;
 /// end all of them; the file name stays whole even if it is wider than the room.
 QString elide_directories(const QString& path, double room, const TextWidth& width);
 
-/// A file name that is too wide loses letters before its last ones and its extension ("An evening in…part 2.mp3").
+/// A file name that is too wide loses letters before its last ones and its extension ("An evening in…side 2.mp3").
 QString elide_file_name(const QString& name, double room, const TextWidth& width);
 
 }  // namespace tandem

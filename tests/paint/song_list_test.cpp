@@ -12,9 +12,9 @@ using namespace Qt::StringLiterals;
 
 const QRectF kBox(0, 0, 293, 141);
 
-QString elided(const QString& path, double room) {
-  return elide_directories(path, room, [](const QString& text) { return static_cast<double>(text.size()); });
-}
+double width_by_units(const QString& text) { return static_cast<double>(text.size()); }
+
+QString elided(const QString& path, double room) { return elide_directories(path, room, width_by_units); }
 
 TEST(ElideDirectories, LeavesAPathThatFits) { EXPECT_EQ(elided(u"/home/ana/a.mp3"_s, 15), u"/home/ana/a.mp3"_s); }
 
@@ -33,21 +33,19 @@ TEST(ElideDirectories, NeverCutsTheFileName) {
   EXPECT_EQ(elided(u"A very long name.mp3"_s, 5), u"A very long name.mp3"_s);
 }
 
-QString cut_name(const QString& name, double room) {
-  return elide_file_name(name, room, [](const QString& text) { return static_cast<double>(text.size()); });
-}
+QString cut_name(const QString& name, double room) { return elide_file_name(name, room, width_by_units); }
 
 TEST(ElideFileName, LeavesANameThatFits) { EXPECT_EQ(cut_name(u"Winter Sun.mp3"_s, 14), u"Winter Sun.mp3"_s); }
 
 TEST(ElideFileName, KeepsItsBeginAndItsLastLettersWithTheExtension) {
-  const QString name = u"An evening in the glass garden, part 2.mp3"_s;
-  EXPECT_EQ(cut_name(name, 30), u"An evening in the…, part 2.mp3"_s);
-  EXPECT_EQ(cut_name(name, 26), u"An evening in…, part 2.mp3"_s);
+  const QString name = u"An evening in the glass garden, side 2.mp3"_s;
+  EXPECT_EQ(cut_name(name, 30), u"An evening in the…, side 2.mp3"_s);
+  EXPECT_EQ(cut_name(name, 26), u"An evening in…, side 2.mp3"_s);
   EXPECT_EQ(cut_name(name, 25), u"An evening in the gl….mp3"_s) << "no room for both";
 }
 
 TEST(ElideFileName, KeepsItsExtensionAtLeast) {
-  const QString name = u"An evening in the glass garden, part 2.mp3"_s;
+  const QString name = u"An evening in the glass garden, side 2.mp3"_s;
   EXPECT_EQ(cut_name(name, 16), u"An evening….mp3"_s);
   EXPECT_EQ(cut_name(name, 0), u"….mp3"_s);
 }
@@ -64,7 +62,7 @@ TEST(ElideFileName, CountsTheExtensionInLettersAsTheyAreRead) {
 }
 
 TEST(ElideFileName, KeepsABlankAtItsBegin) {
-  EXPECT_EQ(cut_name(u" An evening in the glass garden, part 2.mp3"_s, 27), u" An evening in…, part 2.mp3"_s);
+  EXPECT_EQ(cut_name(u" An evening in the glass garden, side 2.mp3"_s, 27), u" An evening in…, side 2.mp3"_s);
 }
 
 TEST(ElideFileName, NeverCutsALetterInTwo) {
@@ -140,7 +138,7 @@ TEST(SongList, ANameWiderThanItsLineShowsItsEnd) {
     return list_picture(look).copy(0, 5, 293, 13);
   };
   const QString middle = QString(100, u'n');
-  EXPECT_NE(row_of(u"One "_s + middle + u" part 1.mp3"_s), row_of(u"One "_s + middle + u" part 2.mp3"_s));
+  EXPECT_NE(row_of(u"One "_s + middle + u" side 1.mp3"_s), row_of(u"One "_s + middle + u" side 2.mp3"_s));
   EXPECT_NE(row_of(u"One "_s + middle + u".mp3"_s), row_of(u"One "_s + middle + u".wav"_s));
   EXPECT_NE(row_of(u"One "_s + middle + u".mp3"_s), row_of(u"Two "_s + middle + u".mp3"_s));
   EXPECT_EQ(row_of(u"One "_s + middle + u".mp3"_s), row_of(u"One "_s + middle + u"n.mp3"_s));
