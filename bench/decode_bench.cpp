@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/song_source.h"
+#include "engine/read/song_source.h"
 #include "support/bytes.h"
 #include "support/mp3_maker.h"
 #include "support/signal.h"

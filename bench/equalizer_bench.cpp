@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/band_equalizer.h"
-#include "engine/filter_design.h"
-#include "engine/limiter.h"
+#include "engine/equalizer/band_equalizer.h"
+#include "engine/equalizer/filter_design.h"
+#include "engine/render/limiter.h"
 
 namespace tandem {
 namespace {

@@ -12,11 +12,11 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/device/output_ring.h"
+#include "engine/device/simulated_output.h"
 #include "engine/engine.h"
-#include "engine/output_ring.h"
-#include "engine/simulated_output.h"
+#include "logged_graph/wav_recorder.h"
 #include "shaping/band_table.h"
-#include "tools/support/wav_recorder.h"
 
 namespace tandem {
 namespace {

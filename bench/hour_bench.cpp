@@ -15,17 +15,17 @@
 #include <string>
 #include <vector>
 
-#include "engine/band_equalizer.h"
-#include "engine/filter_design.h"
-#include "engine/limiter.h"
-#include "engine/pitch_stage.h"
-#include "engine/song_source.h"
+#include "engine/equalizer/band_equalizer.h"
+#include "engine/equalizer/filter_design.h"
+#include "engine/pitch/pitch_stage.h"
+#include "engine/read/song_source.h"
+#include "engine/render/limiter.h"
 #include "settings/settings_file.h"
+#include "simulation/simulated_player.h"
 #include "support/bytes.h"
 #include "support/mp3_maker.h"
 #include "support/temp_directory.h"
 #include "support/wav_writer.h"
-#include "tools/simulation/simulated_player.h"
 
 namespace tandem::test {
 namespace {

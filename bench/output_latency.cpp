@@ -12,10 +12,10 @@
 #include <utility>
 #include <vector>
 
-#include "engine/frames.h"
+#include "engine/core/frames.h"
 #include "platform/output_feeder.h"
 #include "platform/output_test_server.h"
-#include "platform/pulse_output.h"
+#include "platform/pulse/pulse_output.h"
 
 namespace tandem {
 namespace {

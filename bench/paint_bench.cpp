@@ -15,10 +15,10 @@
 #include <utility>
 #include <vector>
 
-#include "paint/ink.h"
-#include "paint/panel_background.h"
-#include "paint/panel_specimens.h"
-#include "paint/panels.h"
+#include "paint/panel/panel_background.h"
+#include "paint/strokes/ink.h"
+#include "paint/surfaces/panels.h"
+#include "tools/pictures/sample_panels.h"
 
 namespace tandem {
 namespace {

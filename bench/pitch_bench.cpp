@@ -15,7 +15,7 @@
 #include <span>
 #include <vector>
 
-#include "engine/pitch_stage.h"
+#include "engine/pitch/pitch_stage.h"
 
 namespace {
 

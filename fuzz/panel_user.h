@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "simulation/simulated_player.h"
 #include "support/temp_directory.h"
-#include "tools/simulation/simulated_player.h"
 
 namespace tandem::fuzz {
 

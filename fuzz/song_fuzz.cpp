@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/song_source.h"
+#include "engine/read/song_source.h"
 #include "fuzz_target.h"
 #include "support/bytes.h"
 #include "support/temp_directory.h"

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "paint/specimen_picture.h"
+#include "tools/pictures/sample_picture.h"
 
 namespace {
 

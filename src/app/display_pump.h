@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "displays/sound_frame.h"
-#include "engine/display_feed.h"
-#include "engine/output_ring.h"
+#include "engine/device/display_feed.h"
+#include "engine/device/output_ring.h"
 
 namespace tandem {
 

@@ -12,8 +12,8 @@
 #include "app/display_guard.h"
 #include "app/error_report.h"
 #include "app/player.h"
-#include "paint/program_icon.h"
-#include "widgets/panel_accessible.h"
+#include "paint/panel/program_icon.h"
+#include "widgets/accessibility/panel_accessible.h"
 
 namespace {
 

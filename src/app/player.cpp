@@ -8,10 +8,10 @@
 
 #include "app/dropped_songs.h"
 #include "displays/display_set.h"
-#include "engine/frames.h"
-#include "platform/program_directory.h"
-#include "platform/time_of_day.h"
-#include "platform/upper_case.h"
+#include "engine/core/frames.h"
+#include "platform/system/program_directory.h"
+#include "platform/system/time_of_day.h"
+#include "platform/system/upper_case.h"
 #include "shell/mix_forecast.h"
 
 namespace tandem {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/equalizer_control.h"
-#include "engine/pitch_engine.h"
-#include "engine/reader_thread.h"
-#include "engine/render_thread.h"
+#include "engine/components/equalizer_control.h"
+#include "engine/pitch/pitch_shifter.h"
+#include "engine/read/reader_thread.h"
+#include "engine/render/render_thread.h"
 
 namespace tandem {
 

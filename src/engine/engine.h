@@ -13,15 +13,15 @@
 #include <optional>
 
 #include "audio/sound_graph.h"
-#include "engine/chain.h"
-#include "engine/deck_control.h"
-#include "engine/device_control.h"
-#include "engine/mixer_control.h"
-#include "engine/output.h"
-#include "engine/silence_guard.h"
-#include "engine/small_components.h"
-#include "engine/song_end.h"
-#include "engine/step_clock.h"
+#include "engine/components/deck_control.h"
+#include "engine/components/device_control.h"
+#include "engine/components/mixer_control.h"
+#include "engine/components/silence_guard.h"
+#include "engine/components/small_components.h"
+#include "engine/components/song_end.h"
+#include "engine/device/output.h"
+#include "engine/device/step_clock.h"
+#include "engine/render/chain.h"
 
 namespace tandem {
 

@@ -6,9 +6,9 @@
 
 #include <string>
 
-#include "engine/output.h"
-#include "platform/alsa_output.h"
-#include "platform/pulse_output.h"
+#include "engine/device/output.h"
+#include "platform/alsa/alsa_output.h"
+#include "platform/pulse/pulse_output.h"
 
 namespace tandem {
 

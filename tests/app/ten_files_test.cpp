@@ -8,7 +8,7 @@
 
 #include "app/real_player.h"
 #include "base/natural_order.h"
-#include "engine/frames.h"
+#include "engine/core/frames.h"
 #include "program/signatures.h"
 #include "program/ten_songs.h"
 #include "settings/settings_file.h"

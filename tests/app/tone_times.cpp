@@ -4,7 +4,7 @@
 #include <complex>
 #include <numbers>
 
-#include "engine/frames.h"
+#include "engine/core/frames.h"
 
 namespace tandem::test {
 

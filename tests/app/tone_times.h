@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "engine/output_ring.h"
+#include "engine/device/output_ring.h"
 
 namespace tandem::test {
 

@@ -1,4 +1,4 @@
-#include "tools/support/logged_graph.h"
+#include "logged_graph/logged_graph.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "engine/band_equalizer_rig.h"
-#include "engine/filter_designer.h"
+#include "engine/equalizer/filter_worker.h"
 
 namespace tandem {
 namespace {

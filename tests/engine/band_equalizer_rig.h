@@ -9,8 +9,8 @@
 #include <span>
 #include <vector>
 
-#include "engine/band_equalizer.h"
-#include "engine/filter_design.h"
+#include "engine/equalizer/band_equalizer.h"
+#include "engine/equalizer/filter_design.h"
 
 namespace tandem::equalizer_test {
 

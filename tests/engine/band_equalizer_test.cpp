@@ -1,4 +1,4 @@
-#include "engine/band_equalizer.h"
+#include "engine/equalizer/band_equalizer.h"
 
 #include <gtest/gtest.h>
 

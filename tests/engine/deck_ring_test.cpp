@@ -1,4 +1,4 @@
-#include "engine/deck_ring.h"
+#include "engine/read/deck_ring.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "engine/denormals.h"
+#include "engine/core/flush_denormals.h"
 
 #include <gtest/gtest.h>
 

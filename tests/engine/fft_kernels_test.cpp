@@ -1,5 +1,5 @@
 // Every kind of processor's code against plain sums: only one of them runs in the equalizer on this machine.
-#include "engine/fft_kernels.h"
+#include "engine/equalizer/fft_kernels.h"
 
 #include <gtest/gtest.h>
 

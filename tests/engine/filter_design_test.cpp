@@ -1,4 +1,4 @@
-#include "engine/filter_design.h"
+#include "engine/equalizer/filter_design.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +11,9 @@
 #include <thread>
 #include <vector>
 
-#include "engine/fft_real.h"
-#include "engine/filter_designer.h"
-#include "engine/frames.h"
+#include "engine/core/frames.h"
+#include "engine/equalizer/fft_real.h"
+#include "engine/equalizer/filter_worker.h"
 
 namespace tandem {
 namespace {

@@ -1,4 +1,4 @@
-#include "engine/limiter.h"
+#include "engine/render/limiter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "engine/small_components.h"
+#include "engine/components/small_components.h"
 
 namespace tandem {
 namespace {

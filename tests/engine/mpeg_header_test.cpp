@@ -1,4 +1,4 @@
-#include "engine/mpeg_header.h"
+#include "engine/decode/mpeg_header.h"
 
 #include <gtest/gtest.h>
 

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/pitch_stage.h"
+#include "engine/pitch/pitch_stage.h"
 
 namespace tandem {
 

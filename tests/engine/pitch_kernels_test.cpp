@@ -1,4 +1,4 @@
-#include "engine/pitch_kernels.h"
+#include "engine/pitch/pitch_kernels.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <random>
 #include <vector>
 
-#include "engine/pitch_filters.h"
+#include "engine/pitch/interpolation_filters.h"
 
 namespace tandem {
 namespace {

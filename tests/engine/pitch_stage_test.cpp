@@ -1,5 +1,5 @@
 // Which frames the pitch stage gives, and when: counts, ends, a ring that runs dry, engines that come and go.
-#include "engine/pitch_stage.h"
+#include "engine/pitch/pitch_stage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "engine/song_source.h"
+#include "engine/read/song_source.h"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <memory>
 
-#include "tools/support/logged_graph.h"
+#include "logged_graph/logged_graph.h"
 
 namespace tandem::test {
 

@@ -11,11 +11,11 @@
 #include "base/runtime_error.h"
 #include "faults/measured.h"
 #include "program/player_rig.h"
+#include "simulation/simulated_player.h"
 #include "support/bytes.h"
 #include "support/mp3_maker.h"
 #include "support/temp_directory.h"
 #include "support/wav_writer.h"
-#include "tools/simulation/simulated_player.h"
 
 namespace tandem::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <atomic>
 #include <vector>
 
-#include "engine/song_source.h"
+#include "engine/read/song_source.h"
 #include "faults/measured.h"
 #include "support/bytes.h"
 #include "support/mp3_maker.h"

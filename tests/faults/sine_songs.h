@@ -6,8 +6,8 @@
 #include <span>
 #include <vector>
 
-#include "engine/frames.h"
-#include "engine/output_ring.h"
+#include "engine/core/frames.h"
+#include "engine/device/output_ring.h"
 #include "support/bytes.h"
 
 namespace tandem::test {

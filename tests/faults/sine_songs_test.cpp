@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "engine/frames.h"
+#include "engine/core/frames.h"
 
 namespace tandem::test {
 namespace {

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "faults/measured.h"
-#include "platform/time_of_day.h"
+#include "platform/system/time_of_day.h"
 #include "program/player_rig.h"
 #include "program/songs.h"
 

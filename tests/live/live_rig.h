@@ -7,16 +7,16 @@
 #include <string>
 #include <vector>
 
+#include "engine/device/output_ring.h"
 #include "engine/engine.h"
-#include "engine/output_ring.h"
-#include "platform/monotonic_clock.h"
 #include "platform/output_test_server.h"
-#include "platform/pulse_output.h"
-#include "platform/real_step_clock.h"
+#include "platform/pulse/pulse_output.h"
+#include "platform/realtime/monotonic_clock.h"
+#include "platform/realtime/real_step_clock.h"
 #include "shell/program.h"
+#include "simulation/simulated_player.h"
 #include "support/signal.h"
 #include "support/temp_directory.h"
-#include "tools/simulation/simulated_player.h"
 
 namespace tandem::test {
 

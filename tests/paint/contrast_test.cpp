@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "paint/palette.h"
+#include "paint/strokes/palette.h"
 
 namespace tandem {
 namespace {

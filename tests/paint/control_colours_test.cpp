@@ -1,12 +1,12 @@
 // Colours that carry a state are exact; sampled where a control shows them without sheen.
 #include <gtest/gtest.h>
 
-#include "paint/fader.h"
-#include "paint/gauge.h"
-#include "paint/key.h"
-#include "paint/lamps.h"
-#include "paint/palette.h"
-#include "paint/spinner.h"
+#include "paint/controls/fader.h"
+#include "paint/controls/gauge.h"
+#include "paint/controls/key.h"
+#include "paint/controls/lamps.h"
+#include "paint/controls/spinner.h"
+#include "paint/strokes/palette.h"
 #include "sketch.h"
 
 namespace tandem {

@@ -1,8 +1,8 @@
-#include "paint/decibel_letters.h"
+#include "paint/text/decibel_letters.h"
 
 #include <gtest/gtest.h>
 
-#include "paint/palette.h"
+#include "paint/strokes/palette.h"
 #include "sketch.h"
 
 namespace tandem {

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <string>
 
-#include "paint/specimen_picture.h"
+#include "tools/pictures/sample_picture.h"
 
 namespace tandem {
 namespace {

@@ -1,4 +1,4 @@
-#include "paint/dot_font.h"
+#include "paint/text/dot_font.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "paint/specimen_picture.h"
+#include "tools/pictures/sample_picture.h"
 
 namespace tandem {
 namespace {

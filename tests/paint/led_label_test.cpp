@@ -1,9 +1,9 @@
-#include "paint/led_label.h"
+#include "paint/text/led_label.h"
 
 #include <gtest/gtest.h>
 
-#include "paint/dot_font.h"
-#include "paint/palette.h"
+#include "paint/strokes/palette.h"
+#include "paint/text/dot_font.h"
 #include "sketch.h"
 
 namespace tandem {

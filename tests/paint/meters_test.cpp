@@ -5,11 +5,11 @@
 #include <iterator>
 #include <numbers>
 
-#include "paint/level_bar.h"
-#include "paint/needle_meter.h"
-#include "paint/oscilloscope.h"
-#include "paint/palette.h"
-#include "paint/stroke_field.h"
+#include "paint/displays/level_bar.h"
+#include "paint/displays/needle_meter.h"
+#include "paint/displays/oscilloscope.h"
+#include "paint/strokes/distance_field.h"
+#include "paint/strokes/palette.h"
 #include "sketch.h"
 
 namespace tandem {

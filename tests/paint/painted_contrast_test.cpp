@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "contrast.h"
-#include "paint/caption.h"
-#include "paint/head_strip.h"
-#include "paint/palette.h"
-#include "paint/panel_painter.h"
-#include "paint/panel_specimens.h"
+#include "paint/controls/head_strip.h"
+#include "paint/strokes/palette.h"
+#include "paint/text/caption.h"
 #include "sketch.h"
+#include "tools/pictures/panel_painter.h"
+#include "tools/pictures/sample_panels.h"
 
 namespace tandem {
 namespace {

@@ -1,10 +1,10 @@
-#include "paint/palette.h"
+#include "paint/strokes/palette.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "paint/ink.h"
+#include "paint/strokes/ink.h"
 #include "sketch.h"
 
 namespace tandem {

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "paint/dot_font.h"
-#include "paint/panel_layout.h"
-#include "paint/specimen_picture.h"
+#include "layout/panel_layout.h"
+#include "paint/text/dot_font.h"
+#include "tools/pictures/sample_picture.h"
 
 namespace tandem {
 namespace {

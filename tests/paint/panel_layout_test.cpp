@@ -1,4 +1,4 @@
-#include "paint/panel_layout.h"
+#include "layout/panel_layout.h"
 
 #include <gtest/gtest.h>
 

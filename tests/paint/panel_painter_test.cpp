@@ -1,15 +1,15 @@
-#include "paint/panel_painter.h"
+#include "tools/pictures/panel_painter.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <vector>
 
-#include "paint/caption.h"
-#include "paint/palette.h"
-#include "paint/panel_background.h"
-#include "paint/panel_specimens.h"
+#include "paint/panel/panel_background.h"
+#include "paint/strokes/palette.h"
+#include "paint/text/caption.h"
 #include "sketch.h"
+#include "tools/pictures/sample_panels.h"
 
 namespace tandem {
 namespace {

@@ -1,8 +1,8 @@
-#include "paint/program_icon.h"
+#include "paint/panel/program_icon.h"
 
 #include <gtest/gtest.h>
 
-#include "paint/palette.h"
+#include "paint/strokes/palette.h"
 
 namespace tandem {
 namespace {

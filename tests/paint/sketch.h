@@ -6,7 +6,7 @@
 #include <cmath>
 #include <functional>
 
-#include "paint/ink.h"
+#include "paint/strokes/ink.h"
 
 namespace tandem {
 

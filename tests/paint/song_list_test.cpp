@@ -1,8 +1,8 @@
-#include "paint/song_list.h"
+#include "paint/controls/song_list.h"
 
 #include <gtest/gtest.h>
 
-#include "paint/palette.h"
+#include "paint/strokes/palette.h"
 #include "sketch.h"
 
 namespace tandem {

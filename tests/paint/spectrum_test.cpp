@@ -1,10 +1,10 @@
-#include "paint/spectrum.h"
+#include "paint/displays/spectrum.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "paint/palette.h"
+#include "paint/strokes/palette.h"
 
 namespace tandem {
 namespace {

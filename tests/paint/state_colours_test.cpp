@@ -3,10 +3,10 @@
 
 #include <cstdlib>
 
-#include "paint/palette.h"
-#include "paint/panel_specimens.h"
-#include "paint/specimen_picture.h"
+#include "paint/strokes/palette.h"
 #include "sketch.h"
+#include "tools/pictures/sample_panels.h"
+#include "tools/pictures/sample_picture.h"
 
 namespace tandem {
 namespace {

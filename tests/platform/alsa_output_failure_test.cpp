@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "platform/alsa_output.h"
+#include "platform/alsa/alsa_output.h"
 #include "platform/alsa_test_device.h"
 #include "platform/output_feeder.h"
 #include "platform/output_test_server.h"

@@ -1,4 +1,4 @@
-#include "platform/alsa_output.h"
+#include "platform/alsa/alsa_output.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <mutex>
 #include <vector>
 
-#include "engine/output_ring.h"
+#include "engine/device/output_ring.h"
 
 namespace tandem {
 

@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "engine/output.h"
+#include "engine/device/output.h"
 
 namespace tandem {
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/output_ring.h"
+#include "engine/device/output_ring.h"
 
 namespace tandem {
 

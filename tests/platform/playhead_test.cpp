@@ -1,4 +1,4 @@
-#include "platform/playhead.h"
+#include "platform/output/playhead.h"
 
 #include <gtest/gtest.h>
 

@@ -10,7 +10,7 @@
 
 #include "platform/output_feeder.h"
 #include "platform/output_test_server.h"
-#include "platform/pulse_output.h"
+#include "platform/pulse/pulse_output.h"
 
 namespace tandem {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <thread>
 
-#include "engine/frames.h"
+#include "engine/core/frames.h"
 #include "platform/pulse_output_fixture.h"
 
 namespace tandem {

@@ -1,4 +1,4 @@
-#include "platform/realtime_guard.h"
+#include "platform/realtime/realtime_guard.h"
 
 #include <gtest/gtest.h>
 #include <sched.h>
@@ -10,9 +10,9 @@
 #include <future>
 #include <thread>
 
-#include "platform/monotonic_clock.h"
-#include "platform/realtime_priority.h"
-#include "platform/realtime_threads.h"
+#include "platform/realtime/monotonic_clock.h"
+#include "platform/realtime/realtime_priority.h"
+#include "platform/realtime/realtime_threads.h"
 
 namespace tandem {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/realtime_priority.h"
+#include "platform/realtime/realtime_priority.h"
 
 #include <gtest/gtest.h>
 #include <sched.h>
@@ -9,11 +9,11 @@
 #include <string>
 #include <thread>
 
-#include "platform/alsa_output.h"
-#include "platform/null_output.h"
+#include "platform/alsa/alsa_output.h"
+#include "platform/output/null_output.h"
 #include "platform/output_test_server.h"
-#include "platform/pulse_output.h"
-#include "platform/real_step_clock.h"
+#include "platform/pulse/pulse_output.h"
+#include "platform/realtime/real_step_clock.h"
 
 namespace tandem {
 namespace {

@@ -8,7 +8,7 @@
 
 #include <array>
 
-#include "platform/realtime_priority.h"
+#include "platform/realtime/realtime_priority.h"
 
 namespace tandem {
 

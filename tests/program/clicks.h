@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <span>
 
-#include "engine/output_ring.h"
+#include "engine/device/output_ring.h"
 #include "support/signal.h"
 
 namespace tandem::test {

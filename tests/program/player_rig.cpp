@@ -1,8 +1,8 @@
 #include "program/player_rig.h"
 
 #include "controls/panel_groups.h"
-#include "engine/band_equalizer.h"
-#include "engine/limiter.h"
+#include "engine/equalizer/band_equalizer.h"
+#include "engine/render/limiter.h"
 #include "settings/settings_file.h"
 #include "support/bytes.h"
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/output_ring.h"
+#include "engine/device/output_ring.h"
+#include "simulation/simulated_player.h"
 #include "support/temp_directory.h"
-#include "tools/simulation/simulated_player.h"
 
 namespace tandem::test {
 

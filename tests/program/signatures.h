@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "engine/output_ring.h"
+#include "engine/device/output_ring.h"
 #include "support/signal.h"
 
 namespace tandem::test {

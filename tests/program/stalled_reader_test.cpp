@@ -1,7 +1,7 @@
 // A deck whose reader does not get on: a disk that hangs.
 #include <gtest/gtest.h>
 
-#include "engine/deck.h"
+#include "engine/render/deck.h"
 #include "faults/measured.h"
 #include "program/signatures.h"
 #include "support/bytes.h"

@@ -8,15 +8,15 @@
 #include <thread>
 
 #include "displays/display_set.h"
+#include "engine/core/render_guard.h"
 #include "engine/engine.h"
-#include "engine/render_guard.h"
 #include "shell/program.h"
+#include "simulation/simulated_player.h"
 #include "support/bytes.h"
 #include "support/ready_output.h"
 #include "support/signal.h"
 #include "support/temp_directory.h"
 #include "support/wav_writer.h"
-#include "tools/simulation/simulated_player.h"
 #include "trap.h"
 
 namespace tandem::test {

@@ -3,7 +3,7 @@
 
 #include <atomic>
 
-#include "engine/output.h"
+#include "engine/device/output.h"
 
 namespace tandem::test {
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "engine/frames.h"
+#include "engine/core/frames.h"
 
 namespace tandem::test {
 

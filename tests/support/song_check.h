@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "engine/song_source.h"
+#include "engine/read/song_source.h"
 #include "support/bytes.h"
 #include "support/signal.h"
 #include "support/temp_directory.h"

@@ -7,7 +7,7 @@
 #include <mutex>
 #include <utility>
 
-#include "engine/step_clock.h"
+#include "engine/device/step_clock.h"
 
 namespace tandem::test {
 

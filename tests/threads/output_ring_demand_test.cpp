@@ -5,7 +5,7 @@
 #include <thread>
 #include <vector>
 
-#include "engine/output_ring.h"
+#include "engine/device/output_ring.h"
 
 namespace tandem {
 namespace {

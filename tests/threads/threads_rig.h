@@ -6,13 +6,13 @@
 #include <memory>
 #include <string>
 
+#include "engine/device/output_ring.h"
 #include "engine/engine.h"
-#include "engine/output_ring.h"
 #include "shell/program.h"
+#include "simulation/simulated_player.h"
 #include "support/ready_output.h"
 #include "support/temp_directory.h"
 #include "threads/moved_clock.h"
-#include "tools/simulation/simulated_player.h"
 
 namespace tandem::test {
 

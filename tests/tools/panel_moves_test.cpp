@@ -1,11 +1,11 @@
-#include "tools/script/panel_moves.h"
+#include "script/panel_moves.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "fakes/test_panel.h"
-#include "tools/script/unknown_word.h"
+#include "script/unknown_word.h"
 
 namespace tandem {
 namespace {

@@ -1,11 +1,11 @@
-#include "tools/script/panel_names.h"
+#include "script/panel_names.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "fakes/test_panel.h"
-#include "tools/script/unknown_word.h"
+#include "script/unknown_word.h"
 
 namespace tandem {
 namespace {

@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "script/unknown_word.h"
 #include "settings/settings_file.h"
 #include "support/bytes.h"
 #include "support/temp_directory.h"
 #include "support/wav_writer.h"
 #include "tools/panel_script/script_words.h"
-#include "tools/script/unknown_word.h"
 
 namespace tandem {
 namespace {

@@ -1,4 +1,4 @@
-#include "tools/script/trace_replay.h"
+#include "script/trace_replay.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string>
 
-#include "tools/script/unknown_word.h"
+#include "script/unknown_word.h"
 
 namespace tandem {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "widgets/panel_accessible.h"
+#include "widgets/accessibility/panel_accessible.h"
 
 namespace {
 

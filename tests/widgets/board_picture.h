@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "displays/sound_frame.h"
-#include "paint/spectrum_face.h"
+#include "paint/displays/spectrum_backdrop.h"
 #include "widgets/window_rig.h"
 
 namespace tandem::test {

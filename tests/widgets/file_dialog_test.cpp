@@ -18,7 +18,7 @@
 #include <set>
 
 #include "base/runtime_error.h"
-#include "platform/qt_file_dialog.h"
+#include "platform/desktop/qt_file_dialog.h"
 #include "support/temp_directory.h"
 
 namespace tandem::test {

@@ -7,7 +7,7 @@
 #include <array>
 #include <vector>
 
-#include "widgets/direct_drawing.h"
+#include "widgets/window/direct_drawing.h"
 #include "widgets/window_rig.h"
 
 namespace tandem::test {

@@ -10,10 +10,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "paint/ink.h"
-#include "paint/palette.h"
-#include "paint/panel_background.h"
-#include "paint/song_list.h"
+#include "paint/controls/song_list.h"
+#include "paint/panel/panel_background.h"
+#include "paint/strokes/ink.h"
+#include "paint/strokes/palette.h"
 #include "widgets/window_rig.h"
 
 namespace tandem::test {

@@ -10,9 +10,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "paint/ink.h"
-#include "paint/song_list.h"
-#include "widgets/song_list_item.h"
+#include "paint/controls/song_list.h"
+#include "paint/strokes/ink.h"
+#include "widgets/items/song_list_item.h"
 #include "widgets/window_rig.h"
 
 namespace tandem::test {

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "simulation/simulated_player.h"
 #include "support/temp_directory.h"
-#include "tools/simulation/simulated_player.h"
-#include "widgets/panel_window.h"
+#include "widgets/window/panel_window.h"
 
 namespace tandem::test {
 

@@ -13,13 +13,13 @@
 #include <string_view>
 
 #include "base/runtime_error.h"
+#include "logged_graph/wav_recorder.h"
+#include "script/trace_replay.h"
+#include "script/unknown_word.h"
 #include "settings/settings_file.h"
+#include "simulation/simulated_player.h"
 #include "support/temp_directory.h"
 #include "tools/panel_script/script_runner.h"
-#include "tools/script/trace_replay.h"
-#include "tools/script/unknown_word.h"
-#include "tools/simulation/simulated_player.h"
-#include "tools/support/wav_recorder.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <filesystem>
 
 #include "base/text.h"
-#include "engine/song_source.h"
+#include "engine/read/song_source.h"
+#include "script/unknown_word.h"
 #include "tools/panel_script/script_words.h"
-#include "tools/script/unknown_word.h"
 
 namespace tandem {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "tools/script/panel_names.h"
-#include "tools/simulation/simulated_player.h"
+#include "script/panel_names.h"
+#include "simulation/simulated_player.h"
 
 namespace tandem {
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "tools/script/unknown_word.h"
+#include "script/unknown_word.h"
 
 namespace tandem {
 

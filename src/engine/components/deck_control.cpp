@@ -1,0 +1,91 @@
+#include "engine/components/deck_control.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "engine/pitch/pitch_shifter.h"
+
+namespace tandem {
+
+namespace {
+
+std::int32_t clamped_milliseconds(Frames frames) {
+  return static_cast<std::int32_t>(
+      std::min<std::int64_t>(milliseconds_of(frames), std::numeric_limits<std::int32_t>::max() - 1));
+}
+
+// The first frame of a millisecond, so that the position reads back as it was put.
+Frames first_frame_of(std::int32_t milliseconds) {
+  return (std::max<std::int64_t>(milliseconds, 0) * kSampleRate + 999) / 1000;
+}
+
+}  // namespace
+
+DeckControl::DeckControl(int deck, DeckReader& reader, OrderSender& orders, const Chain& chain,
+                         std::function<void()> wake_reader)
+    : deck_(static_cast<std::uint8_t>(deck)),
+      reader_(reader),
+      orders_(orders),
+      chain_(chain),
+      wake_reader_(std::move(wake_reader)) {}
+
+std::string DeckControl::file_name() {
+  if (auto answer = reader_.take_answer(); answer && answer->generation >= name_generation_)
+    name_ = answer->refused ? std::string() : std::move(answer->accepted_name);
+  return name_;
+}
+
+PitchEngine* DeckControl::fresh_engine() const { return make_pitch_engine().release(); }
+
+// The render thread is told before the reader, so that it gives up the old song's frames when the reader wants to go
+// on. The reader gets one order for each generation: it would write the first frames twice for two.
+void DeckControl::begin(Frames frame, bool keeps_fade) {
+  ++generation_;
+  start_frame_ = frame;
+  PitchEngine* engine = pitch_ == 0.0F ? nullptr : fresh_engine();
+  orders_.send({.kind = RenderOrder::Kind::Song,
+                .deck = deck_,
+                .keeps_fade = keeps_fade,
+                .generation = generation_,
+                .frames = frame,
+                .value = pitch_,
+                .engine = engine});
+}
+
+void DeckControl::start_at(Frames frame, bool keeps_fade) {
+  begin(frame, keeps_fade);
+  reader_.seek(generation_, frame);
+  wake_reader_();
+}
+
+void DeckControl::put_file_name(const std::string& name) {
+  name_ = name;
+  ++names_put_;
+  begin(0, false);
+  name_generation_ = generation_;
+  reader_.open(generation_, name);
+  wake_reader_();
+}
+
+std::int32_t DeckControl::length() const { return clamped_milliseconds(reader_.length()); }
+
+std::int32_t DeckControl::position() const {
+  if (pretends_ended_) return std::numeric_limits<std::int32_t>::max();
+  return clamped_milliseconds(chain_.position(deck_).of(generation_).value_or(start_frame_));
+}
+
+void DeckControl::put_position(std::int32_t milliseconds) {
+  if (!empty()) start_at(first_frame_of(milliseconds), true);
+}
+
+void DeckControl::put_pitch(float value) {
+  pitch_ = value;
+  orders_.send({.kind = RenderOrder::Kind::Pitch, .deck = deck_, .value = value, .engine = fresh_engine()});
+}
+
+void DeckControl::finish(std::int32_t milliseconds) {
+  orders_.send({.kind = RenderOrder::Kind::Finish, .deck = deck_, .frames = frames_of(std::max(milliseconds, 0))});
+}
+
+}  // namespace tandem

@@ -1,0 +1,15 @@
+// Chooses how to decode a file, by its content and never by its name.
+// Any thread; blocks for as long as the disk does.
+#pragma once
+
+#include <memory>
+
+#include "engine/decode/decoder.h"
+#include "engine/decode/song_file.h"
+
+namespace tandem {
+
+// nullptr if the file is neither WAV nor MPEG audio, cannot be decoded, or has not one sample.
+std::unique_ptr<Decoder> open_by_content(const std::shared_ptr<const SongFile>& file);
+
+}  // namespace tandem

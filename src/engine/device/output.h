@@ -1,0 +1,49 @@
+// The door to a sound device. Implementations live in platform/: a sound server through libpulse, ALSA, and a clocked
+// null output for tests and tools. The device takes 16-bit stereo at 44100 Hz out of an OutputRing that the render
+// thread fills; it never calls back into the engine otherwise.
+//
+// Threads: the orders (open .. set_depth) come from the UI thread and never block on a device: what takes time is done
+// behind them, in the order given. The questions (consuming .. lost) may be asked from any thread and never lock.
+//
+// Failure: a device that is missing, breaks or goes away is looked for again by the implementation itself (at most
+// every 200 ms), with the sound following the default device; meanwhile consuming() is false and heard() stands still.
+// Only an error that can never be recovered makes lost() true.
+#pragma once
+
+#include <cstdint>
+
+#include "engine/device/output_ring.h"
+
+namespace tandem {
+
+class Output {
+ public:
+  static constexpr int kCeilingBuffers = 20;  // the most that may be queued, in buffers
+  static constexpr int kShortBuffers = 3;     // enough for a busy machine, and soon heard: while a hand is near
+
+  virtual ~Output() = default;
+
+  virtual void open(int buffer_bytes) = 0;  // 5120 or 10240: the size of one buffer
+  virtual void close() = 0;                 // what the device has taken is still played, then it is let go
+  virtual void start() = 0;                 // opens a closed device; does nothing on a running one
+  virtual void stop() = 0;                  // plays what is queued, then takes nothing more
+  virtual void pause() = 0;                 // plays what is queued (the engine has faded it), then holds the device
+  virtual void restart() = 0;               // goes on after pause()
+
+  // How many buffers may be queued at the device: kShortBuffers for prompt controls, up to kCeilingBuffers - 1 to save
+  // power while nobody is near. Takes effect without a gap.
+  virtual void set_depth(int buffers) = 0;
+
+  // True while a device is there and takes sound at its own pace: only then may the render thread go on.
+  virtual bool consuming() const noexcept = 0;
+  // How many of the ring's frames have been heard, ever: grows with the device's clock between two requests,
+  // never goes back, never passes what was taken from the ring.
+  virtual std::uint64_t heard() const noexcept = 0;
+  // The size of one request in frames, now: at most one buffer while the queue is short, and at most a quarter of it.
+  virtual int request_frames() const noexcept = 0;
+  // How often, ever, the queue ran dry while it was to play: it was too short for the machine.
+  virtual std::uint64_t breaks() const noexcept { return 0; }
+  virtual bool lost() const noexcept = 0;
+};
+
+}  // namespace tandem

@@ -1,0 +1,83 @@
+#include "engine/pitch/interpolation_filters.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <span>
+
+#include "engine/core/frames.h"
+#include "engine/pitch/pitch_kernels.h"
+
+namespace tandem {
+namespace {
+
+constexpr double kAttenuation = 100.0;  // dB
+constexpr double kStopBand = 24100.0;   // Hz of the given sound
+constexpr double kBanksAnOctave = 24.0;
+constexpr std::size_t kBankSize = (kKernelPhases + 1) * kKernelTaps;
+constexpr std::size_t kHalf = kKernelTaps / 2 * kKernelPhases;  // grid points from the middle of the window to its end
+
+std::vector<double> half_kaiser() {
+  const double beta = 0.1102 * (kAttenuation - 8.7);
+  std::vector<double> window(kHalf + 1);
+  for (std::size_t i = 0; i < window.size(); ++i) {
+    const double x = static_cast<double>(i) / static_cast<double>(kHalf);
+    window[i] = std::cyl_bessel_i(0.0, beta * std::sqrt(1.0 - x * x)) / std::cyl_bessel_i(0.0, beta);
+  }
+  return window;
+}
+
+// The middle of the transition band, as a part of the sample rate.
+double cutoff_of(std::size_t bank) {
+  const double ratio = std::exp2(static_cast<double>(bank) / kBanksAnOctave);
+  const double width = (kAttenuation - 7.95) / (14.36 * static_cast<double>(kKernelTaps));
+  return kStopBand / ratio / kSampleRate - width / 2.0;
+}
+
+// Half of the impulse response on the fine grid.
+std::vector<double> half_response(const std::vector<double>& window, double cutoff) {
+  std::vector<double> response(window.size());
+  for (std::size_t i = 0; i < response.size(); ++i) {
+    const double x = 2.0 * std::numbers::pi * cutoff * static_cast<double>(i) / static_cast<double>(kKernelPhases);
+    response[i] = window[i] * (i == 0 ? 1.0 : std::sin(x) / x);
+  }
+  return response;
+}
+
+// The taps for one fraction, scaled so that a constant stays what it is.
+void fill_row(const std::vector<double>& response, std::size_t phase, std::span<float> row) {
+  const auto distance = [phase](std::size_t tap) {
+    const auto ahead = static_cast<std::ptrdiff_t>(tap) - static_cast<std::ptrdiff_t>(kKernelBefore);
+    return static_cast<std::size_t>(
+        std::abs(ahead * static_cast<std::ptrdiff_t>(kKernelPhases) - static_cast<std::ptrdiff_t>(phase)));
+  };
+  double sum = 0.0;
+  for (std::size_t tap = 0; tap < row.size(); ++tap) sum += response[distance(tap)];
+  for (std::size_t tap = 0; tap < row.size(); ++tap) row[tap] = static_cast<float>(response[distance(tap)] / sum);
+}
+
+}  // namespace
+
+PitchFilters::PitchFilters() : rows_(kBanks * kBankSize) {
+  const std::vector<double> window = half_kaiser();
+  for (std::size_t bank = 0; bank < kBanks; ++bank) {
+    const std::vector<double> response = half_response(window, cutoff_of(bank));
+    for (std::size_t phase = 0; phase <= kKernelPhases; ++phase) {
+      fill_row(response, phase, std::span(rows_).subspan(bank * kBankSize + phase * kKernelTaps, kKernelTaps));
+    }
+  }
+}
+
+std::size_t PitchFilters::bank_for(double ratio) noexcept {
+  const double steps = std::ceil(std::log2(ratio) * kBanksAnOctave - 1e-6);
+  return static_cast<std::size_t>(std::clamp(steps, 0.0, static_cast<double>(kBanks - 1)));
+}
+
+const float* PitchFilters::rows(std::size_t bank) const noexcept { return rows_.data() + bank * kBankSize; }
+
+const PitchFilters& pitch_filters() {
+  static const PitchFilters filters;
+  return filters;
+}
+
+}  // namespace tandem

@@ -1,0 +1,155 @@
+#include "engine/pitch/pitch_stage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tandem {
+namespace {
+
+constexpr std::size_t kFade = 256;
+constexpr float kGreatest = 20.0F;
+constexpr double kValuesAnOctave = 60.0;
+
+double ratio_of(float value) noexcept {
+  return std::exp2(static_cast<double>(std::clamp(value, -kGreatest, kGreatest)) / kValuesAnOctave);
+}
+
+// Rising from 0 to 1 without a corner at either end.
+float rise(std::size_t at) noexcept {
+  const float x = (static_cast<float>(at) + 0.5F) / static_cast<float>(kFade);
+  return x * x * (3.0F - 2.0F * x);
+}
+
+}  // namespace
+
+void RetiredEngines::put(PitchEngine* engine) noexcept {
+  if (engine == nullptr) return;
+  engine->next_ = first_;
+  first_ = engine;
+}
+
+PitchEngine* RetiredEngines::take() noexcept {
+  if (first_ == nullptr) return nullptr;
+  return std::exchange(first_, first_->next_);
+}
+
+PitchStage::~PitchStage() {
+  retire(engine_);
+  retire(fresh_);
+  while (PitchEngine* engine = retired_.take()) delete engine;
+}
+
+void PitchStage::clear(float value, PitchEngine* fresh) noexcept {
+  retire(engine_);
+  retire(fresh_);
+  value_ = value;
+  fresh_ = fresh;
+  placed_ = false;
+  given_ = 0;
+  state_ = value == 0.0F ? State::kDry : State::kWaiting;
+  if (value == 0.0F) retire(fresh_);
+}
+
+void PitchStage::change(float value, PitchEngine* fresh) noexcept {
+  if (fresh_ == nullptr) std::swap(fresh_, fresh);
+  retire(fresh);
+  if (value == value_) return;
+  value_ = value;
+  if (state_ == State::kWaiting && value == 0.0F) state_ = State::kDry;
+  if (state_ == State::kShifting) aim();
+}
+
+std::size_t PitchStage::process(DeckRing& ring, std::uint64_t song_end, std::span<StereoFrame> out) noexcept {
+  if (!std::exchange(placed_, true)) origin_ = ring.position();
+  const DeckSong song{ring, origin_, song_end};
+  const auto left = static_cast<std::size_t>(std::max<Frames>(0, song.length() - given_));
+  const auto wanted = out.first(std::min(out.size(), left));
+  std::size_t done = 0;
+  while (done < wanted.size()) {
+    const std::size_t count = pass(song, wanted.subspan(done));
+    if (count == 0) break;
+    done += count;
+    given_ += static_cast<Frames>(count);
+  }
+  // An engine is wanted only on the way from 0 to another value.
+  if (state_ == State::kShifting || (state_ == State::kDry && value_ == 0.0F)) retire(fresh_);
+  return done;
+}
+
+bool PitchStage::at_end(const DeckRing& ring, std::uint64_t song_end) const noexcept {
+  if (song_end == kEndUnknown) return false;
+  const std::uint64_t origin = placed_ ? origin_ : ring.position();
+  return origin + static_cast<std::uint64_t>(given_) >= song_end;
+}
+
+std::size_t PitchStage::pass(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+  const bool wants_engine = state_ == State::kWaiting || (state_ == State::kDry && value_ != 0.0F);
+  if (wants_engine && !start_engine(song) && state_ == State::kWaiting) return 0;
+  switch (state_) {
+    case State::kDry:
+      return pass_dry(song, out);
+    case State::kFadingIn:
+    case State::kFadingOut:
+      return pass_fading(song, out);
+    default:
+      return pass_shifting(song, out);
+  }
+}
+
+std::size_t PitchStage::pass_dry(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+  return song.ring.read(out.first(std::min(out.size(), static_cast<std::size_t>(song.readable()))));
+}
+
+bool PitchStage::start_engine(const DeckSong& song) noexcept {
+  if (fresh_ == nullptr || !PitchEngine::can_begin(song)) return false;
+  engine_ = std::exchange(fresh_, nullptr);
+  const bool from_dry = state_ == State::kDry;
+  engine_->begin(song, from_dry ? 1.0 : ratio_of(value_));
+  state_ = from_dry ? State::kFadingIn : State::kShifting;
+  faded_ = 0;
+  return true;
+}
+
+std::size_t PitchStage::pass_shifting(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+  if (!engine_->landed()) return engine_->render(song, out.first(std::min<std::size_t>(out.size(), kStepFrames)));
+  state_ = State::kFadingOut;
+  faded_ = 0;
+  return pass_fading(song, out);
+}
+
+std::size_t PitchStage::pass_fading(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+  const Frames from = engine_->at();
+  const std::size_t count = engine_->render(song, out.first(std::min(out.size(), kFade - faded_)));
+  for (std::size_t i = 0; i < count; ++i) {
+    const StereoFrame dry = engine_->dry(from + static_cast<Frames>(i));
+    const float wet = state_ == State::kFadingIn ? rise(faded_ + i) : 1.0F - rise(faded_ + i);
+    out[i] = {dry.left + wet * (out[i].left - dry.left), dry.right + wet * (out[i].right - dry.right)};
+  }
+  faded_ += count;
+  if (faded_ == kFade) end_fade(song);
+  return count;
+}
+
+void PitchStage::end_fade(const DeckSong& song) noexcept {
+  if (state_ == State::kFadingIn) {
+    state_ = State::kShifting;
+    aim();
+    return;
+  }
+  song.go_back_to(engine_->at());
+  retire(engine_);
+  state_ = State::kDry;
+}
+
+void PitchStage::aim() noexcept {
+  if (value_ == 0.0F) {
+    engine_->land();
+  } else {
+    engine_->steer(ratio_of(value_));
+  }
+}
+
+void PitchStage::retire(PitchEngine*& engine) noexcept { retired_.put(std::exchange(engine, nullptr)); }
+
+}  // namespace tandem

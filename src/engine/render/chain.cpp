@@ -1,0 +1,159 @@
+#include "engine/render/chain.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/core/flush_denormals.h"
+#include "engine/core/render_guard.h"
+
+namespace tandem {
+
+namespace {
+
+std::int16_t to_sample(float value) noexcept {
+  return static_cast<std::int16_t>(std::clamp(std::lrintf(value * 32768.0F), -32768L, 32767L));
+}
+
+void convert(std::span<const StereoFrame> from, std::span<Sample16> to) noexcept {
+  for (std::size_t i = 0; i < from.size(); ++i) to[i] = {to_sample(from[i].left), to_sample(from[i].right)};
+}
+
+}  // namespace
+
+Chain::Chain(std::array<DeckReader, kDecks>& readers, FilterDesigner& designer)
+    : decks_{Deck(readers[0]), Deck(readers[1])}, designer_(designer) {}
+
+// The equalizer lets go of its filters at the end of a fade to none.
+Chain::~Chain() {
+  constexpr int kStepsOfAllFades = 8;
+  equalizer_.adopt(nullptr);
+  for (int i = 0; i < kStepsOfAllFades; ++i) {
+    std::array<StereoFrame, kStepFrames> silence{};
+    equalizer_.process(silence);
+    give_filters_back();
+  }
+}
+
+void Chain::render(std::span<Sample16, kStepFrames> out) noexcept {
+  const RenderGuard guard;
+  const FlushDenormals flush;
+  take_orders();
+  std::array<StereoFrame, kStepFrames> mix{};
+  mix_decks(mix);
+  volume_.apply(mix);
+  equalize(mix);
+  limiter_.process(mix);
+  gate_.apply(mix);
+  if (!gate_.closed()) broken_off_ = false;
+  convert(mix, out);
+  display_feed_.write(out);
+  tell_news();
+}
+
+void Chain::follow_readers() noexcept {
+  for (Deck& deck : decks_) deck.follow_reader();
+}
+
+void Chain::take_orders_ahead() noexcept {
+  take_orders();
+  follow_readers();
+}
+
+// What was broken off while nothing is heard needs no fade: it is dropped, with what the stages still hold of it,
+// unless another song goes on that must not lose a frame.
+void Chain::take_orders_silently() noexcept {
+  take_orders();
+  gate_.finish_closing();
+  if (broken_off_ && !in_mid_song()) drop_sound();
+  follow_readers();
+  tell_news();
+}
+
+bool Chain::in_mid_song() const noexcept {
+  return std::any_of(decks_.begin(), decks_.end(), [](const Deck& deck) { return deck.in_mid_song(); });
+}
+
+void Chain::drop_sound() noexcept {
+  for (Deck& deck : decks_) deck.drop_tail();
+  equalizer_.reset();
+  limiter_.reset();
+  gate_.forget();
+  broken_off_ = false;
+}
+
+void Chain::take_orders() noexcept {
+  RenderOrder order;
+  while (orders_.pop(order)) take_order(order);
+}
+
+void Chain::take_order(const RenderOrder& order) noexcept {
+  Deck& deck = decks_[order.deck];
+  using Kind = RenderOrder::Kind;
+  switch (order.kind) {
+    case Kind::Song:
+      broken_off_ = broken_off_ || deck.in_mid_song();
+      deck.begin_song(order);
+      break;
+    case Kind::Mute:
+      broken_off_ = broken_off_ || deck.in_mid_song();
+      deck.mute(order.epoch);
+      break;
+    case Kind::Unmute:
+      deck.unmute(order.epoch);
+      break;
+    case Kind::Finish:
+      deck.finish(order.frames);
+      break;
+    case Kind::Pitch:
+      deck.change_pitch(order);
+      break;
+    case Kind::Volume:
+      volume_.set(order.value);
+      break;
+    case Kind::OpenGate:
+      gate_.open();
+      break;
+    case Kind::CloseGate:
+      gate_.close();
+      gate_told_ = false;
+      break;
+  }
+}
+
+void Chain::mix_decks(std::span<StereoFrame, kStepFrames> mix) noexcept {
+  for (Deck& deck : decks_) deck.render(mix);
+  const std::uint64_t step = steps_.load(std::memory_order_relaxed) + 1;
+  if (std::any_of(decks_.begin(), decks_.end(), [](const Deck& deck) { return deck.goes_on(); }))
+    last_live_step_.store(step, std::memory_order_release);
+  steps_.store(step, std::memory_order_release);
+}
+
+void Chain::equalize(std::span<StereoFrame, kStepFrames> mix) noexcept {
+  const EqualizerFilter* filter = nullptr;
+  if (designer_.take(filter)) equalizer_.adopt(filter);
+  equalizer_.process(mix);
+  give_filters_back();
+}
+
+void Chain::give_filters_back() noexcept {
+  while (const EqualizerFilter* retired = equalizer_.take_retired()) designer_.give_back(retired);
+}
+
+void Chain::tell(const RenderNews& news) noexcept { news_.push(news); }
+
+void Chain::tell_news() noexcept {
+  for (std::uint8_t i = 0; i < kDecks; ++i) {
+    RenderNews news;
+    if (decks_[i].take_end(news)) {
+      news.deck = i;
+      tell(news);
+    }
+    while (PitchEngine* engine = decks_[i].take_retired()) tell({RenderNews::Kind::RetiredEngine, i, 0, 0, engine});
+  }
+  if (gate_.closed() && !gate_told_) {
+    gate_told_ = true;
+    tell({RenderNews::Kind::GateClosed});
+  }
+}
+
+}  // namespace tandem

@@ -1,0 +1,82 @@
+// The sound chain on the render thread: two decks -> mixer -> equalizer -> limiter -> gate -> 16-bit frames.
+// Threads: render() and take_orders() on the render thread, the atomics from any. Nothing under render() allocates,
+// locks, throws, logs or touches a file.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <span>
+
+#include "engine/device/display_feed.h"
+#include "engine/device/output_ring.h"
+#include "engine/equalizer/band_equalizer.h"
+#include "engine/equalizer/filter_worker.h"
+#include "engine/render/deck.h"
+#include "engine/render/fade.h"
+#include "engine/render/limiter.h"
+#include "engine/render/render_messages.h"
+
+namespace tandem {
+
+class Chain {
+ public:
+  static constexpr int kDecks = 2;
+
+  Chain(std::array<DeckReader, kDecks>& readers, FilterDesigner& designer);
+  ~Chain();  // gives the filters back to the designer
+  Chain(const Chain&) = delete;
+  Chain& operator=(const Chain&) = delete;
+
+  // UI thread's ends of the two queues.
+  RenderOrderQueue& orders() noexcept { return orders_; }
+  RenderNewsQueue& news() noexcept { return news_; }
+
+  // One step of sound. Takes the orders first.
+  void render(std::span<Sample16, kStepFrames> out) noexcept;
+  // The orders in front of a step, so that the readers can be given room before it (simulated time).
+  void take_orders_ahead() noexcept;
+  // The orders alone, while the output takes no sound.
+  void take_orders_silently() noexcept;
+  // Frames until one of the sounding songs ends, as far as that is known; 0 while one has not begun.
+  Frames frames_left() const noexcept { return std::min(decks_[0].frames_left(), decks_[1].frames_left()); }
+  // False while the gate is closed: pausing and stopping hold the whole chain, and positions stand still.
+  bool wants_render() const noexcept { return !gate_.closed(); }
+
+  // Any thread.
+  const DeckPosition& position(int deck) const noexcept { return decks_[static_cast<std::size_t>(deck)].position(); }
+  std::uint64_t steps() const noexcept { return steps_.load(std::memory_order_acquire); }
+  // The last step in which an unmuted input had a song that goes on.
+  std::uint64_t last_live_step() const noexcept { return last_live_step_.load(std::memory_order_acquire); }
+  const DisplayFeed& display_feed() const noexcept { return display_feed_; }
+
+ private:
+  void take_orders() noexcept;
+  void follow_readers() noexcept;
+  void take_order(const RenderOrder& order) noexcept;
+  bool in_mid_song() const noexcept;
+  void drop_sound() noexcept;
+  void mix_decks(std::span<StereoFrame, kStepFrames> mix) noexcept;
+  void give_filters_back() noexcept;
+  void equalize(std::span<StereoFrame, kStepFrames> mix) noexcept;
+  void tell_news() noexcept;
+  void tell(const RenderNews& news) noexcept;
+
+  std::array<Deck, kDecks> decks_;
+  FilterDesigner& designer_;
+  GainRamp volume_;
+  BandEqualizer equalizer_;
+  Gate gate_;
+  Limiter limiter_;
+  DisplayFeed display_feed_;
+  bool gate_told_ = true;
+  bool broken_off_ = false;  // since the gate closed, or in the step that closed it, a song was broken off
+
+  RenderOrderQueue orders_;
+  RenderNewsQueue news_;
+  std::atomic<std::uint64_t> steps_{0};
+  std::atomic<std::uint64_t> last_live_step_{0};
+};
+
+}  // namespace tandem

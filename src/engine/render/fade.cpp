@@ -1,0 +1,63 @@
+#include "engine/render/fade.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace tandem {
+
+namespace {
+
+std::array<float, kStepFrames> make_rising_fade() {
+  std::array<float, kStepFrames> gains{};
+  for (int i = 0; i < kStepFrames; ++i)
+    gains[static_cast<std::size_t>(i)] =
+        static_cast<float>(0.5 - 0.5 * std::cos(std::numbers::pi * (i + 1) / (kStepFrames + 1)));
+  return gains;
+}
+
+// Made before main, so that the first use does not compute under render().
+const std::array<float, kStepFrames> kRisingFade = make_rising_fade();
+
+// The place on the ramp of frame i of `count`.
+std::size_t place(std::size_t i, std::size_t count) {
+  return i * (kStepFrames - 1) / std::max<std::size_t>(count - 1, 1);
+}
+
+}  // namespace
+
+const std::array<float, kStepFrames>& rising_fade() noexcept { return kRisingFade; }
+
+void fade_in(std::span<StereoFrame> frames) noexcept {
+  for (std::size_t i = 0; i < frames.size(); ++i) frames[i] = scaled(frames[i], kRisingFade[place(i, frames.size())]);
+}
+
+void fade_out(std::span<StereoFrame> frames) noexcept {
+  for (std::size_t i = 0; i < frames.size(); ++i)
+    frames[i] = scaled(frames[i], kRisingFade[kStepFrames - 1 - place(i, frames.size())]);
+}
+
+void GainRamp::apply(std::span<StereoFrame> frames) noexcept {
+  if (gain_ == 1.0F && target_ == 1.0F) return;
+  const float from = gain_;
+  const float way = target_ - from;
+  gain_ = target_;
+  for (std::size_t i = 0; i < frames.size(); ++i)
+    frames[i] = scaled(frames[i], way == 0.0F ? from : from + way * kRisingFade[place(i, frames.size())]);
+}
+
+void Gate::apply(std::span<StereoFrame> frames) noexcept {
+  if (open_ != target_open_) {
+    if (!target_open_) {
+      fade_out(frames);
+    } else if (!nothing_behind_) {
+      fade_in(frames);
+    }
+  } else if (!open_) {
+    std::fill(frames.begin(), frames.end(), StereoFrame{});
+  }
+  open_ = target_open_;
+  if (open_) nothing_behind_ = false;
+}
+
+}  // namespace tandem

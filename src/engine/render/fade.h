@@ -1,0 +1,48 @@
+// The short raised-cosine ramps of the chain: one step (10 ms) long. Render thread.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+#include "engine/core/frames.h"
+
+namespace tandem {
+
+// Gains that rise from just above 0 to 1 over one step.
+const std::array<float, kStepFrames>& rising_fade() noexcept;
+
+void fade_in(std::span<StereoFrame> frames) noexcept;   // at most one step
+void fade_out(std::span<StereoFrame> frames) noexcept;  // at most one step; what is shorter ends faded too
+
+inline StereoFrame scaled(StereoFrame frame, float gain) noexcept { return {frame.left * gain, frame.right * gain}; }
+
+// The master volume: moves to a new gain within one step.
+class GainRamp {
+ public:
+  void set(float gain) noexcept { target_ = gain; }
+  void apply(std::span<StereoFrame> frames) noexcept;
+
+ private:
+  float gain_ = 1.0F;
+  float target_ = 1.0F;
+};
+
+// Lets the sound through or holds it back, fading over one step. Where nothing waits behind the closed gate (at first,
+// and after forget()), it opens without a fade: what comes next begins at its full level.
+class Gate {
+ public:
+  void open() noexcept { target_open_ = true; }
+  void close() noexcept { target_open_ = false; }
+  void finish_closing() noexcept { open_ = open_ && target_open_; }  // where nothing sounds, no fade is needed
+  void forget() noexcept { nothing_behind_ = !open_; }
+  bool closed() const noexcept { return !open_ && !target_open_; }
+  void apply(std::span<StereoFrame> frames) noexcept;
+
+ private:
+  bool open_ = false;
+  bool target_open_ = false;
+  bool nothing_behind_ = true;
+};
+
+}  // namespace tandem

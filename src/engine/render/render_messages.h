@@ -1,0 +1,55 @@
+// What crosses between the UI thread and the render thread: plain data in two fixed queues.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+
+#include "engine/core/frames.h"
+#include "engine/core/spsc_queue.h"
+
+namespace tandem {
+
+class PitchEngine;
+
+struct RenderOrder {  // UI -> render
+  enum class Kind : std::uint8_t { Song, Mute, Unmute, Finish, Pitch, Volume, CloseGate, OpenGate };
+  Kind kind = Kind::Song;
+  std::uint8_t deck = 0;
+  bool keeps_fade = false;        // Song: a seek within the song, a finishing run goes on
+  std::uint32_t generation = 0;   // Song: the generation that the deck waits for from now on
+  std::uint32_t epoch = 0;        // Mute, Unmute: numbers the mute changes of the input
+  Frames frames = 0;              // Song: where it starts; Finish: how long the fade is
+  float value = 0.0F;             // Song, Pitch: the pitch value; Volume: the gain
+  PitchEngine* engine = nullptr;  // Song, Pitch: a fresh engine, owned by the receiver
+};
+
+struct RenderNews {  // render -> UI
+  enum class Kind : std::uint8_t { SongEnded, GateClosed, RetiredEngine };
+  Kind kind = Kind::SongEnded;
+  std::uint8_t deck = 0;
+  std::uint32_t generation = 0;   // SongEnded: of the song that ended
+  std::uint32_t epoch = 0;        // SongEnded: of the unmute under which it ended
+  PitchEngine* engine = nullptr;  // RetiredEngine: owned by the receiver
+};
+
+using RenderOrderQueue = SpscQueue<RenderOrder, 1024>;
+using RenderNewsQueue = SpscQueue<RenderNews, 1024>;
+
+// The UI thread's end of the orders: nothing is lost if the render thread is behind.
+class OrderSender {
+ public:
+  explicit OrderSender(RenderOrderQueue& queue) : queue_(queue) {}
+  void send(const RenderOrder& order) {
+    waiting_.push_back(order);
+    flush();
+  }
+  void flush() {
+    while (!waiting_.empty() && queue_.push(waiting_.front())) waiting_.pop_front();
+  }
+
+ private:
+  RenderOrderQueue& queue_;
+  std::deque<RenderOrder> waiting_;
+};
+
+}  // namespace tandem

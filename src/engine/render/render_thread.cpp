@@ -1,0 +1,150 @@
+#include "engine/render/render_thread.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <utility>
+
+namespace tandem {
+
+namespace {
+
+constexpr std::int64_t kStepNs = std::int64_t{kStepMilliseconds} * 1'000'000;
+constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that only says so is noticed to consume
+constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
+// At one wake-up while nothing depends on the moment.
+constexpr std::uint64_t kFreeSteps = 10;
+constexpr std::uint64_t kFreeStepsOfShortQueue = 5;
+// For longer than from demand to demand: how soon it is noticed that an output hangs.
+constexpr auto kDemandPatience = std::chrono::milliseconds(100);
+// For how long steps wait for the panel to start a song: less than what is queued; and how often it is looked.
+constexpr std::int64_t kPatienceNs = 200'000'000;
+constexpr std::int64_t kPatienceOfShortQueueNs = 30'000'000;
+constexpr std::int64_t kLookNs = 1'000'000;
+
+}  // namespace
+
+RenderThread::RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock,
+                           std::function<void()> tell_news)
+    : chain_(chain), output_(output), ring_(ring), clock_(clock), tell_news_(std::move(tell_news)), thread_([this] {
+        run();
+      }) {}
+
+RenderThread::~RenderThread() {
+  stopping_.store(true);
+  ring_.call_off();
+  thread_.join();
+}
+
+void RenderThread::wake() {
+  if (resting_.exchange(false)) ring_.call_off();
+}
+
+void RenderThread::run_freely_until(std::uint64_t step, bool deep_queue) noexcept {
+  deep_queue_.store(deep_queue, std::memory_order_relaxed);
+  free_until_.store(step, std::memory_order_relaxed);
+}
+
+bool RenderThread::sounds() const noexcept { return output_.consuming() && chain_.wants_render(); }
+
+void RenderThread::rest() {
+  chain_.take_orders_silently();
+  if (!chain_.news().empty()) tell_news_();
+  resting_.store(true);
+  // An order that came between the two lines above has set the flag back already or finds it set and wakes us. So does
+  // an output that begins to consume.
+  if (chain_.orders().empty() && !sounds()) static_cast<void>(ring_.await_demand(kRest));
+  resting_.store(false);
+  next_ns_ = clock_.now_ns();
+}
+
+void RenderThread::render_step() noexcept {
+  std::array<Sample16, kStepFrames> block;
+  chain_.render(block);
+  ring_.write(block);
+}
+
+std::int64_t RenderThread::steps_at_once() const noexcept {
+  const std::uint64_t step = chain_.steps();
+  const std::uint64_t free_until = free_until_.load(std::memory_order_relaxed);
+  const std::uint64_t steps = deep_queue_.load(std::memory_order_relaxed) ? kFreeSteps : kFreeStepsOfShortQueue;
+  // The end of a song, too, is told at once: the panel may have to start the next one.
+  const bool ends_soon = chain_.frames_left() < 2 * static_cast<Frames>(steps) * kStepFrames;
+  return free_until > step + steps && !ends_soon ? static_cast<std::int64_t>(steps) : 1;
+}
+
+// One step for each period that has passed; one less while the ring is too full, one more while it runs low, two more
+// while nothing is queued: then the device begins at once.
+RenderThread::Due RenderThread::due() noexcept {
+  const std::int64_t late = clock_.now_ns() - next_ns_;
+  const std::int64_t periods = 1 + std::clamp<std::int64_t>(late / kStepNs, 0, kMostStepsAtOnce - 1);
+  next_ns_ += periods * kStepNs;
+  if (late > kMostStepsAtOnce * kStepNs) next_ns_ = clock_.now_ns() + kStepNs;
+  const auto filled = static_cast<std::int64_t>(ring_.readable());
+  const std::int64_t most = output_.request_frames() + periods * kStepFrames;
+  if (filled > most + periods * kStepFrames) return {periods, 0};  // a server that hangs takes nothing
+  const std::int64_t missing = output_.heard() >= ring_.written() ? 2 : 1;
+  const std::int64_t correction = filled > most ? -1 : (filled < kStepFrames ? missing : 0);
+  return {periods, periods + correction};
+}
+
+bool RenderThread::waits_for_the_panel() noexcept {
+  const bool deep = deep_queue_.load(std::memory_order_relaxed);
+  return mix_hold_.holds({&chain_.position(0), &chain_.position(1)}, clock_.now_ns(),
+                         deep ? kPatienceNs : kPatienceOfShortQueueNs);
+}
+
+// Steps that had to wait are made when the wait is over.
+void RenderThread::pace() {
+  const Due now = due();
+  std::int64_t left = now.steps;
+  while (left > 0 && chain_.wants_render() && !waits_for_the_panel()) {
+    render_step();
+    --left;
+  }
+  ring_.supply();
+  if (!chain_.news().empty()) tell_news_();
+  if (left > 0 && chain_.wants_render()) {
+    next_ns_ -= std::min(left, now.periods) * kStepNs;
+    clock_.sleep_until(clock_.now_ns() + kLookNs);
+  } else {
+    clock_.sleep_until(next_ns_ + (std::min(steps_at_once(), steps_of_sleep()) - 1) * kStepNs);
+  }
+}
+
+// No longer than half of what is queued lasts: a queue that has only just been made deep still fills.
+std::int64_t RenderThread::steps_of_sleep() const noexcept {
+  const std::uint64_t written = ring_.written();
+  const std::uint64_t queued = written - std::min(output_.heard(), written);
+  return std::max<std::int64_t>(static_cast<std::int64_t>(queued) / (2 * std::int64_t{kStepFrames}), 1);
+}
+
+bool RenderThread::serves() noexcept {
+  return !deep_queue_.load(std::memory_order_relaxed) && ring_.has_demands() && steps_at_once() > 1 &&
+         !waits_for_the_panel();
+}
+
+// Positions stand still as long as the output has all that it wants.
+void RenderThread::serve() {
+  const std::size_t wanted = ring_.await_demand(kDemandPatience);
+  while (ring_.readable() < wanted && serves() && chain_.wants_render()) render_step();
+  if (wanted > 0) ring_.supply();
+  if (!chain_.news().empty()) tell_news_();
+  next_ns_ = clock_.now_ns();
+}
+
+void RenderThread::run() {
+  next_ns_ = clock_.now_ns();
+  while (!stopping_.load()) {
+    const bool sound = sounds();
+    ring_.serve(sound);
+    if (sound) {
+      serves() ? serve() : pace();
+    } else {
+      rest();
+    }
+  }
+  ring_.serve(false);
+}
+
+}  // namespace tandem

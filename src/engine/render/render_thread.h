@@ -1,0 +1,67 @@
+// Runs the chain in real time: steps of 441 frames (10 ms), spread evenly, corrected by how full the output's ring is.
+// While the output takes nothing (no device, paused, stopped) only orders are taken and positions stand still.
+//
+// As long as nothing depends on the exact moment of a step (run_freely_until), several steps are made at one wake-up:
+// with a short queue just when the output demands them, so that nothing waits in the ring, if it is one that demands.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <thread>
+
+#include "engine/device/output.h"
+#include "engine/device/output_ring.h"
+#include "engine/device/step_clock.h"
+#include "engine/render/chain.h"
+#include "engine/render/mix_point_wait.h"
+
+namespace tandem {
+
+class RenderThread {
+ public:
+  // `tell_news`: called on the render thread, outside the chain, when news waits for the UI thread.
+  RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock, std::function<void()> tell_news);
+  ~RenderThread();
+  RenderThread(const RenderThread&) = delete;
+  RenderThread& operator=(const RenderThread&) = delete;
+
+  // UI thread: there are orders. Costs nothing while sound is made: they are taken with the next step.
+  void wake();
+  // UI thread: no overlap is due before this step of the chain, so until then steps need not be spread evenly. 0: every
+  // step by itself. With a deep output queue many steps are made at one wake-up, with a short one few.
+  void run_freely_until(std::uint64_t step, bool deep_queue) noexcept;
+  MixHold& mix_hold() noexcept { return mix_hold_; }
+
+ private:
+  void run();
+  bool sounds() const noexcept;
+  void rest();
+  void pace();
+  void serve();
+  bool serves() noexcept;
+  struct Due {
+    std::int64_t periods;  // that have passed
+    std::int64_t steps;    // to be made for them
+  };
+  Due due() noexcept;
+  std::int64_t steps_at_once() const noexcept;
+  std::int64_t steps_of_sleep() const noexcept;
+  bool waits_for_the_panel() noexcept;
+  void render_step() noexcept;
+
+  Chain& chain_;
+  Output& output_;
+  OutputRing& ring_;
+  StepClock& clock_;
+  std::function<void()> tell_news_;
+  std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
+  MixHold mix_hold_;
+  std::atomic<std::uint64_t> free_until_{0};
+  std::atomic<bool> deep_queue_{false};
+  std::atomic<bool> stopping_{false};
+  std::atomic<bool> resting_{false};
+  std::thread thread_;
+};
+
+}  // namespace tandem

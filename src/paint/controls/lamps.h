@@ -1,0 +1,24 @@
+// The lead-time lamps of the mix strip and the lamp buttons of the board. UI thread.
+#pragma once
+
+#include <QPainter>
+#include <QString>
+
+#include "paint/strokes/interaction_state.h"
+
+namespace tandem {
+
+struct LampLook {
+  QRgb colour = 0;  ///< the lamp's own colour, shown exact
+  bool lit = false;
+  QString caption{};
+  Touch touch{};
+};
+
+/// A round lamp in the middle of its 16 x 16 box, its caption ending 1 px before the box.
+void paint_lead_lamp(QPainter& painter, const QRectF& box, const LampLook& look);
+
+/// A lens of 22 x 11 px, its caption to the right.
+void paint_lamp_button(QPainter& painter, const QRectF& box, const LampLook& look);
+
+}  // namespace tandem

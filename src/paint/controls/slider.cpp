@@ -1,0 +1,85 @@
+#include "paint/controls/fader.h"
+#include "paint/strokes/ink.h"
+#include "paint/strokes/palette.h"
+#include "paint/text/caption.h"
+
+namespace tandem {
+
+using palette::kBlack;
+using palette::kCap;
+using palette::kWhite;
+
+namespace {
+
+void paint_track(QPainter& painter, const QRectF& box, double cap_x) {
+  const double y = box.center().y();
+  const double left = box.left();
+  const double width = box.width();
+  fill_box(painter, {left + 1, y - 2, width - 2, 5}, faded(kWhite, .10), 2.5);
+  fill_box(painter, {left + 1, y - 2.5, width - 2, 5}, QColor::fromRgb(kBlack), 2.5);
+  fill_box(painter, {left + 2, y - 1.5, width - 4, 3}, QColor::fromRgb(0xFF0F1113), 1.5);
+  fill_box(painter, {left + 3, y - 2.5, cap_x - left - 3, 5}, faded(palette::kLime, .14), 2);
+  fill_box(painter, {left + 3, y - 1, cap_x - left - 3, 2}, faded(palette::kLime, .95), 1);
+}
+
+void paint_shadow(QPainter& painter, const QRectF& cap) {
+  fill_box(painter, {cap.left() - .5, cap.top() + 1.5, cap.width() + 1, cap.height() + .5}, faded(kBlack, .28), 2);
+  fill_box(painter, {cap.left() - .5, cap.top() + .5, cap.width() + 1, cap.height() + .5}, faded(kBlack, .4), 2);
+}
+
+void paint_slider_cap(QPainter& painter, const QRectF& cap, double hover) {
+  paint_shadow(painter, cap);
+  fill_box(painter, cap, downward(cap, {{0, kCap[0]}, {.18, kCap[1]}, {.7, kCap[2]}, {1, kCap[3]}}), 1.8);
+  fill_box(painter, {cap.left() + 1, cap.top(), cap.width() - 2, .8}, faded(kWhite, .55));
+  const double x = cap.center().x();
+  for (const double ridge : {-5.5, -3.5, 3.5, 5.5}) {
+    fill_box(painter, {x + ridge - .4, cap.top() + 2.5, .8, cap.height() - 5}, faded(kBlack, .35));
+  }
+  fill_box(painter, {x - .75, cap.top() + 1, 1.5, cap.height() - 2}, QColor::fromRgb(kWhite));
+  if (hover > 0) fill_box(painter, cap, faded(kWhite, .12 * hover), 1.8);
+}
+
+void paint_slot(QPainter& painter, const QRectF& box) {
+  fill_box(painter, box.adjusted(0, 0, 0, 1), faded(kWhite, .16), 2.5);
+  fill_box(painter, box, QColor::fromRgb(palette::kWellRim), 2.5);
+  const QRectF inside = box.adjusted(1, 1, -1, -1);
+  fill_box(painter, inside, downward(inside, {{0, 0xFF0B0D0E}, {1, 0xFF1A1D20}}), 2);
+}
+
+void paint_switch_cap(QPainter& painter, const QRectF& box, double place, double hover) {
+  const double height = (box.height() - 2) / 2;
+  const double top = box.top() + 1 + height * place;
+  fill_box(painter, {box.left() + 1, top + .5, box.width() - 2, height}, faded(kBlack, .5), 1.6);
+  const QRectF cap(box.left() + 1.5, top + .5, box.width() - 3, height - 1);
+  fill_box(painter, cap, downward(cap, {{0, kCap[0]}, {.2, kCap[1]}, {1, kCap[2]}}), 1.5);
+  for (int i = 0; i < 3; ++i) {
+    const double y = top + height / 2 - 3 + i * 2.5;
+    fill_box(painter, {box.left() + 3.5, y, box.width() - 7, 1}, faded(0xFF24272A, .75));
+    fill_box(painter, {box.left() + 3.5, y + 1, box.width() - 7, .6}, faded(kWhite, .35));
+  }
+  if (hover > 0) fill_box(painter, cap, faded(kWhite, .12 * hover), 1.5);
+}
+
+}  // namespace
+
+void paint_slider(QPainter& painter, const QRectF& box, const SliderLook& look) {
+  const double x = box.left() + kSliderCapWidth / 2 + (box.width() - kSliderCapWidth) * look.share;
+  const QRectF cap(x - kSliderCapWidth / 2, box.top() + .5, kSliderCapWidth, box.height() - 1);
+  paint_track(painter, box, x);
+  paint_slider_cap(painter, cap, look.touch.hover);
+  if (look.touch.focused) paint_focus_ring(painter, cap, 2);
+}
+
+void paint_slide_switch(QPainter& painter, const QRectF& box, const SlideSwitchLook& look) {
+  paint_slot(painter, box);
+  paint_switch_cap(painter, box, look.cap, look.touch.hover);
+  if (look.touch.focused) paint_focus_ring(painter, box, 2.5);
+  const double baselines[] = {12, 27.5};
+  for (std::size_t i = 0; i < 2; ++i) {
+    const bool chosen = look.position == static_cast<int>(i);
+    const CaptionStyle style{.colour = chosen ? kWhite : palette::kLegendUnchosen, .bold = chosen};
+    draw_caption(painter, {box.left() + 16, box.top() + baselines[i]}, look.captions[i], style);
+  }
+}
+
+}  // namespace tandem

@@ -1,0 +1,108 @@
+#include "paint/surfaces/faceplate.h"
+
+#include <QImage>
+#include <QLinearGradient>
+#include <cmath>
+
+#include "paint/strokes/ink.h"
+#include "paint/strokes/palette.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr double kTileWidth = 200;
+constexpr double kTileHeight = 64;
+constexpr double kGradientHeight = 426;  // the tallest window: smaller ones show the same upper part
+
+/// A linear congruential sequence in 0..1: the texture is the same at every start.
+class Sequence {
+ public:
+  explicit Sequence(std::uint32_t seed) : state_(seed) {}
+  double next() {
+    state_ = state_ * 1664525U + 1013904223U;
+    return state_ / 4294967296.0;
+  }
+
+ private:
+  std::uint32_t state_;
+};
+
+void draw_scratches(QPainter& painter) {
+  Sequence sequence(7);
+  for (int i = 0; i < 210; ++i) {
+    const double y = std::floor(sequence.next() * 128) / 2;
+    const double x = sequence.next() * 240 - 40;
+    const double width = 40 + sequence.next() * 160;
+    const bool light = sequence.next() > .5;
+    const double opacity = light ? .012 + sequence.next() * .03 : .03 + sequence.next() * .06;
+    fill_box(painter, {x, y, width, .5}, faded(light ? palette::kWhite : palette::kBlack, opacity));
+  }
+}
+
+QImage make_tile(double scale) {
+  const QSize size(static_cast<int>(std::lround(kTileWidth * scale)),
+                   static_cast<int>(std::lround(kTileHeight * scale)));
+  QImage tile(size, QImage::Format_ARGB32_Premultiplied);
+  tile.fill(Qt::transparent);
+  QPainter painter(&tile);
+  painter.scale(size.width() / kTileWidth, size.height() / kTileHeight);
+  painter.setRenderHint(QPainter::Antialiasing);
+  draw_scratches(painter);
+  return tile;
+}
+
+QPainterPath upper_edge(const QSizeF& window) {
+  const double w = window.width();
+  const double h = window.height();
+  QPainterPath path(QPointF(1.5, h - 5));
+  path.lineTo(1.5, 5.5);
+  path.arcTo(QRectF(1.5, 1.5, 8, 8), 180, -90);
+  path.lineTo(w - 5.5, 1.5);
+  path.arcTo(QRectF(w - 9.5, 1.5, 8, 8), 90, -90);
+  path.lineTo(w - 1.5, h - 5);
+  return path;
+}
+
+QPainterPath lower_edge(const QSizeF& window) {
+  const double w = window.width();
+  const double h = window.height();
+  QPainterPath path(QPointF(1.5, h - 5.5));
+  path.arcTo(QRectF(1.5, h - 9.5, 8, 8), 180, 90);
+  path.lineTo(w - 5.5, h - 1.5);
+  path.arcTo(QRectF(w - 9.5, h - 9.5, 8, 8), 270, 90);
+  return path;
+}
+
+}  // namespace
+
+QBrush brushed_texture(const QPainter& painter) {
+  static double tile_scale = 0;
+  static QImage tile;
+  const double scale = device_scale(painter);
+  if (tile_scale != scale) {
+    tile = make_tile(scale);
+    tile_scale = scale;
+  }
+  QBrush brush(tile);
+  brush.setTransform(QTransform::fromScale(kTileWidth / tile.width(), kTileHeight / tile.height()));
+  return brush;
+}
+
+void paint_faceplate(QPainter& painter, const QSizeF& window) {
+  const QRectF plate(1, 1, window.width() - 2, window.height() - 2);
+  QLinearGradient metal(0, 0, 0, kGradientHeight);
+  const double stops[] = {0, .10, .55, 1};
+  for (std::size_t i = 0; i < 4; ++i) metal.setColorAt(stops[i], QColor::fromRgb(palette::kFaceplate[i]));
+  fill_box(painter, QRectF(QPointF(0, 0), window), QColor::fromRgb(palette::kOuterEdge), 5);
+  fill_box(painter, plate, metal, 4);
+  fill_box(painter, plate, brushed_texture(painter), 4);
+
+  const QRectF edge_box(1.5, 1.5, window.width() - 3, window.height() - 6.5);
+  const QBrush light =
+      downward(edge_box, {{0, palette::kWhite, .42}, {.2, palette::kWhite, .16}, {1, palette::kWhite, .05}});
+  painter.strokePath(upper_edge(window), QPen(light, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  stroke_path(painter, lower_edge(window), faded(palette::kBlack, .45), 1, Qt::RoundCap);
+}
+
+}  // namespace tandem

@@ -1,0 +1,56 @@
+// Moves frames from the ring into one opened ALSA device, to keep a wished number of them queued, and reports what was
+// heard. Paced by time, not by the device's interrupts: each step tells when the next is due, so that a device that is
+// always ready makes nobody spin. On one thread; time is handed in.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <vector>
+
+#include "engine/device/output_ring.h"
+#include "platform/alsa/alsa_pcm.h"
+#include "platform/output/playback_clock.h"
+
+namespace tandem {
+
+class AlsaPlayer {
+ public:
+  AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard, std::atomic<std::uint64_t>& breaks);
+
+  void set_queue(int buffer_frames, int depth);
+  // One step: takes sound if wanted, otherwise plays what the ring was given up to that count, then holds.
+  // Returns when the next step is due.
+  Nanoseconds step(bool wanted, std::uint64_t play_up_to, Nanoseconds now);
+
+  bool held() const noexcept { return motion_ == Motion::kHeld; }
+  bool asleep() const noexcept { return asleep_; }
+  bool gone() const noexcept { return gone_; }
+  int request_frames() const noexcept { return static_cast<int>(request_); }
+
+ private:
+  enum class Motion { kHeld, kPlaying, kPlayingOut };
+
+  Nanoseconds play(const AlsaPcm::Look& look, Nanoseconds now);
+  Nanoseconds play_out(const AlsaPcm::Look& look, Nanoseconds now);
+  void begin_playing_out(std::uint64_t play_up_to);
+  bool look(AlsaPcm::Look& found);
+  std::size_t fetch(std::size_t frames);
+  long send(long space);
+  void recover(long error);
+  void report(long queued, bool runs, Nanoseconds now);
+  long waiting() const noexcept { return static_cast<long>(waiting_.size()); }
+
+  AlsaPcm pcm_;
+  OutputRing& ring_;
+  HeardClock& heard_;
+  std::atomic<std::uint64_t>& breaks_;  // how often the device ran dry while it was to play
+  Motion motion_ = Motion::kHeld;
+  bool asleep_ = false;
+  bool gone_ = false;
+  long target_ = 0;                // frames to keep queued
+  long request_ = 0;               // frames to take at once
+  long silence_ = 0;               // frames behind the last one of the ring
+  std::vector<Sample16> waiting_;  // out of the ring, not yet in the device
+};
+
+}  // namespace tandem

@@ -1,0 +1,51 @@
+#include "platform/desktop/occlusion_watch.h"
+
+#include <xcb/xcb.h>
+
+#include <QGuiApplication>
+#include <QWindow>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+namespace tandem {
+
+namespace {
+
+// The toolkit does not ask for these events by itself; what it asks for stays asked for.
+void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
+  const auto cookie = xcb_get_window_attributes(server, window);
+  const std::unique_ptr<xcb_get_window_attributes_reply_t, decltype(&std::free)> now(
+      xcb_get_window_attributes_reply(server, cookie, nullptr), &std::free);
+  if (!now) return;
+  const std::uint32_t mask = now->your_event_mask | std::uint32_t{XCB_EVENT_MASK_VISIBILITY_CHANGE};
+  xcb_change_window_attributes(server, window, XCB_CW_EVENT_MASK, &mask);
+  xcb_flush(server);
+}
+
+}  // namespace
+
+QtCoverWatch::QtCoverWatch(QWindow& window, std::function<void(bool)> tell) : tell_(std::move(tell)) {
+  // Without a screen the toolkit gives an interface too, but one without a connection.
+  if (QGuiApplication::platformName() != "xcb") return;
+  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  if (x11 == nullptr || x11->connection() == nullptr) return;
+  window_ = static_cast<std::uint32_t>(window.winId());
+  ask_for_visibility(x11->connection(), window_);
+  qGuiApp->installNativeEventFilter(this);
+}
+
+QtCoverWatch::~QtCoverWatch() { qGuiApp->removeNativeEventFilter(this); }
+
+bool QtCoverWatch::nativeEventFilter(const QByteArray& kind, void* event, qintptr*) {
+  constexpr std::uint8_t kSentByAProgram = 0x80;
+  if (kind != "xcb_generic_event_t") return false;
+  const auto* any = static_cast<xcb_generic_event_t*>(event);
+  if ((any->response_type & ~kSentByAProgram) != XCB_VISIBILITY_NOTIFY) return false;
+  const auto* visibility = static_cast<xcb_visibility_notify_event_t*>(event);
+  const bool covered = visibility->state == XCB_VISIBILITY_FULLY_OBSCURED;
+  if (visibility->window == window_ && std::exchange(covered_, covered) != covered) tell_(covered);
+  return false;
+}
+
+}  // namespace tandem

@@ -1,0 +1,47 @@
+// Whether the desktop wants little to move: its switch as the desktop portal tells it, and every change of it.
+// Nothing is said, and nothing changes, where there is no session bus or no portal; a portal that comes later is heard.
+// No program is started. UI thread; gone before the QApplication.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string_view>
+
+#include "platform/desktop/dbus_connection.h"
+
+namespace tandem {
+
+class BusDesktopMotion {
+ public:
+  // changed: with true when motion is to be reduced, which it is not at first.
+  explicit BusDesktopMotion(std::function<void(bool reduced)> changed);
+  BusDesktopMotion(const BusDesktopMotion&) = delete;
+  BusDesktopMotion& operator=(const BusDesktopMotion&) = delete;
+
+ private:
+  struct Switch {  // either of them reduces motion
+    BusDesktopMotion* motion;
+    const char* group;
+    const char* key;
+    char type;
+    int reducing_value;
+    bool reduces = false;
+  };
+
+  void listen();
+  void read(Switch& wanted);
+  void hear(Switch& about, sd_bus_message* value);
+  Switch* find(std::string_view group, std::string_view key);
+
+  static int on_value(sd_bus_message* answer, void* about, sd_bus_error*);
+  static int on_changed(sd_bus_message* signal, void* self, sd_bus_error*);
+  static int on_portal(sd_bus_message* signal, void* self, sd_bus_error*);
+
+  std::function<void(bool)> changed_;
+  bool reduced_ = false;
+  std::array<Switch, 2> switches_{{{this, "org.gnome.desktop.interface", "enable-animations", 'b', 0},
+                                   {this, "org.freedesktop.appearance", "reduced-motion", 'u', 1}}};
+  BusLink link_{BusLink::Bus::kUser};
+};
+
+}  // namespace tandem

@@ -1,0 +1,33 @@
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <utility>
+
+#include "platform/desktop/ui_wakeup.h"
+
+namespace tandem {
+
+UiBell::UiBell() : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+
+UiBell::~UiBell() {
+  if (event_ >= 0) close(event_);
+}
+
+void UiBell::ring() const noexcept {
+  const std::uint64_t one = 1;
+  static_cast<void>(!write(event_, &one, sizeof one));
+}
+
+void UiBell::answer(std::function<void()> heard) {
+  notifier_.reset();
+  if (!heard || event_ < 0) return;
+  notifier_ = std::make_unique<QSocketNotifier>(event_, QSocketNotifier::Read);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this, heard = std::move(heard)] {
+    std::uint64_t rings = 0;
+    static_cast<void>(!read(event_, &rings, sizeof rings));
+    heard();
+  });
+}
+
+}  // namespace tandem

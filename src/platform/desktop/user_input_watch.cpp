@@ -1,0 +1,33 @@
+#include "platform/desktop/user_input_watch.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <utility>
+
+namespace tandem {
+
+QtHandWatch::QtHandWatch(std::function<void()> moved) : moved_(std::move(moved)) {
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool QtHandWatch::eventFilter(QObject*, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::Enter:
+    case QEvent::WindowActivate:
+    case QEvent::TouchBegin:
+    case QEvent::TabletMove:
+    case QEvent::DragEnter:
+      moved_();
+      break;
+    default:
+      break;
+  }
+  return false;
+}
+
+}  // namespace tandem

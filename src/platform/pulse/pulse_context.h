@@ -1,0 +1,43 @@
+// The connection to the sound server: looks for it again and again, never starts one, follows PULSE_SERVER.
+// Lives on the loop's thread.
+#pragma once
+
+#include <pulse/context.h>
+
+#include <functional>
+
+#include "platform/pulse/pulse_events.h"
+
+namespace tandem {
+
+class PulseServer {
+ public:
+  // changed is called when the answers below have changed, out of callbacks of libpulse.
+  PulseServer(pa_mainloop_api* api, std::function<void()> changed);
+  ~PulseServer();
+  PulseServer(const PulseServer&) = delete;
+  PulseServer& operator=(const PulseServer&) = delete;
+
+  // Starts looking, and lets go of a connection that broke. Not from a callback of the connection or its streams; the
+  // streams of a broken connection must be gone before.
+  void tend();
+
+  pa_context* ready() const noexcept { return state_ == State::kReady ? context_ : nullptr; }  // null: no server now
+  bool unreachable() const noexcept;  // no server for about a second
+
+ private:
+  enum class State { kIdle, kConnecting, kReady, kBroken };
+
+  static void on_state(pa_context*, void* self);
+  void connect();
+  void drop();
+
+  pa_mainloop_api* api_;
+  std::function<void()> changed_;
+  PulseTimer retry_;
+  pa_context* context_ = nullptr;
+  State state_ = State::kIdle;
+  int failures_ = 0;
+};
+
+}  // namespace tandem

@@ -1,0 +1,40 @@
+// The output through a PulseAudio server or one that speaks its protocol (PipeWire), with libpulse.
+//
+// Threads: libpulse's own thread does all the work; orders reach it through a queue, so that a server that hangs holds
+// nobody. Its request callback copies from the ring, demands what is missing there, and waits for that up to 10 ms if
+// it is being made: it has nothing else to do, and more is queued.
+// Failure: no server, a server that dies, a sink that goes away: looked for again every 200 ms (after 10 s every
+// second); what the dead device still held is lost in silence. Throws std::runtime_error only if no thread can be made.
+// Closing and opening again at once: the old stream plays what it has before the new one begins.
+// The destructor cuts off what is still queued.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/output/ring_reader_token.h"
+#include "platform/output/threaded_output.h"
+
+namespace tandem {
+
+class PulseOutput final : public OrderedOutput {
+ public:
+  struct Sharing {                             // for an owner that has another output beside this one
+    RingLease* lease = nullptr;                // asked before the ring is read
+    std::function<void(bool)> reachable = {};  // told on libpulse's thread whenever a server is found or given up
+  };
+
+  explicit PulseOutput(OutputRing& ring) : PulseOutput(ring, Sharing()) {}
+  PulseOutput(OutputRing& ring, Sharing sharing);
+  ~PulseOutput() override;
+  PulseOutput(const PulseOutput&) = delete;
+  PulseOutput& operator=(const PulseOutput&) = delete;
+
+ private:
+  class Worker;
+
+  RingLease own_lease_;
+  std::unique_ptr<Worker> worker_;
+};
+
+}  // namespace tandem

@@ -1,0 +1,38 @@
+#include "platform/pulse/pulse_queue.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "engine/device/output_ring.h"
+
+namespace tandem {
+
+namespace {
+
+// A request may be a quarter of the queue at most: the server gives the device half of what is left beside two
+// requests, and with nothing left it would run at its shortest latency and wake 2000 times a second.
+constexpr int kDeep = 8;  // buffers
+
+std::uint32_t whole_frames(std::uint32_t bytes) {
+  constexpr std::uint32_t kFrame = sizeof(Sample16);
+  return bytes / kFrame * kFrame;
+}
+
+}  // namespace
+
+pa_buffer_attr attributes_of(const PulseQueue& queue) {
+  const auto buffer = static_cast<std::uint32_t>(queue.buffer_bytes);
+  const std::uint32_t whole = buffer * static_cast<std::uint32_t>(queue.depth);
+  const std::uint32_t quarter = whole_frames(whole / 4);
+  pa_buffer_attr attributes = {};
+  attributes.maxlength = UINT32_MAX;
+  attributes.tlength = whole;
+  attributes.prebuf = std::min(buffer, 2 * quarter);
+  // A deep queue is filled in few large pieces, to wake up seldom; a short one in small ones, to be as full as it may
+  // be.
+  attributes.minreq = queue.depth >= kDeep ? quarter : std::min(whole_frames(buffer / 8), quarter);
+  attributes.fragsize = UINT32_MAX;
+  return attributes;
+}
+
+}  // namespace tandem

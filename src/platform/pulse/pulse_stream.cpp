@@ -1,0 +1,274 @@
+#include "platform/pulse/pulse_stream.h"
+
+#include <pulse/proplist.h>
+#include <pulse/timeval.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+#include "engine/core/frames.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr int kHungryMilliseconds = 10;
+constexpr int kPatientMilliseconds = 100;
+constexpr std::chrono::milliseconds kSupplyPatience{10};            // much less than is queued
+constexpr Nanoseconds kSettled = 500 * kNanosecondsPerMillisecond;  // after what changes the queue or the device
+constexpr std::size_t kFrameBytes = sizeof(Sample16);
+
+void forget(pa_operation* operation) {
+  if (operation != nullptr) pa_operation_unref(operation);
+}
+
+PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
+
+pa_stream* new_stream(pa_context* context) {
+  const pa_sample_spec format = {PA_SAMPLE_S16NE, static_cast<std::uint32_t>(kSampleRate), 2};
+  pa_proplist* properties = pa_proplist_new();
+  pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "music");
+  pa_stream* stream = pa_stream_new_with_proplist(context, "Tandem", &format, nullptr, properties);
+  pa_proplist_free(properties);
+  return stream;
+}
+
+std::uint64_t frames_of_time(pa_usec_t time) {
+  return static_cast<std::uint64_t>(std::llround(static_cast<double>(time) * kSampleRate / PA_USEC_PER_SEC));
+}
+
+}  // namespace
+
+PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed)
+    : ring_(*places.ring),
+      heard_(*places.heard),
+      breaks_(*places.breaks),
+      changed_(std::move(changed)),
+      hungry_(places.api, [this] { feed(); }),
+      queue_(queue),
+      stream_(new_stream(places.context)),
+      first_(ring_.taken()),
+      stalled_at_(first_),
+      position_(first_) {
+  if (stream_ == nullptr) {
+    state_ = State::kFailed;
+    return;
+  }
+  listen();
+  connect();
+}
+
+PulseStream::~PulseStream() {
+  ring_.end_demands();
+  forget_play_out();
+  if (stream_ == nullptr) return;
+  pa_stream_set_state_callback(stream_, nullptr, nullptr);
+  pa_stream_disconnect(stream_);
+  pa_stream_unref(stream_);
+}
+
+void PulseStream::listen() {
+  pa_stream_set_state_callback(stream_, &PulseStream::on_state, this);
+  pa_stream_set_write_callback(stream_, &PulseStream::on_request, this);
+  pa_stream_set_latency_update_callback(stream_, &PulseStream::on_timing, this);
+  pa_stream_set_underflow_callback(stream_, &PulseStream::on_underflow, this);
+  pa_stream_set_started_callback(stream_, &PulseStream::on_started, this);
+  pa_stream_set_suspended_callback(stream_, &PulseStream::on_suspended, this);
+  pa_stream_set_moved_callback(stream_, &PulseStream::on_moved, this);
+  pa_stream_set_buffer_attr_callback(stream_, &PulseStream::on_queue, this);
+}
+
+void PulseStream::connect() {
+  const pa_buffer_attr wish = attributes_of(queue_);
+  const auto flags = static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY |
+                                                    PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
+  if (pa_stream_connect_playback(stream_, nullptr, &wish, flags, nullptr, nullptr) < 0) state_ = State::kFailed;
+}
+
+void PulseStream::play() {
+  if (motion_ == Motion::kPlaying) return;
+  if (motion_ == Motion::kHeld) {
+    stall();
+    forget(pa_stream_cork(stream_, 0, nullptr, nullptr));
+  }
+  forget_play_out();
+  motion_ = Motion::kPlaying;
+  changed_at_ = monotonic_now();
+}
+
+void PulseStream::hold(std::uint64_t up_to) {
+  const std::uint64_t taken = ring_.taken();
+  if (motion_ != Motion::kPlaying && up_to <= taken) return;
+  if (motion_ == Motion::kHeld) play();
+  hungry_.cancel();
+  ring_.end_demands();
+  forget_play_out();
+  if (up_to > ring_.taken()) write(static_cast<std::size_t>(up_to - ring_.taken()));
+  report();
+  play_out();
+}
+
+// Also makes the server play what is shorter than it would wait for.
+void PulseStream::play_out() {
+  motion_ = Motion::kPlayingOut;
+  playing_out_ = pa_stream_drain(stream_, &PulseStream::on_played_out, this);
+}
+
+void PulseStream::forget_play_out() {
+  if (playing_out_ == nullptr) return;
+  pa_operation_cancel(playing_out_);
+  forget(std::exchange(playing_out_, nullptr));
+}
+
+void PulseStream::resize(const PulseQueue& queue) {
+  if (queue == queue_) return;
+  queue_ = queue;
+  ring_.demand(0);  // what is missing in the new one is demanded when the server asks for it
+  apply_queue();
+}
+
+void PulseStream::apply_queue() {
+  const pa_buffer_attr wish = attributes_of(queue_);
+  forget(pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this));
+}
+
+void PulseStream::read_queue() {
+  changed_at_ = monotonic_now();
+  const pa_buffer_attr* granted = pa_stream_get_buffer_attr(stream_);
+  if (granted != nullptr) request_frames_ = static_cast<int>(granted->minreq / kFrameBytes);
+  changed_();
+}
+
+void PulseStream::feed() {
+  if (motion_ != Motion::kPlaying) return;
+  const std::size_t asked = pa_stream_writable_size(stream_);
+  if (asked == static_cast<std::size_t>(-1)) return;
+  const std::uint64_t before = ring_.taken();
+  std::size_t missing = write(asked / kFrameBytes);
+  if (missing > 0) {
+    ring_.demand_now(missing, kSupplyPatience);
+    missing = write(missing);
+  }
+  ring_.demand(missing);
+  report();
+  if (missing > 0) {
+    come_back(ring_.taken() - before);
+  } else {
+    hungry_.cancel();
+  }
+}
+
+// The more is queued the later, but always soon enough to take more than is played meanwhile.
+void PulseStream::come_back(std::uint64_t just_taken) {
+  const std::uint64_t queued = ring_.taken() - std::min(heard_.heard(monotonic_now()), ring_.taken());
+  const std::uint64_t frames = std::min(queued / 4, just_taken / 2);
+  const auto milliseconds = static_cast<int>(milliseconds_of(static_cast<Frames>(frames)));
+  hungry_.start(std::clamp(milliseconds, kHungryMilliseconds, kPatientMilliseconds));
+}
+
+// How many are missing.
+std::size_t PulseStream::write(std::size_t frames) {
+  std::size_t left = std::min(frames, ring_.readable());
+  std::size_t missing = frames;
+  while (left > 0) {
+    void* place = nullptr;
+    std::size_t bytes = left * kFrameBytes;
+    if (pa_stream_begin_write(stream_, &place, &bytes) < 0 || bytes < kFrameBytes) break;
+    const std::size_t read = ring_.read({static_cast<Sample16*>(place), std::min(left, bytes / kFrameBytes)});
+    if (pa_stream_write(stream_, place, read * kFrameBytes, nullptr, 0, PA_SEEK_RELATIVE) < 0) break;
+    left -= read;
+    missing -= read;
+  }
+  return missing;
+}
+
+// What it has is still on its way through the device: the clock runs on to its end, which the server no longer tells.
+void PulseStream::stall() {
+  if (!stalled_) position_ = time_heard();
+  stalled_ = true;
+  stalled_at_ = ring_.taken();
+  heard_.publish({position_, monotonic_now(), stalled_at_});
+}
+
+// Only what plays steadily can break: a device that begins or comes back takes more at once than there is yet.
+void PulseStream::run_dry() {
+  const bool steady = monotonic_now() - changed_at_ > kSettled;
+  if (motion_ == Motion::kPlaying && !suspended_ && steady) breaks_.fetch_add(1, std::memory_order_relaxed);
+  stall();
+}
+
+// The server's time runs on when nothing plays, so it counts only up to what it can have played.
+std::uint64_t PulseStream::time_heard() const {
+  pa_usec_t time = 0;
+  if (pa_stream_get_time(stream_, &time) != 0) return position_;
+  return std::min(first_ + frames_of_time(time), ring_.taken());
+}
+
+void PulseStream::report() {
+  const std::uint64_t taken = ring_.taken();
+  if (held()) {
+    position_ = taken;
+  } else if (!stalled_) {
+    position_ = time_heard();
+  } else if (!suspended_) {
+    return;
+  }
+  heard_.publish({position_, monotonic_now(), suspended_ ? position_ : taken});
+}
+
+void PulseStream::on_state(pa_stream* stream, void* self) {
+  PulseStream& my = *stream_of(self);
+  const pa_stream_state_t state = pa_stream_get_state(stream);
+  if (state == PA_STREAM_CREATING) return;
+  my.state_ = state == PA_STREAM_READY ? State::kReady : State::kFailed;
+  if (my.ready()) {
+    my.suspended_ = pa_stream_is_suspended(stream) > 0;
+    my.read_queue();
+  }
+  my.changed_();
+}
+
+void PulseStream::on_request(pa_stream*, std::size_t, void* self) { stream_of(self)->feed(); }
+
+void PulseStream::on_timing(pa_stream* stream, void* self) {
+  PulseStream& my = *stream_of(self);
+  const pa_timing_info* timing = pa_stream_get_timing_info(stream);
+  if (timing != nullptr && timing->playing != 0) my.stalled_ = false;
+  my.report();
+}
+
+void PulseStream::on_underflow(pa_stream*, void* self) { stream_of(self)->run_dry(); }
+
+void PulseStream::on_started(pa_stream*, void* self) {
+  stream_of(self)->stalled_ = false;
+  stream_of(self)->report();
+}
+
+void PulseStream::on_suspended(pa_stream* stream, void* self) {
+  PulseStream& my = *stream_of(self);
+  my.suspended_ = pa_stream_is_suspended(stream) > 0;
+  my.changed_at_ = monotonic_now();
+  my.report();
+  if (my.stalled_ && !my.suspended_ && !my.held()) my.stall();
+  my.changed_();
+}
+
+// Another device may grant other sizes.
+void PulseStream::on_moved(pa_stream*, void* self) { stream_of(self)->apply_queue(); }
+
+void PulseStream::on_queue(pa_stream*, void* self) { stream_of(self)->read_queue(); }
+
+void PulseStream::on_queue_set(pa_stream*, int, void* self) { stream_of(self)->read_queue(); }
+
+void PulseStream::on_played_out(pa_stream* stream, int, void* self) {
+  PulseStream& my = *stream_of(self);
+  forget(std::exchange(my.playing_out_, nullptr));
+  my.motion_ = Motion::kHeld;
+  forget(pa_stream_cork(stream, 1, nullptr, nullptr));
+  my.report();
+  my.changed_();
+}
+
+}  // namespace tandem

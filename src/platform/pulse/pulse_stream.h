@@ -1,0 +1,98 @@
+// One stream to the sound server: takes the ring's frames when the server asks for them, plays and holds, and reports
+// what was heard. Lives on the loop's thread; dies only outside its own callbacks.
+//
+// It is made held (corked). hold() lets everything be played that was taken before the device is held, so that nothing
+// is cut off. When the ring runs dry nothing is put in its place: the stream comes back for the rest after 10 to 100
+// ms.
+#pragma once
+
+#include <pulse/stream.h>
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+
+#include "engine/device/output_ring.h"
+#include "platform/output/playback_clock.h"
+#include "platform/pulse/pulse_events.h"
+#include "platform/pulse/pulse_queue.h"
+
+namespace tandem {
+
+class PulseStream {
+ public:
+  struct Places {
+    pa_mainloop_api* api;
+    pa_context* context;                 // ready
+    OutputRing* ring;                    // this stream is its reader
+    HeardClock* heard;                   // this stream writes it
+    std::atomic<std::uint64_t>* breaks;  // and counts here how often it ran dry
+  };
+
+  PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed);
+  ~PulseStream();
+  PulseStream(const PulseStream&) = delete;
+  PulseStream& operator=(const PulseStream&) = delete;
+
+  // Only when ready().
+  void play();                     // what feed() gives it
+  void hold(std::uint64_t up_to);  // takes the ring up to that frame (a count since ever), plays it, then holds
+  void resize(const PulseQueue& queue);
+  // Takes what the server has asked for, and waits for what is missing up to 10 ms, if it is being made: less than is
+  // queued even where the queue is short.
+  void feed();
+
+  bool ready() const noexcept { return state_ == State::kReady; }
+  bool failed() const noexcept { return state_ == State::kFailed; }
+  bool held() const noexcept { return motion_ == Motion::kHeld; }  // everything taken was played
+  bool suspended() const noexcept { return suspended_; }
+  int request_frames() const noexcept { return request_frames_; }
+
+ private:
+  enum class State { kCreating, kReady, kFailed };
+  enum class Motion { kHeld, kPlaying, kPlayingOut };
+
+  void listen();
+  void connect();
+  void come_back(std::uint64_t just_taken);
+  std::size_t write(std::size_t frames);
+  void play_out();
+  void forget_play_out();
+  void stall();
+  void run_dry();
+  void read_queue();
+  void apply_queue();
+  std::uint64_t time_heard() const;
+  void report();
+
+  static void on_state(pa_stream*, void* self);
+  static void on_request(pa_stream*, std::size_t bytes, void* self);
+  static void on_timing(pa_stream*, void* self);
+  static void on_underflow(pa_stream*, void* self);
+  static void on_started(pa_stream*, void* self);
+  static void on_suspended(pa_stream*, void* self);
+  static void on_moved(pa_stream*, void* self);
+  static void on_queue(pa_stream*, void* self);
+  static void on_queue_set(pa_stream*, int success, void* self);
+  static void on_played_out(pa_stream*, int success, void* self);
+
+  OutputRing& ring_;
+  HeardClock& heard_;
+  std::atomic<std::uint64_t>& breaks_;
+  std::function<void()> changed_;
+  PulseTimer hungry_;
+  PulseQueue queue_;
+  pa_stream* stream_;
+  pa_operation* playing_out_ = nullptr;
+  State state_ = State::kCreating;
+  Motion motion_ = Motion::kHeld;
+  bool suspended_ = false;
+  bool stalled_ = true;  // the server has nothing to play of what came after stalled_at_
+  int request_frames_ = 0;
+  Nanoseconds changed_at_ = 0;  // when the queue or the device last did
+  std::uint64_t first_;         // the ring's count when this stream began
+  std::uint64_t stalled_at_;    // counts of the ring
+  std::uint64_t position_;
+};
+
+}  // namespace tandem

@@ -1,0 +1,200 @@
+#include "widgets/accessibility/accessible_rows.h"
+
+#include <QMetaObject>
+#include <QWindow>
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "widgets/accessibility/panel_accessible.h"
+
+namespace tandem {
+
+class SpokenLine final : public QAccessibleInterface, public QAccessibleActionInterface {
+ public:
+  SpokenLine(SongListItem& list, int index) : list_(list), index_(index) {}
+  int index() const { return index_; }
+  void set_index(int index) { index_ = index; }
+  void leave() { leaving_ = true; }  // its end is told: it is still there for those who are told
+
+  bool isValid() const override { return leaving_ || index_ < list_.list().ListCount(); }
+  QObject* object() const override { return nullptr; }
+  QWindow* window() const override { return list_.window()->windowHandle(); }
+  QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(&list_); }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+  QAccessible::Role role() const override { return QAccessible::ListItem; }
+  QRect rect() const override { return list_.line_on_screen(index_); }
+  void setText(QAccessible::Text, const QString&) override {}
+  QString text(QAccessible::Text what) const override {
+    return what == QAccessible::Name ? QString::fromStdString(list_.list().List(index_)) : QString();
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.selectable = true;
+    state.focusable = true;
+    state.selected = list_.list().Selected(index_);
+    state.focused = state.selected && list_.hasFocus();
+    state.offscreen = rect().isNull();
+    state.invisible = !list_.isVisible();
+    return state;
+  }
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+  }
+  QStringList actionNames() const override { return {pressAction()}; }
+  void doAction(const QString& name) override {
+    if (name == pressAction()) list_.select_line(index_);
+  }
+  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+ private:
+  SongListItem& list_;
+  int index_;
+  bool leaving_ = false;
+};
+
+namespace {
+
+// A song is known by its path: its number changes when others come and go.
+std::string_view path_of(std::string_view line) {
+  const std::size_t dash = line.find(" - ");
+  return dash == std::string_view::npos ? line : line.substr(dash + 3);
+}
+
+bool same_song(const std::string& a, const std::string& b) { return path_of(a) == path_of(b); }
+
+// How many songs stay at the list's begin, and how many at its end.
+struct Stay {
+  std::size_t before;
+  std::size_t behind;
+};
+
+Stay what_stays(const std::vector<std::string>& old, const std::vector<std::string>& now) {
+  const auto begin = std::mismatch(old.begin(), old.end(), now.begin(), now.end(), same_song);
+  const auto end = std::mismatch(old.rbegin(), std::make_reverse_iterator(begin.first), now.rbegin(),
+                                 std::make_reverse_iterator(begin.second), same_song);
+  return {static_cast<std::size_t>(begin.first - old.begin()), static_cast<std::size_t>(end.first - old.rbegin())};
+}
+
+std::vector<std::string> lines_of(const ListBox& list) {
+  std::vector<std::string> lines;
+  lines.reserve(static_cast<std::size_t>(list.ListCount()));
+  for (int i = 0; i < list.ListCount(); ++i) lines.push_back(list.List(i));
+  return lines;
+}
+
+void tell(QAccessibleInterface* line, QAccessible::Event what) {
+  QAccessibleEvent event(line, what);
+  tell_assistive(event);
+}
+
+}  // namespace
+
+SpokenLines::SpokenLines(SongListItem& list) : list_(list), texts_(lines_of(list.list())) {
+  add_lines(0, texts_.size());
+}
+
+SpokenLines::~SpokenLines() {
+  for (const QAccessible::Id id : ids_) QAccessible::deleteAccessibleInterface(id);
+  for (const QAccessible::Id id : early_) QAccessible::deleteAccessibleInterface(id);
+}
+
+QAccessible::Id SpokenLines::make_line(std::size_t index) {
+  return QAccessible::registerAccessibleInterface(new SpokenLine(list_, static_cast<int>(index)));
+}
+
+SpokenLine* SpokenLines::at(std::size_t index) const {
+  return dynamic_cast<SpokenLine*>(QAccessible::accessibleInterface(ids_[index]));
+}
+
+QAccessibleInterface* SpokenLines::line(int index) {
+  if (index < 0 || index >= list_.list().ListCount()) return nullptr;
+  const auto wanted = static_cast<std::size_t>(index);
+  while (ids_.size() + early_.size() <= wanted) early_.push_back(make_line(ids_.size() + early_.size()));
+  return wanted < ids_.size() ? at(wanted) : QAccessible::accessibleInterface(early_[wanted - ids_.size()]);
+}
+
+int SpokenLines::index_of(const QAccessibleInterface* line) {
+  const auto* found = dynamic_cast<const SpokenLine*>(line);
+  return found == nullptr ? -1 : found->index();
+}
+
+void SpokenLines::list_changed() {
+  if (std::exchange(due_, true)) return;
+  const auto follow_if_there = [lines = weak_from_this()] {
+    if (const auto still = lines.lock()) still->follow();
+  };
+  QMetaObject::invokeMethod(&list_, follow_if_there, Qt::QueuedConnection);
+}
+
+void SpokenLines::selection_changed() {
+  selection_due_ = true;
+  list_changed();
+}
+
+void SpokenLines::remove_lines(std::size_t from, std::size_t count) {
+  for (std::size_t i = from + count; i-- > from;) {
+    at(i)->leave();
+    tell(at(i), QAccessible::ObjectDestroyed);
+    QAccessible::deleteAccessibleInterface(ids_[i]);
+  }
+  const auto first = ids_.begin() + static_cast<std::ptrdiff_t>(from);
+  ids_.erase(first, first + static_cast<std::ptrdiff_t>(count));
+}
+
+std::vector<QAccessible::Id> SpokenLines::add_lines(std::size_t from, std::size_t count) {
+  std::vector<QAccessible::Id> added = std::exchange(early_, {});
+  for (std::size_t i = count; i < added.size(); ++i) QAccessible::deleteAccessibleInterface(added[i]);
+  added.resize(std::min(count, added.size()));
+  for (std::size_t i = from + added.size(); i < from + count; ++i) added.push_back(make_line(i));
+  ids_.insert(ids_.begin() + static_cast<std::ptrdiff_t>(from), added.begin(), added.end());
+  return added;
+}
+
+void SpokenLines::number_lines(std::size_t from) {
+  for (std::size_t i = from; i < ids_.size(); ++i) at(i)->set_index(static_cast<int>(i));
+}
+
+void SpokenLines::follow() {
+  due_ = false;
+  follow_lines();
+  if (std::exchange(selection_due_, false)) tell_selection();
+}
+
+// With no line selected the list itself has the focus.
+void SpokenLines::tell_selection() {
+  const int selected = list_.list().ListIndex();
+  QAccessibleEvent selection(&list_, QAccessible::Selection);
+  QAccessibleEvent focus(&list_, QAccessible::Focus);
+  selection.setChild(selected);
+  focus.setChild(selected);
+  if (selected >= 0) tell_assistive(selection);
+  if (list_.hasFocus()) tell_assistive(focus);
+}
+
+void SpokenLines::follow_lines() {
+  const std::vector<std::string> now = lines_of(list_.list());
+  const std::vector<std::string> old = std::exchange(texts_, now);
+  const Stay stay = what_stays(old, now);
+  const std::size_t left = old.size() - stay.before - stay.behind;
+  const std::size_t come = now.size() - stay.before - stay.behind;
+  // What is neither gone nor new is another song in the same place.
+  const std::size_t replaced = std::min(left, come);
+  const std::size_t from = stay.before + replaced;
+  remove_lines(from, left - replaced);
+  const std::vector<QAccessible::Id> added = add_lines(from, come - replaced);
+  number_lines(from);
+  for (const QAccessible::Id id : added) tell(QAccessible::accessibleInterface(id), QAccessible::ObjectCreated);
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    if (i >= from && i < from + added.size()) continue;
+    const std::size_t was = i < from ? i : i - added.size() + (left - replaced);
+    if (old[was] != now[i]) tell(at(i), QAccessible::NameChanged);
+  }
+}
+
+}  // namespace tandem

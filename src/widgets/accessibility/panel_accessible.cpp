@@ -1,0 +1,142 @@
+#include "widgets/accessibility/panel_accessible.h"
+
+#include <QAccessibleWidget>
+#include <utility>
+
+#include "widgets/accessibility/song_list_accessible.h"
+#include "widgets/window/panel_window.h"
+
+namespace tandem {
+
+namespace {
+
+AssistiveListener listens = QAccessible::updateAccessibility;
+
+QAccessible::Role role_of(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::Key:
+    case ControlKind::Stud:
+    case ControlKind::ChromeButton:
+    case ControlKind::GlassPanel:
+    case ControlKind::BevelledPanel:
+      return QAccessible::Button;
+    case ControlKind::LampButton:
+    case ControlKind::SlideSwitch:
+      return QAccessible::CheckBox;
+    case ControlKind::LeadLamp:
+      return QAccessible::RadioButton;
+    case ControlKind::Fader:
+    case ControlKind::Slider:
+      return QAccessible::Slider;
+    case ControlKind::Wheel:
+    case ControlKind::Rotary:
+      return QAccessible::Dial;
+    case ControlKind::Spinner:
+      return QAccessible::SpinBox;
+    case ControlKind::SongList:
+      return QAccessible::List;
+    case ControlKind::Gauge:
+    case ControlKind::LevelBar:
+    case ControlKind::NeedleMeter:
+      return QAccessible::ProgressBar;
+    case ControlKind::Spectrum:
+    case ControlKind::Oscilloscope:
+      return QAccessible::Graphic;
+    default:
+      return QAccessible::StaticText;
+  }
+}
+
+class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  explicit ItemInterface(PanelItem* item) : QAccessibleWidget(item, role_of(item->place().kind)), item_(*item) {
+    item_.speak_of_changes();
+  }
+
+  QString text(QAccessible::Text what) const override {
+    if (what == QAccessible::Name) return item().spoken_name();
+    if (what == QAccessible::Value) return item().spoken_value();
+    if (what == QAccessible::Description && is_described()) return item().spoken_value();
+    return QAccessibleWidget::text(what);
+  }
+
+  // The display area is a picture, or the left needle.
+  QAccessible::Role role() const override {
+    const QAccessible::Role drawn = QAccessibleWidget::role();
+    return drawn == QAccessible::Graphic && item().value_range() ? QAccessible::ProgressBar : drawn;
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    const std::optional<bool> checked = item().checked();
+    state.checkable = checked.has_value();
+    state.checked = checked.value_or(false);
+    return state;
+  }
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type == QAccessible::ValueInterface && item().value_range())
+      return static_cast<QAccessibleValueInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+  }
+
+  QStringList actionNames() const override {
+    QStringList names = QAccessibleWidget::actionNames();
+    if (item().can_press() && item().isEnabled()) names.prepend(pressAction());
+    return names;
+  }
+  // Soon, not now: a press may open a dialog, and who asked waits for the answer meanwhile.
+  void doAction(const QString& name) override {
+    PanelItem* pressed = &item();
+    if (name == pressAction())
+      QMetaObject::invokeMethod(
+          pressed, [pressed] { pressed->press(); }, Qt::QueuedConnection);
+    QAccessibleWidget::doAction(name);
+  }
+
+  QVariant currentValue() const override { return range().value; }
+  void setCurrentValue(const QVariant& value) override { item().set_value(value.toDouble()); }
+  QVariant maximumValue() const override { return range().maximum; }
+  QVariant minimumValue() const override { return range().minimum; }
+  QVariant minimumStepSize() const override { return range().step; }
+
+ private:
+  // What the screen readers' bus has no other place for: it carries a value as a number only.
+  bool is_described() const {
+    return item().place().kind == ControlKind::PitchLamp || item().place().kind == ControlKind::Slider;
+  }
+  PanelItem& item() const { return item_; }
+  ItemValue range() const { return item_.value_range().value_or(ItemValue{}); }
+  PanelItem& item_;
+};
+
+QAccessibleInterface* interface_of(const QString&, QObject* object) {
+  if (auto* window = dynamic_cast<PanelWindow*>(object)) return new QAccessibleWidget(window, QAccessible::Window);
+  if (auto* list = dynamic_cast<SongListItem*>(object)) return new SongListInterface(*list);
+  auto* item = dynamic_cast<PanelItem*>(object);
+  return item == nullptr ? nullptr : new ItemInterface(item);
+}
+
+}  // namespace
+
+void tell_accessibility_of_items() { QAccessible::installFactory(interface_of); }
+
+void tell_assistive(QAccessibleEvent& event) { listens(&event); }
+
+AssistiveListener listen_instead(AssistiveListener listener) { return std::exchange(listens, listener); }
+
+void tell_value_of(PanelItem& item) {
+  if (!item.speaks_of_changes()) return;
+  QAccessibleEvent name(&item, QAccessible::NameChanged);
+  if (item.place().accessible.find('<') != std::string_view::npos) tell_assistive(name);
+  const bool anew = item.speaks_anew();  // what changes away from the focus is known when the focus comes
+  if (!item.hasFocus() || !anew) return;
+  QAccessible::State changed;
+  changed.checked = true;
+  QAccessibleStateChangeEvent state(&item, changed);
+  if (item.checked()) tell_assistive(state);
+  QAccessibleValueChangeEvent value(&item, item.spoken_value());
+  tell_assistive(value);
+}
+
+}  // namespace tandem

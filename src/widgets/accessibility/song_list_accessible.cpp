@@ -1,0 +1,37 @@
+#include "widgets/accessibility/song_list_accessible.h"
+
+namespace tandem {
+
+SongListInterface::SongListInterface(SongListItem& list) : QAccessibleWidget(&list, QAccessible::List), list_(list) {}
+
+// From the first question on they are followed.
+SpokenLines& SongListInterface::lines() const {
+  if (!lines_) {
+    lines_ = std::make_shared<SpokenLines>(list_);
+    list_.spoken_as(lines_);
+  }
+  return *lines_;
+}
+
+int SongListInterface::childCount() const {
+  lines();
+  return list_.list().ListCount();
+}
+
+QString SongListInterface::text(QAccessible::Text what) const {
+  if (what == QAccessible::Name) return list_.spoken_name();
+  if (what == QAccessible::Value) return list_.spoken_value();
+  return QAccessibleWidget::text(what);
+}
+
+QAccessibleInterface* SongListInterface::childAt(int x, int y) const {
+  for (int i = list_.top(); i < childCount(); ++i)
+    if (list_.line_on_screen(i).contains(x, y)) return child(i);
+  return nullptr;
+}
+
+QAccessibleInterface* SongListInterface::focusChild() const {
+  return list_.hasFocus() ? child(list_.list().ListIndex()) : nullptr;
+}
+
+}  // namespace tandem

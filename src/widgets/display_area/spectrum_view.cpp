@@ -1,0 +1,93 @@
+#include "widgets/display_area/spectrum_view.h"
+
+#include <cmath>
+
+#include "displays/sound_frame.h"
+#include "layout/panel_layout.h"
+
+namespace tandem {
+
+namespace {
+
+const QRectF& area() {
+  static const QRectF box = control_box("MMSpectrum1").box();
+  return box;
+}
+
+SpectrumStyle style_of(const SpectrumReading& picture) {
+  SpectrumStyle style;
+  style.kind = static_cast<SpectrumKind>(picture.kind);
+  style.led_style = !picture.solid_bars;
+  style.inactive = picture.inactive;
+  style.grid = picture.grid;
+  style.columns = picture.columns.columns;
+  style.low = picture.range.low_hz / (kHeardRate / 2);
+  style.high = picture.range.high_hz / (kHeardRate / 2);
+  style.reference = picture.reference;
+  return style;
+}
+
+}  // namespace
+
+// A new face, and with it a new image, for another scale or style.
+bool SpectrumView::fit(SpectrumAnalyser& analyser, double scale) {
+  if (scale != scale_) {
+    scale_ = scale;
+    analyser.fit(static_cast<int>(std::floor(SpectrumAnalyser::kHalfPixels * scale)), scale);
+    face_.reset();
+  }
+  const SpectrumStyle style = style_of(analyser.picture());
+  if (face_ && face_->style() == style) return false;
+  face_ = std::make_unique<SpectrumFace>(style, scale, area(), QRectF(control_box("Display well").box()));
+  image_ = QImage(face_->size(), QImage::Format_RGB32);
+  image_.setDevicePixelRatio(scale);
+  standing_ = {};
+  return true;
+}
+
+// From "the newest of all columns, then the next" to "all of a column, the newest first"; 0 is no mark.
+void SpectrumView::lay_out_marks(const SpectrumReading& picture, std::size_t side) {
+  const std::vector<float>& from = picture.peaks[side];
+  std::vector<float>& to = marks_[side];
+  to.assign(from.size(), -1.0F);
+  const std::size_t columns = picture.peak_count == 0 ? 0 : from.size() / picture.peak_count;
+  for (std::size_t mark = 0; mark < picture.peak_count; ++mark)
+    for (std::size_t column = 0; column < columns; ++column)
+      if (const float height = from[mark * columns + column]; height > 0)
+        to[column * picture.peak_count + mark] = height;
+}
+
+RollHistory SpectrumView::roll_of(const RollCells& roll) {
+  if (roll.steps == 0) return {};
+  steps_written_ += (roll.newest + roll.steps - newest_step_) % roll.steps;
+  newest_step_ = roll.newest;
+  // The painter takes the newest step to lie at (written - 1) modulo the ring's size.
+  const std::uint64_t off = (roll.newest + 1 + roll.steps - steps_written_ % roll.steps) % roll.steps;
+  steps_written_ += off;
+  return {roll.cells[0], roll.cells[1], static_cast<int>(roll.steps), steps_written_};
+}
+
+SpectrumPicture SpectrumView::look_of(const SpectrumReading& picture) {
+  lay_out_marks(picture, 0);
+  lay_out_marks(picture, 1);
+  return {picture.heights[0],   picture.heights[1], marks_[0], marks_[1], static_cast<int>(picture.peak_count),
+          roll_of(picture.roll)};
+}
+
+ChangedPicture SpectrumView::update(SpectrumAnalyser& analyser, double scale) {
+  const bool fresh = fit(analyser, scale);
+  const ChangedRects changed = update_spectrum(image_, {0, 0}, *face_, look_of(analyser.picture()), standing_);
+  ChangedPicture picture{&image_, area().topLeft(), {}};
+  if (fresh) {
+    picture.boxes.append(area());
+  } else {
+    for (const QRect& rect : changed) picture.add(rect);
+  }
+  return picture;
+}
+
+void SpectrumView::draw(QPainter& painter) const {
+  if (!image_.isNull()) painter.drawImage(area().topLeft(), image_);
+}
+
+}  // namespace tandem

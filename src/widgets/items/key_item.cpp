@@ -1,0 +1,122 @@
+#include "widgets/items/key_item.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+
+#include "base/colours.h"
+#include "controls/panel_controls.h"
+#include "paint/controls/head_strip.h"
+#include "paint/strokes/palette.h"
+
+namespace tandem {
+
+namespace {
+
+bool is_push_key(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+// The back colours that mean a lit state, and the frames of keys whose own colour says nothing.
+bool is_lit_colour(Colour colour) {
+  return colour == clYellow || colour == clAqua || colour == clLime || colour == kNextAfter;
+}
+
+Face face_of(std::string_view name, int picture) {
+  if (name == "NextBtn") return Face::Next;
+  if (name == "UpList") return Face::Up;
+  if (name == "DownList") return Face::Down;
+  return icone(picture);
+}
+
+QRgb frame_of(Face face, Colour back_colour) {
+  if (back_colour != kKeyNeutral) return from_bgr(static_cast<std::uint32_t>(back_colour)).rgb();
+  if (face == Face::PlayActive) return palette::kPlayingKey;
+  if (face == Face::StopActive) return palette::kStoppedKey;
+  return palette::kNeutralKey;
+}
+
+}  // namespace
+
+void PushItem::begin_push() {
+  inside_ = true;
+  set_pressed(true);
+  pushed();
+}
+
+void PushItem::end_push(bool click) {
+  if (!is_pressed()) return;
+  set_pressed(false);
+  if (click) clicked();
+  let_go();
+}
+
+void PushItem::press_by_key() {
+  begin_push();
+  end_push(true);
+}
+
+void PushItem::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) begin_push();
+}
+
+void PushItem::mouseMoveEvent(QMouseEvent* event) {
+  const bool inside = rect().contains(event->pos());
+  if (inside == inside_) return;
+  inside_ = inside;
+  changed();
+}
+
+void PushItem::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) end_push(rect().contains(event->pos()));
+}
+
+void PushItem::keyPressEvent(QKeyEvent* event) {
+  if (!is_push_key(*event)) return PanelItem::keyPressEvent(event);
+  if (!event->isAutoRepeat()) begin_push();
+}
+
+void PushItem::keyReleaseEvent(QKeyEvent* event) {
+  if (!is_push_key(*event)) return PanelItem::keyReleaseEvent(event);
+  if (!event->isAutoRepeat()) end_push(true);
+}
+
+KeyLook KeyItem::look() const {
+  KeyLook look;
+  look.face = face_of(place().name, button().Picture);
+  look.back_colour = frame_of(look.face, button().BackColor);
+  look.lit = is_lit_colour(button().BackColor) || look.face == Face::PlayActive || look.face == Face::StopActive;
+  look.caption = QString::fromStdString(button().Caption);
+  look.bold = place().name == "LoadSong";
+  look.touch = touch();
+  look.touch.pressed = shown_pressed();
+  return look;
+}
+
+std::optional<bool> KeyItem::checked() const {
+  const std::string_view name = place().name;
+  if (name == "PAUSE") return button().BackColor == clYellow;
+  if (name == "ShowPlayList") return button().BackColor == clAqua;
+  if (name == "ShowControls") return button().BackColor == clLime;
+  return std::nullopt;
+}
+
+void KeyItem::draw(QPainter& painter) const { paint_key(painter, box(), look()); }
+
+void StudItem::draw(QPainter& painter) const {
+  Touch stud = touch();
+  stud.pressed = button().BackColor == clGrey;  // the panel's own press feedback
+  paint_stud(painter, box(), stud);
+}
+
+void ChromeItem::draw(QPainter& painter) const {
+  Touch chrome = touch();
+  chrome.pressed = shown_pressed();
+  paint_chrome_button(painter, geometry(), face_, chrome);
+}
+
+QRect ChromeItem::drawn_box() const {
+  return geometry().adjusted(-kPaintMargin, -kPaintMargin, kPaintMargin, kPaintMargin);
+}
+
+}  // namespace tandem

@@ -1,0 +1,87 @@
+// Keys: the transport, the list's keys, Playlist and Controls; the pitch stud; Minimise and Close. UI thread.
+#pragma once
+
+#include "controls/button.h"
+#include "paint/controls/key.h"
+#include "widgets/items/panel_item.h"
+
+namespace tandem {
+
+// A push of mouse button, Space or Return; a click is a push that is let go on the item. The click comes before the
+// release.
+class PushItem : public PanelItem {
+ public:
+  using PanelItem::PanelItem;
+  bool can_press() const override { return true; }
+
+ protected:
+  void press_by_key() override;
+  virtual void pushed() {}
+  virtual void let_go() {}
+  virtual void clicked() = 0;
+  bool shown_pressed() const { return is_pressed() && inside_; }
+
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void hand_gone() override { end_push(false); }
+
+ private:
+  void begin_push();
+  void end_push(bool click);
+  bool inside_ = false;
+};
+
+class ButtonItem : public PushItem {
+ public:
+  ButtonItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Button& button)
+      : PushItem(panel, canvas, place, &button), button_(button) {}
+
+ protected:
+  void pushed() override { button_.press.raise(); }
+  void let_go() override { button_.release.raise(); }
+  void clicked() override { button_.click.raise(); }
+  const Button& button() const { return button_; }
+
+ private:
+  Button& button_;
+};
+
+class KeyItem final : public ButtonItem {
+ public:
+  using ButtonItem::ButtonItem;
+  void draw(QPainter& painter) const override;
+  std::optional<bool> checked() const override;  // of Pause, Playlist and Controls
+
+ private:
+  KeyLook look() const;
+};
+
+class StudItem final : public ButtonItem {
+ public:
+  using ButtonItem::ButtonItem;
+  void draw(QPainter& painter) const override;
+};
+
+// Minimise or Close: hangs on the right edge of the window.
+class ChromeItem final : public PushItem {
+ public:
+  ChromeItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Face face, std::function<void()> act)
+      : PushItem(panel, canvas, place, nullptr), face_(face), act_(std::move(act)) {
+    setFocusPolicy(Qt::TabFocus);  // whoever minimises by mouse comes back to where he was
+  }
+  void draw(QPainter& painter) const override;
+  void hang_on(WindowSize size) { setGeometry(chrome_box(place(), size)); }
+
+ protected:
+  void clicked() override { act_(); }
+  QRect drawn_box() const override;
+
+ private:
+  Face face_;
+  std::function<void()> act_;
+};
+
+}  // namespace tandem

@@ -1,0 +1,121 @@
+#include "widgets/items/label_item.h"
+
+#include <QMouseEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "base/text.h"
+#include "paint/controls/gain.h"
+#include "paint/controls/gauge.h"
+#include "paint/strokes/palette.h"
+#include "paint/surfaces/panels.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr double kRestSeconds = 0.8;  // before a new caption begins to move
+constexpr int kColumnsPerCell = 6;
+constexpr double kColumnSeconds = LedLabel::ScrollSpeed / 1000.0 / kColumnsPerCell;
+
+}  // namespace
+
+ClickItem::ClickItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model,
+                     const Notification<>* click)
+    : PanelItem(panel, canvas, place, model), click_(click) {
+  if (click_ != nullptr) setCursor(Qt::PointingHandCursor);
+}
+
+void ClickItem::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) set_pressed(true);
+}
+
+void ClickItem::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !is_pressed()) return;
+  set_pressed(false);
+  if (rect().contains(event->pos())) press_by_key();
+}
+
+void ClickItem::enterEvent(QEnterEvent* event) {
+  PanelItem::enterEvent(event);
+  if (pointer_over) pointer_over(true);
+}
+
+void ClickItem::leaveEvent(QEvent* event) {
+  PanelItem::leaveEvent(event);
+  if (pointer_over) pointer_over(false);
+}
+
+LedLabelItem::LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, LedLabel& label,
+                           bool clickable, std::optional<QRgb> dark_dots)
+    : ClickItem(panel, canvas, place, &label, clickable ? &label.click : nullptr),
+      label_(label),
+      dark_dots_(dark_dots),
+      shown_(label.Caption) {}
+
+int LedLabelItem::ring_columns() const {
+  return static_cast<int>(character_count(label_.Caption.get())) * kColumnsPerCell;
+}
+
+// A text that fits the cells stands still, whatever the switch says: the panel leaves it on for the next short title.
+bool LedLabelItem::scrolls() const { return label_.Scrolling && ring_columns() > label_.NumChars * kColumnsPerCell; }
+
+void LedLabelItem::draw(QPainter& painter) const {
+  LedLabelLook look;
+  look.text = QString::fromStdString(label_.Caption);
+  look.cells = label_.NumChars;
+  look.pitch = place().pitch;
+  look.colour = from_bgr(static_cast<std::uint32_t>(label_.LEDColor.get())).rgb();
+  look.dark_dots = dark_dots_;
+  if (scrolls()) look.scroll = column_;
+  paint_led_label(painter, box().topLeft(), look);
+}
+
+void LedLabelItem::model_changed() {
+  if (label_.Caption.get() != shown_) {
+    shown_ = label_.Caption;
+    seconds_ = 0;
+    column_ = 0;
+  }
+  changed();
+  if (scrolls()) start_moving();
+}
+
+// Whole dot columns, or whole cells where motion is to be reduced; a hidden label keeps its place.
+bool LedLabelItem::advance(double seconds) {
+  const bool hovering = ClickItem::advance(seconds);
+  if (!scrolls() || !isVisible()) return hovering;
+  seconds_ += seconds;
+  const double moved = std::max(0.0, seconds_ - kRestSeconds);
+  const int step = canvas().reduced_motion() ? kColumnsPerCell : 1;
+  const int column = static_cast<int>(std::fmod(std::floor(moved / (kColumnSeconds * step)) * step, ring_columns()));
+  if (column != column_) {
+    column_ = column;
+    canvas().repaint_at_once(drawn_box());
+  }
+  return true;
+}
+
+void GaugeItem::draw(QPainter& painter) const { paint_gauge(painter, box(), gauge_.Progress); }
+
+void PitchLampItem::draw(QPainter& painter) const {
+  if (place().name != "LED3") {
+    const QRectF next = place().name == "LED1" ? control_box("LED2").box() : control_box("LED3").box();
+    paint_lamp_link(painter, box(), next);
+  }
+  paint_pitch_lamp(painter, box(), from_bgr(static_cast<std::uint32_t>(lamp_.LEDColor.get())).rgb(), lit());
+}
+
+QRect PitchLampItem::drawn_box() const { return PanelItem::drawn_box().adjusted(0, 0, 75, 0); }
+
+void AreaItem::shine_over(ClickItem& item) {
+  item.pointer_over = [this](bool over) { over ? ClickItem::enterEvent(nullptr) : ClickItem::leaveEvent(nullptr); };
+}
+
+void AreaItem::draw(QPainter& painter) const {
+  if (place().kind == ControlKind::GlassPanel) paint_glass_hover(painter, box(), touch().hover);
+}
+
+void GainItem::draw(QPainter& painter) const { paint_gain(painter, box(), QString::fromStdString(caption_)); }
+
+}  // namespace tandem

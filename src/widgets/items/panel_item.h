@@ -1,0 +1,134 @@
+// One control of the panel as the hand and the keyboard meet it. An item takes mouse, wheel and keys and turns them
+// into user moves of its model; it draws itself when the panel asks, but never owns pixels: all items are drawn by the
+// one panel window over its cached background, so that glow and shadow may leave an item's box. UI thread.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <span>
+
+#include "controls/control.h"
+#include "layout/panel_layout.h"
+#include "paint/strokes/interaction_state.h"
+
+namespace tandem {
+
+class PanelItem;
+
+// What an item asks of the window that it lies on.
+class PanelCanvas {
+ public:
+  virtual ~PanelCanvas() = default;
+  virtual void repaint_box(const QRect& box) = 0;      // px of the panel
+  virtual void repaint_at_once(const QRect& box) = 0;  // the same, cheaper for what moves by itself again and again
+  // The changed boxes of an opaque picture that stands at a point, all in px of the panel: on the screen at once.
+  virtual void show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) = 0;
+  virtual void start_moving(PanelItem& item) = 0;  // advance() is called at every frame until it returns false
+  virtual void visibilities_changed() = 0;         // a control's Visible has changed
+  virtual void user_acts() = 0;                    // before and after every act of the user: sound follows at once
+  virtual bool reduced_motion() const = 0;
+};
+
+// What assistive technology is told of an item beyond its name.
+struct ItemValue {
+  double value = 0;
+  double minimum = 0;
+  double maximum = 0;
+  double step = 1;
+};
+
+// An act of the user lasts as long as this: a file dialog may be open in it, so what it began is looked after again at
+// its end.
+class UserAct {
+ public:
+  explicit UserAct(PanelCanvas& canvas) : canvas_(canvas) { canvas_.user_acts(); }
+  ~UserAct() { canvas_.user_acts(); }
+  UserAct(const UserAct&) = delete;
+  UserAct& operator=(const UserAct&) = delete;
+
+ private:
+  PanelCanvas& canvas_;
+};
+
+class PanelItem : public QWidget {
+ public:
+  PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model);
+
+  const ControlBox& place() const { return place_; }
+  Control* model() const { return model_; }
+  void set_scene_visible(bool visible);  // as the window's size and the model's Visible have it
+  void set_enabled_by_model();
+  bool shows_focus() const { return focus_shown_; }
+  virtual bool in_use() const { return true; }  // false: not shown whatever its model says
+
+  // Draws in px of the panel, within painted_box().
+  virtual void draw(QPainter& painter) const = 0;
+  QRect painted_box() const { return drawn_box(); }
+  // Moves what moves by itself; false when it has come to rest. The first call after start_moving() comes with 0
+  // seconds. The base lets the hover light come and go.
+  virtual bool advance(double seconds);
+
+  // Assistive technology.
+  QString spoken_name() const;  // the table's name with the value in its place
+  virtual QString spoken_value() const { return {}; }
+  virtual std::optional<bool> checked() const { return std::nullopt; }  // nothing: has no two states
+  virtual bool can_press() const { return false; }
+  virtual std::optional<ItemValue> value_range() const { return std::nullopt; }  // nothing: is no number
+  // Nobody is told of changes before it has been asked for.
+  void speak_of_changes() { speaks_of_changes_ = true; }
+  bool speaks_of_changes() const { return speaks_of_changes_; }
+  bool speaks_anew();  // otherwise than at the last call
+  // Acts of the user without the hand: by assistive technology or a key of the window. Nothing while it is disabled or
+  // hidden.
+  void press();
+  void set_value(double value);
+
+ protected:
+  QRectF box() const { return place_.box(); }
+  Touch touch() const;
+  bool is_pressed() const { return pressed_; }
+  void set_pressed(bool pressed);
+  QPointF panel_position(const QPointF& local) const { return local + pos(); }
+  void changed();  // something that is drawn has changed
+  void start_moving() { canvas_.start_moving(*this); }
+  PanelCanvas& canvas() const { return canvas_; }
+
+  // How far beyond its hit box an item draws, where that is more than the usual margin.
+  virtual QRect drawn_box() const;
+  virtual void model_changed() { changed(); }
+  virtual QString name_in_table() const;
+  virtual void press_by_key() {}
+  virtual void put_value(double) {}
+  // The item is let go without a word of the hand: it is disabled, hidden or has lost the focus.
+  virtual void hand_gone() { set_pressed(false); }
+
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent*) override {}
+  bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  void follow_model();
+  void show_focus();
+  bool key_event(QEvent* event);
+  bool is_beyond_reach(const QEvent& event) const;
+
+  PanelCanvas& canvas_;
+  const ControlBox& place_;
+  Control* model_;
+  bool model_visible_ = true;
+  bool disabling_ = false;
+  double hover_ = 0;
+  bool hovered_ = false;
+  bool pressed_ = false;
+  bool focus_shown_ = false;
+  bool speaks_of_changes_ = false;
+  QString spoken_;  // with its number, as it was last told
+};
+
+}  // namespace tandem

@@ -1,0 +1,33 @@
+// The single components of a logged graph: each wraps one of another graph.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "audio/sound_graph.h"
+#include "logged_graph/logged_graph.h"
+
+namespace tandem {
+
+// The component that is wrapped, its name, and the log.
+template <class Component>
+struct Logged {
+  std::unique_ptr<Component> inner;
+  std::string name;
+  CallLog log;
+
+  // An operation with its arguments as text.
+  void tell(const std::string& operation, const std::string& arguments) const {
+    log(name + "." + operation + "(" + arguments + ")");
+  }
+};
+
+std::unique_ptr<MMAudioFileX> logged(Logged<MMAudioFileX> parts);
+std::unique_ptr<MMPitchX> logged(Logged<MMPitchX> parts);
+std::unique_ptr<MMWaveMixerX> logged(Logged<MMWaveMixerX> parts);
+std::unique_ptr<MMEqualizerX> logged(Logged<MMEqualizerX> parts);
+std::unique_ptr<MMWaveOutX> logged(Logged<MMWaveOutX> parts);
+std::unique_ptr<MMConnectorX> logged(Logged<MMConnectorX> parts);
+std::unique_ptr<MMHiTimerX> logged(Logged<MMHiTimerX> parts);
+
+}  // namespace tandem

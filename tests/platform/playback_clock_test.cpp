@@ -1,0 +1,53 @@
+#include "platform/output/playback_clock.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace tandem {
+namespace {
+
+constexpr Nanoseconds kSecond = kNanosecondsPerSecond;
+
+TEST(HeardClockTest, RunsOnBetweenReportsUpToTheCeiling) {
+  HeardClock clock;
+  clock.publish({1000, kSecond, 6000});
+  EXPECT_EQ(clock.heard(kSecond), 1000U);
+  EXPECT_EQ(clock.heard(kSecond + kSecond / 10), 5410U);
+  EXPECT_EQ(clock.heard(2 * kSecond), 6000U);
+}
+
+TEST(HeardClockTest, StandsStillWhereTheCeilingIsThePosition) {
+  HeardClock clock;
+  clock.publish({1000, kSecond, 1000});
+  EXPECT_EQ(clock.heard(30 * kSecond), 1000U);
+}
+
+TEST(HeardClockTest, NeverGoesBack) {
+  HeardClock clock;
+  clock.publish({0, 0, 100000});
+  EXPECT_EQ(clock.heard(kSecond), 44100U);
+  clock.publish({40000, kSecond, 100000});
+  EXPECT_EQ(clock.heard(kSecond), 44100U);
+  EXPECT_EQ(clock.heard(2 * kSecond), 84100U);
+}
+
+// frames and ceiling are always published equal, so a mixed reading would show as a number never published.
+TEST(HeardClockTest, AReaderNeverSeesHalfAReport) {
+  HeardClock clock;
+  std::thread writer([&] {
+    for (std::uint64_t i = 0; i < 200000; ++i) clock.publish({i * 10, 0, i * 10});
+  });
+  std::uint64_t last = 0;
+  int wrong = 0;
+  while (last < 1999990) {
+    const std::uint64_t heard = clock.heard(kSecond);
+    if (heard % 10 != 0 || heard < last) ++wrong;
+    last = heard;
+  }
+  writer.join();
+  EXPECT_EQ(wrong, 0);
+}
+
+}  // namespace
+}  // namespace tandem

@@ -1,0 +1,108 @@
+#include "platform/desktop/reduced_motion.h"
+
+#include <cstdlib>
+#include <memory>
+
+#include "platform/bus_fixture.h"
+#include "platform/fake_portal.h"
+#include "platform/realtime/monotonic_clock.h"
+
+namespace tandem {
+namespace {
+
+class BusDesktopMotionTest : public BusFixture {
+ protected:
+  void SetUp() override {
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", bus_.address().c_str(), 1);
+    BusFixture::SetUp();
+  }
+  void TearDown() override {
+    motion_.reset();
+    BusFixture::TearDown();
+    ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  }
+  void listen() {
+    motion_ = std::make_unique<BusDesktopMotion>([this](bool reduced) { told_.push_back(reduced); });
+  }
+  void start(const FakePortal::Settings& settings) {
+    bus_.start();
+    portal_ = std::make_unique<FakePortal>(bus_, settings);
+    listen();
+  }
+  bool told(const std::vector<bool>& expected) {
+    return soon([&] { return told_ == expected; });
+  }
+  bool asked(int questions) {
+    return soon([&] { return portal_->questions() >= questions; });
+  }
+
+  std::unique_ptr<FakePortal> portal_;
+  std::unique_ptr<BusDesktopMotion> motion_;
+  std::vector<bool> told_;
+};
+
+TEST_F(BusDesktopMotionTest, IsReducedWhereTheDesktopAnimatesNothing) {
+  start({.animations = false, .knows_reduced_motion = false});
+  EXPECT_TRUE(told({true}));
+}
+
+TEST_F(BusDesktopMotionTest, IsReducedWhereTheDesktopSaysSo) {
+  start({.reduced_motion = 1});
+  EXPECT_TRUE(told({true}));
+}
+
+TEST_F(BusDesktopMotionTest, FollowsEveryChange) {
+  start({});
+  ASSERT_TRUE(asked(2));
+  portal_->change_animations(false);
+  ASSERT_TRUE(told({true}));
+  portal_->change_something_else();
+  portal_->change_reduced_motion(1);
+  portal_->change_animations(true);
+  portal_->change_reduced_motion(0);
+  ASSERT_TRUE(told({true, false})) << "reduced until neither switch says so";
+  portal_->change_reduced_motion(1);
+  EXPECT_TRUE(told({true, false, true}));
+}
+
+TEST_F(BusDesktopMotionTest, APortalThatComesLaterIsAskedAndNoneIsStarted) {
+  bus_.start();
+  listen();
+  // Long enough for the question to come to nothing, or else to start the portal.
+  EXPECT_FALSE(wait_until(
+      [this] {
+        QCoreApplication::processEvents();
+        return bus_.has_started_a_service();
+      },
+      std::chrono::milliseconds(100)));
+  portal_ = std::make_unique<FakePortal>(bus_, FakePortal::Settings{.animations = false});
+  EXPECT_TRUE(told({true}));
+}
+
+TEST_F(BusDesktopMotionTest, WithoutABusNothingIsTold) {
+  listen();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(told({}));
+}
+
+TEST_F(BusDesktopMotionTest, ABusThatHangsHoldsNobody) {
+  start({});
+  bus_.freeze();
+  const Nanoseconds began = monotonic_now();
+  listen();
+  QCoreApplication::processEvents();
+  motion_.reset();
+  EXPECT_LT(monotonic_now() - began, kNanosecondsPerSecond / 2);
+  bus_.kill_hard();
+}
+
+TEST_F(BusDesktopMotionTest, ABusThatDiesIsLeft) {
+  start({.animations = false});
+  ASSERT_TRUE(told({true}));
+  bus_.kill_hard();
+  for (int i = 0; i < 20; ++i) QCoreApplication::processEvents();
+  EXPECT_TRUE(told({true}));
+}
+
+}  // namespace
+}  // namespace tandem

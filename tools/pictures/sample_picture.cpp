@@ -1,0 +1,51 @@
+#include "tools/pictures/sample_picture.h"
+
+#include <cmath>
+#include <functional>
+
+#include "paint/strokes/ink.h"
+#include "tools/pictures/sample_panels.h"
+#include "tools/pictures/sample_sheets.h"
+
+namespace tandem {
+
+namespace {
+
+QImage drawn(const QSize& size, double scale, const std::function<void(QPainter&)>& draw) {
+  QImage image(static_cast<int>(std::lround(size.width() * scale)),
+               static_cast<int>(std::lround(size.height() * scale)), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  set_up(painter, scale);
+  draw(painter);
+  return image;
+}
+
+}  // namespace
+
+std::span<const SpecimenSheet> specimen_sheets() {
+  static constexpr SpecimenSheet kSheets[] = {
+      {"sheet-keys", kKeysSheetWidth, kStatesSheetHeight, paint_keys_sheet},
+      {"sheet-controls", kControlsSheetWidth, kStatesSheetHeight, paint_controls_sheet},
+      {"sheet-glass", kGlassSheetWidth, kGlassSheetHeight, paint_glass_sheet},
+      {"sheet-displays", kDisplaysSheetWidth, kDisplaysSheetHeight, paint_displays_sheet}};
+  return kSheets;
+}
+
+std::vector<std::string_view> picture_names() {
+  std::vector<std::string_view> names = specimen_names();
+  for (const SpecimenSheet& sheet : specimen_sheets()) names.push_back(sheet.name);
+  return names;
+}
+
+QImage specimen_picture(std::string_view name, double scale) {
+  for (const SpecimenSheet& sheet : specimen_sheets()) {
+    if (sheet.name == name) return drawn({sheet.width, sheet.height}, scale, sheet.paint);
+  }
+  const auto specimen = make_specimen(name);
+  if (!specimen) return {};
+  return drawn(window_size(specimen->look.window.size), scale,
+               [&](QPainter& painter) { paint_panel(painter, specimen->look); });
+}
+
+}  // namespace tandem
