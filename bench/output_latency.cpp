@@ -1,7 +1,7 @@
 // What an output costs and how well its position keeps time, on a private sound server with a null sink:
 //   output_latency [seconds a row]
 // One row for each depth and each amount that the render thread keeps ready: wake-ups a second and processor time of
-// the output's thread, time from the order to the first sound, distance from control to ear, spread of heard().
+// the output's thread, time from the order to the first sound, distance from control to ear, spread of frames_played().
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -47,7 +47,7 @@ Effort effort_of_the_output() {
 double to_milliseconds(Nanoseconds time) { return static_cast<double>(time) / 1e6; }
 
 struct Timing {
-  double spread = 0.0;  // 1st to 99th percentile of heard() against the clock, milliseconds
+  double spread = 0.0;  // 1st to 99th percentile of frames_played() against the clock, milliseconds
   double worst = 0.0;   // furthest apart
   double ahead = 0.0;   // mean of what was taken and not yet heard, milliseconds
 };
@@ -57,7 +57,7 @@ Timing watch(const Output& output, const OutputRing& ring, int seconds) {
   double ahead = 0.0;
   const Nanoseconds began = monotonic_now();
   for (Nanoseconds now = began; now < began + seconds * kNanosecondsPerSecond; now = monotonic_now()) {
-    const std::uint64_t heard = output.heard();
+    const std::uint64_t heard = output.frames_played();
     against.push_back(static_cast<double>(heard) * 1e3 / kSampleRate - to_milliseconds(now - began));
     ahead += static_cast<double>(ring.taken() - heard) * 1e3 / kSampleRate;
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
@@ -72,12 +72,12 @@ void measure(int depth, int kept_buffers, int seconds) {
   OutputRing ring;
   PulseOutput output(ring);
   OutputFeeder feeder(ring, output, static_cast<std::size_t>(kept_buffers) * 1280);
-  output.set_depth(depth);
+  output.set_queue_length(depth);
   const Nanoseconds ordered = monotonic_now();
   output.start();
-  wait_until([&] { return output.heard() > 0; });
+  wait_until([&] { return output.frames_played() > 0; });
   const Nanoseconds first = monotonic_now();
-  wait_until([&] { return output.heard() > static_cast<std::uint64_t>(kSampleRate); });
+  wait_until([&] { return output.frames_played() > static_cast<std::uint64_t>(kSampleRate); });
   const Effort before = effort_of_the_output();
   const Nanoseconds began = monotonic_now();
   const Timing timing = watch(output, ring, seconds);

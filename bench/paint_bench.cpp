@@ -74,7 +74,7 @@ void measure_spectrum(const Bench& bench, SpectrumKind kind, const char* name, i
   }
   SpectrumStyle style;
   style.kind = kind;
-  const SpectrumFace face(style, percent / 100., display_area(), display_well());
+  const SpectrumBackdrop face(style, percent / 100., display_area(), display_well());
   QImage image(face.size(), QImage::Format_RGB32);
   SpectrumTrace standing;
   std::uint64_t written = kPictures;
@@ -88,8 +88,8 @@ void measure_spectrum(const Bench& bench, SpectrumKind kind, const char* name, i
 }
 
 void measure_needles(const Bench& bench, int percent) {
-  NeedleFace left(percent / 100., left_meter_box(), display_well(), false);
-  NeedleFace right(percent / 100., right_meter_box(), display_well(), true);
+  NeedleBackdrop left(percent / 100., left_meter_box(), display_well(), false);
+  NeedleBackdrop right(percent / 100., right_meter_box(), display_well(), true);
   QImage image(left.size().width() * 2, left.size().height(), QImage::Format_RGB32);
   std::array<QRect, 2> standing;
   measure(bench, "needles", percent, 1, [&](int i) {
@@ -100,7 +100,7 @@ void measure_needles(const Bench& bench, int percent) {
 }
 
 void measure_scope(const Bench& bench, int percent) {
-  ScopeFace face(percent / 100., display_area(), display_well());
+  ScopeBackdrop face(percent / 100., display_area(), display_well());
   QImage image(face.size(), QImage::Format_RGB32);
   std::vector<std::vector<float>> traces;
   for (int i = 0; i < kPictures; ++i) traces.push_back(specimen_trace(i * .4, 1, static_cast<std::uint32_t>(i) + 1));
@@ -124,9 +124,9 @@ void measure_painted(const Bench& bench, const std::string& name, int percent, i
 }
 
 /// The view of a list of 200 songs with names and folders too long for their lines.
-SongListLook long_names(int top, int selected) {
+SongListState long_names(int top, int selected) {
   constexpr int kSongs = 200;
-  SongListLook look;
+  SongListState look;
   look.top = std::clamp(top, 0, kSongs - kListRows);
   look.count = kSongs;
   look.selected = selected;
@@ -141,8 +141,8 @@ SongListLook long_names(int top, int selected) {
 }
 
 void measure_list(const Bench& bench, int percent) {
-  const auto measure_looks = [&](const char* name, int looks, const std::function<SongListLook(int)>& look_at) {
-    std::vector<SongListLook> all;
+  const auto measure_looks = [&](const char* name, int looks, const std::function<SongListState(int)>& look_at) {
+    std::vector<SongListState> all;
     for (int i = 0; i < looks; ++i) all.push_back(look_at(i));
     measure_painted(bench, name, percent, 10, [&](QPainter& painter, int i) {
       paint_song_list(painter, control_box("PlayList").box(), all[static_cast<std::size_t>(i) % all.size()]);
@@ -160,9 +160,9 @@ void measure_all(const Bench& bench, int percent) {
   measure_painted(bench, "level bar", percent, 1, [](QPainter& painter, int i) {
     paint_level_bar(painter, control_box("MMLevelX1").box(), {i % kLevelRows, (i + 4) % kLevelRows});
   });
-  auto specimen = make_specimen("board-open");
+  auto specimen = sample_panel("board-open");
   measure_painted(bench, "title, one step", percent, 4, [&](QPainter& painter, int i) {
-    LedLabelLook look = specimen->look.display.song;
+    LedLabelState look = specimen->look.display.song;
     look.scroll = i % 90;
     paint_led_label(painter, control_box("SongLabel").box().topLeft(), look);
   });

@@ -51,7 +51,7 @@ class Deck {
   void start(float value) { stage_.clear(value, value == 0.0F ? nullptr : make_pitch_engine().release()); }
   void change(float value) {
     stage_.change(value, make_pitch_engine().release());
-    while (PitchEngine* engine = stage_.take_retired()) delete engine;
+    while (PitchShifter* engine = stage_.take_retired()) delete engine;
   }
 
   // ms of CPU for one step.

@@ -73,7 +73,8 @@ endfunction()
 # a GoogleTest program.
 # It is one CTest entry of that name, or n entries NAME.0 ... that share its cases. Labels with a meaning for ./check:
 # "threads" is run under the thread sanitizer too, "slow" is left out under the address sanitizer (what is not slow
-# gets the label "quick"). SERIAL: runs alone.
+# gets the label "quick"). SERIAL: runs in real time on a private sound server, alone
+# (label "server").
 # Each entry leaves its cases in results/ENTRY.xml of the build folder, where they are counted.
 function(tandem_test name)
   cmake_parse_arguments(arg "SERIAL" "SHARDS" "SOURCES;LINKS;LABELS;PRECOMPILED" ${ARGN})
@@ -88,6 +89,9 @@ function(tandem_test name)
   endif()
   if("threads" IN_LIST arg_LABELS)
     add_dependencies(threads_tests ${name})
+  endif()
+  if(arg_SERIAL)
+    list(APPEND arg_LABELS server)
   endif()
   if(NOT "slow" IN_LIST arg_LABELS)
     list(APPEND arg_LABELS quick)

@@ -9,7 +9,7 @@
 
 namespace tandem {
 
-class QueueDepth {
+class LatencyPolicy {
  public:
   using Milliseconds = std::int64_t;
   static constexpr Milliseconds kAlone = 3000;           // without a hand near, until it is deep
@@ -28,7 +28,7 @@ class QueueDepth {
   // `near`: a hand can reach the panel; `seen`: it is on a screen; `breaks`: how often, ever, the device ran dry.
   bool deep(Milliseconds now, bool near, bool seen, std::uint64_t breaks) noexcept {
     if (near && now - hand_moved_ <= kIdle) near_ = now;
-    if (std::exchange(breaks_, breaks) != breaks && !deep_) be_cautious(now);
+    if (std::exchange(underruns_, breaks) != breaks && !deep_) be_cautious(now);
     deep_ = now - near_ > kAlone || now < cautious_until_ || !(seen || near);
     return deep_;
   }
@@ -45,7 +45,7 @@ class QueueDepth {
   Milliseconds cautious_until_ = 0;
   Milliseconds caution_ = 0;
   Milliseconds broke_ = -kForgotten - 1;
-  std::uint64_t breaks_ = 0;
+  std::uint64_t underruns_ = 0;
   bool deep_ = false;
 };
 

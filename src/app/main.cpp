@@ -51,7 +51,7 @@ int play(int argc, char** argv) {
   QApplication::setApplicationName("Tandem");
   QGuiApplication::setDesktopFileName("tandem");
   QGuiApplication::setWindowIcon(window_icon());
-  tandem::tell_accessibility_of_items();
+  tandem::install_accessibility();
   player.show();
   const tandem::CloseSignals close_signals([&player] { player.close(); });
   QObject::connect(&application, &QGuiApplication::commitDataRequest, [&player](QSessionManager&) { player.close(); });

@@ -71,17 +71,17 @@ void Player::show() {
     clock_->reschedule();
   };
   hooks.drop = [this](const std::vector<std::string>& paths) { drop(paths); };
-  if (QtShmPresenter::is_possible())
+  if (ShmPresenter::is_possible())
     hooks.present = [this](const QImage& picture, std::span<const QRect> boxes) {
       return presenter_ && presenter_->present(picture, boxes);
     };
   window_ = std::make_unique<PanelWindow>(program_.controls, displays(), std::move(hooks));
   dialog_.set_parent(window_.get());
   window_->show();
-  presenter_ = std::make_unique<QtShmPresenter>(*window_->windowHandle());
-  cover_watch_ =
-      std::make_unique<QtCoverWatch>(*window_->windowHandle(), [this](bool covered) { window_->set_covered(covered); });
-  hand_watch_ = std::make_unique<QtHandWatch>([this] { hand_moved(); });
+  presenter_ = std::make_unique<ShmPresenter>(*window_->windowHandle());
+  cover_watch_ = std::make_unique<OcclusionWatch>(*window_->windowHandle(),
+                                                  [this](bool covered) { window_->set_covered(covered); });
+  hand_watch_ = std::make_unique<UserInputWatch>([this] { hand_moved(); });
   bell_.answer([this] { clock_->reschedule(); });
   clock_->reschedule();
 }
@@ -92,15 +92,16 @@ void Player::hand_moved() {
 }
 
 void Player::attend(Milliseconds now) {
-  engine_.set_deep_queue(queue_depth_.deep(now, window_->attended(), window_->exposed(), output_.breaks()));
+  engine_.set_deep_queue(queue_depth_.deep(now, window_->attended(), window_->exposed(), output_.underruns()));
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
   engine_.rest_for(forecast.quiet);
-  engine_.await_mix(forecast.deck, forecast.behind);
+  engine_.set_mix_point(forecast.deck, forecast.behind);
 }
 
 // What may delay neither the first sound nor the first picture.
 void Player::ask_the_system() {
-  if (!realtime_kit_ && output_.heard() > static_cast<std::uint64_t>(kSampleRate)) realtime_kit_.emplace().ask();
+  if (!realtime_kit_ && output_.frames_played() > static_cast<std::uint64_t>(kSampleRate))
+    realtime_kit_.emplace().ask();
   if (motion_ || !window_->exposed()) return;
   const bool by_style = window_->reduced_motion();
   motion_.emplace([this, by_style](bool reduced) { window_->set_reduced_motion(by_style || reduced); });
@@ -126,7 +127,7 @@ std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   if (!window_->exposed()) return std::nullopt;
   const Milliseconds before = frames_.last();
   if (frames_.take(now, window_->attended() ? kAttendedFrame : kUnattendedFrame)) {
-    window_->visual().feed(pump_.take(output_.heard()));
+    window_->visual().feed(pump_.take(output_.frames_played()));
     if (moving_ || !window_->visual().at_rest()) moving_ = window_->frame(static_cast<double>(now - before) / 1000);
   }
   if (!moving_) return std::nullopt;

@@ -61,7 +61,7 @@ class Player {
 
   OutputRing ring_;
   RealStepClock step_clock_;
-  UiBell bell_;
+  UiWakeup bell_;
   DeviceOutput output_;
   Engine engine_;
   QtFileDialog dialog_;
@@ -69,15 +69,15 @@ class Player {
   DisplayPump pump_;
 
   std::unique_ptr<QtClock> clock_;
-  std::unique_ptr<QtHandWatch> hand_watch_;
+  std::unique_ptr<UserInputWatch> hand_watch_;
   std::unique_ptr<PanelWindow> window_;
-  std::unique_ptr<QtShmPresenter> presenter_;
-  std::unique_ptr<QtCoverWatch> cover_watch_;
-  std::optional<BusRealtimeKit> realtime_kit_;
-  std::optional<BusDesktopMotion> motion_;
+  std::unique_ptr<ShmPresenter> presenter_;
+  std::unique_ptr<OcclusionWatch> cover_watch_;
+  std::optional<RtKit> realtime_kit_;
+  std::optional<ReducedMotionSetting> motion_;
   std::optional<RuntimeError> failure_;
   FramePacer frames_;
-  QueueDepth queue_depth_;
+  LatencyPolicy queue_depth_;
   bool moving_ = true;  // the last frame said that something moves
   bool closed_ = false;
 };

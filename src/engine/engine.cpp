@@ -24,16 +24,16 @@ Engine::Engine(Output& output, OutputRing& ring, const std::optional<Threads>& t
                if (reader_threads_[1]) reader_threads_[1]->wake();
              })} {
   if (!threads) return;
-  output_.set_depth(Output::kShortBuffers);
+  output_.set_queue_length(Output::kShortBuffers);
   for (std::size_t i = 0; i < readers_.size(); ++i) reader_threads_[i] = std::make_unique<ReaderThread>(readers_[i]);
-  render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_, threads->clock, threads->tell_news);
+  render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_, threads->clock, threads->notify_ui);
 }
 
 Engine::~Engine() {
   render_thread_.reset();
   for (auto& thread : reader_threads_) thread.reset();
   chain_.take_orders_silently();  // orders that never arrived carry pitch engines
-  RenderNews news;
+  RenderEvent news;
   while (chain_.news().pop(news)) delete news.engine;
 }
 
@@ -75,16 +75,16 @@ void Engine::wake() {
 }
 
 void Engine::take_news() {
-  RenderNews news;
+  RenderEvent news;
   while (chain_.news().pop(news)) {
     switch (news.kind) {
-      case RenderNews::Kind::SongEnded:
+      case RenderEvent::Kind::SongEnded:
         song_end_->report(news);
         break;
-      case RenderNews::Kind::GateClosed:
+      case RenderEvent::Kind::GateClosed:
         device_->gate_closed();
         break;
-      case RenderNews::Kind::RetiredEngine:
+      case RenderEvent::Kind::RetiredEngine:
         delete news.engine;
         break;
     }
@@ -112,7 +112,7 @@ void Engine::rest_for(std::int64_t milliseconds) {
   render_thread_->run_freely_until(steps > 0 ? chain_.steps() + steps : 0, deep_queue_);
 }
 
-void Engine::await_mix(int deck, std::int64_t behind_milliseconds) {
+void Engine::set_mix_point(int deck, std::int64_t behind_milliseconds) {
   if (!render_thread_) return;
   if (deck < 0) return render_thread_->mix_hold().clear();
   const Frames frame = frames_of(behind_milliseconds + 1);
@@ -124,7 +124,7 @@ void Engine::await_mix(int deck, std::int64_t behind_milliseconds) {
 void Engine::set_deep_queue(bool deep) {
   if (deep == deep_queue_) return;
   deep_queue_ = deep;
-  output_.set_depth(deep ? Output::kCeilingBuffers - 1 : Output::kShortBuffers);
+  output_.set_queue_length(deep ? Output::kMaxQueuedBuffers - 1 : Output::kShortBuffers);
 }
 
 void Engine::work_inline() {

@@ -30,10 +30,10 @@ class RenderThread;
 
 class Engine {
  public:
-  // What threads of its own need. `tell_news` is called on the render thread when deliver() should be called soon.
+  // What threads of its own need. `notify_ui` is called on the render thread when deliver() should be called soon.
   struct Threads {
     StepClock& clock;
-    std::function<void()> tell_news;
+    std::function<void()> notify_ui;
   };
   // With threads or, without, in simulated time. Output and ring outlive the engine.
   Engine(Output& output, OutputRing& ring, const std::optional<Threads>& threads);
@@ -54,7 +54,7 @@ class Engine {
   void rest_for(std::int64_t milliseconds);
   // The panel starts the next song when it finds this deck's position behind that millisecond: the sound waits a moment
   // for it there, so that a late tick makes no late overlap. Deck -1: nothing is awaited. Threads only.
-  void await_mix(int deck, std::int64_t behind_milliseconds);
+  void set_mix_point(int deck, std::int64_t behind_milliseconds);
   // How much the device keeps queued: little for prompt controls, much while nobody is near.
   void set_deep_queue(bool deep);
 
@@ -84,7 +84,7 @@ class Engine {
   OutputRing& ring_;
   std::array<DeckReader, 2> readers_;
   std::array<bool, 2> stalled_{};  // in simulated time
-  FilterDesigner designer_;
+  FilterWorker designer_;
   Chain chain_;
   OrderSender orders_;
   std::array<DeckControl, 2> decks_;

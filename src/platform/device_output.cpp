@@ -39,13 +39,15 @@ void DeviceOutput::restart() {
   alsa_.restart();
 }
 
-void DeviceOutput::set_depth(int buffers) {
-  pulse_.set_depth(buffers);
-  alsa_.set_depth(buffers);
+void DeviceOutput::set_queue_length(int buffers) {
+  pulse_.set_queue_length(buffers);
+  alsa_.set_queue_length(buffers);
 }
 
 // Both count the same ring's frames, and the one without a device stands where it left off.
-std::uint64_t DeviceOutput::heard() const noexcept { return std::max(pulse_.heard(), alsa_.heard()); }
+std::uint64_t DeviceOutput::frames_played() const noexcept {
+  return std::max(pulse_.frames_played(), alsa_.frames_played());
+}
 
 int DeviceOutput::request_frames() const noexcept {
   return alsa_.consuming() ? alsa_.request_frames() : pulse_.request_frames();

@@ -23,16 +23,16 @@ class DeviceOutput final : public Output {
   void stop() override;
   void pause() override;
   void restart() override;
-  void set_depth(int buffers) override;
+  void set_queue_length(int buffers) override;
 
   bool consuming() const noexcept override { return pulse_.consuming() || alsa_.consuming(); }
-  std::uint64_t heard() const noexcept override;
+  std::uint64_t frames_played() const noexcept override;
   int request_frames() const noexcept override;
-  std::uint64_t breaks() const noexcept override { return pulse_.breaks() + alsa_.breaks(); }
+  std::uint64_t underruns() const noexcept override { return pulse_.underruns() + alsa_.underruns(); }
   bool lost() const noexcept override { return false; }
 
  private:
-  RingLease lease_;  // whoever of the two holds a device reads the ring
+  RingReaderToken lease_;  // whoever of the two holds a device reads the ring
   AlsaOutput alsa_;
   PulseOutput pulse_;  // tells alsa_ whether it may play, so it goes first
 };

@@ -192,7 +192,7 @@ void AssistiveBus::listen(const std::string& event) {
     throw std::runtime_error("nobody says " + event);
 }
 
-const std::vector<std::string>& AssistiveBus::heard() {
+const std::vector<std::string>& AssistiveBus::frames_played() {
   while (sd_bus_process(bus_.get(), nullptr) > 0) {
   }
   return heard_;

@@ -44,7 +44,7 @@ class AssistiveBus {
 
   void listen(const std::string& event);  // as "object:children-changed"
   // What has been said since: the object's path, then as "ChildrenChanged add".
-  const std::vector<std::string>& heard();
+  const std::vector<std::string>& frames_played();
 
  private:
   struct Unref {

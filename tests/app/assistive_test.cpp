@@ -80,7 +80,7 @@ TEST_F(AssistiveProgram, ItsListIsFollowed) {
   const std::string list = object("Playlist", "list").path;
   const auto is_told = [this, &list](const std::string& what) {
     return wait_until([&] {
-      const std::vector<std::string>& heard = bus->heard();
+      const std::vector<std::string>& heard = bus->frames_played();
       return std::find(heard.begin(), heard.end(), list + " ChildrenChanged " + what) != heard.end();
     });
   };

@@ -95,7 +95,7 @@ TEST(BandEqualizerFade, OfSeveralThatWaitTheNewestIsTaken) {
 
 // For the thread sanitizer: a hand drags while the sound runs.
 TEST(BandEqualizerFade, TakesFiltersWhileTheSoundRuns) {
-  FilterDesigner designer(true);
+  FilterWorker designer(true);
   std::atomic<bool> dragging{true};
   std::thread sound_thread([&] {
     BandEqualizer equalizer;

@@ -173,8 +173,8 @@ bool same_filter(const EqualizerFilter* a, const EqualizerFilter* b) {
   return true;
 }
 
-TEST(FilterDesigner, InSimulatedTimeDesignsOnlyTheLatestRequest) {
-  FilterDesigner designer(false);
+TEST(FilterWorker, InSimulatedTimeDesignsOnlyTheLatestRequest) {
+  FilterWorker designer(false);
   const EqualizerFilter* filter = nullptr;
   EXPECT_FALSE(designer.take(filter));
   for (int move = 1; move <= 50; ++move) designer.request(bands_of(alternating_gains(12.0 * move / 50)), false);
@@ -186,8 +186,8 @@ TEST(FilterDesigner, InSimulatedTimeDesignsOnlyTheLatestRequest) {
   designer.give_back(filter);
 }
 
-TEST(FilterDesigner, FlatOrBypassedIsNone) {
-  FilterDesigner designer(false);
+TEST(FilterWorker, FlatOrBypassedIsNone) {
+  FilterWorker designer(false);
   const EqualizerFilter stand_in(std::vector<float>{1.0F});
   for (const auto& [gain, bypassed] : {std::pair{0.0, false}, {6.0, true}, {0.0, true}}) {
     designer.request(bands_of(even_gains(gain)), bypassed);
@@ -198,7 +198,7 @@ TEST(FilterDesigner, FlatOrBypassedIsNone) {
 }
 
 // Takes until the filter of these gains has come; gives all others back.
-void take_until(FilterDesigner& designer, const Gains& gains) {
+void take_until(FilterWorker& designer, const Gains& gains) {
   const auto expected = design_filter(bands_of(gains));
   for (bool found = false; !found; std::this_thread::yield()) {
     const EqualizerFilter* filter = nullptr;
@@ -208,24 +208,24 @@ void take_until(FilterDesigner& designer, const Gains& gains) {
   }
 }
 
-TEST(FilterDesigner, ADragOfFiftyMovesDoesNotQueueFiftyDesigns) {
-  FilterDesigner designer(true);
+TEST(FilterWorker, ADragOfFiftyMovesDoesNotQueueFiftyDesigns) {
+  FilterWorker designer(true);
   for (int move = 1; move <= 50; ++move) designer.request(bands_of(alternating_gains(12.0 * move / 50)), false);
   take_until(designer, alternating_gains(12));
   // Fifty requests take less time than one design; half of them leaves room for any scheduling.
   EXPECT_LE(designer.designs(), 25);
 }
 
-TEST(FilterDesigner, FreesWhatWasNeverTaken) {
-  FilterDesigner designer(true);  // the address sanitizer's leak check sees to the rest
+TEST(FilterWorker, FreesWhatWasNeverTaken) {
+  FilterWorker designer(true);  // the address sanitizer's leak check sees to the rest
   designer.request(bands_of(even_gains(3)), false);
   designer.request(bands_of(even_gains(4)), false);
   while (designer.designs() == 0) std::this_thread::yield();
 }
 
-TEST(FilterDesigner, StopsWhileARequestIsUnderWay) {
+TEST(FilterWorker, StopsWhileARequestIsUnderWay) {
   for (int run = 0; run < 10; ++run) {
-    FilterDesigner designer(true);
+    FilterWorker designer(true);
     designer.request(bands_of(alternating_gains(run + 1)), false);
   }
 }

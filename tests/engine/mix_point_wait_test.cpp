@@ -7,15 +7,15 @@ namespace {
 
 constexpr std::int64_t kPatience = 30;
 
-class MixHoldTest : public testing::Test {
+class MixPointWaitTest : public testing::Test {
  protected:
   bool holds(std::int64_t now) { return hold_.holds({&positions_[0], &positions_[1]}, now, kPatience); }
 
   std::array<DeckPosition, 2> positions_;
-  MixHold hold_;
+  MixPointWait hold_;
 };
 
-TEST_F(MixHoldTest, HoldsFromTheFrameOnAndNotForEver) {
+TEST_F(MixPointWaitTest, HoldsFromTheFrameOnAndNotForEver) {
   hold_.put(1, 7, 1000);
   positions_[1].put(7, 999);
   EXPECT_FALSE(holds(100));
@@ -26,7 +26,7 @@ TEST_F(MixHoldTest, HoldsFromTheFrameOnAndNotForEver) {
   EXPECT_FALSE(holds(1000));
 }
 
-TEST_F(MixHoldTest, TheSameMomentGivenAgainIsNotWaitedForAgain) {
+TEST_F(MixPointWaitTest, TheSameMomentGivenAgainIsNotWaitedForAgain) {
   hold_.put(0, 1, 10);
   positions_[0].put(1, 10);
   EXPECT_TRUE(holds(0));
@@ -37,14 +37,14 @@ TEST_F(MixHoldTest, TheSameMomentGivenAgainIsNotWaitedForAgain) {
   EXPECT_TRUE(holds(40)) << "another one is";
 }
 
-TEST_F(MixHoldTest, AnotherSongOrAnotherDeckIsNotHeld) {
+TEST_F(MixPointWaitTest, AnotherSongOrAnotherDeckIsNotHeld) {
   hold_.put(0, 3, 10);
   positions_[0].put(2, 500);
   positions_[1].put(3, 500);
   EXPECT_FALSE(holds(0));
 }
 
-TEST_F(MixHoldTest, ClearedItHoldsNothing) {
+TEST_F(MixPointWaitTest, ClearedItHoldsNothing) {
   EXPECT_FALSE(holds(0));
   hold_.put(0, 1, 10);
   positions_[0].put(1, 20);

@@ -67,7 +67,7 @@ class PitchDeck {
     written_ += count;
   }
   void free_retired() {
-    while (PitchEngine* engine = stage.take_retired()) delete engine;
+    while (PitchShifter* engine = stage.take_retired()) delete engine;
   }
 
   Sound song_;

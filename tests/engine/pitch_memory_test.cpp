@@ -107,16 +107,16 @@ TEST_F(PitchMemory, TheRenderThreadNeitherAllocatesNorFrees) {
       written += count;
       const float value = random() % 3 == 0 ? 0.0F : static_cast<float>(random() % 41) - 20.0F;
       const auto event = random() % 40;
-      PitchEngine* fresh = event < 4 ? make_pitch_engine().release() : nullptr;
-      PitchEngine* retired[4] = {};
+      PitchShifter* fresh = event < 4 ? make_pitch_engine().release() : nullptr;
+      PitchShifter* retired[4] = {};
       const std::uint64_t end = written == song.size() ? written : PitchStage::kEndUnknown;
       calls += calls_in([&] {
         if (event < 3) stage.change(value, fresh);
         if (event == 3) stage.clear(value, fresh);
         given += stage.process(ring, end, std::span(block).first(1 + random() % kStepFrames));
-        for (PitchEngine*& engine : retired) engine = stage.take_retired();
+        for (PitchShifter*& engine : retired) engine = stage.take_retired();
       });
-      for (PitchEngine* engine : retired) delete engine;
+      for (PitchShifter* engine : retired) delete engine;
       if (stage.at_end(ring, end)) break;
     }
     EXPECT_EQ(calls, 0);

@@ -14,7 +14,7 @@ namespace {
 
 std::size_t count_retired(PitchStage& stage) {
   std::size_t count = 0;
-  while (PitchEngine* engine = stage.take_retired()) {
+  while (PitchShifter* engine = stage.take_retired()) {
     delete engine;
     ++count;
   }

@@ -80,7 +80,7 @@ class PlainPlayer {
         ChildProcess({"paplay", "-d", "beside", "--latency-msec=" + std::to_string(queue_ms), file_.file("long.wav")},
                      file_.file("out"));
   }
-  Heard heard() {
+  Heard frames_played() {
     recorder_.end();
     player_.end();
     return listen(frames_in(file_.file("recording")));
@@ -127,8 +127,8 @@ TEST_P(BusyMachine, LosesNothing) {
       std::chrono::steady_clock::now() + std::chrono::seconds(std::lround(program.expected_seconds()) + 60);
   while (!program.over(3) && std::chrono::steady_clock::now() < limit) std::this_thread::sleep_for(kLook);
   others.end();
-  const Heard heard = program.heard();
-  const Heard plain = beside.heard();
+  const Heard heard = program.frames_played();
+  const Heard plain = beside.frames_played();
   const double late = static_cast<double>(heard.frames()) / kSampleRate - program.expected_seconds();
   EXPECT_GT(static_cast<double>(plain.frames()) / kSampleRate, program.expected_seconds());
   EXPECT_LE(heard.breaks.size(), setting.most_breaks(plain.breaks.size())) << places(heard);

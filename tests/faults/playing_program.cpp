@@ -92,7 +92,7 @@ bool PlayingProgram::play(Hand hand) {
   desktop.sound.start_recording();
   player.click(24, 146);
   if (hand == Hand::kAway) go_away();
-  return wait_until([this] { return heard().frames() > 0; });
+  return wait_until([this] { return frames_played().frames() > 0; });
 }
 
 bool PlayingProgram::over(double seconds) const {

@@ -23,7 +23,7 @@ class PlayingProgram {
   bool over(double seconds) const;  // heard something, and nothing for so long
   double expected_seconds() const;  // of the whole list
   int queued_milliseconds() const;  // at the sound server, before its device
-  Heard heard() const { return listen(desktop.sound.recording()); }
+  Heard frames_played() const { return listen(desktop.sound.recording()); }
   std::string disk_file(const std::string& name) const { return disk_.file(name); }
 
  private:

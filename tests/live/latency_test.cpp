@@ -75,7 +75,7 @@ TEST_P(LiveLatency, EqualizerGain) {
   EXPECT_LE(delay_of([&] { move_all(-12); }, [&] { move_all(0); }), GetParam().limit_ms);
 }
 
-// The frame that output.heard() names now, found in the recording, against how much is recorded by now.
+// The frame that output.frames_played() names now, found in the recording, against how much is recorded by now.
 TEST_P(LiveLatency, TheDisplaysShowWhatIsHeard) {
   rig_.start_server();
   const Sound song = rig_.add_song("song.wav", signature(1, 8.0, kLevel));
@@ -85,7 +85,7 @@ TEST_P(LiveLatency, TheDisplaysShowWhatIsHeard) {
   std::vector<std::pair<std::uint64_t, std::uint64_t>> looks;  // heard, recorded
   for (int i = 0; i < 60; ++i) {
     rig_.run(37);
-    looks.emplace_back(rig_.output().heard(), rig_.recorded_frames());
+    looks.emplace_back(rig_.output().frames_played(), rig_.recorded_frames());
   }
   rig_.run(300);
   const auto recording = rig_.server.recording();

@@ -82,7 +82,7 @@ void LiveRig::work() {
   engine_.deliver();
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
   engine_.rest_for(forecast.quiet);
-  engine_.await_mix(forecast.deck, forecast.behind);
+  engine_.set_mix_point(forecast.deck, forecast.behind);
   collect();
 }
 
@@ -109,8 +109,8 @@ std::int32_t LiveRig::position() {
 }
 
 bool LiveRig::heard_further(double seconds) {
-  const auto target = output_.heard() + static_cast<std::uint64_t>(seconds * kSampleRate);
-  return run_until([&] { return output_.heard() >= target; });
+  const auto target = output_.frames_played() + static_cast<std::uint64_t>(seconds * kSampleRate);
+  return run_until([&] { return output_.frames_played() >= target; });
 }
 
 std::uint64_t LiveRig::recorded_frames() const {

@@ -27,45 +27,45 @@ TEST(Key, ShowsItsBackColourExactlyAtHalfHeight) {
   }
 }
 
-QImage key_picture(const KeyLook& look) {
+QImage key_picture(const KeyState& look) {
   return sketch({60, 40}, 2, [&](QPainter& painter) { paint_key(painter, {10, 5, 40, 30}, look); });
 }
 
 TEST(Key, GlowsOnlyWhenLitAndEnabled) {
-  KeyLook look{.back_colour = palette::kYellow, .lit = true};
+  KeyState look{.back_colour = palette::kYellow, .lit = true};
   const QPoint outside(19, 40);  // half a pixel left of the box
   EXPECT_NE(key_picture(look).pixel(outside), 0xFF000000);
-  look.touch.enabled = false;
+  look.interaction.enabled = false;
   EXPECT_EQ(key_picture(look).pixel(outside), 0xFF000000);
-  look.touch.enabled = true;
+  look.interaction.enabled = true;
   look.lit = false;
   EXPECT_EQ(key_picture(look).pixel(outside), 0xFF000000);
 }
 
 TEST(Key, ADisabledKeyIgnoresTheHand) {
-  KeyLook look{.face = Face::Next, .caption = u"x"_s};
-  look.touch.enabled = false;
+  KeyState look{.face = Icon::Next, .caption = u"x"_s};
+  look.interaction.enabled = false;
   const QImage rest = key_picture(look);
-  look.touch.pressed = true;
+  look.interaction.pressed = true;
   EXPECT_EQ(key_picture(look), rest);
 }
 
 TEST(Key, EveryStateLooksDifferent) {
   QList<QImage> pictures;
   for (int state = 0; state < 5; ++state) {
-    KeyLook look{.face = Face::Play};
-    look.touch.hover = state == 1 ? 1 : 0;
-    look.touch.pressed = state == 2;
-    look.touch.focused = state == 3;
-    look.touch.enabled = state != 4;
+    KeyState look{.face = Icon::Play};
+    look.interaction.hover = state == 1 ? 1 : 0;
+    look.interaction.pressed = state == 2;
+    look.interaction.focused = state == 3;
+    look.interaction.enabled = state != 4;
     for (const QImage& other : pictures) EXPECT_NE(key_picture(look), other) << state;
     pictures.append(key_picture(look));
   }
 }
 
 TEST(Key, NothingReachesBeyondThePaintMargin) {
-  KeyLook look{.back_colour = palette::kLime, .lit = true};
-  look.touch.focused = true;
+  KeyState look{.back_colour = palette::kLime, .lit = true};
+  look.interaction.focused = true;
   const QImage picture = key_picture(look);
   const QRect inside = QRect(20, 10, 80, 60).adjusted(-2 * kPaintMargin, -2 * kPaintMargin, 2 * kPaintMargin, 0);
   for (int y = 0; y < picture.height(); ++y) {
@@ -76,22 +76,22 @@ TEST(Key, NothingReachesBeyondThePaintMargin) {
   }
 }
 
-TEST(Face, IconesAreInTheirOrder) {
-  EXPECT_EQ(icone(0), Face::Play);
-  EXPECT_EQ(icone(3), Face::PauseActive);
-  EXPECT_EQ(icone(5), Face::StopActive);
-  EXPECT_EQ(icone(6), Face::None);
-  EXPECT_EQ(icone(-1), Face::None);
+TEST(Icon, IconesAreInTheirOrder) {
+  EXPECT_EQ(icone(0), Icon::Play);
+  EXPECT_EQ(icone(3), Icon::PauseActive);
+  EXPECT_EQ(icone(5), Icon::StopActive);
+  EXPECT_EQ(icone(6), Icon::None);
+  EXPECT_EQ(icone(-1), Icon::None);
 }
 
-TEST(Face, ActivePicturesHaveTheirColours) {
-  const auto middle = [](Face face) {
+TEST(Icon, ActivePicturesHaveTheirColours) {
+  const auto middle = [](Icon face) {
     return sketch({40, 40}, 2, [&](QPainter& p) { paint_face(p, {20, 20}, face, true); }).pixel(40 - 6, 40);
   };
-  EXPECT_EQ(middle(Face::PlayActive), palette::kLime);
-  EXPECT_EQ(middle(Face::PauseActive), palette::kYellow);
-  EXPECT_EQ(middle(Face::StopActive), palette::kStopRed);
-  EXPECT_EQ(middle(Face::Stop), palette::kLegend);
+  EXPECT_EQ(middle(Icon::PlayActive), palette::kLime);
+  EXPECT_EQ(middle(Icon::PauseActive), palette::kYellow);
+  EXPECT_EQ(middle(Icon::StopActive), palette::kStopRed);
+  EXPECT_EQ(middle(Icon::Stop), palette::kLegend);
 }
 
 TEST(Stud, IsExactInItsMiddle) {
@@ -172,7 +172,7 @@ TEST(Gauge, IsYellowAboveThreeQuartersAndLowWhereDark) {
 
 TEST(Fader, ValueAndPlaceAreInverse) {
   const QRectF box(267, 144, 22, 84);
-  FaderLook look;
+  FaderState look;
   for (int value = -12; value <= 12; ++value) {
     look.value = value;
     EXPECT_DOUBLE_EQ(fader_y(box, look), 150 + 3 * (12 - value));

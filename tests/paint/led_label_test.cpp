@@ -13,11 +13,11 @@ using namespace Qt::StringLiterals;
 
 constexpr int kScale = 4;
 
-LedLabelLook label_of(const QString& text, int cells) {
+LedLabelState label_of(const QString& text, int cells) {
   return {.text = text, .cells = cells, .pitch = 2, .colour = palette::kWhite, .dark_dots = palette::kWhiteDots};
 }
 
-QImage picture_of(const LedLabelLook& look, double scale = kScale) {
+QImage picture_of(const LedLabelState& look, double scale = kScale) {
   return sketch({100, 22}, scale, [&](QPainter& painter) { paint_led_label(painter, {4, 4}, look); });
 }
 
@@ -58,7 +58,7 @@ TEST(LedLabel, CountsCodePoints) {
 }
 
 TEST(LedLabel, SmallCaptionsHaveNoDarkDotsAndNoGlow) {
-  LedLabelLook look = label_of(u"I"_s, 2);
+  LedLabelState look = label_of(u"I"_s, 2);
   look.pitch = 1;
   look.dark_dots.reset();
   const QImage picture = picture_of(look);
@@ -69,7 +69,7 @@ TEST(LedLabel, SmallCaptionsHaveNoDarkDotsAndNoGlow) {
 TEST(LedLabel, ScrollsByWholeDotsRoundTheRing) {
   const QString ring = u"SONG  "_s;
   for (int moved = 0; moved < 6 * 6; ++moved) {
-    LedLabelLook look = label_of(ring, 3);
+    LedLabelState look = label_of(ring, 3);
     look.scroll = moved;
     const QImage picture = picture_of(look);
     for (int column = 0; column < 3 * 6 - 1; ++column) {
@@ -83,7 +83,7 @@ TEST(LedLabel, ScrollsByWholeDotsRoundTheRing) {
 }
 
 TEST(LedLabel, ARingTurnsForEver) {
-  LedLabelLook look = label_of(u"SONG  "_s, 3);
+  LedLabelState look = label_of(u"SONG  "_s, 3);
   look.scroll = 7;
   const QImage once = picture_of(look);
   look.scroll = 7 + 36 * 1000;

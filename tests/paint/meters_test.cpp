@@ -25,9 +25,9 @@ QImage black(const QSize& size) {
   return image;
 }
 
-TEST(StrokeField, CoversALineAsWideAsItIs) {
+TEST(DistanceField, CoversALineAsWideAsItIs) {
   const StrokeProfile profile(palette::kWhite, {{4, 1}});
-  StrokeField field({40, 20}, profile.reach());
+  DistanceField field({40, 20}, profile.reach());
   field.add_line({5, 10}, {35, 10});
   QImage image = black({40, 20});
   field.blend(image, {0, 0}, profile);
@@ -38,18 +38,18 @@ TEST(StrokeField, CoversALineAsWideAsItIs) {
   EXPECT_EQ(image.pixel(39, 10), 0xFF000000);
 }
 
-TEST(StrokeField, ThinLinesShowTheirShare) {
+TEST(DistanceField, ThinLinesShowTheirShare) {
   const StrokeProfile profile(palette::kWhite, {{.5, 1}});
-  StrokeField field({40, 20}, profile.reach());
+  DistanceField field({40, 20}, profile.reach());
   field.add_line({5, 10.5}, {35, 10.5});
   QImage image = black({40, 20});
   field.blend(image, {0, 0}, profile);
   EXPECT_NEAR(qGray(image.pixel(20, 10)), 128, 3);
 }
 
-TEST(StrokeField, CrossingLinesDoNotAddUp) {
+TEST(DistanceField, CrossingLinesDoNotAddUp) {
   const StrokeProfile profile(palette::kWhite, {{6, .5}});
-  StrokeField field({40, 40}, profile.reach());
+  DistanceField field({40, 40}, profile.reach());
   field.add_line({5, 20}, {35, 20});
   field.add_line({20, 5}, {20, 35});
   QImage image = black({40, 40});
@@ -58,9 +58,9 @@ TEST(StrokeField, CrossingLinesDoNotAddUp) {
   EXPECT_NEAR(qGray(image.pixel(20, 20)), 128, 2);
 }
 
-TEST(StrokeField, LongSteepLinesAreWhole) {
+TEST(DistanceField, LongSteepLinesAreWhole) {
   const StrokeProfile profile(palette::kWhite, {{3, 1}});
-  StrokeField field({120, 100}, profile.reach());
+  DistanceField field({120, 100}, profile.reach());
   const QPointF from(10, 90);
   const QPointF to(110, 5);
   field.add_line(from, to);
@@ -71,9 +71,9 @@ TEST(StrokeField, LongSteepLinesAreWhole) {
   }
 }
 
-TEST(StrokeField, ForgetsAndStaysInside) {
+TEST(DistanceField, ForgetsAndStaysInside) {
   const StrokeProfile profile(palette::kWhite, {{2, 1}});
-  StrokeField field({20, 20}, profile.reach());
+  DistanceField field({20, 20}, profile.reach());
   field.add_line({-50, -50}, {70, 70});
   EXPECT_TRUE(QRect(0, 0, 20, 20).contains(field.touched()));
   field.clear();
@@ -85,10 +85,10 @@ TEST(StrokeField, ForgetsAndStaysInside) {
 }
 
 // Every pixel against the distance that geometry gives it, whichever blocks and rows the lines cross.
-TEST(StrokeField, EveryPixelIsAsFarAsItIs) {
+TEST(DistanceField, EveryPixelIsAsFarAsItIs) {
   const QPointF points[] = {{3, 20}, {17.5, 4}, {18, 55.5}, {60, 40}, {61, 12}, {95.5, 13}, {130, 59}};
   const StrokeProfile profile(palette::kWhite, {{9, .3}, {3, 1}});
-  StrokeField field({101, 60}, profile.reach());
+  DistanceField field({101, 60}, profile.reach());
   for (const QPointF& before : {QPointF(50, 50), QPointF(100, 5)}) {  // what was there before is forgotten
     field.add_line({0, 0}, before);
     field.clear();
@@ -113,9 +113,9 @@ TEST(StrokeField, EveryPixelIsAsFarAsItIs) {
   }
 }
 
-TEST(StrokeField, TakesItsStrokesBackOut) {
+TEST(DistanceField, TakesItsStrokesBackOut) {
   const StrokeProfile profile(palette::kWhite, {{5, 1}});
-  StrokeField field({70, 50}, profile.reach());
+  DistanceField field({70, 50}, profile.reach());
   QImage still = black({70, 50});
   still.fill(0xFF123456);
   QImage image = still;
@@ -140,7 +140,7 @@ QPointF needle_middle(double db, double scale) {
 
 TEST(NeedleMeter, PointsToItsReading) {
   for (const double scale : {1.0, 1.25, 2.0}) {
-    NeedleFace face(scale, kMeter, kWell, false);
+    NeedleBackdrop face(scale, kMeter, kWell, false);
     for (const double db : {-40.0, -10.0, -3.0, 0.0, 3.0}) {
       QImage image = black(face.size());
       QRect standing;
@@ -152,7 +152,7 @@ TEST(NeedleMeter, PointsToItsReading) {
 }
 
 TEST(NeedleMeter, StepByStepGivesThePictureDrawnAtOnce) {
-  NeedleFace face(1.5, kMeter, kWell, true);
+  NeedleBackdrop face(1.5, kMeter, kWell, true);
   QImage moving = black(face.size());
   QRect standing;
   for (int i = 0; i < 40; ++i) {
@@ -173,7 +173,7 @@ TEST(NeedleMeter, StepByStepGivesThePictureDrawnAtOnce) {
 }
 
 TEST(NeedleMeter, StopsJustBeyondTheScale) {
-  NeedleFace face(1, kMeter, kWell, false);
+  NeedleBackdrop face(1, kMeter, kWell, false);
   QImage image = black(face.size());
   QRect standing;
   face.draw(image, {0, 0}, 60, standing);
@@ -196,7 +196,7 @@ TEST(LevelBar, LightsItsRows) {
 
 TEST(Oscilloscope, TracesGoThroughTheirValues) {
   for (const double scale : {1.0, 1.25, 2.0}) {
-    ScopeFace face(scale, kArea, kWell);
+    ScopeBackdrop face(scale, kArea, kWell);
     std::vector<float> left;
     for (int i = 0; i < kScopeValues; ++i) {
       left.push_back(static_cast<float>(.8 * std::sin(i * 2 * std::numbers::pi / 120)));
@@ -211,7 +211,7 @@ TEST(Oscilloscope, TracesGoThroughTheirValues) {
 }
 
 TEST(Oscilloscope, LeftLiesOverRightAndWildValuesAreClamped) {
-  ScopeFace face(1, kArea, kWell);
+  ScopeBackdrop face(1, kArea, kWell);
   const std::vector<float> level(kScopeValues, .5F);
   QImage image = black(face.size());
   face.draw(image, {0, 0}, {level, level});
@@ -224,7 +224,7 @@ TEST(Oscilloscope, LeftLiesOverRightAndWildValuesAreClamped) {
 }
 
 TEST(Oscilloscope, LeavesNothingOfThePictureBefore) {
-  ScopeFace face(1.25, kArea, kWell);
+  ScopeBackdrop face(1.25, kArea, kWell);
   const std::vector<float> high(kScopeValues, .9F);
   const std::vector<float> low(kScopeValues, -.9F);
   QImage used = black(face.size());
@@ -235,7 +235,7 @@ TEST(Oscilloscope, LeavesNothingOfThePictureBefore) {
   face.draw(used, {0, 0}, {quiet, quiet});
   EXPECT_LT(face.draw(used, {0, 0}, {quiet, quiet}).height(), 20);
   face.draw(used, {0, 0}, {low, high});
-  ScopeFace other(1.25, kArea, kWell);
+  ScopeBackdrop other(1.25, kArea, kWell);
   QImage fresh = black(face.size());
   other.draw(fresh, {0, 0}, {low, high});
   EXPECT_EQ(used, fresh);

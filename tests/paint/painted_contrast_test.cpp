@@ -58,11 +58,11 @@ void expect_text(const QImage& picture, const QRectF& box, QRgb ink, double leas
   expect_ink(picture, box, ink, what);
 }
 
-QImage painted(const PanelLook& look) {
+QImage painted(const PanelState& look) {
   return sketch(window_size(look.window.size), kScale, [&](QPainter& painter) { paint_panel(painter, look); });
 }
 
-int chosen_position(const PanelLook& look, std::string_view control) {
+int chosen_position(const PanelState& look, std::string_view control) {
   if (control == "MMSwitchX1") return look.mix.meter.position;
   if (control == "BufferSwitch") return look.mix.buffer.position;
   if (control == "Bypass") return look.mix.bypass.position;
@@ -72,8 +72,8 @@ int chosen_position(const PanelLook& look, std::string_view control) {
 }
 
 TEST(PaintedContrast, OfPositionCaptions) {
-  const auto specimen = make_specimen("board-open");  // the look points into it
-  const PanelLook& look = specimen->look;
+  const auto specimen = sample_panel("board-open");  // the look points into it
+  const PanelState& look = specimen->look;
   const QImage picture = painted(look);
   for (const PositionCaption& caption : position_captions()) {
     const bool faceplate = control_box(caption.control).group == ControlGroup::Mix;
@@ -86,7 +86,7 @@ TEST(PaintedContrast, OfPositionCaptions) {
 }
 
 // A lamp's caption is white while it is lit.
-QRgb caption_ink(const PanelLook& look, std::string_view name) {
+QRgb caption_ink(const PanelState& look, std::string_view name) {
   for (std::size_t i = 0; i < look.mix.lead.size(); ++i)
     if (name == control_box("Label3", static_cast<int>(i) + 1).name)
       return look.mix.lead[i].lit ? palette::kWhite : palette::kLegendUnchosen;
@@ -97,8 +97,8 @@ QRgb caption_ink(const PanelLook& look, std::string_view name) {
 }
 
 TEST(PaintedContrast, OfPrintedCaptions) {
-  const auto specimen = make_specimen("board-open");  // the look points into it
-  const PanelLook& look = specimen->look;
+  const auto specimen = sample_panel("board-open");  // the look points into it
+  const PanelState& look = specimen->look;
   const QImage board = painted(look);
   int seen = 0;
   for (const ControlBox& control : panel_layout()) {
@@ -132,7 +132,7 @@ struct Columns {
 };
 
 TEST(PaintedContrast, OfTheList) {
-  const QImage picture = painted(make_specimen("full-playlist")->look);
+  const QImage picture = painted(sample_panel("full-playlist")->look);
   const QRectF box = control_box("PlayList").box();
   for (int row = 0; row < 9; ++row) {
     const Columns columns(list_row_box(box, row).adjusted(0, 1, 0, -1));
@@ -159,7 +159,7 @@ int nearest(const QImage& picture, const QRectF& box, QRgb ink) {
 }
 
 TEST(PaintedContrast, OfTheNeedleMeters) {
-  const QImage picture = painted(make_specimen("full-vu")->look);
+  const QImage picture = painted(sample_panel("full-vu")->look);
   for (const QRectF& meter : {left_meter_box(), right_meter_box()}) {
     const QRectF foot(meter.left(), meter.bottom() - 18, meter.width(), 12);
     expect_text(picture, {foot.left() + 6, foot.top(), 12, 12}, palette::kSilver, 7, "L and R");
@@ -180,7 +180,7 @@ TEST(PaintedContrast, OfAKeysCaptionIsKeptBesideEveryColour) {
                             palette::kWhite, palette::kRed, 0xFF8080FFU, palette::kNeutralKey}) {
     for (const bool lit : {false, true}) {
       for (const double hover : {0., 1.}) {
-        KeyLook look{.back_colour = colour, .lit = lit, .touch = {.hover = hover}};
+        KeyState look{.back_colour = colour, .lit = lit, .interaction = {.hover = hover}};
         const auto drawn = [&] { return sketch({80, 44}, kScale, [&](QPainter& p) { paint_key(p, box, look); }); };
         const QRectF caption(18, 16, 37, 12);
         const QRgb ink = lit ? palette::kWhite : palette::kLegend;
@@ -196,12 +196,12 @@ TEST(PaintedContrast, OfAKeysCaptionIsKeptBesideEveryColour) {
 
 // The ring lies outside the control, on what is there without it.
 TEST(PaintedContrast, OfTheFocusRing) {
-  const auto specimen = make_specimen("full-equalizer");
-  PanelLook& look = specimen->look;
+  const auto specimen = sample_panel("full-equalizer");
+  PanelState& look = specimen->look;
   const QImage without = painted(look);
-  look.transport.play.touch.focused = true;
-  look.transport.load.touch.focused = true;
-  look.mix.show_list.touch.focused = true;
+  look.transport.play.interaction.focused = true;
+  look.transport.load.interaction.focused = true;
+  look.mix.show_list.interaction.focused = true;
   const QImage picture = painted(look);
   for (const char* name : {"PLAY", "LoadSong", "ShowPlayList"}) {
     const QRectF box = control_box(name).box();

@@ -16,7 +16,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QImage panel_picture(const PanelLook& look, double scale) {
+QImage panel_picture(const PanelState& look, double scale) {
   return sketch(window_size(look.window.size), scale, [&](QPainter& painter) { paint_panel(painter, look); });
 }
 
@@ -87,19 +87,19 @@ TEST(Caption, ItsLastLetterStandsInProportionAtEveryScale) {
 
 TEST(PanelPainter, EveryExampleHasItsWindowSize) {
   for (const std::string_view name : specimen_names()) {
-    const auto specimen = make_specimen(name);
+    const auto specimen = sample_panel(name);
     ASSERT_TRUE(specimen);
     const QImage picture = panel_picture(specimen->look, 1.25);
     const QSize size = window_size(specimen->look.window.size);
     EXPECT_EQ(picture.width(), std::lround(size.width() * 1.25)) << name;
   }
-  EXPECT_FALSE(make_specimen("no such state"));
+  EXPECT_FALSE(sample_panel("no such state"));
 }
 
 TEST(PanelPainter, EveryExampleLooksDifferent) {
   QList<QImage> pictures;
   for (const std::string_view name : specimen_names()) {
-    const QImage picture = panel_picture(make_specimen(name)->look, 1);
+    const QImage picture = panel_picture(sample_panel(name)->look, 1);
     EXPECT_FALSE(pictures.contains(picture)) << name;
     pictures.append(picture);
   }
@@ -111,7 +111,7 @@ TEST(PanelPainter, CornersOfTheWindowStayFree) {
     image.fill(Qt::transparent);
     QPainter painter(&image);
     set_up(painter, 1);
-    paint_panel(painter, make_specimen("compact")->look);
+    paint_panel(painter, sample_panel("compact")->look);
     return image;
   }();
   for (const QPoint corner : {QPoint(0, 0), QPoint(261, 0), QPoint(0, 164), QPoint(261, 164)}) {
@@ -122,15 +122,15 @@ TEST(PanelPainter, CornersOfTheWindowStayFree) {
 
 // The small window is the top left part of the large one, unchanged.
 TEST(PanelPainter, CompactShowsThePartOfTheFullWindow) {
-  const QImage full = panel_picture(make_specimen("full-equalizer")->look, 2);
-  const QImage compact = panel_picture(make_specimen("compact")->look, 2);
+  const QImage full = panel_picture(sample_panel("full-equalizer")->look, 2);
+  const QImage compact = panel_picture(sample_panel("compact")->look, 2);
   const QRect common(2 * 4, 2 * 15, 2 * 254, 2 * 147);
   EXPECT_EQ(full.copy(common), compact.copy(common));
 }
 
 TEST(PanelPainter, TheBoardLeavesTheRestAlone) {
-  const QImage full = panel_picture(make_specimen("full-equalizer")->look, 1);
-  auto board = make_specimen("full-equalizer");
+  const QImage full = panel_picture(sample_panel("full-equalizer")->look, 1);
+  auto board = sample_panel("full-equalizer");
   board->look.window.size = WindowSize::Board;
   const QRect common(4, 4, 599, 248);
   EXPECT_EQ(full.copy(common), panel_picture(board->look, 1).copy(common));
@@ -150,7 +150,7 @@ TEST(PanelPainter, BackgroundDependsOnTheWindowStateAlone) {
 
 TEST(PanelPainter, HeadKeepsItsButtonsInEveryWindow) {
   for (const std::string_view name : {"compact", "full-vu", "board-open"}) {
-    const QImage picture = panel_picture(make_specimen(name)->look, 2);
+    const QImage picture = panel_picture(sample_panel(name)->look, 2);
     const int x = picture.width() - 2 * 11;
     EXPECT_GT(qGray(picture.pixel(x, 15)), 150) << "the middle of the cross, " << name;
   }

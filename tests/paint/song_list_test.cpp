@@ -106,12 +106,12 @@ TEST(SongList, TheThumbRunsTheWholeTrack) {
   EXPECT_NEAR(list_thumb_box(kBox, 4990, 5000).bottom(), track.bottom(), 1e-9);
 }
 
-QImage list_picture(const SongListLook& look) {
+QImage list_picture(const SongListState& look) {
   return sketch({293, 141}, 1, [&](QPainter& painter) { paint_song_list(painter, kBox, look); });
 }
 
 TEST(SongList, HidesTheScrollBarWhenAllFits) {
-  SongListLook look;
+  SongListState look;
   look.count = 10;
   EXPECT_EQ(list_picture(look).pixel(286, 70), 0xFF000000);
   look.count = 11;
@@ -119,7 +119,7 @@ TEST(SongList, HidesTheScrollBarWhenAllFits) {
 }
 
 TEST(SongList, MarksTheSelectedRow) {
-  SongListLook look;
+  SongListState look;
   look.rows = {u"01 - /a/b.mp3"_s, u"02 - /a/c.mp3"_s};
   look.count = 2;
   look.selected = 1;
@@ -132,7 +132,7 @@ TEST(SongList, MarksTheSelectedRow) {
 
 TEST(SongList, ANameWiderThanItsLineShowsItsEnd) {
   const auto row_of = [](const QString& name) {
-    SongListLook look;
+    SongListState look;
     look.rows = {u"01 - /a/"_s + name};
     look.count = 1;
     return list_picture(look).copy(0, 5, 293, 13);
@@ -145,7 +145,7 @@ TEST(SongList, ANameWiderThanItsLineShowsItsEnd) {
 }
 
 TEST(SongList, TextNeverReachesTheScrollBar) {
-  SongListLook look;
+  SongListState look;
   look.rows = {u"01 - /a/"_s + QString(400, u'W') + u".mp3"_s};
   look.count = 1;
   const QImage picture = list_picture(look);

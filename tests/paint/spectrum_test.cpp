@@ -12,7 +12,7 @@ namespace {
 const QRectF kArea(264, 16, 337, 91);
 const QRectF kWell(262, 14, 341, 95);
 
-SpectrumFace face_of(SpectrumKind kind, double scale = 1, int columns = 32, bool led = true, bool grid = false) {
+SpectrumBackdrop face_of(SpectrumKind kind, double scale = 1, int columns = 32, bool led = true, bool grid = false) {
   SpectrumStyle style;
   style.kind = kind;
   style.columns = columns;
@@ -44,13 +44,13 @@ Frame random_frame(std::minstd_rand& random, int columns, int marks) {
   return frame;
 }
 
-QImage blank(const SpectrumFace& face, const QPoint& origin) {
+QImage blank(const SpectrumBackdrop& face, const QPoint& origin) {
   QImage image(face.size() + QSize(2 * origin.x(), 2 * origin.y()), QImage::Format_RGB32);
   image.fill(0xFF123456);
   return image;
 }
 
-QImage drawn_at_once(const SpectrumFace& face, const QPoint& origin, const SpectrumPicture& picture) {
+QImage drawn_at_once(const SpectrumBackdrop& face, const QPoint& origin, const SpectrumPicture& picture) {
   QImage image = blank(face, origin);
   SpectrumTrace nothing;
   update_spectrum(image, origin, face, picture, nothing);
@@ -78,7 +78,7 @@ TEST_P(EveryKind, StepByStepGivesThePictureDrawnAtOnce) {
   constexpr int kMarks = 3;
   const QPoint origin(7, 5);
   for (const bool led : {true, false}) {
-    const SpectrumFace face = face_of(kind(), scale(), 32, led, true);
+    const SpectrumBackdrop face = face_of(kind(), scale(), 32, led, true);
     std::minstd_rand random(5);
     QImage image = blank(face, origin);
     SpectrumTrace standing;
@@ -95,7 +95,7 @@ TEST_P(EveryKind, StepByStepGivesThePictureDrawnAtOnce) {
 }
 
 TEST_P(EveryKind, APictureThatStandsStillChangesNothing) {
-  const SpectrumFace face = face_of(kind(), scale());
+  const SpectrumBackdrop face = face_of(kind(), scale());
   std::minstd_rand random(9);
   const Frame frame = random_frame(random, 32, 1);
   QImage image = blank(face, {0, 0});
@@ -107,13 +107,13 @@ TEST_P(EveryKind, APictureThatStandsStillChangesNothing) {
 INSTANTIATE_TEST_SUITE_P(Spectrum, EveryKind,
                          ::testing::Combine(::testing::Range(0, 6), ::testing::Values(1.0, 1.25, 2.0)));
 
-QRgb middle_of_spot(const QImage& image, const SpectrumFace& face, int column, int row) {
+QRgb middle_of_spot(const QImage& image, const SpectrumBackdrop& face, int column, int row) {
   const SpectrumGrid& grid = face.grid();
   return image.pixel(grid.column_x(0, column) + 1, grid.row_top[static_cast<std::size_t>(row)]);
 }
 
 TEST(Spectrum, LightsTheRoundedRowsInTheirColours) {
-  const SpectrumFace face = face_of(SpectrumKind::Bars);
+  const SpectrumBackdrop face = face_of(SpectrumKind::Bars);
   const std::vector<float> heights = {.25F, .5F, 1};
   SpectrumPicture picture;
   picture.left = heights;
@@ -130,7 +130,7 @@ TEST(Spectrum, LightsTheRoundedRowsInTheirColours) {
 }
 
 TEST(Spectrum, SpotsOutOfTheSheenAreExact) {
-  const SpectrumFace face = face_of(SpectrumKind::Bars, 2);
+  const SpectrumBackdrop face = face_of(SpectrumKind::Bars, 2);
   const std::vector<float> heights(32, .1F);
   SpectrumPicture picture;
   picture.right = heights;
@@ -145,14 +145,14 @@ TEST(Spectrum, SpotsOutOfTheSheenAreExact) {
 TEST(Spectrum, InactiveSpotsCanBeHidden) {
   SpectrumStyle style;
   style.inactive = false;
-  const SpectrumFace face(style, 1, kArea, kWell);
+  const SpectrumBackdrop face(style, 1, kArea, kWell);
   const QImage image = drawn_at_once(face, {0, 0}, {});
   const int x = face.grid().column_x(1, 20) + 1;
   EXPECT_LT(qGreen(image.pixel(x, face.grid().row_top[8] + 1)), 20);
 }
 
 TEST(Spectrum, PeakMarksFadeWithAge) {
-  const SpectrumFace face = face_of(SpectrumKind::Bars);
+  const SpectrumBackdrop face = face_of(SpectrumKind::Bars);
   const std::vector<float> peaks = {.9F, .6F, .3F};
   SpectrumPicture picture;
   picture.left_peaks = peaks;
@@ -184,7 +184,7 @@ TEST(Spectrum, AnyLengthStaysInTheArea) {
   for (const int bins : {2, 4, 8, 16, 32, 64, 128, 256, 1024, 2048}) {
     for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
       const int columns = spectrum_columns(bins);
-      const SpectrumFace face = face_of(SpectrumKind::Bars, scale, columns);
+      const SpectrumBackdrop face = face_of(SpectrumKind::Bars, scale, columns);
       const SpectrumGrid& grid = face.grid();
       EXPECT_GE(grid.left[0], 0);
       EXPECT_GT(grid.width, 0);
@@ -195,7 +195,7 @@ TEST(Spectrum, AnyLengthStaysInTheArea) {
 }
 
 TEST(Spectrum, MissingAndWildValuesAreHarmless) {
-  const SpectrumFace face = face_of(SpectrumKind::Bars);
+  const SpectrumBackdrop face = face_of(SpectrumKind::Bars);
   const std::vector<float> wild = {-3, 7};
   SpectrumPicture picture;
   picture.left = wild;
@@ -212,7 +212,7 @@ TEST(Spectrum, NotchesTheScaleStripAtTheOctaves) {
     style.columns = columns;
     style.low = low;
     style.high = high;
-    const SpectrumFace face(style, 1, kArea, kWell);
+    const SpectrumBackdrop face(style, 1, kArea, kWell);
     std::vector<int> found;
     for (int x = 0; x < 158; ++x) {
       if (qBlue(face.dark().pixel(face.grid().left[1] + x, 88)) < 60) found.push_back(x);
@@ -228,7 +228,7 @@ TEST(Spectrum, NotchesTheScaleStripAtTheOctaves) {
 TEST(Spectrum, MarksTheReferenceFrequency) {
   SpectrumStyle style;
   style.reference = .5;
-  const SpectrumFace face(style, 2, kArea, kWell);
+  const SpectrumBackdrop face(style, 2, kArea, kWell);
   int white = 0;
   for (int x = 0; x < face.size().width() / 2; ++x) white += face.dark().pixel(x, 176) == palette::kWhite ? 1 : 0;
   EXPECT_EQ(white, 2) << "1 px at 200 %";

@@ -14,7 +14,7 @@ namespace {
 struct StateColour {
   const char* what;
   const char* control;
-  void (*change)(PanelLook& look);
+  void (*change)(PanelState& look);
   QPointF place;  ///< from the control's top left, px
   QRgb colour;
 };
@@ -27,7 +27,7 @@ constexpr QPointF kListKey(1.5, 14);
 constexpr QPointF kLead(9.2, 9.2);
 constexpr QPointF kLens(2, 6);
 
-#define STATE(expression) []([[maybe_unused]] PanelLook& look) { expression; }
+#define STATE(expression) []([[maybe_unused]] PanelState& look) { expression; }
 
 const StateColour kStates[] = {
     {"playing", "PLAY", STATE(), kKey, 0xFF1F7A33},
@@ -40,13 +40,14 @@ const StateColour kStates[] = {
     {"not paused", "PAUSE", STATE(), kKey, 0xFF808000},
     {"first", "NextBtn", STATE(), kKey, 0xFFC04000},
     {"skipping", "NextBtn",
-     STATE(look.transport.next.back_colour = palette::kSilver; look.transport.next.touch.enabled = false), kKey,
+     STATE(look.transport.next.back_colour = palette::kSilver; look.transport.next.interaction.enabled = false), kKey,
      0xFFC0C0C0},
     {"after a skip", "NextBtn", STATE((look.transport.next = {.back_colour = 0xFF8080FF, .lit = true})), kKey,
      0xFF8080FF},
     {"released", "LoadSong", STATE(), kKey, 0xFF808080},
     {"pressed", "LoadSong",
-     STATE(look.transport.load.back_colour = 0xFFE0E0E0; look.transport.load.touch.pressed = true), kKey, 0xFFE0E0E0},
+     STATE(look.transport.load.back_colour = 0xFFE0E0E0; look.transport.load.interaction.pressed = true), kKey,
+     0xFFE0E0E0},
     {"released", "Command2", STATE(), {6.5, 6.5}, 0xFFC0C0C0},
     {"pressed", "Command2", STATE(look.mix.reset_pitch.pressed = true), {6.5, 6.5}, 0xFF808080},
     {"list hidden", "ShowPlayList", STATE(), kLowKey, 0xFF0000FF},
@@ -57,7 +58,7 @@ const StateColour kStates[] = {
     {"board shown", "ShowControls", STATE((look.mix.show_board = {.back_colour = palette::kLime, .lit = true})),
      kLowKey, 0xFF00FF00},
     {"rest", "UpList", STATE(look.window.song_list = true), kListKey, 0xFF4C5259},
-    {"disabled", "DownList", STATE(look.window.song_list = true; look.list.down.touch.enabled = false), kListKey,
+    {"disabled", "DownList", STATE(look.window.song_list = true; look.list.down.interaction.enabled = false), kListKey,
      0xFF4C5259},
     {"lit", "AMLed2", STATE(), kLead, 0xFFFF8000},
     {"dark", "AMLed1", STATE(), kLead, 0xFF804000},
@@ -75,7 +76,7 @@ const StateColour kStates[] = {
 #undef STATE
 
 QImage picture_in(const StateColour& state, double scale) {
-  const auto specimen = make_specimen("board-open");
+  const auto specimen = sample_panel("board-open");
   state.change(specimen->look);
   return sketch(window_size(WindowSize::Board), scale,
                 [&](QPainter& painter) { paint_panel(painter, specimen->look); });

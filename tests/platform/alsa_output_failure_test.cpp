@@ -31,8 +31,8 @@ class AlsaOutputFailureTest : public testing::Test {
     ::setenv("ALSA_CONFIG_PATH", configuration.c_str(), 1);
   }
   bool heard_further(const AlsaOutput& output, std::uint64_t frames) const {
-    const std::uint64_t target = output.heard() + frames;
-    return wait_until([&] { return output.heard() >= target; });
+    const std::uint64_t target = output.frames_played() + frames;
+    return wait_until([&] { return output.frames_played() >= target; });
   }
   std::vector<Stretch> recorded() const {
     const std::lock_guard lock(desk_->mutex);
@@ -42,7 +42,7 @@ class AlsaOutputFailureTest : public testing::Test {
   void expect_to_go_on_after(Fault fault) {
     AlsaOutput output(ring_, {"card"});
     OutputFeeder feeder(ring_, output, 2 * kRequest);
-    output.set_depth(4);
+    output.set_queue_length(4);
     output.start();
     for (int i = 0; i < 5; ++i) {
       ASSERT_TRUE(heard_further(output, 4 * kRequest));
@@ -52,7 +52,7 @@ class AlsaOutputFailureTest : public testing::Test {
     ASSERT_TRUE(heard_further(output, 4 * kRequest));
     EXPECT_EQ(recorded().size(), 1U) << testing::PrintToString(recorded());
     EXPECT_EQ(desk_->opened, 1) << "it was given back";
-    EXPECT_EQ(output.breaks(), fault == Fault::kUnderrun ? 5U : 0U);
+    EXPECT_EQ(output.underruns(), fault == Fault::kUnderrun ? 5U : 0U);
   }
 
   const OutputTestServer server_;  // not started
@@ -72,7 +72,7 @@ TEST_F(AlsaOutputFailureTest, AnUnpluggedCardIsGivenBackAndFoundAgain) {
     ASSERT_TRUE(heard_further(output, 4 * kRequest));
     desk_->fault = Fault::kGone;
     ASSERT_TRUE(wait_until([&] { return !output.consuming(); }));
-    EXPECT_EQ(output.heard(), ring_.taken()) << "nobody will hear the rest";
+    EXPECT_EQ(output.frames_played(), ring_.taken()) << "nobody will hear the rest";
     desk_->fault = Fault::kNone;
     ASSERT_TRUE(wait_until([&] { return output.consuming(); }, std::chrono::seconds(2)));
   }

@@ -37,9 +37,9 @@ TEST_F(AlsaOutputTest, EveryFrameReachesTheDeviceUnchanged) {
   OutputFeeder feeder(ring_, output, 2 * kRequest);
   output.open(kBuffer);
   output.start();
-  ASSERT_TRUE(wait_until([&] { return output.heard() > 100000; }));
+  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 100000; }));
   output.close();
-  ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.heard() == ring_.taken(); }));
+  ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.frames_played() == ring_.taken(); }));
   ASSERT_TRUE(wait_until([&] { return server_.recording().size() >= ring_.taken(); }));
   const std::vector<Stretch> played = stretches_of(server_.recording());
   ASSERT_EQ(played.size(), 1U);
@@ -52,10 +52,10 @@ TEST_F(AlsaOutputTest, PauseHoldsAndRestartGoesOn) {
   OutputFeeder feeder(ring_, output, 2 * kRequest);
   output.start();
   for (int i = 0; i < 5; ++i) {
-    const std::uint64_t before = output.heard();
-    ASSERT_TRUE(wait_until([&] { return output.heard() > before + 4 * kRequest; }));
+    const std::uint64_t before = output.frames_played();
+    ASSERT_TRUE(wait_until([&] { return output.frames_played() > before + 4 * kRequest; }));
     output.pause();
-    ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.heard() == ring_.taken(); }));
+    ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.frames_played() == ring_.taken(); }));
     output.restart();
   }
 }
@@ -66,7 +66,7 @@ TEST_F(AlsaOutputTest, AMissingDeviceIsLookedForAgain) {
   output.start();
   EXPECT_FALSE(output.consuming());
   server_.start();
-  EXPECT_TRUE(wait_until([&] { return output.heard() > 4 * kRequest; }));
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > 4 * kRequest; }));
 }
 
 TEST_F(AlsaOutputTest, AClockedDeviceIsFollowedAndFoundAgain) {
@@ -75,15 +75,15 @@ TEST_F(AlsaOutputTest, AClockedDeviceIsFollowedAndFoundAgain) {
   AlsaOutput output(ring_, {"clocked"});
   OutputFeeder feeder(ring_, output, 2 * kRequest);
   output.open(kBuffer);
-  output.set_depth(8);
+  output.set_queue_length(8);
   output.start();
-  ASSERT_TRUE(wait_until([&] { return output.heard() > 4 * kRequest; }));
+  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 4 * kRequest; }));
   const Nanoseconds began = monotonic_now();
-  const std::uint64_t from = output.heard();
-  ASSERT_TRUE(wait_until([&] { return output.heard() >= from + 22050; }));
+  const std::uint64_t from = output.frames_played();
+  ASSERT_TRUE(wait_until([&] { return output.frames_played() >= from + 22050; }));
   EXPECT_GT(monotonic_now() - began, 450 * kNanosecondsPerMillisecond);
   output.pause();
-  ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.heard() == ring_.taken(); }));
+  ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.frames_played() == ring_.taken(); }));
   ASSERT_TRUE(wait_until([&] {
     const std::vector<Stretch> played = stretches_of(server_.recording());
     return played.size() == 1 && played[0].frames == ring_.taken();
@@ -92,28 +92,29 @@ TEST_F(AlsaOutputTest, AClockedDeviceIsFollowedAndFoundAgain) {
   server_.kill_hard();
   ASSERT_TRUE(wait_until([&] { return !output.consuming(); }));
   server_.start();
-  const std::uint64_t stood = output.heard();
-  EXPECT_TRUE(wait_until([&] { return output.heard() > stood + 4 * kRequest; }));
+  const std::uint64_t stood = output.frames_played();
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 4 * kRequest; }));
 }
 
 TEST_F(AlsaOutputTest, TheServerIsPreferredAndAlsaStandsIn) {
   DeviceOutput output(ring_, "nowhere");
   OutputFeeder feeder(ring_, output, 2 * kRequest);
   output.start();
-  ASSERT_TRUE(wait_until([&] { return output.heard() > 100 * kRequest; })) << "no server: ALSA";
+  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 100 * kRequest; })) << "no server: ALSA";
   server_.start();
   const Nanoseconds deadline = monotonic_now() + 10 * kNanosecondsPerSecond;
   bool clocked = false;  // the device without a clock takes sound many times faster
   while (!clocked && monotonic_now() < deadline) {
-    const std::uint64_t from = output.heard();
+    const std::uint64_t from = output.frames_played();
     const Nanoseconds began = monotonic_now();
-    wait_until([&] { return output.heard() >= from + 4 * kRequest; });
+    wait_until([&] { return output.frames_played() >= from + 4 * kRequest; });
     clocked = monotonic_now() - began > 80 * kNanosecondsPerMillisecond;
   }
   EXPECT_TRUE(clocked) << "the server came: it plays";
   server_.kill_hard();
-  const std::uint64_t stood = output.heard();
-  EXPECT_TRUE(wait_until([&] { return output.heard() > stood + 100 * kRequest; })) << "the server went: ALSA again";
+  const std::uint64_t stood = output.frames_played();
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 100 * kRequest; }))
+      << "the server went: ALSA again";
 }
 
 TEST_F(AlsaOutputTest, WithoutAnyDeviceOrdersAreServedAndNothingConsumes) {
@@ -126,7 +127,7 @@ TEST_F(AlsaOutputTest, WithoutAnyDeviceOrdersAreServedAndNothingConsumes) {
   output.start();
   EXPECT_FALSE(output.consuming());
   EXPECT_FALSE(output.lost());
-  EXPECT_EQ(output.heard(), ring_.taken());
+  EXPECT_EQ(output.frames_played(), ring_.taken());
 }
 
 }  // namespace

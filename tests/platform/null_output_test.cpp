@@ -21,10 +21,10 @@ class NullOutputTest : public testing::Test {
 TEST_F(NullOutputTest, KeepsThePaceOfTheClock) {
   output_.open(kBuffer);
   output_.start();
-  ASSERT_TRUE(wait_until([&] { return output_.heard() > kRequest; }));
+  ASSERT_TRUE(wait_until([&] { return output_.frames_played() > kRequest; }));
   const Nanoseconds began = monotonic_now();
-  const std::uint64_t from = output_.heard();
-  ASSERT_TRUE(wait_until([&] { return output_.heard() >= from + 22050; }));
+  const std::uint64_t from = output_.frames_played();
+  ASSERT_TRUE(wait_until([&] { return output_.frames_played() >= from + 22050; }));
   const Nanoseconds took = monotonic_now() - began;
   EXPECT_GE(took, kNanosecondsPerSecond / 2 - kNanosecondsPerMillisecond);
   EXPECT_EQ(output_.request_frames(), static_cast<int>(kRequest));
@@ -32,28 +32,28 @@ TEST_F(NullOutputTest, KeepsThePaceOfTheClock) {
 
 TEST_F(NullOutputTest, PauseHoldsWithEverythingPlayedAndRestartGoesOn) {
   output_.start();
-  ASSERT_TRUE(wait_until([&] { return output_.heard() > kRequest; }));
+  ASSERT_TRUE(wait_until([&] { return output_.frames_played() > kRequest; }));
   output_.pause();
-  ASSERT_TRUE(wait_until([&] { return !output_.consuming() && output_.heard() == ring_.taken(); }));
-  const std::uint64_t held = output_.heard();
+  ASSERT_TRUE(wait_until([&] { return !output_.consuming() && output_.frames_played() == ring_.taken(); }));
+  const std::uint64_t held = output_.frames_played();
   output_.restart();
-  EXPECT_TRUE(wait_until([&] { return output_.heard() > held + kRequest; }));
+  EXPECT_TRUE(wait_until([&] { return output_.frames_played() > held + kRequest; }));
 }
 
 TEST_F(NullOutputTest, DeepQueueIsTakenAheadOfWhatIsHeard) {
   output_.open(kBuffer);
-  output_.set_depth(12);
+  output_.set_queue_length(12);
   output_.start();
-  EXPECT_TRUE(wait_until([&] { return ring_.taken() >= output_.heard() + 11 * kRequest; }));
+  EXPECT_TRUE(wait_until([&] { return ring_.taken() >= output_.frames_played() + 11 * kRequest; }));
   const std::uint64_t taken = ring_.taken();  // asked first: the clock runs on
-  EXPECT_LE(taken, output_.heard() + 12 * kRequest);
+  EXPECT_LE(taken, output_.frames_played() + 12 * kRequest);
 }
 
 TEST_F(NullOutputTest, TakesNothingWhenClosed) {
   output_.start();
   ASSERT_TRUE(wait_until([&] { return output_.consuming(); }));
   output_.close();
-  EXPECT_TRUE(wait_until([&] { return !output_.consuming() && output_.heard() == ring_.taken(); }));
+  EXPECT_TRUE(wait_until([&] { return !output_.consuming() && output_.frames_played() == ring_.taken(); }));
 }
 
 }  // namespace

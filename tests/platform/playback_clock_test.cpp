@@ -9,22 +9,22 @@ namespace {
 
 constexpr Nanoseconds kSecond = kNanosecondsPerSecond;
 
-TEST(HeardClockTest, RunsOnBetweenReportsUpToTheCeiling) {
-  HeardClock clock;
+TEST(PlaybackClockTest, RunsOnBetweenReportsUpToTheCeiling) {
+  PlaybackClock clock;
   clock.publish({1000, kSecond, 6000});
   EXPECT_EQ(clock.heard(kSecond), 1000U);
   EXPECT_EQ(clock.heard(kSecond + kSecond / 10), 5410U);
   EXPECT_EQ(clock.heard(2 * kSecond), 6000U);
 }
 
-TEST(HeardClockTest, StandsStillWhereTheCeilingIsThePosition) {
-  HeardClock clock;
+TEST(PlaybackClockTest, StandsStillWhereTheCeilingIsThePosition) {
+  PlaybackClock clock;
   clock.publish({1000, kSecond, 1000});
   EXPECT_EQ(clock.heard(30 * kSecond), 1000U);
 }
 
-TEST(HeardClockTest, NeverGoesBack) {
-  HeardClock clock;
+TEST(PlaybackClockTest, NeverGoesBack) {
+  PlaybackClock clock;
   clock.publish({0, 0, 100000});
   EXPECT_EQ(clock.heard(kSecond), 44100U);
   clock.publish({40000, kSecond, 100000});
@@ -33,8 +33,8 @@ TEST(HeardClockTest, NeverGoesBack) {
 }
 
 // frames and ceiling are always published equal, so a mixed reading would show as a number never published.
-TEST(HeardClockTest, AReaderNeverSeesHalfAReport) {
-  HeardClock clock;
+TEST(PlaybackClockTest, AReaderNeverSeesHalfAReport) {
+  PlaybackClock clock;
   std::thread writer([&] {
     for (std::uint64_t i = 0; i < 200000; ++i) clock.publish({i * 10, 0, i * 10});
   });

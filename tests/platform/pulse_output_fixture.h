@@ -24,11 +24,11 @@ class PulseOutputFixture : public testing::Test {
     return wait_until([this] { return output_.consuming(); });
   }
   bool heard_further(std::uint64_t frames) const {
-    const std::uint64_t target = output_.heard() + frames;
-    return wait_until([&] { return output_.heard() >= target; });
+    const std::uint64_t target = output_.frames_played() + frames;
+    return wait_until([&] { return output_.frames_played() >= target; });
   }
   bool played_out() const {
-    return wait_until([this] { return !output_.consuming() && output_.heard() == ring_.taken(); });
+    return wait_until([this] { return !output_.consuming() && output_.frames_played() == ring_.taken(); });
   }
   // What was recorded once the last frame that was taken is among it.
   std::vector<Stretch> recorded() const {

@@ -31,7 +31,7 @@ class PulseOutputLightTest : public PulseOutputFixture {
     server_.start();
     OutputFeeder feeder(ring_, output_, kKeep * 4);
     output_.open(kBuffer);
-    output_.set_depth(depth);
+    output_.set_queue_length(depth);
     output_.start();
     EXPECT_TRUE(heard_further(44100));  // libpulse asks for the time more often at first
     const long before = sleeps_of_the_output();
@@ -63,7 +63,7 @@ TEST_F(PulseOutputLightTest, AStarvedStreamDoesNotSpin) {
   output_.start();
   ASSERT_TRUE(heard_further(kRequest));
   feeder.hold_back(true);
-  ASSERT_TRUE(wait_until([&] { return ring_.readable() == 0 && output_.heard() == ring_.taken(); }));
+  ASSERT_TRUE(wait_until([&] { return ring_.readable() == 0 && output_.frames_played() == ring_.taken(); }));
   const long before = sleeps_of_the_output();
   const Nanoseconds began = monotonic_now();
   ASSERT_TRUE(wait_until([&] { return monotonic_now() - began > kNanosecondsPerSecond / 2; }));

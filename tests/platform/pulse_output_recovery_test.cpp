@@ -65,7 +65,7 @@ class PulseOutputRecoveryTest : public PulseOutputFixture {
  protected:
   void play() {
     server_.start();
-    output_.set_depth(4);
+    output_.set_queue_length(4);
     output_.start();
     ASSERT_TRUE(heard_further(kRequest));
   }
@@ -76,7 +76,7 @@ class PulseOutputRecoveryTest : public PulseOutputFixture {
   // What begins, comes back or moves has run dry on the way, but not because its queue was too short.
   void expect_no_break() const {
     if (server_.waited_for_a_processor() < milliseconds(100)) {
-      EXPECT_EQ(output_.breaks(), 0U);
+      EXPECT_EQ(output_.underruns(), 0U);
     }
   }
 
@@ -89,8 +89,8 @@ class PulseOutputRecoveryTest : public PulseOutputFixture {
       go();
       const Nanoseconds back = monotonic_now();
       come();
-      const std::uint64_t stood = output_.heard();
-      ASSERT_TRUE(wait_until([&] { return output_.consuming() && output_.heard() > stood; }, kBackWithin)) << i;
+      const std::uint64_t stood = output_.frames_played();
+      ASSERT_TRUE(wait_until([&] { return output_.consuming() && output_.frames_played() > stood; }, kBackWithin)) << i;
       slowest = std::max(slowest, monotonic_now() - back);
       ASSERT_TRUE(heard_further(kRequest));
       if (!growth) growth.emplace();
@@ -102,7 +102,7 @@ class PulseOutputRecoveryTest : public PulseOutputFixture {
   }
   void expect_silent_and_all_heard() const {
     EXPECT_TRUE(silent());
-    EXPECT_EQ(output_.heard(), ring_.taken());
+    EXPECT_EQ(output_.frames_played(), ring_.taken());
   }
 
   OutputFeeder feeder_{ring_, output_, kKeep};
@@ -120,7 +120,7 @@ TEST_F(PulseOutputRecoveryTest, AServerThatIsKilledAgainAndAgainIsFoundAgain) {
 TEST_F(PulseOutputRecoveryTest, NoServerAtStart) {
   output_.start();
   EXPECT_FALSE(output_.consuming());
-  EXPECT_EQ(output_.heard(), 0U);
+  EXPECT_EQ(output_.frames_played(), 0U);
   server_.start();
   const Nanoseconds began = monotonic_now();
   EXPECT_TRUE(wait_until([&] { return output_.consuming(); }, kBackWithin));
@@ -142,7 +142,8 @@ TEST_F(PulseOutputRecoveryTest, AServerStandsStillAndGoesOn) {
   play();
   const auto go = [this] {
     server_.freeze();
-    EXPECT_TRUE(wait_until([this] { return ring_.taken() - output_.heard() < kRequest; })) << "it plays what it has";
+    EXPECT_TRUE(wait_until([this] { return ring_.taken() - output_.frames_played() < kRequest; }))
+        << "it plays what it has";
   };
   expect_back_each_time("sound server stopped and continued", go, [this] { server_.thaw(); });
 }
@@ -173,17 +174,17 @@ TEST_F(PulseOutputRecoveryTest, AServerThatHangsHoldsNobodyAndGoesOnAfterwards) 
   play();
   server_.freeze();
   const Nanoseconds began = monotonic_now();
-  output_.set_depth(8);
+  output_.set_queue_length(8);
   output_.pause();
   output_.restart();
   const Nanoseconds held = monotonic_now() - began;
   EXPECT_LT(held, 50 * kNanosecondsPerMillisecond);
   test::record_fault("sound server frozen while orders are given", "nobody waits for it",
                      "held for " + std::to_string(held / kNanosecondsPerMillisecond) + " ms");
-  EXPECT_TRUE(wait_until([&] { return output_.heard() == ring_.taken(); }));
-  const std::uint64_t stands = output_.heard();
+  EXPECT_TRUE(wait_until([&] { return output_.frames_played() == ring_.taken(); }));
+  const std::uint64_t stands = output_.frames_played();
   server_.thaw();
-  EXPECT_TRUE(wait_until([&] { return output_.heard() > stands + 8 * kRequest; }));
+  EXPECT_TRUE(wait_until([&] { return output_.frames_played() > stands + 8 * kRequest; }));
 }
 
 TEST_F(PulseOutputRecoveryTest, AServerThatHangsDoesNotHoldTheEnd) {
@@ -214,7 +215,7 @@ TEST_F(PulseOutputRecoveryTest, WhatWasStoppedWithoutADeviceDoesNotComeBack) {
   ASSERT_TRUE(silent());
   output_.stop();
   EXPECT_TRUE(wait_until([&] { return ring_.readable() == 0; }));
-  EXPECT_EQ(output_.heard(), ring_.taken());
+  EXPECT_EQ(output_.frames_played(), ring_.taken());
 }
 
 }  // namespace

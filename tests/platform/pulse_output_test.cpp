@@ -21,7 +21,7 @@ TEST_F(PulseOutputTest, EveryFrameIsPlayedOnceAndUnchanged) {
   server_.start_recording();
   const auto waited_before = server_.waited_for_a_processor();
   output_.open(kBuffer);
-  output_.set_depth(8);
+  output_.set_queue_length(8);
   output_.start();
   ASSERT_TRUE(heard_further(44100));
   output_.stop();
@@ -30,7 +30,7 @@ TEST_F(PulseOutputTest, EveryFrameIsPlayedOnceAndUnchanged) {
 }
 
 TEST_F(PulseOutputTest, HeardFollowsTheClockAndNeverGoesBack) {
-  output_.set_depth(6);
+  output_.set_queue_length(6);
   output_.start();
   ASSERT_TRUE(heard_further(kRequest));
   std::vector<double> ahead;  // of the clock, in milliseconds
@@ -38,7 +38,7 @@ TEST_F(PulseOutputTest, HeardFollowsTheClockAndNeverGoesBack) {
   std::uint64_t last = 0;
   bool back = false;
   for (Nanoseconds now = began; now < began + kNanosecondsPerSecond; now = monotonic_now()) {
-    const std::uint64_t heard = output_.heard();
+    const std::uint64_t heard = output_.frames_played();
     back = back || heard < last || heard > ring_.taken();
     last = heard;
     // A reading that was interrupted says nothing about the position.
@@ -57,17 +57,17 @@ TEST_F(PulseOutputTest, HeardFollowsTheClockAndNeverGoesBack) {
 TEST_F(PulseOutputTest, DepthChangesWithoutAGap) {
   server_.start_recording();
   const auto waited_before = server_.waited_for_a_processor();
-  output_.set_depth(6);
+  output_.set_queue_length(6);
   output_.start();
   for (const int depth : {19, 6, 12}) {
     ASSERT_TRUE(heard_further(kRequest * 4));
-    output_.set_depth(depth);
+    output_.set_queue_length(depth);
     const auto queued = static_cast<std::uint64_t>(depth) * kRequest;
     EXPECT_TRUE(wait_until([&] {
-      const std::uint64_t ahead = ring_.taken() - output_.heard();
+      const std::uint64_t ahead = ring_.taken() - output_.frames_played();
       return ahead > queued * 6 / 10 && ahead < queued * 12 / 10;
     })) << depth
-        << " buffers, ahead " << ring_.taken() - output_.heard();
+        << " buffers, ahead " << ring_.taken() - output_.frames_played();
   }
   output_.stop();
   ASSERT_TRUE(played_out());
@@ -75,22 +75,22 @@ TEST_F(PulseOutputTest, DepthChangesWithoutAGap) {
 }
 
 TEST_F(PulseOutputTest, ADeepQueueIsAskedForInQuartersAndAShortOneAsItIsPlayed) {
-  output_.set_depth(19);
+  output_.set_queue_length(19);
   output_.start();
   ASSERT_TRUE(consuming());
   const auto about = [this](double buffers) {
     return std::abs(output_.request_frames() - buffers * static_cast<double>(kRequest)) < 2;
   };
   EXPECT_TRUE(wait_until([&] { return about(19.0 / 4); }));
-  output_.set_depth(7);
+  output_.set_queue_length(7);
   EXPECT_TRUE(wait_until([&] { return about(1.0 / 8); }));
-  output_.set_depth(2);
+  output_.set_queue_length(2);
   EXPECT_TRUE(wait_until([&] { return about(1.0 / 8); }));
 }
 
 TEST_F(PulseOutputTest, PausePlaysWhatIsQueuedAndRestartGoesOnWithTheNextFrame) {
   server_.start_recording();
-  output_.set_depth(4);
+  output_.set_queue_length(4);
   output_.start();
   ASSERT_TRUE(heard_further(kRequest));
   for (int i = 0; i < 3; ++i) {
@@ -112,7 +112,7 @@ TEST_F(PulseOutputTest, PausePlaysWhatIsQueuedAndRestartGoesOnWithTheNextFrame) 
 
 TEST_F(PulseOutputTest, ABufferChangeLosesNothing) {
   server_.start_recording();
-  output_.set_depth(4);
+  output_.set_queue_length(4);
   output_.start();
   ASSERT_TRUE(heard_further(kRequest * 2));
   output_.stop();
@@ -134,11 +134,11 @@ TEST_F(PulseOutputTest, ABufferChangeLosesNothing) {
 
 TEST_F(PulseOutputTest, ALateRenderThreadIsWaitedForAndNothingIsPutInItsPlace) {
   server_.start_recording();
-  output_.set_depth(4);
+  output_.set_queue_length(4);
   output_.start();
   ASSERT_TRUE(heard_further(kRequest * 2));
   feeder_.hold_back(true);
-  EXPECT_TRUE(wait_until([&] { return ring_.readable() == 0 && output_.heard() == ring_.taken(); }));
+  EXPECT_TRUE(wait_until([&] { return ring_.readable() == 0 && output_.frames_played() == ring_.taken(); }));
   EXPECT_TRUE(output_.consuming());
   feeder_.hold_back(false);
   ASSERT_TRUE(heard_further(kRequest * 4));
@@ -172,26 +172,26 @@ TEST_F(PulseOutputTest, AFewFramesAreHeardToo) {
 }
 
 TEST_F(PulseOutputTest, ARingThatStaysEmptyWhileItPlaysIsABreak) {
-  output_.set_depth(3);
+  output_.set_queue_length(3);
   output_.start();
   ASSERT_TRUE(heard_further(30 * kRequest));  // it plays steadily
-  const std::uint64_t before = output_.breaks();
+  const std::uint64_t before = output_.underruns();
   feeder_.hold_back(true);
-  EXPECT_TRUE(wait_until([&] { return output_.breaks() == before + 1; }));
+  EXPECT_TRUE(wait_until([&] { return output_.underruns() == before + 1; }));
   feeder_.hold_back(false);
   EXPECT_TRUE(heard_further(4 * kRequest));
 }
 
 TEST_F(PulseOutputTest, AnEndIsNoBreak) {
-  output_.set_depth(3);
+  output_.set_queue_length(3);
   output_.start();
   ASSERT_TRUE(heard_further(4 * kRequest));
   const auto waited = server_.waited_for_a_processor();
-  const std::uint64_t before = output_.breaks();
+  const std::uint64_t before = output_.underruns();
   output_.stop();
   EXPECT_TRUE(played_out());
   if (server_.waited_for_a_processor() - waited < std::chrono::milliseconds(50)) {
-    EXPECT_EQ(output_.breaks(), before);
+    EXPECT_EQ(output_.underruns(), before);
   }
 }
 

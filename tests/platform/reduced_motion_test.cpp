@@ -10,7 +10,7 @@
 namespace tandem {
 namespace {
 
-class BusDesktopMotionTest : public BusFixture {
+class ReducedMotionSettingTest : public BusFixture {
  protected:
   void SetUp() override {
     ::setenv("DBUS_SESSION_BUS_ADDRESS", bus_.address().c_str(), 1);
@@ -22,7 +22,7 @@ class BusDesktopMotionTest : public BusFixture {
     ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
   }
   void listen() {
-    motion_ = std::make_unique<BusDesktopMotion>([this](bool reduced) { told_.push_back(reduced); });
+    motion_ = std::make_unique<ReducedMotionSetting>([this](bool reduced) { told_.push_back(reduced); });
   }
   void start(const FakePortal::Settings& settings) {
     bus_.start();
@@ -37,21 +37,21 @@ class BusDesktopMotionTest : public BusFixture {
   }
 
   std::unique_ptr<FakePortal> portal_;
-  std::unique_ptr<BusDesktopMotion> motion_;
+  std::unique_ptr<ReducedMotionSetting> motion_;
   std::vector<bool> told_;
 };
 
-TEST_F(BusDesktopMotionTest, IsReducedWhereTheDesktopAnimatesNothing) {
+TEST_F(ReducedMotionSettingTest, IsReducedWhereTheDesktopAnimatesNothing) {
   start({.animations = false, .knows_reduced_motion = false});
   EXPECT_TRUE(told({true}));
 }
 
-TEST_F(BusDesktopMotionTest, IsReducedWhereTheDesktopSaysSo) {
+TEST_F(ReducedMotionSettingTest, IsReducedWhereTheDesktopSaysSo) {
   start({.reduced_motion = 1});
   EXPECT_TRUE(told({true}));
 }
 
-TEST_F(BusDesktopMotionTest, FollowsEveryChange) {
+TEST_F(ReducedMotionSettingTest, FollowsEveryChange) {
   start({});
   ASSERT_TRUE(asked(2));
   portal_->change_animations(false);
@@ -65,7 +65,7 @@ TEST_F(BusDesktopMotionTest, FollowsEveryChange) {
   EXPECT_TRUE(told({true, false, true}));
 }
 
-TEST_F(BusDesktopMotionTest, APortalThatComesLaterIsAskedAndNoneIsStarted) {
+TEST_F(ReducedMotionSettingTest, APortalThatComesLaterIsAskedAndNoneIsStarted) {
   bus_.start();
   listen();
   // Long enough for the question to come to nothing, or else to start the portal.
@@ -79,13 +79,13 @@ TEST_F(BusDesktopMotionTest, APortalThatComesLaterIsAskedAndNoneIsStarted) {
   EXPECT_TRUE(told({true}));
 }
 
-TEST_F(BusDesktopMotionTest, WithoutABusNothingIsTold) {
+TEST_F(ReducedMotionSettingTest, WithoutABusNothingIsTold) {
   listen();
   QCoreApplication::processEvents();
   EXPECT_TRUE(told({}));
 }
 
-TEST_F(BusDesktopMotionTest, ABusThatHangsHoldsNobody) {
+TEST_F(ReducedMotionSettingTest, ABusThatHangsHoldsNobody) {
   start({});
   bus_.freeze();
   const Nanoseconds began = monotonic_now();
@@ -96,7 +96,7 @@ TEST_F(BusDesktopMotionTest, ABusThatHangsHoldsNobody) {
   bus_.kill_hard();
 }
 
-TEST_F(BusDesktopMotionTest, ABusThatDiesIsLeft) {
+TEST_F(ReducedMotionSettingTest, ABusThatDiesIsLeft) {
   start({.animations = false});
   ASSERT_TRUE(told({true}));
   bus_.kill_hard();

@@ -15,7 +15,7 @@
 namespace tandem {
 namespace {
 
-class BusRealtimeKitTest : public BusFixture {
+class RtKitTest : public BusFixture {
  protected:
   void SetUp() override {
     ::setenv("DBUS_SYSTEM_BUS_ADDRESS", bus_.address().c_str(), 1);
@@ -39,11 +39,11 @@ class BusRealtimeKitTest : public BusFixture {
 
   rlimit limit_before_{};
   RefusedThread thread_;
-  BusRealtimeKit kit_;
+  RtKit kit_;
   std::unique_ptr<FakeRealtimeKit> fake_;
 };
 
-TEST_F(BusRealtimeKitTest, IsAskedForEveryThreadThatTheKernelRefused) {
+TEST_F(RtKitTest, IsAskedForEveryThreadThatTheKernelRefused) {
   start({});
   thread_.ask();
   RefusedThread another;
@@ -58,7 +58,7 @@ TEST_F(BusRealtimeKitTest, IsAskedForEveryThreadThatTheKernelRefused) {
   EXPECT_EQ(requests[1].thread, static_cast<std::uint64_t>(another.number()));
 }
 
-TEST_F(BusRealtimeKitTest, TheKernelWatchesForRunawaysBeforeAnythingIsGranted) {
+TEST_F(RtKitTest, TheKernelWatchesForRunawaysBeforeAnythingIsGranted) {
   start({});
   thread_.ask();
   kit_.ask();
@@ -69,7 +69,7 @@ TEST_F(BusRealtimeKitTest, TheKernelWatchesForRunawaysBeforeAnythingIsGranted) {
   EXPECT_LE(limit.rlim_cur, limit.rlim_max / 2) << "too late to demote the thread";
 }
 
-TEST_F(BusRealtimeKitTest, NoMoreIsAskedForThanIsGranted) {
+TEST_F(RtKitTest, NoMoreIsAskedForThanIsGranted) {
   start({.highest = 3});
   thread_.ask();
   kit_.ask();
@@ -78,7 +78,7 @@ TEST_F(BusRealtimeKitTest, NoMoreIsAskedForThanIsGranted) {
   EXPECT_EQ(fake_->requests()[0].value, 3);
 }
 
-TEST_F(BusRealtimeKitTest, ARefusedThreadIsMadeNicer) {
+TEST_F(RtKitTest, ARefusedThreadIsMadeNicer) {
   start({.grants = false});
   thread_.ask();
   kit_.ask();
@@ -90,7 +90,7 @@ TEST_F(BusRealtimeKitTest, ARefusedThreadIsMadeNicer) {
   EXPECT_EQ(requests[1].value, -11);
 }
 
-TEST_F(BusRealtimeKitTest, ButNotNicerThanIsAllowed) {
+TEST_F(RtKitTest, ButNotNicerThanIsAllowed) {
   start({.lowest_niceness = -5, .grants = false});
   thread_.ask();
   kit_.ask();
@@ -99,7 +99,7 @@ TEST_F(BusRealtimeKitTest, ButNotNicerThanIsAllowed) {
   EXPECT_EQ(fake_->requests()[1].value, -5);
 }
 
-TEST_F(BusRealtimeKitTest, NobodyIsAskedWithoutNeed) {
+TEST_F(RtKitTest, NobodyIsAskedWithoutNeed) {
   start({});
   kit_.ask();
   EXPECT_FALSE(kit_.asking());
@@ -108,7 +108,7 @@ TEST_F(BusRealtimeKitTest, NobodyIsAskedWithoutNeed) {
   EXPECT_FALSE(kit_.asking()) << "once only";
 }
 
-TEST_F(BusRealtimeKitTest, AThreadThatHasEndedIsForgotten) {
+TEST_F(RtKitTest, AThreadThatHasEndedIsForgotten) {
   start({});
   pid_t ended = 0;
   {
@@ -121,26 +121,26 @@ TEST_F(BusRealtimeKitTest, AThreadThatHasEndedIsForgotten) {
   EXPECT_FALSE(kit_.asking());
 }
 
-TEST_F(BusRealtimeKitTest, WithoutABusNothingHappens) {
+TEST_F(RtKitTest, WithoutABusNothingHappens) {
   thread_.ask();
   kit_.ask();
   ASSERT_TRUE(done());
 }
 
-TEST_F(BusRealtimeKitTest, WithoutRtkitNothingHappens) {
+TEST_F(RtKitTest, WithoutRtkitNothingHappens) {
   bus_.start();
   thread_.ask();
   kit_.ask();
   ASSERT_TRUE(done());
 }
 
-TEST_F(BusRealtimeKitTest, ABusThatHangsHoldsNobody) {
+TEST_F(RtKitTest, ABusThatHangsHoldsNobody) {
   start({});
   bus_.freeze();
   thread_.ask();
   const Nanoseconds began = monotonic_now();
   {
-    BusRealtimeKit kit;
+    RtKit kit;
     kit.ask();
     QCoreApplication::processEvents();
     EXPECT_TRUE(kit.asking());
@@ -149,7 +149,7 @@ TEST_F(BusRealtimeKitTest, ABusThatHangsHoldsNobody) {
   bus_.kill_hard();
 }
 
-TEST_F(BusRealtimeKitTest, ABusThatDiesIsLeft) {
+TEST_F(RtKitTest, ABusThatDiesIsLeft) {
   start({});
   bus_.freeze();
   thread_.ask();

@@ -21,7 +21,7 @@ class StalledReader : public testing::Test {
   }
   // Steps until the deck's song has ended, at most `limit`.
   int steps_to_end(int limit) {
-    RenderNews news;
+    RenderEvent news;
     for (int step = 1; step <= limit; ++step)
       if (render(), deck_.take_end(news)) return step;
     return 0;

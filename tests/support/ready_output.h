@@ -17,9 +17,9 @@ class ReadyOutput final : public Output {
   void stop() override { running_ = false; }
   void pause() override { running_ = false; }
   void restart() override { running_ = true; }
-  void set_depth(int) override {}
+  void set_queue_length(int) override {}
   bool consuming() const noexcept override { return running_; }
-  std::uint64_t heard() const noexcept override { return ring_.taken(); }
+  std::uint64_t frames_played() const noexcept override { return ring_.taken(); }
   int request_frames() const noexcept override { return request_frames_; }
   bool lost() const noexcept override { return false; }
 

@@ -47,8 +47,8 @@ void hear(QAccessibleEvent* event) {
 
 class Told : public testing::Test {
  protected:
-  Told() : before_(listen_instead(hear)) {}
-  ~Told() override { listen_instead(before_); }
+  Told() : before_(set_accessibility_handler(hear)) {}
+  ~Told() override { set_accessibility_handler(before_); }
   ListBox& list() { return rig.controls().PlayList; }
   QAccessibleInterface& spoken_list() { return spoken("PlayList"); }
   void listen_to_list() {
@@ -74,7 +74,7 @@ class Told : public testing::Test {
   WindowRig rig;
 
  private:
-  AssistiveListener before_;
+  AccessibilityHandler before_;
 };
 
 TEST_F(Told, LinesThatCome) {

@@ -18,7 +18,7 @@ class Spoken : public testing::Test {
     return *found;
   }
   std::string value(const char* name) const { return of(name).text(QAccessible::Value).toStdString(); }
-  std::string spoken_name(const char* name) const { return of(name).text(QAccessible::Name).toStdString(); }
+  std::string accessible_name(const char* name) const { return of(name).text(QAccessible::Name).toStdString(); }
   static QAccessibleActionInterface& actions(QAccessibleInterface& of) {
     QAccessibleActionInterface* found = of.actionInterface();
     if (found == nullptr) throw std::runtime_error("no actions");
@@ -50,7 +50,7 @@ TEST_F(Spoken, EveryStopOfTheTabChainHasANameAndARole) {
   for (const PanelItem* item : rig.window->items()) {
     if (item->place().tab == 0) continue;
     const std::string name(item->place().name);
-    EXPECT_FALSE(spoken_name(name.c_str()).empty()) << name;
+    EXPECT_FALSE(accessible_name(name.c_str()).empty()) << name;
     EXPECT_NE(of(name.c_str()).role(), QAccessible::StaticText) << name;
     EXPECT_TRUE(acts(name.c_str()) || item->value_range().has_value() || name == "PlayList") << name;
   }
@@ -71,27 +71,27 @@ TEST_F(Spoken, Roles) {
 
 TEST_F(Spoken, Values) {
   rig.controls().LblPosition.Caption = "01:23";
-  EXPECT_EQ(spoken_name("LblPosition"), "Position: 01:23");
+  EXPECT_EQ(accessible_name("LblPosition"), "Position: 01:23");
   EXPECT_EQ(value("LblPosition"), "01:23");
   rig.controls().sl0[7].put(-4);
-  EXPECT_EQ(spoken_name("sl0(7)"), "Equalizer 1K2 Hz, -4 dB");
+  EXPECT_EQ(accessible_name("sl0(7)"), "Equalizer 1K2 Hz, -4 dB");
   EXPECT_EQ(value("sl0(7)"), "-4 dB");
   rig.controls().Volume.put(16384);
   EXPECT_EQ(value("Volume"), "50 %");
   EXPECT_EQ(value("MeterVol"), "50 %");
-  EXPECT_EQ(spoken_name("MeterVol"), "Volume 50 %");
-  EXPECT_EQ(spoken_name("Volume"), "Volume");
+  EXPECT_EQ(accessible_name("MeterVol"), "Volume 50 %");
+  EXPECT_EQ(accessible_name("Volume"), "Volume");
   rig.controls().MMLEDSpin7.move(22050);  // the digits show the last four
   EXPECT_EQ(value("MMLEDSpin7"), "22050");
   rig.controls().MMSwitchX1.move(1);
   EXPECT_EQ(value("MMSwitchX1"), "V.U.");
-  EXPECT_EQ(spoken_name("MMSwitchX1"), "Meter: V.U.");
+  EXPECT_EQ(accessible_name("MMSwitchX1"), "Meter: V.U.");
   EXPECT_EQ(value("Bypass"), "EQ");
-  EXPECT_EQ(spoken_name("Bypass"), "Equalizer: EQ");
-  EXPECT_EQ(spoken_name("PAUSE"), "Pause");
-  EXPECT_EQ(spoken_name("MMLEDLABELX1"), "SONG:");
-  EXPECT_EQ(spoken_name("Label2(7)"), "1K2");
-  EXPECT_EQ(spoken_name("dbLabel0(7)"), rig.controls().dbLabel0[7].Caption.get());
+  EXPECT_EQ(accessible_name("Bypass"), "Equalizer: EQ");
+  EXPECT_EQ(accessible_name("PAUSE"), "Pause");
+  EXPECT_EQ(accessible_name("MMLEDLABELX1"), "SONG:");
+  EXPECT_EQ(accessible_name("Label2(7)"), "1K2");
+  EXPECT_EQ(accessible_name("dbLabel0(7)"), rig.controls().dbLabel0[7].Caption.get());
   rig.add_songs(2);
   rig.controls().PlayList.user_select(1);
   EXPECT_EQ(value("PlayList"), rig.controls().PlayList.List(1));
@@ -153,13 +153,13 @@ TEST_F(Spoken, LinesOfTheList) {
 TEST_F(Spoken, Displays) {
   rig.controls().MMSwitchX1.move(0);
   rig.frame(0);
-  EXPECT_EQ(spoken_name("MMSpectrum1"), "Spectrum analyser");
+  EXPECT_EQ(accessible_name("MMSpectrum1"), "Spectrum analyser");
   EXPECT_FALSE(rig.item("MMMeterX2").isVisible());
   rig.controls().MMSwitchX1.move(1);
   rig.frame(0);
   EXPECT_TRUE(rig.item("MMMeterX2").isVisible());
-  EXPECT_EQ(spoken_name("MMSpectrum1"), "Left level, dB");
-  EXPECT_EQ(spoken_name("MMMeterX2"), "Right level, dB");
+  EXPECT_EQ(accessible_name("MMSpectrum1"), "Left level, dB");
+  EXPECT_EQ(accessible_name("MMMeterX2"), "Right level, dB");
   const std::vector<SoundFrame> right_only(441, SoundFrame{0.0F, 1.0F});
   for (int i = 0; i < 300; ++i) {
     rig.window->visual().feed(right_only);
@@ -170,7 +170,7 @@ TEST_F(Spoken, Displays) {
   EXPECT_EQ(value("MMLevelX1"), "100 %");
   rig.controls().MMSwitchX1.move(2);
   rig.frame(0);
-  EXPECT_EQ(spoken_name("MMSpectrum1"), "Oscilloscope");
+  EXPECT_EQ(accessible_name("MMSpectrum1"), "Oscilloscope");
   EXPECT_FALSE(rig.item("MMLevelX1").isVisible());
 }
 

@@ -20,7 +20,7 @@ class ApplicationEnvironment : public ::testing::Environment {
     qInstallMessageHandler(print_message);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QApplication>(count_, arguments_);
-    tandem::tell_accessibility_of_items();
+    tandem::install_accessibility();
   }
   void TearDown() override { application_.reset(); }
 

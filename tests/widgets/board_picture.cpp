@@ -16,7 +16,7 @@ QRect area() { return control_box("MMSpectrum1").box(); }
 SpectrumGrid grid_of(int columns) {
   SpectrumStyle style;
   style.columns = columns;
-  return SpectrumFace(style, 1, area(), control_box("Display well").box()).grid();
+  return SpectrumBackdrop(style, 1, area(), control_box("Display well").box()).grid();
 }
 
 }  // namespace

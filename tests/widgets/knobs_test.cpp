@@ -50,7 +50,7 @@ TEST(VolumeWheel, WheelKeysAndTheReadOut) {
     EXPECT_EQ(volume.value(), value) << key;
   }
   EXPECT_EQ(rig.controls().MeterVol.Progress, 100);
-  EXPECT_EQ(rig.item("MeterVol").spoken_value().toStdString(), "100 %");
+  EXPECT_EQ(rig.item("MeterVol").accessible_value().toStdString(), "100 %");
 }
 
 TEST(VolumeWheel, ADoubleClickDoesNothing) {
@@ -84,7 +84,7 @@ TEST(RotarySwitch, ACaptionChoosesItsPosition) {
     const auto count = static_cast<int>(position_captions(name).size());
     for (int position = count - 1; position >= 0; --position) {
       rig.click(rig.caption(name, position));
-      EXPECT_EQ(rig.item(name).spoken_value().toStdString(),
+      EXPECT_EQ(rig.item(name).accessible_value().toStdString(),
                 position_captions(name)[static_cast<std::size_t>(position)].caption)
           << name;
     }

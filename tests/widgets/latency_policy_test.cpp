@@ -5,39 +5,39 @@
 namespace tandem {
 namespace {
 
-constexpr QueueDepth::Milliseconds kStart = 100'000;  // the clock's, with the player just started
+constexpr LatencyPolicy::Milliseconds kStart = 100'000;  // the clock's, with the player just started
 
-class QueueDepths : public testing::Test {
+class LatencyPolicys : public testing::Test {
  protected:
   void SetUp() override { depth.move_hand(kStart); }
-  bool near(QueueDepth::Milliseconds now) { return depth.deep(now, true, true, breaks); }
-  bool away(QueueDepth::Milliseconds now) { return depth.deep(now, false, true, breaks); }
+  bool near(LatencyPolicy::Milliseconds now) { return depth.deep(now, true, true, breaks); }
+  bool away(LatencyPolicy::Milliseconds now) { return depth.deep(now, false, true, breaks); }
 
-  QueueDepth depth;
+  LatencyPolicy depth;
   std::uint64_t breaks = 0;
 };
 
-TEST_F(QueueDepths, ShortWithAHandNearAndDeepThreeSecondsAfterIt) {
+TEST_F(LatencyPolicys, ShortWithAHandNearAndDeepThreeSecondsAfterIt) {
   EXPECT_FALSE(near(kStart));
   EXPECT_FALSE(away(kStart + 3000));
   EXPECT_TRUE(away(kStart + 3001));
 }
 
-TEST_F(QueueDepths, DeepAtOnceWhereNobodySees) {
+TEST_F(LatencyPolicys, DeepAtOnceWhereNobodySees) {
   EXPECT_FALSE(near(kStart));
   EXPECT_TRUE(depth.deep(kStart + 1, false, false, 0));
 }
 
-TEST_F(QueueDepths, AHandThatRestsForAMinuteIsAwayUntilItMoves) {
-  EXPECT_FALSE(near(kStart + QueueDepth::kIdle));
-  EXPECT_TRUE(near(kStart + QueueDepth::kIdle + QueueDepth::kAlone + 1));
-  const auto back = kStart + 2 * QueueDepth::kIdle;
+TEST_F(LatencyPolicys, AHandThatRestsForAMinuteIsAwayUntilItMoves) {
+  EXPECT_FALSE(near(kStart + LatencyPolicy::kIdle));
+  EXPECT_TRUE(near(kStart + LatencyPolicy::kIdle + LatencyPolicy::kAlone + 1));
+  const auto back = kStart + 2 * LatencyPolicy::kIdle;
   EXPECT_TRUE(depth.move_hand(back));
   EXPECT_FALSE(near(back));
   EXPECT_FALSE(depth.move_hand(back + 1)) << "it had not rested";
 }
 
-TEST_F(QueueDepths, AMachineTooBusyForTheShortOneGetsTheDeepOneForAMinute) {
+TEST_F(LatencyPolicys, AMachineTooBusyForTheShortOneGetsTheDeepOneForAMinute) {
   EXPECT_FALSE(near(kStart));
   ++breaks;
   EXPECT_TRUE(near(kStart + 10));
@@ -46,7 +46,7 @@ TEST_F(QueueDepths, AMachineTooBusyForTheShortOneGetsTheDeepOneForAMinute) {
   EXPECT_FALSE(near(kStart + 60'010));
 }
 
-TEST_F(QueueDepths, BreaksOfTheDeepOneSayNothingAboutTheShortOne) {
+TEST_F(LatencyPolicys, BreaksOfTheDeepOneSayNothingAboutTheShortOne) {
   near(kStart);
   EXPECT_TRUE(away(kStart + 5000));
   ++breaks;
@@ -55,7 +55,7 @@ TEST_F(QueueDepths, BreaksOfTheDeepOneSayNothingAboutTheShortOne) {
   EXPECT_FALSE(near(kStart + 6000));
 }
 
-TEST_F(QueueDepths, EachFurtherBreakDoublesTheCautionUpToSixteenMinutes) {
+TEST_F(LatencyPolicys, EachFurtherBreakDoublesTheCautionUpToSixteenMinutes) {
   auto now = kStart;
   for (const int minutes : {1, 2, 4, 8, 16, 16}) {
     depth.move_hand(now);
@@ -68,18 +68,18 @@ TEST_F(QueueDepths, EachFurtherBreakDoublesTheCautionUpToSixteenMinutes) {
   }
 }
 
-TEST_F(QueueDepths, AfterAnHourABreakIsAFirstOneAgain) {
+TEST_F(LatencyPolicys, AfterAnHourABreakIsAFirstOneAgain) {
   auto now = kStart;
   for (int i = 0; i < 3; ++i) {
     depth.move_hand(now);
     near(now);
     ++breaks;
     near(now);
-    now += QueueDepth::kForgotten + 1;
+    now += LatencyPolicy::kForgotten + 1;
   }
-  const auto last = now - QueueDepth::kForgotten - 1;
-  depth.move_hand(last + QueueDepth::kCaution);
-  EXPECT_FALSE(near(last + QueueDepth::kCaution));
+  const auto last = now - LatencyPolicy::kForgotten - 1;
+  depth.move_hand(last + LatencyPolicy::kCaution);
+  EXPECT_FALSE(near(last + LatencyPolicy::kCaution));
 }
 
 }  // namespace

@@ -48,8 +48,8 @@ QRect expected_hit_box(const Row& row) {
 // The name alone or, for what is no number of its own, with the value behind it; a caption that has no name in the
 // table says what is printed.
 std::vector<std::string> expected_names(const PanelItem& item, const Row& row) {
-  if (row.spoken.empty()) return {item.spoken_name().toStdString()};
-  const std::string value = item.spoken_value().toStdString();
+  if (row.spoken.empty()) return {item.accessible_name().toStdString()};
+  const std::string value = item.accessible_value().toStdString();
   const auto with = [&](const char* between) {
     std::string name = row.spoken + between + value;
     name.erase(name.find_last_not_of(' ') + 1);
@@ -73,7 +73,7 @@ TEST(PanelTable, EveryItemHasItsBoxTipAndName) {
     ++items;
     EXPECT_EQ(item->geometry(), expected_hit_box(row)) << row.name;
     EXPECT_EQ(item->toolTip().toStdString(), row.tip) << row.name;
-    EXPECT_THAT(expected_names(*item, row), testing::Contains(item->spoken_name().toStdString())) << row.name;
+    EXPECT_THAT(expected_names(*item, row), testing::Contains(item->accessible_name().toStdString())) << row.name;
     EXPECT_EQ(item->place().tab, row.tab) << row.name;
   }
   EXPECT_EQ(items, rig.window->items().size());

@@ -7,10 +7,10 @@
 namespace tandem::test {
 namespace {
 
-TEST(HandWatch, HearsOfEveryMoveOfTheHandAndOfNothingElse) {
+TEST(UserInputWatch, HearsOfEveryMoveOfTheHandAndOfNothingElse) {
   WindowRig rig;
   int moves = 0;
-  const QtHandWatch watch([&moves] { ++moves; });
+  const UserInputWatch watch([&moves] { ++moves; });
   const auto moved = [&moves] { return std::exchange(moves, 0) > 0; };
   rig.player->run(1000);
   for (int i = 0; i < 10; ++i) rig.frame(1.0 / 60);

@@ -9,7 +9,7 @@ namespace tandem {
 
 namespace {
 
-void paint_label(QPainter& painter, std::string_view name, const LedLabelLook& look) {
+void paint_label(QPainter& painter, std::string_view name, const LedLabelState& look) {
   paint_led_label(painter, control_box(name).box().topLeft(), look);
 }
 
@@ -33,9 +33,9 @@ void paint_pitch_lamps(QPainter& painter, int pitch) {
   paint_pitch_lamp(painter, above, pitch > 0 ? palette::kRed : palette::kMaroon, pitch > 0);
 }
 
-void paint_spectrum(QPainter& painter, const VisualLook& look) {
+void paint_spectrum(QPainter& painter, const VisualState& look) {
   const QRectF area = control_box("MMSpectrum1").box();
-  const SpectrumFace face(look.style, device_scale(painter), area, control_box("Display well").box());
+  const SpectrumBackdrop face(look.style, device_scale(painter), area, control_box("Display well").box());
   QImage image(face.size(), QImage::Format_RGB32);
   SpectrumTrace nothing;
   update_spectrum(image, {0, 0}, face, look.spectrum, nothing);
@@ -44,7 +44,7 @@ void paint_spectrum(QPainter& painter, const VisualLook& look) {
 }
 
 void paint_needle_meter(QPainter& painter, const QRectF& box, const NeedlePicture& picture) {
-  NeedleFace face(device_scale(painter), box, control_box("Display well").box(), picture.right);
+  NeedleBackdrop face(device_scale(painter), box, control_box("Display well").box(), picture.right);
   QImage image(face.size(), QImage::Format_RGB32);
   QRect nothing;
   face.draw(image, {0, 0}, picture.db, nothing);
@@ -52,7 +52,7 @@ void paint_needle_meter(QPainter& painter, const QRectF& box, const NeedlePictur
   painter.drawImage(pixels.at(box.topLeft()), image);
 }
 
-void paint_needles(QPainter& painter, const VisualLook& look) {
+void paint_needles(QPainter& painter, const VisualState& look) {
   paint_needle_meter(painter, left_meter_box(), look.left_needle);
   paint_needle_meter(painter, right_meter_box(), look.right_needle);
   const QRectF bar = control_box("MMLevelX1").box();
@@ -63,9 +63,9 @@ void paint_needles(QPainter& painter, const VisualLook& look) {
   painter.restore();
 }
 
-void paint_scope(QPainter& painter, const VisualLook& look) {
+void paint_scope(QPainter& painter, const VisualState& look) {
   const QRectF area = control_box("MMOscopeX1").box();
-  ScopeFace face(device_scale(painter), area, control_box("Display well").box());
+  ScopeBackdrop face(device_scale(painter), area, control_box("Display well").box());
   QImage image(face.size(), QImage::Format_RGB32);
   face.draw(image, {0, 0}, look.scope);
   const DevicePixels pixels(painter);
@@ -74,7 +74,7 @@ void paint_scope(QPainter& painter, const VisualLook& look) {
 
 }  // namespace
 
-void paint_display_panel(QPainter& painter, const DisplayLook& look) {
+void paint_display_panel(QPainter& painter, const DisplayState& look) {
   const QRectF panel = control_box("MMPanelX1(1)").box();
   for (const std::string_view name : {"MMLEDLABELX1", "MMLEDLABELX2", "MMLEDLABELX3"}) paint_fixed_label(painter, name);
   paint_label(painter, "SongLabel", look.song);
@@ -91,7 +91,7 @@ void paint_display_panel(QPainter& painter, const DisplayLook& look) {
   paint_glass_hover(painter, panel, look.hover);
 }
 
-void paint_visual(QPainter& painter, const VisualLook& look) {
+void paint_visual(QPainter& painter, const VisualState& look) {
   switch (look.display) {
     case VisualDisplay::Spectrum:
       paint_spectrum(painter, look);

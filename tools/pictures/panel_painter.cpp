@@ -12,17 +12,17 @@ namespace tandem {
 
 namespace {
 
-void paint_named_key(QPainter& painter, std::string_view name, const KeyLook& look) {
+void paint_named_key(QPainter& painter, std::string_view name, const KeyState& look) {
   paint_key(painter, control_box(name).box(), look);
 }
 
-void paint_head(QPainter& painter, const PanelLook& look) {
+void paint_head(QPainter& painter, const PanelState& look) {
   const WindowSize size = look.window.size;
-  paint_chrome_button(painter, chrome_box(control_box("Minimise"), size), Face::Minimise, look.minimise);
-  paint_chrome_button(painter, chrome_box(control_box("Close"), size), Face::Close, look.close);
+  paint_chrome_button(painter, chrome_box(control_box("Minimise"), size), Icon::Minimise, look.minimise);
+  paint_chrome_button(painter, chrome_box(control_box("Close"), size), Icon::Close, look.close);
 }
 
-void paint_transport(QPainter& painter, const TransportLook& look) {
+void paint_transport(QPainter& painter, const TransportState& look) {
   paint_slider(painter, control_box("Slider1").box(), look.position);
   paint_named_key(painter, "PLAY", look.play);
   paint_named_key(painter, "PAUSE", look.pause);
@@ -32,7 +32,7 @@ void paint_transport(QPainter& painter, const TransportLook& look) {
   paint_wheel(painter, control_box("Volume").box(), look.volume);
 }
 
-void paint_mix(QPainter& painter, const MixLook& look) {
+void paint_mix(QPainter& painter, const MixState& look) {
   constexpr std::string_view kLeadNames[] = {"AMLedOff", "AMLed1", "AMLed2", "AMLed3"};
   for (std::size_t i = 0; i < look.lead.size(); ++i) {
     paint_lead_lamp(painter, control_box(kLeadNames[i]).box(), look.lead[i]);
@@ -46,14 +46,14 @@ void paint_mix(QPainter& painter, const MixLook& look) {
   paint_stud(painter, control_box("Command2").box(), look.reset_pitch);
 }
 
-void paint_bands(QPainter& painter, const EqualizerLook& look) {
+void paint_bands(QPainter& painter, const EqualizerState& look) {
   for (std::size_t i = 0; i < look.bands.size(); ++i) {
     paint_fader(painter, control_box("sl0", static_cast<int>(i)).box(), look.bands[i]);
     paint_gain(painter, control_box("dbLabel0", static_cast<int>(i)).box(), look.gains[i]);
   }
 }
 
-void paint_list(QPainter& painter, const ListLook& look) {
+void paint_list(QPainter& painter, const ListState& look) {
   paint_song_list(painter, control_box("PlayList").box(), look.songs);
   paint_named_key(painter, "UpList", look.up);
   paint_named_key(painter, "DownList", look.down);
@@ -61,7 +61,7 @@ void paint_list(QPainter& painter, const ListLook& look) {
   paint_named_key(painter, "SaveList", look.save);
 }
 
-void paint_board_controls(QPainter& painter, const BoardLook& look) {
+void paint_board_controls(QPainter& painter, const BoardState& look) {
   constexpr std::string_view kLampNames[] = {"MMLEDX1", "MMLEDX2", "MMLEDX3", "MMLEDX4", "MMLEDX5", "MMLEDX6"};
   constexpr std::string_view kSwitchNames[] = {"MMSwitch1", "MMSwitch2", "MMSwitch3", "MMSwitch4"};
   for (std::size_t i = 0; i < look.lamps.size(); ++i) {
@@ -77,7 +77,7 @@ void paint_board_controls(QPainter& painter, const BoardLook& look) {
 
 }  // namespace
 
-void paint_panel(QPainter& painter, const PanelLook& look) {
+void paint_panel(QPainter& painter, const PanelState& look) {
   paint_background(painter, look.window);
   paint_head(painter, look);
   paint_display_panel(painter, look.display);

@@ -22,34 +22,34 @@ namespace tandem {
 
 enum class VisualDisplay { None, Spectrum, Needles, Oscilloscope };
 
-struct DisplayLook {
-  LedLabelLook song;
-  LedLabelLook position;
-  LedLabelLook total;
-  LedLabelLook read_out;
-  LedLabelLook clock;
+struct DisplayState {
+  LedLabelState song;
+  LedLabelState position;
+  LedLabelState total;
+  LedLabelState read_out;
+  LedLabelState clock;
   bool pitch_mode = false;  ///< pitch lamps instead of the gauge
   double gauge_percent = 0;
   int pitch = 0;  ///< its sign lights a lamp
   double hover = 0;
 };
 
-struct TransportLook {
-  SliderLook position;
-  KeyLook play, pause, stop, next, load;
-  WheelLook volume;
+struct TransportState {
+  SliderState position;
+  KeyState play, pause, stop, next, load;
+  WheelState volume;
 };
 
-struct MixLook {
-  std::array<LampLook, 4> lead;
-  RotaryLook meter;
-  SlideSwitchLook buffer, bypass;
-  KeyLook show_list, show_board;
-  FaderLook pitch;
-  Touch reset_pitch;
+struct MixState {
+  std::array<LampState, 4> lead;
+  RotaryState meter;
+  SlideSwitchState buffer, bypass;
+  KeyState show_list, show_board;
+  FaderState pitch;
+  InteractionState reset_pitch;
 };
 
-struct VisualLook {
+struct VisualState {
   VisualDisplay display = VisualDisplay::None;
   SpectrumStyle style;
   SpectrumPicture spectrum;
@@ -58,44 +58,44 @@ struct VisualLook {
   ScopePicture scope;
 };
 
-struct EqualizerLook {
-  std::array<FaderLook, 15> bands;
+struct EqualizerState {
+  std::array<FaderState, 15> bands;
   std::array<QString, 15> gains;  ///< the texts of the gain windows
 };
 
-struct ListLook {
-  SongListLook songs;
-  KeyLook up, down, open, save;
+struct ListState {
+  SongListState songs;
+  KeyState up, down, open, save;
 };
 
-struct BoardLook {
-  std::array<LampLook, 6> lamps;
-  std::array<RotaryLook, 4> switches;
-  std::array<SpinnerLook, 8> spinners;  ///< from left to right
+struct BoardState {
+  std::array<LampState, 6> lamps;
+  std::array<RotaryState, 4> switches;
+  std::array<SpinnerState, 8> spinners;  ///< from left to right
 };
 
-struct PanelLook {
+struct PanelState {
   WindowState window;
-  Touch minimise, close;
-  DisplayLook display;
-  TransportLook transport;
-  MixLook mix;
-  VisualLook visual;
-  EqualizerLook equalizer;
-  ListLook list;
-  BoardLook board;
+  InteractionState minimise, close;
+  DisplayState display;
+  TransportState transport;
+  MixState mix;
+  VisualState visual;
+  EqualizerState equalizer;
+  ListState list;
+  BoardState board;
 };
 
-/// The names of the board's spinners from left to right, as BoardLook has them.
+/// The names of the board's spinners from left to right, as BoardState has them.
 inline constexpr std::array<std::string_view, 8> kSpinnerNames = {
     "MMLEDSpin7", "MMLEDSpin2", "MMLEDSpin3", "MMLEDSpin6", "MMLEDSpin1", "MMLEDSpin5", "MMLEDSpin4", "MMLEDSpin8"};
 
-void paint_panel(QPainter& painter, const PanelLook& look);
+void paint_panel(QPainter& painter, const PanelState& look);
 
 /// The contents of the black display panel and its shine, over the background.
-void paint_display_panel(QPainter& painter, const DisplayLook& look);
+void paint_display_panel(QPainter& painter, const DisplayState& look);
 
 /// The contents of the display area and its shine, over the background.
-void paint_visual(QPainter& painter, const VisualLook& look);
+void paint_visual(QPainter& painter, const VisualState& look);
 
 }  // namespace tandem

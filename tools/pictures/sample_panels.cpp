@@ -8,8 +8,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-DisplayLook display_look() {
-  DisplayLook look;
+DisplayState display_look() {
+  DisplayState look;
   look.song = {u"HARBOUR.MP3"_s, 15, 2, palette::kWhite, palette::kWhiteDots, {}};
   look.position = {u"02:17"_s, 5, 3, palette::kLime, palette::kLimeDots, {}};
   look.total = {u"03:45"_s, 5, 2, palette::kWhite, palette::kWhiteDots, {}};
@@ -19,20 +19,20 @@ DisplayLook display_look() {
   return look;
 }
 
-TransportLook transport_look() {
-  TransportLook look;
+TransportState transport_look() {
+  TransportState look;
   look.position.share = .61;
-  look.play = {.back_colour = palette::kPlayingKey, .lit = true, .face = Face::PlayActive};
-  look.pause = {.back_colour = palette::kOlive, .face = Face::Pause};
-  look.stop = {.face = Face::Stop};
-  look.next = {.back_colour = 0xFFC04000, .face = Face::Next};
+  look.play = {.back_colour = palette::kPlayingKey, .lit = true, .face = Icon::PlayActive};
+  look.pause = {.back_colour = palette::kOlive, .face = Icon::Pause};
+  look.stop = {.face = Icon::Stop};
+  look.next = {.back_colour = 0xFFC04000, .face = Icon::Next};
   look.load = {.back_colour = 0xFF808080, .caption = u"SONG"_s, .bold = true};
   look.volume.share = .78;
   return look;
 }
 
-MixLook mix_look() {
-  MixLook look;
+MixState mix_look() {
+  MixState look;
   const QString captions[] = {u"0"_s, u"1,0"_s, u"2,5"_s, u"3,5"_s};
   for (std::size_t i = 0; i < 4; ++i) {
     look.lead[i] = {i == 2 ? palette::kOrange : palette::kBrown, i == 2, captions[i], {}};
@@ -46,9 +46,9 @@ MixLook mix_look() {
   return look;
 }
 
-EqualizerLook equalizer_look() {
+EqualizerState equalizer_look() {
   constexpr int kGains[] = {5, 6, 4, 2, 0, -1, -2, -2, 0, 1, 2, 3, 4, 5, 4};
-  EqualizerLook look;
+  EqualizerState look;
   for (std::size_t i = 0; i < look.bands.size(); ++i) {
     look.bands[i].value = kGains[i];
     look.gains[i] = (kGains[i] >= 0 ? u" "_s : QString()) + QString::number(kGains[i]);
@@ -56,8 +56,8 @@ EqualizerLook equalizer_look() {
   return look;
 }
 
-ListLook list_look() {
-  ListLook look;
+ListState list_look() {
+  ListState look;
   const QString home = u"/home/ana/Music/"_s;
   const QString songs[] = {u"Luz do Norte/Amanhecer.mp3"_s,
                            u"Luz do Norte/Ponte de Ferro.mp3"_s,
@@ -73,15 +73,15 @@ ListLook list_look() {
   for (const QString& song : songs) look.songs.rows += u"%1 - "_s.arg(++number, 2, 10, QChar(u'0')) + home + song;
   look.songs.count = 12;
   look.songs.selected = 3;
-  look.up.face = Face::Up;
-  look.down.face = Face::Down;
+  look.up.face = Icon::Up;
+  look.down.face = Icon::Down;
   look.open.caption = u"Open"_s;
   look.save.caption = u"Save"_s;
   return look;
 }
 
-BoardLook board_look() {
-  BoardLook look;
+BoardState board_look() {
+  BoardState look;
   constexpr bool kLit[] = {false, true, true, true, false, true};
   const QString captions[] = {u"Grid"_s, u"L.e.d."_s, u"Inactive"_s, u"Log/Lin"_s, u"Pick"_s, u"Default"_s};
   for (std::size_t i = 0; i < 6; ++i) {
@@ -108,7 +108,7 @@ using Change = void (*)(PanelSpecimen&);
 void show_equalizer(PanelSpecimen&) {}
 
 void show_list(PanelSpecimen& specimen) {
-  PanelLook& look = specimen.look;
+  PanelState& look = specimen.look;
   look.window.song_list = true;
   look.mix.show_list.back_colour = palette::kAqua;
   look.mix.show_list.lit = true;
@@ -142,23 +142,23 @@ void open_board(PanelSpecimen& specimen) {
 void shrink(PanelSpecimen& specimen) { specimen.look.window.size = WindowSize::Compact; }
 
 void set_pitch_mode(PanelSpecimen& specimen) {
-  PanelLook& look = specimen.look;
+  PanelState& look = specimen.look;
   look.display.pitch_mode = true;
   look.display.pitch = 10;
   look.display.read_out.text = u"PITCH +02"_s;
   look.display.read_out.colour = palette::kAqua;
   look.mix.pitch.value = 10;
-  look.mix.pitch.touch.focused = true;
+  look.mix.pitch.interaction.focused = true;
 }
 
 void stop_playing(PanelSpecimen& specimen) {
-  PanelLook& look = specimen.look;
+  PanelState& look = specimen.look;
   look.display.position.text = u"00:00"_s;
   look.display.gauge_percent = 52;
   look.transport.position.share = 0;
   look.transport.volume.share = .52;
-  look.transport.play = {.face = Face::Play};
-  look.transport.stop = {.back_colour = palette::kStoppedKey, .lit = true, .face = Face::StopActive};
+  look.transport.play = {.face = Icon::Play};
+  look.transport.stop = {.back_colour = palette::kStoppedKey, .lit = true, .face = Icon::StopActive};
   for (std::size_t i = 0; i < 4; ++i) {
     look.mix.lead[i].lit = i == 1;
     look.mix.lead[i].colour = i == 1 ? palette::kOrange : palette::kBrown;
@@ -171,12 +171,12 @@ void stop_playing(PanelSpecimen& specimen) {
 
 void disable_next(PanelSpecimen& specimen) {
   show_list(specimen);
-  PanelLook& look = specimen.look;
+  PanelState& look = specimen.look;
   look.list.songs.selected = 4;
-  look.list.up.touch.enabled = false;
-  look.list.down.touch.enabled = false;
+  look.list.up.interaction.enabled = false;
+  look.list.down.interaction.enabled = false;
   look.transport.next.back_colour = palette::kSilver;
-  look.transport.next.touch.enabled = false;
+  look.transport.next.interaction.enabled = false;
   look.display.song.text = u"PAPER BOATS.MP3"_s;
   look.display.total.text = u"04:12"_s;
   look.display.position.text = u"02:18"_s;
@@ -192,8 +192,8 @@ constexpr Example kExamples[] = {
     {"full-scope", show_scope},         {"board-open", open_board},       {"compact", shrink},
     {"pitch-mode", set_pitch_mode},     {"stopped", stop_playing},        {"next-disabled", disable_next}};
 
-VisualLook visual_look(const PanelSpecimen& specimen) {
-  VisualLook look;
+VisualState visual_look(const PanelSpecimen& specimen) {
+  VisualState look;
   look.display = VisualDisplay::Spectrum;
   look.left_needle.db = -2.4;
   look.right_needle = {-.6, true};
@@ -227,7 +227,7 @@ std::vector<std::string_view> specimen_names() {
   return names;
 }
 
-std::unique_ptr<PanelSpecimen> make_specimen(std::string_view name) {
+std::unique_ptr<PanelSpecimen> sample_panel(std::string_view name) {
   for (const Example& example : kExamples) {
     if (example.name != name) continue;
     auto specimen = make_base();

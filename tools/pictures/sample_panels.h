@@ -11,7 +11,7 @@ namespace tandem {
 
 /// A look and the values that its displays point into.
 struct PanelSpecimen {
-  PanelLook look;
+  PanelState look;
   std::vector<float> left;
   std::vector<float> right;
   std::vector<float> left_trace;
@@ -21,7 +21,7 @@ struct PanelSpecimen {
 std::vector<std::string_view> specimen_names();
 
 /// A state by its name; none if there is no such state.
-std::unique_ptr<PanelSpecimen> make_specimen(std::string_view name);
+std::unique_ptr<PanelSpecimen> sample_panel(std::string_view name);
 
 /// A typical falling spectrum of `columns` heights; the same seed gives the same heights.
 std::vector<float> specimen_spectrum(int columns, std::uint32_t seed, double tilt);

@@ -42,7 +42,7 @@ QImage specimen_picture(std::string_view name, double scale) {
   for (const SpecimenSheet& sheet : specimen_sheets()) {
     if (sheet.name == name) return drawn({sheet.width, sheet.height}, scale, sheet.paint);
   }
-  const auto specimen = make_specimen(name);
+  const auto specimen = sample_panel(name);
   if (!specimen) return {};
   return drawn(window_size(specimen->look.window.size), scale,
                [&](QPainter& painter) { paint_panel(painter, specimen->look); });

@@ -19,8 +19,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr double kLeft = 18;
-constexpr Touch kHover{.hover = 1};
-constexpr Touch kFocus{.focused = true};
+constexpr InteractionState kHover{.hover = 1};
+constexpr InteractionState kFocus{.focused = true};
 
 void paint_title(QPainter& painter, double y, const QString& title) {
   draw_caption(painter, {kLeft, y}, title, {.bold = true});
@@ -29,17 +29,17 @@ void paint_title(QPainter& painter, double y, const QString& title) {
 void paint_lamps(QPainter& painter) {
   paint_title(painter, 22, u"Lamps (dark, lit, hover, focus)"_s);
   paint_well(painter, {kLeft, 30, 240, 24}, 3);
-  const LampLook lead[] = {{palette::kBrown},
-                           {palette::kOrange, true},
-                           {palette::kBrown, false, {}, kHover},
-                           {palette::kOrange, true, {}, kFocus}};
+  const LampState lead[] = {{palette::kBrown},
+                            {palette::kOrange, true},
+                            {palette::kBrown, false, {}, kHover},
+                            {palette::kOrange, true, {}, kFocus}};
   for (int i = 0; i < 4; ++i) paint_lead_lamp(painter, {kLeft + 12 + 40 * i, 34, 16, 16}, lead[i]);
-  const LampLook buttons[] = {{palette::kGreen},
-                              {palette::kLime, true},
-                              {palette::kGreen, false, {}, kHover},
-                              {palette::kLime, true, {}, kFocus},
-                              {palette::kOlive},
-                              {palette::kYellow, true}};
+  const LampState buttons[] = {{palette::kGreen},
+                               {palette::kLime, true},
+                               {palette::kGreen, false, {}, kHover},
+                               {palette::kLime, true, {}, kFocus},
+                               {palette::kOlive},
+                               {palette::kYellow, true}};
   for (int i = 0; i < 6; ++i) paint_lamp_button(painter, {kLeft + 8 + 40 * i, 66, 22, 11}, buttons[i]);
 }
 
@@ -58,8 +58,8 @@ void paint_spinners(QPainter& painter) {
 void paint_faders(QPainter& painter) {
   paint_title(painter, 186, u"Fader and slider (rest, hover, focus)"_s);
   paint_fader(painter, {kLeft, 194, 22, 84}, {});
-  paint_fader(painter, {kLeft + 34, 194, 22, 84}, {.value = 7, .touch = kHover});
-  paint_fader(painter, {kLeft + 68, 194, 22, 84}, {.value = -8, .touch = kFocus});
+  paint_fader(painter, {kLeft + 34, 194, 22, 84}, {.value = 7, .interaction = kHover});
+  paint_fader(painter, {kLeft + 68, 194, 22, 84}, {.value = -8, .interaction = kFocus});
   paint_fader(painter, {kLeft + 108, 200, 20, 73}, {10, -20, 20, {18, 13}, palette::kAqua});
   paint_slider(painter, {kLeft + 140, 200, 100, 14}, {.3});
   paint_slider(painter, {kLeft + 140, 224, 100, 14}, {.5, kHover});
@@ -73,7 +73,7 @@ void paint_knobs(QPainter& painter) {
   paint_knob(painter, {kLeft + 136, 334}, 18.5, 135, kFocus);
   paint_slide_switch(painter, {kLeft + 178, 318, 12, 32}, {});
   paint_slide_switch(painter, {kLeft + 202, 318, 12, 32}, {.position = 1, .cap = 1});
-  paint_slide_switch(painter, {kLeft + 226, 318, 12, 32}, {.position = 1, .cap = 1, .touch = kFocus});
+  paint_slide_switch(painter, {kLeft + 226, 318, 12, 32}, {.position = 1, .cap = 1, .interaction = kFocus});
 }
 
 void paint_faces(QPainter& painter) {
@@ -83,10 +83,10 @@ void paint_faces(QPainter& painter) {
     fill_box(painter, box, QColor(palette::kTileBottom), 2);
     paint_face(painter, box.center(), icone(i), true);
   }
-  const Touch touches[] = {{}, kHover, kFocus};
+  const InteractionState touches[] = {{}, kHover, kFocus};
   for (int i = 0; i < 3; ++i) {
-    paint_chrome_button(painter, {kLeft + 40 * i, 424, 16, 13}, Face::Minimise, touches[i]);
-    paint_chrome_button(painter, {kLeft + 120 + 40 * i, 424, 16, 13}, Face::Close, touches[i]);
+    paint_chrome_button(painter, {kLeft + 40 * i, 424, 16, 13}, Icon::Minimise, touches[i]);
+    paint_chrome_button(painter, {kLeft + 120 + 40 * i, 424, 16, 13}, Icon::Close, touches[i]);
   }
 }
 

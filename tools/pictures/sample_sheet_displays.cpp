@@ -73,7 +73,7 @@ void paint_spectrum_specimen(QPainter& painter, const QRectF& well, const Spectr
                              const Signals& made_up) {
   paint_glass(painter, well);
   const QRectF area = well.adjusted(2, 2, -2, -2);
-  const SpectrumFace face(specimen.style, device_scale(painter), area, well);
+  const SpectrumBackdrop face(specimen.style, device_scale(painter), area, well);
   SpectrumPicture picture;
   picture.left = made_up.left;
   picture.right = made_up.right;
@@ -93,7 +93,7 @@ void paint_needle_specimen(QPainter& painter, const QPointF& at, double db, bool
   const QRectF box(at, QSizeF(162, 91));
   const QRectF well = box.adjusted(-2, -2, 2, 2);
   paint_glass(painter, well);
-  NeedleFace face(device_scale(painter), box, well, right);
+  NeedleBackdrop face(device_scale(painter), box, well, right);
   QImage image(face.size(), QImage::Format_RGB32);
   QRect nothing;
   face.draw(image, {0, 0}, db, nothing);

@@ -27,7 +27,7 @@ void paint_letters(QPainter& painter) {
 
 struct Label {
   QPointF at;
-  LedLabelLook look;
+  LedLabelState look;
 };
 
 void paint_labels(QPainter& painter) {
@@ -51,11 +51,11 @@ void paint_labels(QPainter& painter) {
 void paint_list(QPainter& painter) {
   const QRectF box(12, 244, 293, 141);
   paint_glass(painter, box);
-  SongListLook look;
+  SongListState look;
   look.top = 95;
   look.count = 200;
   look.selected = 99;
-  look.touch.focused = true;
+  look.interaction.focused = true;
   const QString songs[] = {u"/home/ana/Music/Luz do Norte/Amanhecer.mp3"_s,
                            u"/home/ana/Music/Low Tide/Live at the Harbour/Disc 2/Salt Air (Reprise).wav"_s,
                            u"/home/ana/Music/Marea/A name that leaves no room for any folder before it at all.mp3"_s,
@@ -66,7 +66,7 @@ void paint_list(QPainter& painter) {
 
 void paint_switches(QPainter& painter) {
   const QStringList captions = {u"Points"_s, u"Lines"_s, u"V.Lines"_s, u"Bar"_s, u"Picks"_s, u"Roll"_s};
-  const RotaryLook looks[] = {
+  const RotaryState looks[] = {
       {captions, 0, {}, {}}, {captions, 2, 95., {.hover = 1}}, {captions, 5, {}, {.focused = true}}};
   for (int i = 0; i < 3; ++i) {
     const QPointF centre(i == 2 ? 454 : 350, i == 0 ? 282 : 364);

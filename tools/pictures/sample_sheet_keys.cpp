@@ -13,13 +13,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr Touch kTouches[] = {{}, {.hover = 1}, {.hover = 1, .pressed = true}, {.focused = true}, {.enabled = false}};
+constexpr InteractionState kTouches[] = {
+    {}, {.hover = 1}, {.hover = 1, .pressed = true}, {.focused = true}, {.enabled = false}};
 constexpr int kFirstColumn = 190;
 constexpr int kColumnPitch = 62;
 
 struct KeyRow {
   QString name;
-  KeyLook look;
+  KeyState look;
   QSize size;
   QRgb disabled_colour = 0;  ///< 0 = the same back colour
   QRgb pressed_colour = 0;
@@ -30,29 +31,29 @@ std::array<KeyRow, 13> key_rows() {
   constexpr QSize kShow(53, 24);
   constexpr QRgb kNext = 0xFFC04000;
   return {{
-      {u"PLAY stopped"_s, {.face = Face::Play}, kTransport},
-      {u"PLAY playing"_s, {palette::kPlayingKey, true, Face::PlayActive}, kTransport},
-      {u"PAUSE at rest"_s, {palette::kOlive, false, Face::Pause}, kTransport},
-      {u"PAUSE engaged"_s, {palette::kYellow, true, Face::PauseActive}, kTransport},
-      {u"STOPBtn playing"_s, {.face = Face::Stop}, kTransport},
-      {u"STOPBtn stopped"_s, {palette::kStoppedKey, true, Face::StopActive}, kTransport},
-      {u"NextBtn first"_s, {kNext, false, Face::Next}, kTransport, palette::kSilver},
-      {u"NextBtn after a skip"_s, {0xFF8080FF, true, Face::Next}, kTransport, palette::kSilver},
-      {u"LoadSong"_s, {0xFF808080, false, Face::None, u"SONG"_s, true}, kTransport, 0, 0xFFE0E0E0},
-      {u"ShowPlayList hidden"_s, {0xFF0000FF, false, Face::None, u"Playlist"_s}, kShow},
-      {u"ShowPlayList shown"_s, {palette::kAqua, true, Face::None, u"Playlist"_s}, kShow},
-      {u"ShowControls hidden"_s, {palette::kGreen, false, Face::None, u"Controls"_s}, kShow},
-      {u"ShowControls shown"_s, {palette::kLime, true, Face::None, u"Controls"_s}, kShow},
+      {u"PLAY stopped"_s, {.face = Icon::Play}, kTransport},
+      {u"PLAY playing"_s, {palette::kPlayingKey, true, Icon::PlayActive}, kTransport},
+      {u"PAUSE at rest"_s, {palette::kOlive, false, Icon::Pause}, kTransport},
+      {u"PAUSE engaged"_s, {palette::kYellow, true, Icon::PauseActive}, kTransport},
+      {u"STOPBtn playing"_s, {.face = Icon::Stop}, kTransport},
+      {u"STOPBtn stopped"_s, {palette::kStoppedKey, true, Icon::StopActive}, kTransport},
+      {u"NextBtn first"_s, {kNext, false, Icon::Next}, kTransport, palette::kSilver},
+      {u"NextBtn after a skip"_s, {0xFF8080FF, true, Icon::Next}, kTransport, palette::kSilver},
+      {u"LoadSong"_s, {0xFF808080, false, Icon::None, u"SONG"_s, true}, kTransport, 0, 0xFFE0E0E0},
+      {u"ShowPlayList hidden"_s, {0xFF0000FF, false, Icon::None, u"Playlist"_s}, kShow},
+      {u"ShowPlayList shown"_s, {palette::kAqua, true, Icon::None, u"Playlist"_s}, kShow},
+      {u"ShowControls hidden"_s, {palette::kGreen, false, Icon::None, u"Controls"_s}, kShow},
+      {u"ShowControls shown"_s, {palette::kLime, true, Icon::None, u"Controls"_s}, kShow},
   }};
 }
 
 void paint_row(QPainter& painter, const KeyRow& row, double y) {
   draw_caption(painter, {16, y + row.size.height() / 2. + 4}, row.name);
   for (int column = 0; column < 5; ++column) {
-    KeyLook look = row.look;
-    look.touch = kTouches[column];
-    if (!look.touch.enabled && row.disabled_colour != 0) look.back_colour = row.disabled_colour;
-    if (look.touch.pressed && row.pressed_colour != 0) look.back_colour = row.pressed_colour;
+    KeyState look = row.look;
+    look.interaction = kTouches[column];
+    if (!look.interaction.enabled && row.disabled_colour != 0) look.back_colour = row.disabled_colour;
+    if (look.interaction.pressed && row.pressed_colour != 0) look.back_colour = row.pressed_colour;
     const int x = kFirstColumn + kColumnPitch * column - row.size.width() / 2;
     paint_key(painter, {QPointF(x, y), row.size.toSizeF()}, look);
   }

@@ -1,4 +1,4 @@
-// Specimen sheets: pieces of faceplate that show controls in all their states. UI thread.
+// SamplePanel sheets: pieces of faceplate that show controls in all their states. UI thread.
 #pragma once
 
 #include <QPainter>

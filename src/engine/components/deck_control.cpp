@@ -36,15 +36,15 @@ std::string DeckControl::file_name() {
   return name_;
 }
 
-PitchEngine* DeckControl::fresh_engine() const { return make_pitch_engine().release(); }
+PitchShifter* DeckControl::fresh_engine() const { return make_pitch_engine().release(); }
 
 // The render thread is told before the reader, so that it gives up the old song's frames when the reader wants to go
 // on. The reader gets one order for each generation: it would write the first frames twice for two.
 void DeckControl::begin(Frames frame, bool keeps_fade) {
   ++generation_;
   start_frame_ = frame;
-  PitchEngine* engine = pitch_ == 0.0F ? nullptr : fresh_engine();
-  orders_.send({.kind = RenderOrder::Kind::Song,
+  PitchShifter* engine = pitch_ == 0.0F ? nullptr : fresh_engine();
+  orders_.send({.kind = RenderCommand::Kind::Song,
                 .deck = deck_,
                 .keeps_fade = keeps_fade,
                 .generation = generation_,
@@ -81,11 +81,11 @@ void DeckControl::put_position(std::int32_t milliseconds) {
 
 void DeckControl::put_pitch(float value) {
   pitch_ = value;
-  orders_.send({.kind = RenderOrder::Kind::Pitch, .deck = deck_, .value = value, .engine = fresh_engine()});
+  orders_.send({.kind = RenderCommand::Kind::Pitch, .deck = deck_, .value = value, .engine = fresh_engine()});
 }
 
 void DeckControl::finish(std::int32_t milliseconds) {
-  orders_.send({.kind = RenderOrder::Kind::Finish, .deck = deck_, .frames = frames_of(std::max(milliseconds, 0))});
+  orders_.send({.kind = RenderCommand::Kind::Finish, .deck = deck_, .frames = frames_of(std::max(milliseconds, 0))});
 }
 
 }  // namespace tandem

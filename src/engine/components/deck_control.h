@@ -41,7 +41,7 @@ class DeckControl {
  private:
   void begin(Frames frame, bool keeps_fade);     // a new generation, for the render thread
   void start_at(Frames frame, bool keeps_fade);  // and of the open song for the reader
-  PitchEngine* fresh_engine() const;
+  PitchShifter* fresh_engine() const;
 
   std::uint8_t deck_;
   DeckReader& reader_;

@@ -15,11 +15,11 @@ void DeviceControl::order(std::function<void()> device_order) {
 void DeviceControl::close_gate() {
   if (closing_) return;
   closing_ = true;
-  orders_.send({.kind = RenderOrder::Kind::CloseGate});
+  orders_.send({.kind = RenderCommand::Kind::CloseGate});
 }
 
 void DeviceControl::open_gate() {
-  order([this] { orders_.send({.kind = RenderOrder::Kind::OpenGate}); });
+  order([this] { orders_.send({.kind = RenderCommand::Kind::OpenGate}); });
 }
 
 void DeviceControl::gate_closed() {

@@ -10,7 +10,7 @@ namespace tandem {
 
 class EqualizerControl final : public MMEqualizerX {
  public:
-  explicit EqualizerControl(FilterDesigner& designer) : designer_(designer) {}
+  explicit EqualizerControl(FilterWorker& designer) : designer_(designer) {}
 
   int FilterCount() const override { return static_cast<int>(bands_.size()); }
   void add_filter(double low_hz, double high_hz, double gain_db) override;
@@ -22,7 +22,7 @@ class EqualizerControl final : public MMEqualizerX {
  private:
   const EqualizerBand& band(int index) const;
 
-  FilterDesigner& designer_;
+  FilterWorker& designer_;
   std::vector<EqualizerBand> bands_;
   bool bypassed_ = false;
 };

@@ -2,7 +2,7 @@
 
 namespace tandem {
 
-void SongEnd::report(const RenderNews& ended) { reports_.at(ended.deck) = Report{ended.generation, ended.epoch}; }
+void SongEnd::report(const RenderEvent& ended) { reports_.at(ended.deck) = Report{ended.generation, ended.epoch}; }
 
 bool SongEnd::has_ended(int input) {
   const auto& report = reports_[static_cast<std::size_t>(input)];

@@ -34,7 +34,7 @@ class SongEnd {
   SongEnd(std::array<DeckControl, 2>& decks, MixerControl& mixer, MixTick mix_tick)
       : decks_(decks), mixer_(mixer), mix_tick_(std::move(mix_tick)) {}
 
-  void report(const RenderNews& ended);  // from the render thread
+  void report(const RenderEvent& ended);  // from the render thread
   void finish(int deck, std::int32_t milliseconds);
   bool deliver_one();  // one event; false if no end is due
   // One tick during which every song's end seems past; the guard's last resort. See silence_guard.h.

@@ -13,13 +13,13 @@
 namespace tandem {
 
 template <class T>
-class Published {
+class SeqLock {
   static_assert(std::is_trivially_copyable_v<T> && sizeof(T) % sizeof(std::uint64_t) == 0);
   static constexpr std::size_t kWords = sizeof(T) / sizeof(std::uint64_t);
   using Words = std::array<std::uint64_t, kWords>;
 
  public:
-  explicit Published(const T& value) { publish(value); }
+  explicit SeqLock(const T& value) { publish(value); }
 
   void publish(const T& value) noexcept {  // the one publishing thread
     const Words words = std::bit_cast<Words>(value);

@@ -16,10 +16,10 @@ std::int64_t end_of(const Mp3Frame& frame) { return frame.offset + frame.bytes; 
 
 }  // namespace
 
-Mp3FrameWalk::Mp3FrameWalk(std::shared_ptr<const SongFile> file, std::int64_t begin, std::int64_t end)
+Mp3FrameScanner::Mp3FrameScanner(std::shared_ptr<const SongFile> file, std::int64_t begin, std::int64_t end)
     : window_(std::move(file), end), begin_(begin) {}
 
-std::optional<Mp3Frame> Mp3FrameWalk::next() noexcept {
+std::optional<Mp3Frame> Mp3FrameScanner::next() noexcept {
   if (!std::exchange(started_, true)) {
     const std::int64_t first = skip_tags(window_, begin_);
     next_ = find_chain(first, std::min(end(), first + kMostLeadingGarbage));
@@ -32,7 +32,7 @@ std::optional<Mp3Frame> Mp3FrameWalk::next() noexcept {
 }
 
 // Moves on to what follows `frame`. False if that begins within the frame: bytes of it are missing, it must not sound.
-bool Mp3FrameWalk::find_next(const Mp3Frame& frame) noexcept {
+bool Mp3FrameScanner::find_next(const Mp3Frame& frame) noexcept {
   const std::int64_t behind = end_of(frame);
   next_ = follower(frame);
   if (next_ || behind >= end()) return true;
@@ -41,7 +41,7 @@ bool Mp3FrameWalk::find_next(const Mp3Frame& frame) noexcept {
   return !next_ || next_->offset >= behind;
 }
 
-std::optional<Mp3Frame> Mp3FrameWalk::frame_at(std::int64_t offset) noexcept {
+std::optional<Mp3Frame> Mp3FrameScanner::frame_at(std::int64_t offset) noexcept {
   const std::uint8_t* bytes = window_.at(offset, MpegHeader::kBytes);
   if (bytes == nullptr) return std::nullopt;
   const auto header = parse_mpeg_header(bytes);
@@ -49,13 +49,13 @@ std::optional<Mp3Frame> Mp3FrameWalk::frame_at(std::int64_t offset) noexcept {
   return Mp3Frame{offset, header->free_format() ? free_format_bytes_ + header->padding : header->bytes, *header};
 }
 
-std::optional<Mp3Frame> Mp3FrameWalk::follower(const Mp3Frame& frame) noexcept {
+std::optional<Mp3Frame> Mp3FrameScanner::follower(const Mp3Frame& frame) noexcept {
   auto found = frame_at(end_of(frame));
   if (found && !same_stream(found->header, frame.header)) found.reset();
   return found;
 }
 
-bool Mp3FrameWalk::begins_chain(const Mp3Frame& frame) noexcept {
+bool Mp3FrameScanner::begins_chain(const Mp3Frame& frame) noexcept {
   Mp3Frame last = frame;
   for (int count = 1; count < kChainFrames; ++count) {
     if (end_of(last) == end()) return true;
@@ -67,7 +67,7 @@ bool Mp3FrameWalk::begins_chain(const Mp3Frame& frame) noexcept {
 }
 
 // Only the distance to the next header tells the size of a frame in free format.
-std::optional<Mp3Frame> Mp3FrameWalk::begins_free_format_chain(Mp3Frame frame) noexcept {
+std::optional<Mp3Frame> Mp3FrameScanner::begins_free_format_chain(Mp3Frame frame) noexcept {
   const std::int32_t before = free_format_bytes_;
   for (std::int32_t size = kShortestFrame; size <= MpegHeader::kLongestFrame; ++size) {
     size = next_sync(frame.offset, size);
@@ -80,7 +80,7 @@ std::optional<Mp3Frame> Mp3FrameWalk::begins_free_format_chain(Mp3Frame frame) n
 }
 
 // The first place from offset + distance on where a header may begin, as a distance; kLongestFrame if there is none.
-std::int32_t Mp3FrameWalk::next_sync(std::int64_t offset, std::int32_t distance) noexcept {
+std::int32_t Mp3FrameScanner::next_sync(std::int64_t offset, std::int32_t distance) noexcept {
   const auto reach = static_cast<std::int64_t>(MpegHeader::kLongestFrame - distance);
   const auto count = static_cast<std::size_t>(std::clamp<std::int64_t>(end() - offset - distance, 0, reach));
   const std::uint8_t* bytes = window_.at(offset + distance, count);
@@ -89,14 +89,14 @@ std::int32_t Mp3FrameWalk::next_sync(std::int64_t offset, std::int32_t distance)
   return distance + static_cast<std::int32_t>(static_cast<const std::uint8_t*>(sync) - bytes);
 }
 
-std::optional<Mp3Frame> Mp3FrameWalk::chain_at(std::int64_t offset) noexcept {
+std::optional<Mp3Frame> Mp3FrameScanner::chain_at(std::int64_t offset) noexcept {
   auto frame = frame_at(offset);
   if (!frame) return std::nullopt;
   if (frame->header.free_format()) return begins_free_format_chain(*frame);
   return begins_chain(*frame) ? frame : std::nullopt;
 }
 
-std::optional<Mp3Frame> Mp3FrameWalk::find_chain(std::int64_t from, std::int64_t limit) noexcept {
+std::optional<Mp3Frame> Mp3FrameScanner::find_chain(std::int64_t from, std::int64_t limit) noexcept {
   while (from < limit) {
     const auto bytes = window_.from(from);
     if (bytes.empty()) return std::nullopt;

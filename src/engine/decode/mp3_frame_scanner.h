@@ -19,12 +19,12 @@ struct Mp3Frame {
   MpegHeader header;
 };
 
-class Mp3FrameWalk {
+class Mp3FrameScanner {
  public:
   static constexpr std::int64_t kMostLeadingGarbage = std::int64_t{1} << 20;
 
   // Walks the bytes [begin, end) of the file.
-  Mp3FrameWalk(std::shared_ptr<const SongFile> file, std::int64_t begin, std::int64_t end);
+  Mp3FrameScanner(std::shared_ptr<const SongFile> file, std::int64_t begin, std::int64_t end);
 
   // The next whole frame; nullopt at the end.
   std::optional<Mp3Frame> next() noexcept;

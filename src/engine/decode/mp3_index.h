@@ -72,7 +72,7 @@ class Mp3Index {
   bool sounds();
 
   std::shared_ptr<const SongFile> file_;
-  Mp3FrameWalk walk_;
+  Mp3FrameScanner walk_;
   std::vector<Place> places_;
   std::vector<Run> runs_;
   std::vector<Part> parts_;

@@ -13,7 +13,7 @@ bool is_mpeg(const WavHeader& header) { return header.tag == WavHeader::kMpegTag
 
 }  // namespace
 
-std::unique_ptr<Decoder> open_by_content(const std::shared_ptr<const SongFile>& file) {
+std::unique_ptr<Decoder> open_decoder(const std::shared_ptr<const SongFile>& file) {
   ByteWindow window(file, file->size());
   const std::int64_t begin = skip_tags(window, 0);
   if (!is_wav(*file, begin)) return Mp3Decoder::open(file, 0, file->size());

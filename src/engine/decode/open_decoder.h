@@ -10,6 +10,6 @@
 namespace tandem {
 
 // nullptr if the file is neither WAV nor MPEG audio, cannot be decoded, or has not one sample.
-std::unique_ptr<Decoder> open_by_content(const std::shared_ptr<const SongFile>& file);
+std::unique_ptr<Decoder> open_decoder(const std::shared_ptr<const SongFile>& file);
 
 }  // namespace tandem

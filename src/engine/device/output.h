@@ -2,12 +2,13 @@
 // null output for tests and tools. The device takes 16-bit stereo at 44100 Hz out of an OutputRing that the render
 // thread fills; it never calls back into the engine otherwise.
 //
-// Threads: the orders (open .. set_depth) come from the UI thread and never block on a device: what takes time is done
-// behind them, in the order given. The questions (consuming .. lost) may be asked from any thread and never lock.
+// Threads: the orders (open .. set_queue_length) come from the UI thread and never block on a device: what takes time
+// is done behind them, in the order given. The questions (consuming .. lost) may be asked from any thread and never
+// lock.
 //
 // Failure: a device that is missing, breaks or goes away is looked for again by the implementation itself (at most
-// every 200 ms), with the sound following the default device; meanwhile consuming() is false and heard() stands still.
-// Only an error that can never be recovered makes lost() true.
+// every 200 ms), with the sound following the default device; meanwhile consuming() is false and frames_played() stands
+// still. Only an error that can never be recovered makes lost() true.
 #pragma once
 
 #include <cstdint>
@@ -18,8 +19,8 @@ namespace tandem {
 
 class Output {
  public:
-  static constexpr int kCeilingBuffers = 20;  // the most that may be queued, in buffers
-  static constexpr int kShortBuffers = 3;     // enough for a busy machine, and soon heard: while a hand is near
+  static constexpr int kMaxQueuedBuffers = 20;  // the most that may be queued, in buffers
+  static constexpr int kShortBuffers = 3;       // enough for a busy machine, and soon heard: while a hand is near
 
   virtual ~Output() = default;
 
@@ -30,19 +31,19 @@ class Output {
   virtual void pause() = 0;                 // plays what is queued (the engine has faded it), then holds the device
   virtual void restart() = 0;               // goes on after pause()
 
-  // How many buffers may be queued at the device: kShortBuffers for prompt controls, up to kCeilingBuffers - 1 to save
-  // power while nobody is near. Takes effect without a gap.
-  virtual void set_depth(int buffers) = 0;
+  // How many buffers may be queued at the device: kShortBuffers for prompt controls, up to kMaxQueuedBuffers - 1 to
+  // save power while nobody is near. Takes effect without a gap.
+  virtual void set_queue_length(int buffers) = 0;
 
   // True while a device is there and takes sound at its own pace: only then may the render thread go on.
   virtual bool consuming() const noexcept = 0;
   // How many of the ring's frames have been heard, ever: grows with the device's clock between two requests,
   // never goes back, never passes what was taken from the ring.
-  virtual std::uint64_t heard() const noexcept = 0;
+  virtual std::uint64_t frames_played() const noexcept = 0;
   // The size of one request in frames, now: at most one buffer while the queue is short, and at most a quarter of it.
   virtual int request_frames() const noexcept = 0;
   // How often, ever, the queue ran dry while it was to play: it was too short for the machine.
-  virtual std::uint64_t breaks() const noexcept { return 0; }
+  virtual std::uint64_t underruns() const noexcept { return 0; }
   virtual bool lost() const noexcept = 0;
 };
 

@@ -21,9 +21,9 @@ class SimulatedOutput final : public Output {
   void stop() override { running_ = false; }
   void pause() override { paused_ = true; }
   void restart() override { paused_ = false; }
-  void set_depth(int) override {}
+  void set_queue_length(int) override {}
   bool consuming() const noexcept override { return running_ && !paused_; }
-  std::uint64_t heard() const noexcept override { return ring_.taken(); }
+  std::uint64_t frames_played() const noexcept override { return ring_.taken(); }
   int request_frames() const noexcept override { return buffer_bytes_ / static_cast<int>(sizeof(Sample16)); }
   bool lost() const noexcept override { return lost_; }
 

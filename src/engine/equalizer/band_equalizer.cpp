@@ -54,14 +54,14 @@ void BandEqualizer::reset() noexcept {
   position_ = 0;
   transformed_ = 0;
   block_ = kPastBlocks;
-  for (Voice& voice : voices_) voice.first = kNever;
+  for (ActiveFilter& voice : voices_) voice.first = kNever;
 }
 
 void BandEqualizer::process_block() noexcept {
   position_ = 0;
   keep_input();
   if (waiting_ && !fading_) begin_fade();
-  Voice& voice = voices_[current_];
+  ActiveFilter& voice = voices_[current_];
   if (fading_) {
     mix_fade();
   } else if (voice.filter != nullptr) {
@@ -117,7 +117,7 @@ void BandEqualizer::transform_input() noexcept {
   transformed_ = block_ + 1;
 }
 
-const Block& BandEqualizer::render_voice(Voice& voice, Block& scratch) noexcept {
+const Block& BandEqualizer::render_voice(ActiveFilter& voice, Block& scratch) noexcept {
   if (voice.filter == nullptr) return past(block_);
   const SpectrumTable& filter = voice.filter->partitions();
   const std::size_t place = block_ - voice.first;

@@ -37,7 +37,7 @@ class BandEqualizer {
 
  private:
   // One filter at work. Sum k is that of block `first + k`, less what blocks after `first` contribute.
-  struct Voice {
+  struct ActiveFilter {
     const EqualizerFilter* filter = nullptr;
     std::size_t first = kNever;
     SpectraAhead sums{};
@@ -53,7 +53,7 @@ class BandEqualizer {
   void retire(const EqualizerFilter* filter) noexcept;
   void keep_input() noexcept;
   void transform_input() noexcept;
-  const Block& render_voice(Voice& voice, Block& scratch) noexcept;
+  const Block& render_voice(ActiveFilter& voice, Block& scratch) noexcept;
   void mix_fade() noexcept;
   void write_output(const Block& sound) noexcept;
   const Block& past(std::size_t index) const noexcept { return past_[index % kPastBlocks]; }
@@ -66,7 +66,7 @@ class BandEqualizer {
   std::array<Block, kPastBlocks> past_{};  // the last input, block n in n mod 33
   SpectrumTable spectra_;                  // the spectrum of blocks n - 1 and n in slot n mod 32
 
-  std::array<Voice, 2> voices_{};
+  std::array<ActiveFilter, 2> voices_{};
   std::size_t current_ = 0;     // the voice that sounds, or fades in
   std::size_t fade_block_ = 0;  // blocks of the running fade that are done
   bool fading_ = false;

@@ -21,11 +21,11 @@ const EqualizerFilter* to_filter(std::uintptr_t word) {
 
 }  // namespace
 
-FilterDesigner::FilterDesigner(bool threaded) : threaded_(threaded) {
+FilterWorker::FilterWorker(bool threaded) : threaded_(threaded) {
   if (threaded) worker_ = std::thread([this] { work(); });
 }
 
-FilterDesigner::~FilterDesigner() {
+FilterWorker::~FilterWorker() {
   if (worker_.joinable()) {
     {
       const std::lock_guard lock(mutex_);
@@ -38,7 +38,7 @@ FilterDesigner::~FilterDesigner() {
   delete to_filter(finished_.load(std::memory_order_acquire));
 }
 
-void FilterDesigner::request(std::span<const EqualizerBand> bands, bool bypassed) {
+void FilterWorker::request(std::span<const EqualizerBand> bands, bool bypassed) {
   free_returned();
   Request request{{bands.begin(), bands.end()}, bypassed};
   {
@@ -48,14 +48,14 @@ void FilterDesigner::request(std::span<const EqualizerBand> bands, bool bypassed
   changed_.notify_one();
 }
 
-bool FilterDesigner::take(const EqualizerFilter*& out) noexcept {
+bool FilterWorker::take(const EqualizerFilter*& out) noexcept {
   if (!threaded_ && wanted_) publish(*std::exchange(wanted_, std::nullopt));
   if (finished_.load(std::memory_order_relaxed) == kNothingNew) return false;
   out = to_filter(finished_.exchange(kNothingNew, std::memory_order_acquire));
   return true;
 }
 
-void FilterDesigner::give_back(const EqualizerFilter* retired) noexcept {
+void FilterWorker::give_back(const EqualizerFilter* retired) noexcept {
   if (retired == nullptr) return;
   const EqualizerFilter* head = returned_.load(std::memory_order_relaxed);
   do {
@@ -63,12 +63,12 @@ void FilterDesigner::give_back(const EqualizerFilter* retired) noexcept {
   } while (!returned_.compare_exchange_weak(head, retired, std::memory_order_release, std::memory_order_relaxed));
 }
 
-void FilterDesigner::free_returned() noexcept {
+void FilterWorker::free_returned() noexcept {
   const EqualizerFilter* filter = returned_.exchange(nullptr, std::memory_order_acquire);
   while (filter != nullptr) delete std::exchange(filter, filter->next_retired);
 }
 
-void FilterDesigner::work() {
+void FilterWorker::work() {
   std::unique_lock lock(mutex_);
   while (true) {
     changed_.wait(lock, [this] { return stopping_ || wanted_; });
@@ -80,7 +80,7 @@ void FilterDesigner::work() {
   }
 }
 
-void FilterDesigner::publish(const Request& request) {
+void FilterWorker::publish(const Request& request) {
   const EqualizerFilter* const filter = request.bypassed ? nullptr : design_filter(request.bands).release();
   designs_.fetch_add(1, std::memory_order_acq_rel);
   // A filter that the render thread has not taken is out of date and goes unheard.

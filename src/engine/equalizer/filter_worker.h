@@ -18,12 +18,12 @@
 
 namespace tandem {
 
-class FilterDesigner {
+class FilterWorker {
  public:
-  explicit FilterDesigner(bool threaded);
-  ~FilterDesigner();  // after the render thread's last call; frees what was given back or never taken
-  FilterDesigner(const FilterDesigner&) = delete;
-  FilterDesigner& operator=(const FilterDesigner&) = delete;
+  explicit FilterWorker(bool threaded);
+  ~FilterWorker();  // after the render thread's last call; frees what was given back or never taken
+  FilterWorker(const FilterWorker&) = delete;
+  FilterWorker& operator=(const FilterWorker&) = delete;
 
   // Asks for the filter of these bands, or for none at all if bypassed. Returns at once. Of requests that come while
   // one is being designed only the latest is designed. Frees what was given back.

@@ -17,9 +17,9 @@ constexpr auto kKernelBehind = static_cast<double>(kKernelTaps - kKernelBefore +
 
 }  // namespace
 
-PitchEngine::PitchEngine() : filters_(pitch_filters()) {}
+PitchShifter::PitchShifter() : filters_(pitch_filters()) {}
 
-void PitchEngine::begin(const DeckSong& song, double ratio) noexcept {
+void PitchShifter::begin(const SongInput& song, double ratio) noexcept {
   at_ = song.position();
   read_ = static_cast<double>(at_);
   way_ = Way::kSpliced;
@@ -28,17 +28,17 @@ void PitchEngine::begin(const DeckSong& song, double ratio) noexcept {
   stretch_.begin(song, at_);
 }
 
-void PitchEngine::steer(double ratio) noexcept {
+void PitchShifter::steer(double ratio) noexcept {
   way_ = Way::kSpliced;
   path_.steer(ratio);
 }
 
-void PitchEngine::land() noexcept {
+void PitchShifter::land() noexcept {
   way_ = Way::kLanding;
   path_.steer(1.0);
 }
 
-std::size_t PitchEngine::render(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+std::size_t PitchShifter::render(const SongInput& song, std::span<StereoFrame> out) noexcept {
   std::size_t given = 0;
   while (given < out.size()) {
     const auto rest = out.subspan(given, std::min<std::size_t>(out.size() - given, kStepFrames));
@@ -51,7 +51,7 @@ std::size_t PitchEngine::render(const DeckSong& song, std::span<StereoFrame> out
 }
 
 // Lengthens the stretched sound until `count` frames can be given; returns how many can.
-std::size_t PitchEngine::provide(const DeckSong& song, std::size_t count) noexcept {
+std::size_t PitchShifter::provide(const SongInput& song, std::size_t count) noexcept {
   for (;;) {
     const double there = static_cast<double>(stretch_.sound().end()) - kKernelBehind - read_;
     const double possible = std::floor(there / path_.top_ratio());
@@ -60,7 +60,7 @@ std::size_t PitchEngine::provide(const DeckSong& song, std::size_t count) noexce
   }
 }
 
-bool PitchEngine::lengthen(const DeckSong& song) noexcept {
+bool PitchShifter::lengthen(const SongInput& song) noexcept {
   if (way_ == Way::kStraight) return stretch_.go_straight(song);
   const bool landing = way_ == Way::kLanding && path_.resting();
   const Frames splice = stretch_.sound().end();
@@ -73,7 +73,7 @@ bool PitchEngine::lengthen(const DeckSong& song) noexcept {
   return true;
 }
 
-void PitchEngine::read(std::span<StereoFrame> out) noexcept {
+void PitchShifter::read(std::span<StereoFrame> out) noexcept {
   std::array<double, kStepFrames> positions;
   const Frames base = static_cast<Frames>(read_) - static_cast<Frames>(kKernelBefore);
   const auto used = std::span(positions).first(out.size());
@@ -86,8 +86,8 @@ void PitchEngine::read(std::span<StereoFrame> out) noexcept {
 }
 
 // A change of the filter is faded over, like every other.
-void PitchEngine::interpolate_into(std::span<StereoFrame> out, std::span<const double> positions,
-                                   Frames base) noexcept {
+void PitchShifter::interpolate_into(std::span<StereoFrame> out, std::span<const double> positions,
+                                    Frames base) noexcept {
   const float* left = stretch_.sound().left(base);
   const float* right = stretch_.sound().right(base);
   const std::size_t wanted = PitchFilters::bank_for(path_.target());
@@ -103,11 +103,11 @@ void PitchEngine::interpolate_into(std::span<StereoFrame> out, std::span<const d
   bank_ = wanted;
 }
 
-void PitchEngine::fall_into_step_if_due() noexcept {
+void PitchShifter::fall_into_step_if_due() noexcept {
   if (way_ != Way::kStraight || path_.gliding() || read_ < static_cast<double>(straight_from_)) return;
   path_.fall_into_step(read_ + static_cast<double>(stretch_.offset() - at_));
 }
 
-std::unique_ptr<PitchEngine> make_pitch_engine() { return std::make_unique<PitchEngine>(); }
+std::unique_ptr<PitchShifter> make_pitch_engine() { return std::make_unique<PitchShifter>(); }
 
 }  // namespace tandem

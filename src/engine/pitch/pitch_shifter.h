@@ -17,14 +17,14 @@
 
 namespace tandem {
 
-class PitchEngine {
+class PitchShifter {
  public:
-  PitchEngine();
+  PitchShifter();
 
   // True if the ring holds what begin() and the first 50 ms need.
-  static bool can_begin(const DeckSong& song) noexcept { return song.has_ahead(TimeStretch::kAhead); }
+  static bool can_begin(const SongInput& song) noexcept { return song.has_ahead(TimeStretch::kAhead); }
   // Begins at the ring's reading position. ratio: frequency given / frequency of the song, 2^(-1/3) .. 2^(1/3).
-  void begin(const DeckSong& song, double ratio) noexcept;
+  void begin(const SongInput& song, double ratio) noexcept;
 
   // Goes over to another ratio within 512 frames.
   void steer(double ratio) noexcept;
@@ -34,7 +34,7 @@ class PitchEngine {
   bool landed() const noexcept { return path_.in_step(); }
 
   // Gives the next frames; fewer if the ring ran dry. The song is followed by silence.
-  std::size_t render(const DeckSong& song, std::span<StereoFrame> out) noexcept;
+  std::size_t render(const SongInput& song, std::span<StereoFrame> out) noexcept;
   // The song's own frame, from the next frame given on for at least those given in one call.
   StereoFrame dry(Frames at) const noexcept { return stretch_.song().frame(at); }
   Frames at() const noexcept { return at_; }  // the number of the next frame given
@@ -44,23 +44,23 @@ class PitchEngine {
   // On the way to land: the splice that brings it near is chosen once the ratio is 1; behind it there are no more.
   enum class Way { kSpliced, kLanding, kStraight };
 
-  std::size_t provide(const DeckSong& song, std::size_t count) noexcept;
-  bool lengthen(const DeckSong& song) noexcept;
+  std::size_t provide(const SongInput& song, std::size_t count) noexcept;
+  bool lengthen(const SongInput& song) noexcept;
   void read(std::span<StereoFrame> out) noexcept;
   void interpolate_into(std::span<StereoFrame> out, std::span<const double> positions, Frames base) noexcept;
   void fall_into_step_if_due() noexcept;
 
   TimeStretch stretch_;
-  PitchPath path_;
+  RatioRamp path_;
   const PitchFilters& filters_;
   std::size_t bank_ = 0;
   Way way_ = Way::kSpliced;
   Frames straight_from_ = 0;  // with kStraight: the frame of the stretched sound where the last fade is over
   Frames at_ = 0;
   double read_ = 0.0;  // the reader's position in the stretched sound
-  PitchEngine* next_ = nullptr;
+  PitchShifter* next_ = nullptr;
 };
 
-std::unique_ptr<PitchEngine> make_pitch_engine();
+std::unique_ptr<PitchShifter> make_pitch_engine();
 
 }  // namespace tandem

@@ -23,13 +23,13 @@ float rise(std::size_t at) noexcept {
 
 }  // namespace
 
-void RetiredEngines::put(PitchEngine* engine) noexcept {
+void RetiredEngines::put(PitchShifter* engine) noexcept {
   if (engine == nullptr) return;
   engine->next_ = first_;
   first_ = engine;
 }
 
-PitchEngine* RetiredEngines::take() noexcept {
+PitchShifter* RetiredEngines::take() noexcept {
   if (first_ == nullptr) return nullptr;
   return std::exchange(first_, first_->next_);
 }
@@ -37,10 +37,10 @@ PitchEngine* RetiredEngines::take() noexcept {
 PitchStage::~PitchStage() {
   retire(engine_);
   retire(fresh_);
-  while (PitchEngine* engine = retired_.take()) delete engine;
+  while (PitchShifter* engine = retired_.take()) delete engine;
 }
 
-void PitchStage::clear(float value, PitchEngine* fresh) noexcept {
+void PitchStage::clear(float value, PitchShifter* fresh) noexcept {
   retire(engine_);
   retire(fresh_);
   value_ = value;
@@ -51,7 +51,7 @@ void PitchStage::clear(float value, PitchEngine* fresh) noexcept {
   if (value == 0.0F) retire(fresh_);
 }
 
-void PitchStage::change(float value, PitchEngine* fresh) noexcept {
+void PitchStage::change(float value, PitchShifter* fresh) noexcept {
   if (fresh_ == nullptr) std::swap(fresh_, fresh);
   retire(fresh);
   if (value == value_) return;
@@ -62,7 +62,7 @@ void PitchStage::change(float value, PitchEngine* fresh) noexcept {
 
 std::size_t PitchStage::process(DeckRing& ring, std::uint64_t song_end, std::span<StereoFrame> out) noexcept {
   if (!std::exchange(placed_, true)) origin_ = ring.position();
-  const DeckSong song{ring, origin_, song_end};
+  const SongInput song{ring, origin_, song_end};
   const auto left = static_cast<std::size_t>(std::max<Frames>(0, song.length() - given_));
   const auto wanted = out.first(std::min(out.size(), left));
   std::size_t done = 0;
@@ -83,7 +83,7 @@ bool PitchStage::at_end(const DeckRing& ring, std::uint64_t song_end) const noex
   return origin + static_cast<std::uint64_t>(given_) >= song_end;
 }
 
-std::size_t PitchStage::pass(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+std::size_t PitchStage::pass(const SongInput& song, std::span<StereoFrame> out) noexcept {
   const bool wants_engine = state_ == State::kWaiting || (state_ == State::kDry && value_ != 0.0F);
   if (wants_engine && !start_engine(song) && state_ == State::kWaiting) return 0;
   switch (state_) {
@@ -97,12 +97,12 @@ std::size_t PitchStage::pass(const DeckSong& song, std::span<StereoFrame> out) n
   }
 }
 
-std::size_t PitchStage::pass_dry(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+std::size_t PitchStage::pass_dry(const SongInput& song, std::span<StereoFrame> out) noexcept {
   return song.ring.read(out.first(std::min(out.size(), static_cast<std::size_t>(song.readable()))));
 }
 
-bool PitchStage::start_engine(const DeckSong& song) noexcept {
-  if (fresh_ == nullptr || !PitchEngine::can_begin(song)) return false;
+bool PitchStage::start_engine(const SongInput& song) noexcept {
+  if (fresh_ == nullptr || !PitchShifter::can_begin(song)) return false;
   engine_ = std::exchange(fresh_, nullptr);
   const bool from_dry = state_ == State::kDry;
   engine_->begin(song, from_dry ? 1.0 : ratio_of(value_));
@@ -111,14 +111,14 @@ bool PitchStage::start_engine(const DeckSong& song) noexcept {
   return true;
 }
 
-std::size_t PitchStage::pass_shifting(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+std::size_t PitchStage::pass_shifting(const SongInput& song, std::span<StereoFrame> out) noexcept {
   if (!engine_->landed()) return engine_->render(song, out.first(std::min<std::size_t>(out.size(), kStepFrames)));
   state_ = State::kFadingOut;
   faded_ = 0;
   return pass_fading(song, out);
 }
 
-std::size_t PitchStage::pass_fading(const DeckSong& song, std::span<StereoFrame> out) noexcept {
+std::size_t PitchStage::pass_fading(const SongInput& song, std::span<StereoFrame> out) noexcept {
   const Frames from = engine_->at();
   const std::size_t count = engine_->render(song, out.first(std::min(out.size(), kFade - faded_)));
   for (std::size_t i = 0; i < count; ++i) {
@@ -131,7 +131,7 @@ std::size_t PitchStage::pass_fading(const DeckSong& song, std::span<StereoFrame>
   return count;
 }
 
-void PitchStage::end_fade(const DeckSong& song) noexcept {
+void PitchStage::end_fade(const SongInput& song) noexcept {
   if (state_ == State::kFadingIn) {
     state_ = State::kShifting;
     aim();
@@ -150,6 +150,6 @@ void PitchStage::aim() noexcept {
   }
 }
 
-void PitchStage::retire(PitchEngine*& engine) noexcept { retired_.put(std::exchange(engine, nullptr)); }
+void PitchStage::retire(PitchShifter*& engine) noexcept { retired_.put(std::exchange(engine, nullptr)); }
 
 }  // namespace tandem

@@ -18,11 +18,11 @@ namespace tandem {
 // Engines that wait to be taken away: a list through the engines themselves.
 class RetiredEngines {
  public:
-  void put(PitchEngine* engine) noexcept;  // nullptr is ignored
-  PitchEngine* take() noexcept;            // nullptr if there is none
+  void put(PitchShifter* engine) noexcept;  // nullptr is ignored
+  PitchShifter* take() noexcept;            // nullptr if there is none
 
  private:
-  PitchEngine* first_ = nullptr;
+  PitchShifter* first_ = nullptr;
 };
 
 class PitchStage {
@@ -36,12 +36,12 @@ class PitchStage {
 
   // The song starts anew at the ring's reading position (a new name, a seek, a rewind): the position at the next
   // process(). `fresh` may be nullptr only if value is 0. The stage owns `fresh` until take_retired() gives it back.
-  void clear(float value, PitchEngine* fresh) noexcept;
+  void clear(float value, PitchShifter* fresh) noexcept;
   // The slider moved while the song goes on. fresh: an unused engine; comes back through take_retired() if not needed.
-  void change(float value, PitchEngine* fresh) noexcept;
+  void change(float value, PitchShifter* fresh) noexcept;
   // Engines no longer used, one per call, nullptr if none; to be freed on the UI thread. They appear after clear(),
   // change() and process(), any number may wait.
-  PitchEngine* take_retired() noexcept { return retired_.take(); }
+  PitchShifter* take_retired() noexcept { return retired_.take(); }
 
   // Fills out from the ring; returns how many frames came: fewer than asked only if the ring has run dry (the caller
   // gives silence and tries again) or the song has ended. song_end: the ring position at which the song ends, or
@@ -61,19 +61,19 @@ class PitchStage {
     kFadingOut,  // from the landed engine to the ring's frames
   };
 
-  std::size_t pass(const DeckSong& song, std::span<StereoFrame> out) noexcept;
-  std::size_t pass_dry(const DeckSong& song, std::span<StereoFrame> out) noexcept;
-  std::size_t pass_fading(const DeckSong& song, std::span<StereoFrame> out) noexcept;
-  std::size_t pass_shifting(const DeckSong& song, std::span<StereoFrame> out) noexcept;
-  bool start_engine(const DeckSong& song) noexcept;
-  void end_fade(const DeckSong& song) noexcept;
+  std::size_t pass(const SongInput& song, std::span<StereoFrame> out) noexcept;
+  std::size_t pass_dry(const SongInput& song, std::span<StereoFrame> out) noexcept;
+  std::size_t pass_fading(const SongInput& song, std::span<StereoFrame> out) noexcept;
+  std::size_t pass_shifting(const SongInput& song, std::span<StereoFrame> out) noexcept;
+  bool start_engine(const SongInput& song) noexcept;
+  void end_fade(const SongInput& song) noexcept;
   void aim() noexcept;
-  void retire(PitchEngine*& engine) noexcept;
+  void retire(PitchShifter*& engine) noexcept;
 
   State state_ = State::kDry;
   float value_ = 0.0F;
-  PitchEngine* engine_ = nullptr;  // at work
-  PitchEngine* fresh_ = nullptr;   // not yet
+  PitchShifter* engine_ = nullptr;  // at work
+  PitchShifter* fresh_ = nullptr;   // not yet
   RetiredEngines retired_;
   std::size_t faded_ = 0;
   bool placed_ = false;  // origin_ is known

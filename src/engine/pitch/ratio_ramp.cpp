@@ -13,13 +13,13 @@ constexpr double kGlideSpeed = 0.02;
 
 }  // namespace
 
-void PitchPath::begin(double ratio) noexcept {
-  *this = PitchPath{};
+void RatioRamp::begin(double ratio) noexcept {
+  *this = RatioRamp{};
   ratio_ = ratio;
   target_ = ratio;
 }
 
-void PitchPath::steer(double ratio) noexcept {
+void RatioRamp::steer(double ratio) noexcept {
   if (gliding_) ratio_ = 1.0 + glide_ahead(done_ + 1) - glide_ahead(done_);
   gliding_ = false;
   target_ = ratio;
@@ -27,7 +27,7 @@ void PitchPath::steer(double ratio) noexcept {
   slope_ = (target_ - ratio_) / kSteerFrames;
 }
 
-void PitchPath::fall_into_step(double ahead) noexcept {
+void RatioRamp::fall_into_step(double ahead) noexcept {
   gliding_ = true;
   ahead_ = ahead;
   done_ = 0;
@@ -35,13 +35,13 @@ void PitchPath::fall_into_step(double ahead) noexcept {
   span_ = std::abs(ahead) < 1e-9 ? 0 : static_cast<Frames>(std::max(span, kShortestGlide));
 }
 
-double PitchPath::top_ratio() const noexcept { return std::max({ratio_, target_, 1.0 + 1.5 * kGlideSpeed}); }
+double RatioRamp::top_ratio() const noexcept { return std::max({ratio_, target_, 1.0 + 1.5 * kGlideSpeed}); }
 
-double PitchPath::advance(double from, std::span<double> positions) noexcept {
+double RatioRamp::advance(double from, std::span<double> positions) noexcept {
   return gliding_ ? advance_gliding(from, positions) : advance_steered(from, positions);
 }
 
-double PitchPath::advance_steered(double from, std::span<double> positions) noexcept {
+double RatioRamp::advance_steered(double from, std::span<double> positions) noexcept {
   for (double& position : positions) {
     position = from;
     from += ratio_;
@@ -53,7 +53,7 @@ double PitchPath::advance_steered(double from, std::span<double> positions) noex
 }
 
 // In step positions are whole numbers: rounding takes off what the sums have gathered.
-double PitchPath::advance_gliding(double from, std::span<double> positions) noexcept {
+double RatioRamp::advance_gliding(double from, std::span<double> positions) noexcept {
   double line = from - glide_ahead(done_);
   if (in_step()) line = std::round(line);
   for (double& position : positions) {
@@ -64,7 +64,7 @@ double PitchPath::advance_gliding(double from, std::span<double> positions) noex
   return line + glide_ahead(done_);
 }
 
-double PitchPath::glide_ahead(Frames frame) const noexcept {
+double RatioRamp::glide_ahead(Frames frame) const noexcept {
   if (frame >= span_) return 0.0;
   const double part = static_cast<double>(frame) / static_cast<double>(span_);
   return ahead_ * 0.5 * (1.0 + std::cos(std::numbers::pi * part));

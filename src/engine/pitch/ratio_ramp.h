@@ -8,7 +8,7 @@
 
 namespace tandem {
 
-class PitchPath {
+class RatioRamp {
  public:
   void begin(double ratio) noexcept;
   // Goes over to a ratio in a straight line over 512 frames, from whatever is done now.

@@ -11,15 +11,15 @@ void mix(const float* from, const float* to, std::span<const float> fade, float*
 
 }  // namespace
 
-void SoundWindow::restart(Frames at) noexcept {
+void SlidingWindow::restart(Frames at) noexcept {
   begin_ = at;
   needed_ = at;
   size_ = 0;
 }
 
-void SoundWindow::forget(Frames before) noexcept { needed_ = std::clamp(before, needed_, std::max(needed_, end())); }
+void SlidingWindow::forget(Frames before) noexcept { needed_ = std::clamp(before, needed_, std::max(needed_, end())); }
 
-void SoundWindow::add(std::span<const StereoFrame> frames) noexcept {
+void SlidingWindow::add(std::span<const StereoFrame> frames) noexcept {
   std::size_t at = make_room(frames.size());
   for (const StereoFrame& frame : frames) {
     left_[at] = frame.left;
@@ -28,26 +28,26 @@ void SoundWindow::add(std::span<const StereoFrame> frames) noexcept {
   }
 }
 
-void SoundWindow::add_silence(std::size_t count) noexcept {
+void SlidingWindow::add_silence(std::size_t count) noexcept {
   const std::size_t at = make_room(count);
   std::fill_n(left_.data() + at, count, 0.0F);
   std::fill_n(right_.data() + at, count, 0.0F);
 }
 
-void SoundWindow::add(const SoundWindow& other, Frames from, std::size_t count) noexcept {
+void SlidingWindow::add(const SlidingWindow& other, Frames from, std::size_t count) noexcept {
   const std::size_t at = make_room(count);
   std::copy_n(other.left(from), count, left_.data() + at);
   std::copy_n(other.right(from), count, right_.data() + at);
 }
 
-void SoundWindow::add_faded(const SoundWindow& other, Frames old_from, Frames from,
-                            std::span<const float> fade) noexcept {
+void SlidingWindow::add_faded(const SlidingWindow& other, Frames old_from, Frames from,
+                              std::span<const float> fade) noexcept {
   const std::size_t at = make_room(fade.size());
   mix(other.left(old_from), other.left(from), fade, left_.data() + at);
   mix(other.right(old_from), other.right(from), fade, right_.data() + at);
 }
 
-std::size_t SoundWindow::make_room(std::size_t count) noexcept {
+std::size_t SlidingWindow::make_room(std::size_t count) noexcept {
   if (size_ + count > left_.size()) {
     const auto gone = static_cast<std::size_t>(needed_ - begin_);
     size_ -= gone;

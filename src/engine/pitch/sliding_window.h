@@ -10,10 +10,10 @@
 
 namespace tandem {
 
-class SoundWindow {
+class SlidingWindow {
  public:
   // capacity: the frames that may be held at once. Adding is cheapest where it is twice what is held.
-  explicit SoundWindow(std::size_t capacity) : left_(capacity), right_(capacity) {}
+  explicit SlidingWindow(std::size_t capacity) : left_(capacity), right_(capacity) {}
 
   Frames begin() const noexcept { return begin_; }
   Frames end() const noexcept { return begin_ + static_cast<Frames>(size_); }
@@ -29,8 +29,8 @@ class SoundWindow {
   void add_silence(std::size_t count) noexcept;
   // Frames from..from+count of another window; with a fade, `count` frames that go over from `old_from` to `from`
   // by the rising weights fade[0..count).
-  void add(const SoundWindow& other, Frames from, std::size_t count) noexcept;
-  void add_faded(const SoundWindow& other, Frames old_from, Frames from, std::span<const float> fade) noexcept;
+  void add(const SlidingWindow& other, Frames from, std::size_t count) noexcept;
+  void add_faded(const SlidingWindow& other, Frames old_from, Frames from, std::span<const float> fade) noexcept;
 
  private:
   std::size_t make_room(std::size_t count) noexcept;  // returns where they go

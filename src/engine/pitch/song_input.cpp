@@ -7,21 +7,21 @@
 
 namespace tandem {
 
-Frames DeckSong::length() const noexcept {
+Frames SongInput::length() const noexcept {
   if (end == std::numeric_limits<std::uint64_t>::max()) return std::numeric_limits<Frames>::max();
   return end > origin ? static_cast<Frames>(end - origin) : 0;
 }
 
-Frames DeckSong::readable() const noexcept {
+Frames SongInput::readable() const noexcept {
   return std::clamp<Frames>(length() - position(), 0, static_cast<Frames>(ring.readable()));
 }
 
-bool DeckSong::has_ahead(Frames count) const noexcept {
+bool SongInput::has_ahead(Frames count) const noexcept {
   const Frames ready = readable();
   return ready >= count || position() + ready >= length();
 }
 
-bool DeckSong::fill(SoundWindow& window, Frames up_to) const noexcept {
+bool SongInput::fill(SlidingWindow& window, Frames up_to) const noexcept {
   std::array<StereoFrame, kStepFrames> chunk;
   while (window.end() < up_to) {
     const auto wanted = static_cast<std::size_t>(std::min<Frames>(up_to - window.end(), kStepFrames));
@@ -37,7 +37,7 @@ bool DeckSong::fill(SoundWindow& window, Frames up_to) const noexcept {
   return true;
 }
 
-void DeckSong::go_back_to(Frames at) const noexcept {
+void SongInput::go_back_to(Frames at) const noexcept {
   ring.unread(static_cast<std::size_t>(std::max<Frames>(0, position() - at)));
 }
 

@@ -9,7 +9,7 @@
 
 namespace tandem {
 
-struct DeckSong {
+struct SongInput {
   DeckRing& ring;
   std::uint64_t origin;  // ring position of frame 0
   std::uint64_t end;     // ring position behind the last frame, UINT64_MAX while not known
@@ -23,7 +23,7 @@ struct DeckSong {
   bool has_ahead(Frames count) const noexcept;
   // Reads into the window until it ends at `up_to` or later; silence follows the song. False if the ring ran dry
   // before.
-  bool fill(SoundWindow& window, Frames up_to) const noexcept;
+  bool fill(SlidingWindow& window, Frames up_to) const noexcept;
   // Moves the reading position back to `at`; at most DeckRing::kHistory frames.
   void go_back_to(Frames at) const noexcept;
 };

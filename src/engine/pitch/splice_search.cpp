@@ -44,7 +44,7 @@ struct Best {
 
 }  // namespace
 
-Frames SpliceSearch::best(const SoundWindow& sound, Frames tail, Frames centre, float bias) noexcept {
+Frames SpliceSearch::best(const SlidingWindow& sound, Frames tail, Frames centre, float bias) noexcept {
   const Frames low = std::max(centre - kReach, sound.begin());
   const Frames high = centre + kReach;
   if (low >= high) return low;
@@ -61,7 +61,7 @@ Frames SpliceSearch::best(const SoundWindow& sound, Frames tail, Frames centre, 
   return best.at;
 }
 
-Frames SpliceSearch::coarse(const SoundWindow& sound, Frames tail, Frames low, Frames high, Frames centre,
+Frames SpliceSearch::coarse(const SlidingWindow& sound, Frames tail, Frames low, Frames high, Frames centre,
                             float bias) noexcept {
   const std::size_t places = static_cast<std::size_t>(high - low) / kCoarse;
   thin_out(sound.left(tail), kCoarse, pattern_[0]);

@@ -19,7 +19,7 @@ class SpliceSearch {
   // better than one in the middle by `bias` (of a correlation of -1..1); of equal ones the nearest to the middle is
   // taken. Needs the sound from `tail` and up to centre + kReach, kOverlap frames each; nothing before sound.begin() is
   // tried.
-  Frames best(const SoundWindow& sound, Frames tail, Frames centre, float bias) noexcept;
+  Frames best(const SlidingWindow& sound, Frames tail, Frames centre, float bias) noexcept;
 
  private:
   static constexpr std::size_t kCoarse = 4;  // frames that are one in the first, coarse pass
@@ -30,7 +30,7 @@ class SpliceSearch {
   template <std::size_t N>
   using Stereo = std::array<std::array<float, N>, 2>;
 
-  Frames coarse(const SoundWindow& sound, Frames tail, Frames low, Frames high, Frames centre, float bias) noexcept;
+  Frames coarse(const SlidingWindow& sound, Frames tail, Frames low, Frames high, Frames centre, float bias) noexcept;
 
   Stereo<kCoarseOverlap> pattern_{};
   Stereo<kCoarseSpan> field_{};

@@ -29,7 +29,7 @@ std::vector<float> hann_rise() {
 
 TimeStretch::TimeStretch() : song_(std::size_t{1} << 14), sound_(std::size_t{1} << 13), fade_(hann_rise()) {}
 
-void TimeStretch::begin(const DeckSong& song, Frames at) noexcept {
+void TimeStretch::begin(const SongInput& song, Frames at) noexcept {
   song.go_back_to(std::max<Frames>(0, at - kBack));
   song_.restart(song.position());
   song.fill(song_, at + kFirst);
@@ -40,7 +40,7 @@ void TimeStretch::begin(const DeckSong& song, Frames at) noexcept {
   tail_ = at + kFirst;
 }
 
-bool TimeStretch::splice(const DeckSong& song, double heard_at, double ratio, float bias) noexcept {
+bool TimeStretch::splice(const SongInput& song, double heard_at, double ratio, float bias) noexcept {
   // A reader at another speed than the song's is to one side of it before that place and to the other behind it.
   const auto centre = static_cast<Frames>(std::lround(heard_at - kInTime * (1.0 - 1.0 / ratio)));
   const Frames reach = std::max(tail_ + kFade, centre + SpliceSearch::kReach + kFade + kStraight);
@@ -52,7 +52,7 @@ bool TimeStretch::splice(const DeckSong& song, double heard_at, double ratio, fl
   return true;
 }
 
-bool TimeStretch::go_straight(const DeckSong& song) noexcept {
+bool TimeStretch::go_straight(const SongInput& song) noexcept {
   if (!song.fill(song_, tail_ + kStepFrames)) return false;
   sound_.add(song_, tail_, kStepFrames);
   tail_ += kStepFrames;

@@ -21,19 +21,19 @@ class TimeStretch {
   TimeStretch();
 
   // The stretched sound: its frame numbers are its own. Begins with the song's frame `at` under the number `at`.
-  const SoundWindow& sound() const noexcept { return sound_; }
+  const SlidingWindow& sound() const noexcept { return sound_; }
   // The song itself, at least from the last begin() or 4096 frames before the last forget() on.
-  const SoundWindow& song() const noexcept { return song_; }
+  const SlidingWindow& song() const noexcept { return song_; }
 
   // Begins anew at the ring's reading position, frame `at` of the song; takes what lies before it from the ring too.
-  void begin(const DeckSong& song, Frames at) noexcept;
+  void begin(const SongInput& song, Frames at) noexcept;
 
   // Adds frames up to the next splice and 30 ms behind it. heard_at: the frame of the song that should be heard at the
   // splice; ratio: how fast the reader will go there; bias: see SpliceSearch. False if the ring ran dry: nothing is
   // added then, and it can be tried again.
-  bool splice(const DeckSong& song, double heard_at, double ratio, float bias) noexcept;
+  bool splice(const SongInput& song, double heard_at, double ratio, float bias) noexcept;
   // Adds 10 ms without a splice. As above.
-  bool go_straight(const DeckSong& song) noexcept;
+  bool go_straight(const SongInput& song) noexcept;
 
   // Song frame less frame number, for what lies behind the last splice's fade.
   Frames offset() const noexcept { return tail_ - sound_.end(); }
@@ -42,8 +42,8 @@ class TimeStretch {
   void forget(Frames number, Frames at) noexcept;
 
  private:
-  SoundWindow song_;
-  SoundWindow sound_;
+  SlidingWindow song_;
+  SlidingWindow sound_;
   SpliceSearch search_;
   std::vector<float> fade_;  // the rising half of a Hann window
   Frames tail_ = 0;          // the song frame that would follow without a splice

@@ -59,7 +59,7 @@ class DeckReader {
 
   // Render thread.
   DeckRing& ring() noexcept { return ring_; }
-  const Published<ReaderStatus>& status() const noexcept { return published_; }
+  const SeqLock<ReaderStatus>& status() const noexcept { return published_; }
 
  private:
   struct Order {
@@ -75,7 +75,7 @@ class DeckReader {
   bool measure();
 
   DeckRing ring_;
-  Published<ReaderStatus> published_;
+  SeqLock<ReaderStatus> published_;
 
   // The reader thread's.
   ReaderStatus status_;

@@ -14,7 +14,7 @@ std::unique_ptr<SongSource> SongSource::open(const std::string& path, std::strin
   const std::string name = existing_song_name(path);
   const auto file = SongFile::open(name);
   if (file == nullptr) return nullptr;
-  auto decoder = open_by_content(file);
+  auto decoder = open_decoder(file);
   if (decoder == nullptr) return nullptr;
   accepted_name = name;
   return std::make_unique<SongSource>(std::move(decoder));

@@ -20,7 +20,7 @@ void convert(std::span<const StereoFrame> from, std::span<Sample16> to) noexcept
 
 }  // namespace
 
-Chain::Chain(std::array<DeckReader, kDecks>& readers, FilterDesigner& designer)
+Chain::Chain(std::array<DeckReader, kDecks>& readers, FilterWorker& designer)
     : decks_{Deck(readers[0]), Deck(readers[1])}, designer_(designer) {}
 
 // The equalizer lets go of its filters at the end of a fade to none.
@@ -47,7 +47,7 @@ void Chain::render(std::span<Sample16, kStepFrames> out) noexcept {
   if (!gate_.closed()) broken_off_ = false;
   convert(mix, out);
   display_feed_.write(out);
-  tell_news();
+  notify_ui();
 }
 
 void Chain::follow_readers() noexcept {
@@ -66,7 +66,7 @@ void Chain::take_orders_silently() noexcept {
   gate_.finish_closing();
   if (broken_off_ && !in_mid_song()) drop_sound();
   follow_readers();
-  tell_news();
+  notify_ui();
 }
 
 bool Chain::in_mid_song() const noexcept {
@@ -82,13 +82,13 @@ void Chain::drop_sound() noexcept {
 }
 
 void Chain::take_orders() noexcept {
-  RenderOrder order;
+  RenderCommand order;
   while (orders_.pop(order)) take_order(order);
 }
 
-void Chain::take_order(const RenderOrder& order) noexcept {
+void Chain::take_order(const RenderCommand& order) noexcept {
   Deck& deck = decks_[order.deck];
-  using Kind = RenderOrder::Kind;
+  using Kind = RenderCommand::Kind;
   switch (order.kind) {
     case Kind::Song:
       broken_off_ = broken_off_ || deck.in_mid_song();
@@ -139,20 +139,20 @@ void Chain::give_filters_back() noexcept {
   while (const EqualizerFilter* retired = equalizer_.take_retired()) designer_.give_back(retired);
 }
 
-void Chain::tell(const RenderNews& news) noexcept { news_.push(news); }
+void Chain::tell(const RenderEvent& news) noexcept { news_.push(news); }
 
-void Chain::tell_news() noexcept {
+void Chain::notify_ui() noexcept {
   for (std::uint8_t i = 0; i < kDecks; ++i) {
-    RenderNews news;
+    RenderEvent news;
     if (decks_[i].take_end(news)) {
       news.deck = i;
       tell(news);
     }
-    while (PitchEngine* engine = decks_[i].take_retired()) tell({RenderNews::Kind::RetiredEngine, i, 0, 0, engine});
+    while (PitchShifter* engine = decks_[i].take_retired()) tell({RenderEvent::Kind::RetiredEngine, i, 0, 0, engine});
   }
   if (gate_.closed() && !gate_told_) {
     gate_told_ = true;
-    tell({RenderNews::Kind::GateClosed});
+    tell({RenderEvent::Kind::GateClosed});
   }
 }
 

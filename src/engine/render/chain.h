@@ -24,14 +24,14 @@ class Chain {
  public:
   static constexpr int kDecks = 2;
 
-  Chain(std::array<DeckReader, kDecks>& readers, FilterDesigner& designer);
+  Chain(std::array<DeckReader, kDecks>& readers, FilterWorker& designer);
   ~Chain();  // gives the filters back to the designer
   Chain(const Chain&) = delete;
   Chain& operator=(const Chain&) = delete;
 
   // UI thread's ends of the two queues.
-  RenderOrderQueue& orders() noexcept { return orders_; }
-  RenderNewsQueue& news() noexcept { return news_; }
+  RenderCommandQueue& orders() noexcept { return orders_; }
+  RenderEventQueue& news() noexcept { return news_; }
 
   // One step of sound. Takes the orders first.
   void render(std::span<Sample16, kStepFrames> out) noexcept;
@@ -54,27 +54,27 @@ class Chain {
  private:
   void take_orders() noexcept;
   void follow_readers() noexcept;
-  void take_order(const RenderOrder& order) noexcept;
+  void take_order(const RenderCommand& order) noexcept;
   bool in_mid_song() const noexcept;
   void drop_sound() noexcept;
   void mix_decks(std::span<StereoFrame, kStepFrames> mix) noexcept;
   void give_filters_back() noexcept;
   void equalize(std::span<StereoFrame, kStepFrames> mix) noexcept;
-  void tell_news() noexcept;
-  void tell(const RenderNews& news) noexcept;
+  void notify_ui() noexcept;
+  void tell(const RenderEvent& news) noexcept;
 
   std::array<Deck, kDecks> decks_;
-  FilterDesigner& designer_;
+  FilterWorker& designer_;
   GainRamp volume_;
   BandEqualizer equalizer_;
-  Gate gate_;
+  PauseFade gate_;
   Limiter limiter_;
   DisplayFeed display_feed_;
   bool gate_told_ = true;
   bool broken_off_ = false;  // since the gate closed, or in the step that closed it, a song was broken off
 
-  RenderOrderQueue orders_;
-  RenderNewsQueue news_;
+  RenderCommandQueue orders_;
+  RenderEventQueue news_;
   std::atomic<std::uint64_t> steps_{0};
   std::atomic<std::uint64_t> last_live_step_{0};
 };

@@ -9,15 +9,15 @@ namespace tandem {
 
 Deck::~Deck() {
   hold_engine(nullptr);
-  while (PitchEngine* engine = retired_.take()) delete engine;
+  while (PitchShifter* engine = retired_.take()) delete engine;
 }
 
-void Deck::hold_engine(PitchEngine* engine) noexcept {
+void Deck::hold_engine(PitchShifter* engine) noexcept {
   retired_.put(waiting_engine_);
   waiting_engine_ = engine;
 }
 
-void Deck::begin_song(const RenderOrder& order) noexcept {
+void Deck::begin_song(const RenderCommand& order) noexcept {
   take_tail();
   generation_ = order.generation;
   begun_ = false;
@@ -55,7 +55,7 @@ void Deck::finish(Frames frames) noexcept {
   finish_left_ = finish_total_;
 }
 
-void Deck::change_pitch(const RenderOrder& order) noexcept {
+void Deck::change_pitch(const RenderCommand& order) noexcept {
   pitch_value_ = order.value;
   if (begun_) {
     stage_.change(order.value, order.engine);
@@ -183,15 +183,15 @@ Frames Deck::frames_left() const noexcept {
   return static_cast<Frames>(status_.end - status_.begin) - (frame_ - status_.first_frame);
 }
 
-bool Deck::take_end(RenderNews& news) noexcept {
+bool Deck::take_end(RenderEvent& news) noexcept {
   if (muted_ || !ended_ || reported_) return false;
   reported_ = true;
-  news = {RenderNews::Kind::SongEnded, 0, generation_, epoch_, nullptr};
+  news = {RenderEvent::Kind::SongEnded, 0, generation_, epoch_, nullptr};
   return true;
 }
 
-PitchEngine* Deck::take_retired() noexcept {
-  PitchEngine* engine = retired_.take();
+PitchShifter* Deck::take_retired() noexcept {
+  PitchShifter* engine = retired_.take();
   return engine != nullptr ? engine : stage_.take_retired();
 }
 

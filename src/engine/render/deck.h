@@ -26,11 +26,11 @@ class Deck {
   Deck& operator=(const Deck&) = delete;
 
   // Orders.
-  void begin_song(const RenderOrder& order) noexcept;
+  void begin_song(const RenderCommand& order) noexcept;
   void mute(std::uint32_t epoch) noexcept;
   void unmute(std::uint32_t epoch) noexcept;
   void finish(Frames frames) noexcept;
-  void change_pitch(const RenderOrder& order) noexcept;
+  void change_pitch(const RenderCommand& order) noexcept;
 
   // Leads the ring to the song that is waited for; part of render(), or alone while the output takes no sound.
   void follow_reader() noexcept;
@@ -46,8 +46,8 @@ class Deck {
   // Frames until a song that sounds ends, as far as that is known: its reader tells seconds ahead. A great number else.
   Frames frames_left() const noexcept;
   // The end of an unmuted song: true once for each song and unmute.
-  bool take_end(RenderNews& news) noexcept;
-  PitchEngine* take_retired() noexcept;
+  bool take_end(RenderEvent& news) noexcept;
+  PitchShifter* take_retired() noexcept;
 
   const DeckPosition& position() const noexcept { return position_; }
 
@@ -62,7 +62,7 @@ class Deck {
   void fade_towards_end(std::span<StereoFrame> block) noexcept;
   void advance(std::size_t frames) noexcept;
   void end_song() noexcept { ended_ = true; }
-  void hold_engine(PitchEngine* engine) noexcept;
+  void hold_engine(PitchShifter* engine) noexcept;
 
   DeckReader& reader_;
   ReaderStatus status_;
@@ -78,7 +78,7 @@ class Deck {
   bool ramp_in_ = false;  // the next sound does not begin at the song's first frame
   int stalled_steps_ = 0;
   float pitch_value_ = 0.0F;
-  PitchEngine* waiting_engine_ = nullptr;  // for the song that has not begun
+  PitchShifter* waiting_engine_ = nullptr;  // for the song that has not begun
 
   Frames frame_ = 0;         // of the song: the next one that is taken
   Frames finish_total_ = 0;  // of a finishing run; 0: none

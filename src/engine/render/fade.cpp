@@ -46,7 +46,7 @@ void GainRamp::apply(std::span<StereoFrame> frames) noexcept {
     frames[i] = scaled(frames[i], way == 0.0F ? from : from + way * kRisingFade[place(i, frames.size())]);
 }
 
-void Gate::apply(std::span<StereoFrame> frames) noexcept {
+void PauseFade::apply(std::span<StereoFrame> frames) noexcept {
   if (open_ != target_open_) {
     if (!target_open_) {
       fade_out(frames);

@@ -30,7 +30,7 @@ class GainRamp {
 
 // Lets the sound through or holds it back, fading over one step. Where nothing waits behind the closed gate (at first,
 // and after forget()), it opens without a fade: what comes next begins at its full level.
-class Gate {
+class PauseFade {
  public:
   void open() noexcept { target_open_ = true; }
   void close() noexcept { target_open_ = false; }

@@ -2,7 +2,7 @@
 
 namespace tandem {
 
-void MixHold::put(int deck, std::uint32_t generation, Frames frame) noexcept {
+void MixPointWait::put(int deck, std::uint32_t generation, Frames frame) noexcept {
   const Moment moment{deck, generation, frame};
   if (moment == put_) return;
   put_ = moment;
@@ -13,18 +13,18 @@ void MixHold::put(int deck, std::uint32_t generation, Frames frame) noexcept {
   turn_.fetch_add(1, std::memory_order_release);
 }
 
-void MixHold::clear() noexcept { put(-1, 0, 0); }
+void MixPointWait::clear() noexcept { put(-1, 0, 0); }
 
 // A moment that is just being changed is no moment.
-bool MixHold::read(Moment& moment, std::uint32_t& turn) const noexcept {
+bool MixPointWait::read(Moment& moment, std::uint32_t& turn) const noexcept {
   turn = turn_.load(std::memory_order_acquire);
   moment = {deck_.load(std::memory_order_acquire), generation_.load(std::memory_order_acquire),
             frame_.load(std::memory_order_acquire)};
   return turn % 2 == 0 && turn_.load(std::memory_order_acquire) == turn && moment.deck >= 0;
 }
 
-bool MixHold::holds(const std::array<const DeckPosition*, 2>& positions, std::int64_t now_ns,
-                    std::int64_t patience_ns) noexcept {
+bool MixPointWait::holds(const std::array<const DeckPosition*, 2>& positions, std::int64_t now_ns,
+                         std::int64_t patience_ns) noexcept {
   Moment moment;
   std::uint32_t turn = 0;
   if (!read(moment, turn)) return false;

@@ -12,7 +12,7 @@
 
 namespace tandem {
 
-class MixHold {
+class MixPointWait {
  public:
   // Steps wait once this deck's song (its generation) stands at that frame or behind it. Given again, it changes
   // nothing.

@@ -9,37 +9,37 @@
 
 namespace tandem {
 
-class PitchEngine;
+class PitchShifter;
 
-struct RenderOrder {  // UI -> render
+struct RenderCommand {  // UI -> render
   enum class Kind : std::uint8_t { Song, Mute, Unmute, Finish, Pitch, Volume, CloseGate, OpenGate };
   Kind kind = Kind::Song;
   std::uint8_t deck = 0;
-  bool keeps_fade = false;        // Song: a seek within the song, a finishing run goes on
-  std::uint32_t generation = 0;   // Song: the generation that the deck waits for from now on
-  std::uint32_t epoch = 0;        // Mute, Unmute: numbers the mute changes of the input
-  Frames frames = 0;              // Song: where it starts; Finish: how long the fade is
-  float value = 0.0F;             // Song, Pitch: the pitch value; Volume: the gain
-  PitchEngine* engine = nullptr;  // Song, Pitch: a fresh engine, owned by the receiver
+  bool keeps_fade = false;         // Song: a seek within the song, a finishing run goes on
+  std::uint32_t generation = 0;    // Song: the generation that the deck waits for from now on
+  std::uint32_t epoch = 0;         // Mute, Unmute: numbers the mute changes of the input
+  Frames frames = 0;               // Song: where it starts; Finish: how long the fade is
+  float value = 0.0F;              // Song, Pitch: the pitch value; Volume: the gain
+  PitchShifter* engine = nullptr;  // Song, Pitch: a fresh engine, owned by the receiver
 };
 
-struct RenderNews {  // render -> UI
+struct RenderEvent {  // render -> UI
   enum class Kind : std::uint8_t { SongEnded, GateClosed, RetiredEngine };
   Kind kind = Kind::SongEnded;
   std::uint8_t deck = 0;
-  std::uint32_t generation = 0;   // SongEnded: of the song that ended
-  std::uint32_t epoch = 0;        // SongEnded: of the unmute under which it ended
-  PitchEngine* engine = nullptr;  // RetiredEngine: owned by the receiver
+  std::uint32_t generation = 0;    // SongEnded: of the song that ended
+  std::uint32_t epoch = 0;         // SongEnded: of the unmute under which it ended
+  PitchShifter* engine = nullptr;  // RetiredEngine: owned by the receiver
 };
 
-using RenderOrderQueue = SpscQueue<RenderOrder, 1024>;
-using RenderNewsQueue = SpscQueue<RenderNews, 1024>;
+using RenderCommandQueue = SpscQueue<RenderCommand, 1024>;
+using RenderEventQueue = SpscQueue<RenderEvent, 1024>;
 
 // The UI thread's end of the orders: nothing is lost if the render thread is behind.
 class OrderSender {
  public:
-  explicit OrderSender(RenderOrderQueue& queue) : queue_(queue) {}
-  void send(const RenderOrder& order) {
+  explicit OrderSender(RenderCommandQueue& queue) : queue_(queue) {}
+  void send(const RenderCommand& order) {
     waiting_.push_back(order);
     flush();
   }
@@ -48,8 +48,8 @@ class OrderSender {
   }
 
  private:
-  RenderOrderQueue& queue_;
-  std::deque<RenderOrder> waiting_;
+  RenderCommandQueue& queue_;
+  std::deque<RenderCommand> waiting_;
 };
 
 }  // namespace tandem

@@ -25,8 +25,8 @@ constexpr std::int64_t kLookNs = 1'000'000;
 }  // namespace
 
 RenderThread::RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock,
-                           std::function<void()> tell_news)
-    : chain_(chain), output_(output), ring_(ring), clock_(clock), tell_news_(std::move(tell_news)), thread_([this] {
+                           std::function<void()> notify_ui)
+    : chain_(chain), output_(output), ring_(ring), clock_(clock), tell_news_(std::move(notify_ui)), thread_([this] {
         run();
       }) {}
 
@@ -83,7 +83,7 @@ RenderThread::Due RenderThread::due() noexcept {
   const auto filled = static_cast<std::int64_t>(ring_.readable());
   const std::int64_t most = output_.request_frames() + periods * kStepFrames;
   if (filled > most + periods * kStepFrames) return {periods, 0};  // a server that hangs takes nothing
-  const std::int64_t missing = output_.heard() >= ring_.written() ? 2 : 1;
+  const std::int64_t missing = output_.frames_played() >= ring_.written() ? 2 : 1;
   const std::int64_t correction = filled > most ? -1 : (filled < kStepFrames ? missing : 0);
   return {periods, periods + correction};
 }
@@ -115,7 +115,7 @@ void RenderThread::pace() {
 // No longer than half of what is queued lasts: a queue that has only just been made deep still fills.
 std::int64_t RenderThread::steps_of_sleep() const noexcept {
   const std::uint64_t written = ring_.written();
-  const std::uint64_t queued = written - std::min(output_.heard(), written);
+  const std::uint64_t queued = written - std::min(output_.frames_played(), written);
   return std::max<std::int64_t>(static_cast<std::int64_t>(queued) / (2 * std::int64_t{kStepFrames}), 1);
 }
 

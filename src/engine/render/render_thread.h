@@ -20,8 +20,8 @@ namespace tandem {
 
 class RenderThread {
  public:
-  // `tell_news`: called on the render thread, outside the chain, when news waits for the UI thread.
-  RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock, std::function<void()> tell_news);
+  // `notify_ui`: called on the render thread, outside the chain, when news waits for the UI thread.
+  RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock, std::function<void()> notify_ui);
   ~RenderThread();
   RenderThread(const RenderThread&) = delete;
   RenderThread& operator=(const RenderThread&) = delete;
@@ -31,7 +31,7 @@ class RenderThread {
   // UI thread: no overlap is due before this step of the chain, so until then steps need not be spread evenly. 0: every
   // step by itself. With a deep output queue many steps are made at one wake-up, with a short one few.
   void run_freely_until(std::uint64_t step, bool deep_queue) noexcept;
-  MixHold& mix_hold() noexcept { return mix_hold_; }
+  MixPointWait& mix_hold() noexcept { return mix_hold_; }
 
  private:
   void run();
@@ -56,7 +56,7 @@ class RenderThread {
   StepClock& clock_;
   std::function<void()> tell_news_;
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
-  MixHold mix_hold_;
+  MixPointWait mix_hold_;
   std::atomic<std::uint64_t> free_until_{0};
   std::atomic<bool> deep_queue_{false};
   std::atomic<bool> stopping_{false};

@@ -13,7 +13,7 @@ using palette::kWhite;
 
 namespace {
 
-double y_of(const QRectF& box, const FaderLook& look, double value) {
+double y_of(const QRectF& box, const FaderState& look, double value) {
   const double travel = box.height() - look.cap.height();
   return box.top() + look.cap.height() / 2 + travel * (look.maximum - value) / (look.maximum - look.minimum);
 }
@@ -53,22 +53,22 @@ void paint_cap(QPainter& painter, const QRectF& cap, QRgb line, double hover) {
 
 }  // namespace
 
-double fader_y(const QRectF& box, const FaderLook& look) { return y_of(box, look, look.value); }
+double fader_y(const QRectF& box, const FaderState& look) { return y_of(box, look, look.value); }
 
-double fader_value(const QRectF& box, const FaderLook& look, double y) {
+double fader_value(const QRectF& box, const FaderState& look, double y) {
   const double travel = box.height() - look.cap.height();
   return look.maximum - (y - box.top() - look.cap.height() / 2) * (look.maximum - look.minimum) / travel;
 }
 
-void paint_fader(QPainter& painter, const QRectF& box, const FaderLook& look) {
+void paint_fader(QPainter& painter, const QRectF& box, const FaderState& look) {
   const double x = box.center().x();
   const double y = fader_y(box, look);
   const bool at_zero = look.value == 0;
   paint_groove(painter, box);
   if (!at_zero) paint_lit_line(painter, x, y_of(box, look, 0), y, look.lit_colour);
   const QRectF cap(QPointF(x - look.cap.width() / 2, y - look.cap.height() / 2), look.cap);
-  paint_cap(painter, cap, at_zero ? kWhite : look.lit_colour, look.touch.hover);
-  if (look.touch.focused) paint_focus_ring(painter, cap, 2);
+  paint_cap(painter, cap, at_zero ? kWhite : look.lit_colour, look.interaction.hover);
+  if (look.interaction.focused) paint_focus_ring(painter, cap, 2);
 }
 
 }  // namespace tandem

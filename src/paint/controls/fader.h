@@ -9,36 +9,36 @@
 
 namespace tandem {
 
-struct FaderLook {
+struct FaderState {
   double value = 0;
   double minimum = -12;
   double maximum = 12;
   QSizeF cap{14, 12};
-  QRgb lit_colour = 0xFF00FF00;  ///< of the line from the zero mark to the cap
-  Touch touch{};                 ///< hover lightens the cap
+  QRgb lit_colour = 0xFF00FF00;    ///< of the line from the zero mark to the cap
+  InteractionState interaction{};  ///< hover lightens the cap
 };
 
 /// y of the cap's middle; the greatest value is at the top. Its inverse, not limited to the range.
-double fader_y(const QRectF& box, const FaderLook& look);
-double fader_value(const QRectF& box, const FaderLook& look, double y);
-void paint_fader(QPainter& painter, const QRectF& box, const FaderLook& look);
+double fader_y(const QRectF& box, const FaderState& look);
+double fader_value(const QRectF& box, const FaderState& look, double y);
+void paint_fader(QPainter& painter, const QRectF& box, const FaderState& look);
 
-struct SliderLook {
+struct SliderState {
   double share = 0;  ///< 0..1 from left to right
-  Touch touch{};
+  InteractionState interaction{};
 };
 
 inline constexpr double kSliderCapWidth = 18;
-void paint_slider(QPainter& painter, const QRectF& box, const SliderLook& look);
+void paint_slider(QPainter& painter, const QRectF& box, const SliderState& look);
 
-struct SlideSwitchLook {
+struct SlideSwitchState {
   std::array<QString, 2> captions{};  ///< the upper and the lower position
   int position = 0;
   double cap = 0;  ///< where the cap is: 0 up .. 1 down, between while it moves
-  Touch touch{};
+  InteractionState interaction{};
 };
 
 /// Captions stand right of the box, the chosen one white and bold.
-void paint_slide_switch(QPainter& painter, const QRectF& box, const SlideSwitchLook& look);
+void paint_slide_switch(QPainter& painter, const QRectF& box, const SlideSwitchState& look);
 
 }  // namespace tandem

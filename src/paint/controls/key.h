@@ -9,18 +9,18 @@
 
 namespace tandem {
 
-struct KeyLook {
+struct KeyState {
   QRgb back_colour = 0xFF4C5259;  ///< exact 1 px inside the left edge at half height
   bool lit = false;               ///< the frame glows, the caption is white
-  Face face = Face::None;
+  Icon face = Icon::None;
   QString caption{};
   bool bold = false;
-  Touch touch{};
+  InteractionState interaction{};
 };
 
-void paint_key(QPainter& painter, const QRectF& box, const KeyLook& look);
+void paint_key(QPainter& painter, const QRectF& box, const KeyState& look);
 
-/// The silver stud without caption; `touch.enabled` is not used.
-void paint_stud(QPainter& painter, const QRectF& box, const Touch& touch);
+/// The silver stud without caption; `interaction.enabled` is not used.
+void paint_stud(QPainter& painter, const QRectF& box, const InteractionState& interaction);
 
 }  // namespace tandem

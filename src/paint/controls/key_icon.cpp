@@ -51,28 +51,28 @@ void paint_glint(QPainter& painter, std::initializer_list<QPointF> points, doubl
   stroke_path(painter, open_path(points), faded(palette::kWhite, opacity), 1, Qt::RoundCap);
 }
 
-Face at_rest(Face face) {
+Icon at_rest(Icon face) {
   switch (face) {
-    case Face::PlayActive:
-      return Face::Play;
-    case Face::PauseActive:
-      return Face::Pause;
-    case Face::StopActive:
-      return Face::Stop;
+    case Icon::PlayActive:
+      return Icon::Play;
+    case Icon::PauseActive:
+      return Icon::Pause;
+    case Icon::StopActive:
+      return Icon::Stop;
     default:
       return face;
   }
 }
 
-void paint_active(QPainter& painter, Face face) {
-  if (face == Face::PlayActive) {
+void paint_active(QPainter& painter, Icon face) {
+  if (face == Icon::PlayActive) {
     paint_glowing(painter, play_triangle(), palette::kLime);
     paint_glint(painter, {{-4, -4.5}, {2, -1.2}}, .6);
-  } else if (face == Face::PauseActive) {
+  } else if (face == Icon::PauseActive) {
     paint_glowing(painter, pause_bars(), palette::kYellow);
     paint_glint(painter, {{-4.6, -5}, {-4.6, 0}}, .7);
     paint_glint(painter, {{2.4, -5}, {2.4, 0}}, .7);
-  } else if (face == Face::StopActive) {
+  } else if (face == Icon::StopActive) {
     paint_glowing(painter, stop_square(), palette::kStopRed);
     paint_glint(painter, {{-4.5, -4.5}, {2, -4.5}}, .55);
   }
@@ -83,30 +83,30 @@ void paint_chevron(QPainter& painter, double direction, const QColor& colour) {
               Qt::FlatCap, Qt::MiterJoin);
 }
 
-void paint_resting(QPainter& painter, Face face, const QColor& colour) {
+void paint_resting(QPainter& painter, Icon face, const QColor& colour) {
   switch (face) {
-    case Face::Play:
+    case Icon::Play:
       paint_outlined(painter, play_triangle(), colour, 1);
       break;
-    case Face::Pause:
+    case Icon::Pause:
       fill_path(painter, pause_bars(), colour);
       break;
-    case Face::Stop:
+    case Icon::Stop:
       fill_path(painter, stop_square(), colour);
       break;
-    case Face::Next:
+    case Icon::Next:
       paint_outlined(painter, next_arrows(), colour, .6);
       break;
-    case Face::Up:
+    case Icon::Up:
       paint_chevron(painter, -1, colour);
       break;
-    case Face::Down:
+    case Icon::Down:
       paint_chevron(painter, 1, colour);
       break;
-    case Face::Minimise:
+    case Icon::Minimise:
       draw_line(painter, {-3.5, 2.5}, {3.5, 2.5}, colour, 1.4);
       break;
-    case Face::Close:
+    case Icon::Close:
       draw_line(painter, {-3, -3}, {3, 3}, colour, 1.4);
       draw_line(painter, {3, -3}, {-3, 3}, colour, 1.4);
       break;
@@ -117,13 +117,13 @@ void paint_resting(QPainter& painter, Face face, const QColor& colour) {
 
 }  // namespace
 
-Face icone(int index) {
-  constexpr Face kFaces[] = {Face::Play,        Face::PlayActive, Face::Pause,
-                             Face::PauseActive, Face::Stop,       Face::StopActive};
-  return index >= 0 && index < 6 ? kFaces[index] : Face::None;
+Icon icone(int index) {
+  constexpr Icon kFaces[] = {Icon::Play,        Icon::PlayActive, Icon::Pause,
+                             Icon::PauseActive, Icon::Stop,       Icon::StopActive};
+  return index >= 0 && index < 6 ? kFaces[index] : Icon::None;
 }
 
-void paint_face(QPainter& painter, const QPointF& centre, Face face, bool enabled) {
+void paint_face(QPainter& painter, const QPointF& centre, Icon face, bool enabled) {
   painter.save();
   painter.translate(centre);
   if (enabled && face != at_rest(face)) {

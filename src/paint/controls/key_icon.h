@@ -5,12 +5,12 @@
 
 namespace tandem {
 
-enum class Face { None, Play, PlayActive, Pause, PauseActive, Stop, StopActive, Next, Up, Down, Minimise, Close };
+enum class Icon { None, Play, PlayActive, Pause, PauseActive, Stop, StopActive, Next, Up, Down, Minimise, Close };
 
 /// The face of picture Icone(index), 0..5; any other index has none.
-Face icone(int index);
+Icon icone(int index);
 
 /// A disabled key shows the resting picture in grey.
-void paint_face(QPainter& painter, const QPointF& centre, Face face, bool enabled);
+void paint_face(QPainter& painter, const QPointF& centre, Icon face, bool enabled);
 
 }  // namespace tandem

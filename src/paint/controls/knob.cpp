@@ -63,15 +63,16 @@ void paint_cap(QPainter& painter, const QPointF& centre, double radius) {
 
 }  // namespace
 
-void paint_knob(QPainter& painter, const QPointF& centre, double radius, double degrees, const Touch& touch) {
+void paint_knob(QPainter& painter, const QPointF& centre, double radius, double degrees,
+                const InteractionState& interaction) {
   paint_skirt(painter, centre, radius, degrees);
   paint_cap(painter, centre, radius - 3);
   const QPointF tip = on_circle(centre, radius - 1.2, degrees);
   const QPointF root = on_circle(centre, (radius - 3) * .34, degrees);
   draw_line(painter, root, tip, QColor::fromRgb(0xFF0A0B0C), 3.4, Qt::RoundCap);
   draw_line(painter, root, tip, QColor::fromRgb(kWhite), 1.7, Qt::RoundCap);
-  if (touch.hover > 0) fill_disc(painter, centre, radius, faded(kWhite, .07 * touch.hover));
-  if (touch.focused) {
+  if (interaction.hover > 0) fill_disc(painter, centre, radius, faded(kWhite, .07 * interaction.hover));
+  if (interaction.focused) {
     draw_ring(painter, centre, radius + 2.5, faded(kBlack, .5), 3);
     draw_ring(painter, centre, radius + 2.5, QColor::fromRgb(palette::kFocus), 1.5);
   }
@@ -87,8 +88,8 @@ void paint_wheel_marks(QPainter& painter, const QRectF& box) {
   }
 }
 
-void paint_wheel(QPainter& painter, const QRectF& box, const WheelLook& look) {
-  paint_knob(painter, {box.left() + 23, box.top() + 24.5}, 18.5, -kSweep / 2 + kSweep * look.share, look.touch);
+void paint_wheel(QPainter& painter, const QRectF& box, const WheelState& look) {
+  paint_knob(painter, {box.left() + 23, box.top() + 24.5}, 18.5, -kSweep / 2 + kSweep * look.share, look.interaction);
 }
 
 }  // namespace tandem

@@ -10,26 +10,27 @@
 
 namespace tandem {
 
-void paint_knob(QPainter& painter, const QPointF& centre, double radius, double degrees, const Touch& touch);
+void paint_knob(QPainter& painter, const QPointF& centre, double radius, double degrees,
+                const InteractionState& interaction);
 
-struct WheelLook {
+struct WheelState {
   double share = 0;  ///< 0..1 of the 270 degrees from -135 to +135
-  Touch touch{};
+  InteractionState interaction{};
 };
 
 /// The 21 marks round the volume wheel, part of the background.
 void paint_wheel_marks(QPainter& painter, const QRectF& box);
-void paint_wheel(QPainter& painter, const QRectF& box, const WheelLook& look);
+void paint_wheel(QPainter& painter, const QRectF& box, const WheelState& look);
 
-struct RotaryLook {
+struct RotaryState {
   QStringList captions{};
   int position = 0;
   std::optional<double> pointer{};  ///< degrees while the pointer moves; none: it stands at the position
-  Touch touch{};
+  InteractionState interaction{};
 };
 
 /// Where the pointer stands at a position.
 double rotary_angle(int position, int count);
-void paint_rotary(QPainter& painter, const RotaryPlace& place, const RotaryLook& look);
+void paint_rotary(QPainter& painter, const RotaryPlace& place, const RotaryState& look);
 
 }  // namespace tandem

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kRadius = 4;
 
-void paint_round_lamp(QPainter& painter, const QPointF& centre, const LampLook& look) {
+void paint_round_lamp(QPainter& painter, const QPointF& centre, const LampState& look) {
   fill_disc(painter, centre + QPointF(0, .8), kRadius + 1.6, faded(kWhite, .15));
   fill_disc(painter, centre, kRadius + 1.6, QColor::fromRgb(0xFF040505));
   if (look.lit) {
@@ -23,11 +23,12 @@ void paint_round_lamp(QPainter& painter, const QPointF& centre, const LampLook& 
   fill_disc(painter, centre, kRadius, QColor::fromRgb(look.colour));
   draw_ring(painter, centre, kRadius - .5, faded(kBlack, look.lit ? .14 : .34), 1);
   fill_disc(painter, centre - QPointF(kRadius * .34, kRadius * .4), kRadius * .34, faded(kWhite, look.lit ? .85 : .22));
-  if (look.touch.hover > 0) draw_ring(painter, centre, kRadius + 1.6, faded(kWhite, .5 * look.touch.hover), 1);
-  if (look.touch.focused) draw_ring(painter, centre, kRadius + 3, QColor::fromRgb(palette::kFocus), 1.5);
+  if (look.interaction.hover > 0)
+    draw_ring(painter, centre, kRadius + 1.6, faded(kWhite, .5 * look.interaction.hover), 1);
+  if (look.interaction.focused) draw_ring(painter, centre, kRadius + 3, QColor::fromRgb(palette::kFocus), 1.5);
 }
 
-void paint_lens(QPainter& painter, const QRectF& box, const LampLook& look) {
+void paint_lens(QPainter& painter, const QRectF& box, const LampState& look) {
   fill_box(painter, box.adjusted(-2, -2, 2, 3), faded(kWhite, .13), 3);
   fill_box(painter, box.adjusted(-2, -2, 2, 2), QColor::fromRgb(palette::kWellRim), 3);
   if (look.lit) {
@@ -43,21 +44,21 @@ void paint_lens(QPainter& painter, const QRectF& box, const LampLook& look) {
 
 }  // namespace
 
-void paint_lead_lamp(QPainter& painter, const QRectF& box, const LampLook& look) {
+void paint_lead_lamp(QPainter& painter, const QRectF& box, const LampState& look) {
   const CaptionStyle style{.colour = look.lit ? kWhite : palette::kLegendUnchosen, .bold = look.lit};
   draw_caption(painter, {box.left() - 1, box.top() + 11.6}, look.caption, style, Anchor::End);
   paint_round_lamp(painter, box.center(), look);
 }
 
-void paint_lamp_button(QPainter& painter, const QRectF& box, const LampLook& look) {
+void paint_lamp_button(QPainter& painter, const QRectF& box, const LampState& look) {
   paint_lens(painter, box, look);
   if (look.lit) {
     fill_box(painter, {box.left() + 4, box.center().y() - 1, box.width() - 8, 2}, faded(kWhite, .7), 1);
   }
-  if (look.touch.hover > 0) {
-    frame_box(painter, box.adjusted(-.5, -.5, .5, .5), faded(kWhite, .5 * look.touch.hover), 1, 2);
+  if (look.interaction.hover > 0) {
+    frame_box(painter, box.adjusted(-.5, -.5, .5, .5), faded(kWhite, .5 * look.interaction.hover), 1, 2);
   }
-  if (look.touch.focused) paint_focus_ring(painter, box.adjusted(-1, -1, 1, 1), 3);
+  if (look.interaction.focused) paint_focus_ring(painter, box.adjusted(-1, -1, 1, 1), 3);
   draw_caption(painter, {box.left() + 30, box.top() + 9.3}, look.caption,
                {.colour = look.lit ? kWhite : palette::kLegend});
 }

@@ -8,17 +8,17 @@
 
 namespace tandem {
 
-struct LampLook {
+struct LampState {
   QRgb colour = 0;  ///< the lamp's own colour, shown exact
   bool lit = false;
   QString caption{};
-  Touch touch{};
+  InteractionState interaction{};
 };
 
 /// A round lamp in the middle of its 16 x 16 box, its caption ending 1 px before the box.
-void paint_lead_lamp(QPainter& painter, const QRectF& box, const LampLook& look);
+void paint_lead_lamp(QPainter& painter, const QRectF& box, const LampState& look);
 
 /// A lens of 22 x 11 px, its caption to the right.
-void paint_lamp_button(QPainter& painter, const QRectF& box, const LampLook& look);
+void paint_lamp_button(QPainter& painter, const QRectF& box, const LampState& look);
 
 }  // namespace tandem

@@ -27,7 +27,7 @@ double rotary_angle(int position, int count) {
   return 90 - span / 2 + span * position / (count - 1);
 }
 
-void paint_rotary(QPainter& painter, const RotaryPlace& place, const RotaryLook& look) {
+void paint_rotary(QPainter& painter, const RotaryPlace& place, const RotaryState& look) {
   const auto count = static_cast<int>(look.captions.size());
   const double first = place.centre.y() - (count - 1) * place.caption_pitch / 2;
   for (int i = 0; i < count; ++i) {
@@ -38,7 +38,7 @@ void paint_rotary(QPainter& painter, const RotaryPlace& place, const RotaryLook&
     draw_caption(painter, {place.caption_x, y + 3.5}, look.captions[i], style);
   }
   paint_knob(painter, place.centre, place.radius, look.pointer.value_or(rotary_angle(look.position, count)),
-             look.touch);
+             look.interaction);
 }
 
 }  // namespace tandem

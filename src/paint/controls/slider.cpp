@@ -62,18 +62,18 @@ void paint_switch_cap(QPainter& painter, const QRectF& box, double place, double
 
 }  // namespace
 
-void paint_slider(QPainter& painter, const QRectF& box, const SliderLook& look) {
+void paint_slider(QPainter& painter, const QRectF& box, const SliderState& look) {
   const double x = box.left() + kSliderCapWidth / 2 + (box.width() - kSliderCapWidth) * look.share;
   const QRectF cap(x - kSliderCapWidth / 2, box.top() + .5, kSliderCapWidth, box.height() - 1);
   paint_track(painter, box, x);
-  paint_slider_cap(painter, cap, look.touch.hover);
-  if (look.touch.focused) paint_focus_ring(painter, cap, 2);
+  paint_slider_cap(painter, cap, look.interaction.hover);
+  if (look.interaction.focused) paint_focus_ring(painter, cap, 2);
 }
 
-void paint_slide_switch(QPainter& painter, const QRectF& box, const SlideSwitchLook& look) {
+void paint_slide_switch(QPainter& painter, const QRectF& box, const SlideSwitchState& look) {
   paint_slot(painter, box);
-  paint_switch_cap(painter, box, look.cap, look.touch.hover);
-  if (look.touch.focused) paint_focus_ring(painter, box, 2.5);
+  paint_switch_cap(painter, box, look.cap, look.interaction.hover);
+  if (look.interaction.focused) paint_focus_ring(painter, box, 2.5);
   const double baselines[] = {12, 27.5};
   for (std::size_t i = 0; i < 2; ++i) {
     const bool chosen = look.position == static_cast<int>(i);

@@ -80,7 +80,7 @@ void paint_row_text(QPainter& painter, const QRectF& row, const QString& line, c
   draw_caption(painter, {row.left() + text.name, baseline}, text.file, {.colour = colours.file});
 }
 
-void paint_scroll_bar(QPainter& painter, const QRectF& box, const SongListLook& look) {
+void paint_scroll_bar(QPainter& painter, const QRectF& box, const SongListState& look) {
   if (look.count <= kListRows) return;
   const QRectF thumb = list_thumb_box(box, look.top, look.count);
   fill_box(painter, list_track_box(box), faded(kWhite, .06), 3.5);
@@ -104,7 +104,7 @@ QRectF list_thumb_box(const QRectF& box, int top, int count) {
   return {track.left(), track.top() + (track.height() - height) * top / steps, track.width(), height};
 }
 
-void paint_song_list(QPainter& painter, const QRectF& box, const SongListLook& look) {
+void paint_song_list(QPainter& painter, const QRectF& box, const SongListState& look) {
   for (int i = 0; i < kListRows && i < look.rows.size(); ++i) {
     const QRectF row = snapped(painter, list_row_box(box, i));
     const bool chosen = look.top + i == look.selected;
@@ -115,7 +115,7 @@ void paint_song_list(QPainter& painter, const QRectF& box, const SongListLook& l
     painter.restore();
   }
   paint_scroll_bar(painter, box, look);
-  if (look.touch.focused) paint_focus_ring(painter, box, 3);
+  if (look.interaction.focused) paint_focus_ring(painter, box, 3);
 }
 
 }  // namespace tandem

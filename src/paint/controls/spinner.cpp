@@ -14,7 +14,7 @@ constexpr double kButtonWidth = 13;
 
 double button_height(const QRectF& box) { return (box.height() - 3) / 2; }
 
-std::string shown_digits(const SpinnerLook& look) {
+std::string shown_digits(const SpinnerState& look) {
   const auto places = static_cast<std::size_t>(look.digits);
   std::string text = std::to_string(look.value);
   if (text.size() < places) text.insert(0, places - text.size(), ' ');
@@ -27,7 +27,7 @@ void paint_face(QPainter& painter, const QRectF& face, bool lime) {
   fill_box(painter, face, brush, 1.5);
 }
 
-void paint_digits(QPainter& painter, const QRectF& face, const SpinnerLook& look) {
+void paint_digits(QPainter& painter, const QRectF& face, const SpinnerState& look) {
   const double width = kDigitAdvance * look.digits - (kDigitAdvance - kDigitWidth);
   QPointF at(face.left() + (face.width() - width) / 2 - .6, face.center().y() - kDigitHeight / 2);
   for (const char digit : shown_digits(look)) {
@@ -37,14 +37,14 @@ void paint_digits(QPainter& painter, const QRectF& face, const SpinnerLook& look
   }
 }
 
-void paint_button(QPainter& painter, const QRectF& box, const Touch& touch, double direction) {
-  const QRgb top = touch.pressed ? 0xFF15181A : mixed(0xFF565C63, 0xFF6B727A, touch.hover);
-  const QRgb bottom = touch.pressed ? 0xFF2A2E33 : mixed(0xFF30343A, 0xFF40454B, touch.hover);
+void paint_button(QPainter& painter, const QRectF& box, const InteractionState& interaction, double direction) {
+  const QRgb top = interaction.pressed ? 0xFF15181A : mixed(0xFF565C63, 0xFF6B727A, interaction.hover);
+  const QRgb bottom = interaction.pressed ? 0xFF2A2E33 : mixed(0xFF30343A, 0xFF40454B, interaction.hover);
   fill_box(painter, box, downward(box, {{0, top}, {1, bottom}}), 1.2);
-  if (!touch.pressed) {
+  if (!interaction.pressed) {
     fill_box(painter, {box.left() + .5, box.top(), box.width() - 1, .8}, faded(palette::kWhite, .28));
   }
-  const QPointF centre = box.center() + QPointF(0, touch.pressed ? .5 : 0);
+  const QPointF centre = box.center() + QPointF(0, interaction.pressed ? .5 : 0);
   fill_path(painter,
             polygon_path({centre + QPointF(-3, -1.6 * direction), centre + QPointF(0, 1.6 * direction),
                           centre + QPointF(3, -1.6 * direction)}),
@@ -59,7 +59,7 @@ QRectF spinner_up_box(const QRectF& box) {
 
 QRectF spinner_down_box(const QRectF& box) { return spinner_up_box(box).translated(0, button_height(box) + 1); }
 
-void paint_spinner(QPainter& painter, const QRectF& box, const SpinnerLook& look) {
+void paint_spinner(QPainter& painter, const QRectF& box, const SpinnerState& look) {
   fill_box(painter, box.adjusted(0, 0, 0, 1), faded(palette::kWhite, .14), 2.5);
   fill_box(painter, box, QColor::fromRgb(palette::kWellRim), 2.5);
   const QRectF face(box.left() + 1, box.top() + 1, box.width() - kButtonWidth - 3, box.height() - 2);

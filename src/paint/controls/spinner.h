@@ -7,12 +7,12 @@
 
 namespace tandem {
 
-struct SpinnerLook {
+struct SpinnerState {
   int value = 0;
   int digits = 2;    ///< a longer number shows its last digits, the places before a shorter one stay dark
   bool lime = true;  ///< lime on dark green, else white on grey
-  Touch up{};
-  Touch down{};
+  InteractionState up{};
+  InteractionState down{};
   bool focused = false;
 };
 
@@ -20,6 +20,6 @@ struct SpinnerLook {
 QRectF spinner_up_box(const QRectF& box);
 QRectF spinner_down_box(const QRectF& box);
 
-void paint_spinner(QPainter& painter, const QRectF& box, const SpinnerLook& look);
+void paint_spinner(QPainter& painter, const QRectF& box, const SpinnerState& look);
 
 }  // namespace tandem

@@ -113,7 +113,7 @@ void paint_needle_face(QPainter& painter, const QRectF& box, bool right) {
   painter.restore();
 }
 
-NeedleFace::NeedleFace(double scale, const QRectF& box, const QRectF& well, bool right)
+NeedleBackdrop::NeedleBackdrop(double scale, const QRectF& box, const QRectF& well, bool right)
     : scale_(scale),
       pivot_((pivot(box) - box.topLeft()) * scale),
       still_(still_picture(scale, box, well, right)),
@@ -123,7 +123,7 @@ NeedleFace::NeedleFace(double scale, const QRectF& box, const QRectF& well, bool
       shadow_(still_.size(), shadow_profile_.reach()),
       needle_(still_.size(), glow_profile_.reach()) {}
 
-QRect NeedleFace::draw(QImage& image, const QPoint& origin, double db, QRect& standing) {
+QRect NeedleBackdrop::draw(QImage& image, const QPoint& origin, double db, QRect& standing) {
   const double angle = std::clamp(needle_angle(db), -kSpan, kMostAngle);
   const QPointF tip = on_circle(pivot_, kNeedleRadius * scale_, angle);
   // The cover is part of the still picture, so the needle begins at its rim.

@@ -20,10 +20,10 @@ double needle_angle(double db);
 void paint_needle_face(QPainter& painter, const QRectF& box, bool right);
 
 /// One meter in device pixels for one scale: its still picture, and room to draw the needle in. Keep one.
-class NeedleFace {
+class NeedleBackdrop {
  public:
   /// `box` is the meter's box in px, `well` the glass round the display area.
-  NeedleFace(double scale, const QRectF& box, const QRectF& well, bool right);
+  NeedleBackdrop(double scale, const QRectF& box, const QRectF& well, bool right);
 
   [[nodiscard]] QSize size() const { return still_.size(); }
 
@@ -39,8 +39,8 @@ class NeedleFace {
   StrokeProfile shadow_profile_;
   StrokeProfile glow_profile_;
   StrokeProfile needle_profile_;
-  StrokeField shadow_;
-  StrokeField needle_;
+  DistanceField shadow_;
+  DistanceField needle_;
 };
 
 }  // namespace tandem

@@ -53,7 +53,7 @@ void paint_graticule(QPainter& painter, const QRectF& box) {
   draw_line(painter, {box.left(), mid}, {box.right(), mid}, teal, 1);
 }
 
-ScopeFace::ScopeFace(double scale, const QRectF& area, const QRectF& well)
+ScopeBackdrop::ScopeBackdrop(double scale, const QRectF& area, const QRectF& well)
     : scale_(scale),
       still_(still_picture(scale, area, well)),
       left_profile_(palette::kLime, {{4.5 * scale, .10}, {2.4 * scale, .22}, {1.2 * scale, 1}}),
@@ -61,7 +61,7 @@ ScopeFace::ScopeFace(double scale, const QRectF& area, const QRectF& well)
       left_(still_.size(), left_profile_.reach()),
       right_(still_.size(), right_profile_.reach()) {}
 
-QRect ScopeFace::draw(QImage& image, const QPoint& origin, const ScopePicture& picture) {
+QRect ScopeBackdrop::draw(QImage& image, const QPoint& origin, const ScopePicture& picture) {
   const QRect stood = left_.touched() | right_.touched();
   if (fresh_) {
     for (int y = 0; y < still_.height(); ++y) {
@@ -79,7 +79,7 @@ QRect ScopeFace::draw(QImage& image, const QPoint& origin, const ScopePicture& p
   return (all ? QRect(QPoint(0, 0), still_.size()) : stood | left_.touched() | right_.touched()).translated(origin);
 }
 
-void ScopeFace::place(StrokeField& field, std::span<const float> values) const {
+void ScopeBackdrop::place(DistanceField& field, std::span<const float> values) const {
   const double middle = still_.height() / 2.0;
   const auto point = [&](std::size_t i) {
     return QPointF(static_cast<double>(i) * scale_,

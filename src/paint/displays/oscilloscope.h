@@ -21,10 +21,10 @@ void paint_graticule(QPainter& painter, const QRectF& box);
 
 /// The display in device pixels for one scale: its still picture, and room to draw the traces in. Keep one for each
 /// image.
-class ScopeFace {
+class ScopeBackdrop {
  public:
   /// `area` is the display area in px, `well` the glass round it.
-  ScopeFace(double scale, const QRectF& area, const QRectF& well);
+  ScopeBackdrop(double scale, const QRectF& area, const QRectF& well);
 
   [[nodiscard]] QSize size() const { return still_.size(); }
 
@@ -34,15 +34,15 @@ class ScopeFace {
   QRect draw(QImage& image, const QPoint& origin, const ScopePicture& picture);
 
  private:
-  void place(StrokeField& field, std::span<const float> values) const;
+  void place(DistanceField& field, std::span<const float> values) const;
 
   double scale_;
   QImage still_;
   bool fresh_ = true;
   StrokeProfile left_profile_;
   StrokeProfile right_profile_;
-  StrokeField left_;
-  StrokeField right_;
+  DistanceField left_;
+  DistanceField right_;
 };
 
 }  // namespace tandem

@@ -24,7 +24,7 @@ int row_top(const SpectrumGrid& grid, int rows) {
   return rows <= 0 ? grid.baseline : grid.row_top[static_cast<std::size_t>(std::min(rows, kSpectrumRows)) - 1];
 }
 
-void place_lit_lines(Column& column, const SpectrumFace& face, float value) {
+void place_lit_lines(Column& column, const SpectrumBackdrop& face, float value) {
   const SpectrumGrid& grid = face.grid();
   const auto rows = static_cast<int>(std::lround(value * kSpectrumRows));
   const int level = grid.baseline - static_cast<int>(std::lround(value * static_cast<float>(grid.height)));
@@ -57,7 +57,7 @@ void place_marks(Column& column, const SpectrumGrid& grid, std::span<const float
   }
 }
 
-Column column_of(const SpectrumFace& face, const SpectrumPicture& picture, int side, int index) {
+Column column_of(const SpectrumBackdrop& face, const SpectrumPicture& picture, int side, int index) {
   Column column;
   place_lit_lines(column, face, value_at(side == 0 ? picture.left : picture.right, index));
   place_marks(column, face.grid(), side == 0 ? picture.left_peaks : picture.right_peaks, index,
@@ -90,7 +90,7 @@ QRgb towards_white(QRgb pixel, unsigned opacity) {
   return 0xFF000000U | part(pixel >> 16 & 0xFF) << 16 | part(pixel >> 8 & 0xFF) << 8 | part(pixel & 0xFF);
 }
 
-void draw_column(const SpectrumTarget& target, const SpectrumFace& face, const Column& column, int x, Lines lines) {
+void draw_column(const SpectrumTarget& target, const SpectrumBackdrop& face, const Column& column, int x, Lines lines) {
   const auto bytes = static_cast<std::size_t>(face.grid().width) * sizeof(QRgb);
   // A point may lie across the border of two colours.
   const bool one_colour = face.style().kind == SpectrumKind::Points;
@@ -110,7 +110,7 @@ void draw_column(const SpectrumTarget& target, const SpectrumFace& face, const C
   }
 }
 
-QRect update_group(const SpectrumTarget& target, const SpectrumFace& face, const SpectrumPicture& picture,
+QRect update_group(const SpectrumTarget& target, const SpectrumBackdrop& face, const SpectrumPicture& picture,
                    SpectrumTrace& standing, int side, int group) {
   const SpectrumGrid& grid = face.grid();
   QRect changed;
@@ -127,12 +127,12 @@ QRect update_group(const SpectrumTarget& target, const SpectrumFace& face, const
   return changed;
 }
 
-bool is_whole_half(const SpectrumFace& face) {
+bool is_whole_half(const SpectrumBackdrop& face) {
   return face.style().kind == SpectrumKind::Lines || face.style().kind == SpectrumKind::Roll;
 }
 
 /// True if the half has to be drawn again; keeps what then stands.
-bool note_half(const SpectrumFace& face, const SpectrumPicture& picture, SpectrumTrace& standing, int side) {
+bool note_half(const SpectrumBackdrop& face, const SpectrumPicture& picture, SpectrumTrace& standing, int side) {
   if (face.style().kind == SpectrumKind::Roll) return standing.roll_steps != picture.roll.written;
   const SpectrumGrid& grid = face.grid();
   bool moved = false;
@@ -145,7 +145,7 @@ bool note_half(const SpectrumFace& face, const SpectrumPicture& picture, Spectru
   return moved;
 }
 
-void update_half(const SpectrumTarget& target, const SpectrumFace& face, const SpectrumPicture& picture,
+void update_half(const SpectrumTarget& target, const SpectrumBackdrop& face, const SpectrumPicture& picture,
                  SpectrumTrace& standing, int side, ChangedRects& changed) {
   if (!note_half(face, picture, standing, side)) return;
   const SpectrumGrid& grid = face.grid();
@@ -160,7 +160,7 @@ void update_half(const SpectrumTarget& target, const SpectrumFace& face, const S
 }
 
 /// An image without a trace gets the dark face and, as a trace, what that face shows.
-bool begin(const SpectrumTarget& target, const SpectrumFace& face, SpectrumTrace& standing) {
+bool begin(const SpectrumTarget& target, const SpectrumBackdrop& face, SpectrumTrace& standing) {
   const auto columns = static_cast<std::size_t>(2 * face.grid().columns);
   if (standing.columns.size() == columns) return false;
   const int foot = face.grid().baseline;
@@ -179,7 +179,7 @@ void SpectrumTarget::copy(const QImage& from, const QRect& box) const {
   }
 }
 
-ChangedRects update_spectrum(QImage& image, const QPoint& origin, const SpectrumFace& face,
+ChangedRects update_spectrum(QImage& image, const QPoint& origin, const SpectrumBackdrop& face,
                              const SpectrumPicture& picture, SpectrumTrace& standing) {
   const SpectrumTarget target{image, origin};
   ChangedRects changed;

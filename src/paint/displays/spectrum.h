@@ -44,7 +44,7 @@ struct SpectrumTrace {
   };
   std::vector<Column> columns;  ///< left half, then right half; empty = nothing drawn yet
   std::uint64_t roll_steps = 0;
-  std::optional<StrokeField> line{};  ///< room to draw the line kind in
+  std::optional<DistanceField> line{};  ///< room to draw the line kind in
 };
 
 using ChangedRects = QVarLengthArray<QRect, 8>;
@@ -52,7 +52,7 @@ using ChangedRects = QVarLengthArray<QRect, 8>;
 /// Brings the display area, whose top left is `origin` in the image, up to date and returns what changed in image
 /// pixels: at most eight rectangles, none if nothing moved. The image is RGB32 or premultiplied ARGB32 and holds the
 /// whole area. Allocates at the first call only.
-ChangedRects update_spectrum(QImage& image, const QPoint& origin, const SpectrumFace& face,
+ChangedRects update_spectrum(QImage& image, const QPoint& origin, const SpectrumBackdrop& face,
                              const SpectrumPicture& picture, SpectrumTrace& standing);
 
 }  // namespace tandem

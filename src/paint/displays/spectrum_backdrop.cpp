@@ -206,7 +206,7 @@ SpectrumGrid make_grid(int columns, double scale) {
 
 int spectrum_columns(int bins) { return std::clamp(bins, 1, kHalfRoom); }
 
-SpectrumFace::SpectrumFace(const SpectrumStyle& style, double scale, const QRectF& area, const QRectF& well)
+SpectrumBackdrop::SpectrumBackdrop(const SpectrumStyle& style, double scale, const QRectF& area, const QRectF& well)
     : style_(style),
       grid_(make_grid(spectrum_columns(style.columns), scale)),
       line_(palette::kLime, {{4 * scale, .15}, {1.3 * scale, 1}}) {

@@ -53,10 +53,10 @@ struct SpectrumGrid {
   }
 };
 
-class SpectrumFace {
+class SpectrumBackdrop {
  public:
   /// Builds the images for a scale (1 = 100 %); `area` is the display area in px, `well` the glass round it.
-  SpectrumFace(const SpectrumStyle& style, double scale, const QRectF& area, const QRectF& well);
+  SpectrumBackdrop(const SpectrumStyle& style, double scale, const QRectF& area, const QRectF& well);
 
   [[nodiscard]] const SpectrumStyle& style() const { return style_; }
   [[nodiscard]] const SpectrumGrid& grid() const { return grid_; }

@@ -23,7 +23,7 @@ QPointF level_point(const SpectrumGrid& grid, std::span<const float> values, int
 
 /// How a level shows on the roll.
 struct RollShade {
-  std::size_t image;  ///< of SpectrumFace::lit()
+  std::size_t image;  ///< of SpectrumBackdrop::lit()
   unsigned share;     ///< 0 dark .. 256 lit
 };
 
@@ -42,7 +42,7 @@ QRgb blended(QRgb dark, QRgb lit, unsigned share) {
   return 0xFF000000 | red_blue | green;
 }
 
-void fill_cell(const SpectrumTarget& target, const SpectrumFace& face, const QRect& cell, RollShade shade) {
+void fill_cell(const SpectrumTarget& target, const SpectrumBackdrop& face, const QRect& cell, RollShade shade) {
   for (int y = cell.top(); y <= cell.bottom(); ++y) {
     const auto* dark = reinterpret_cast<const QRgb*>(face.dark().constScanLine(y));
     const auto* lit = reinterpret_cast<const QRgb*>(face.lit(shade.image).constScanLine(y));
@@ -53,8 +53,8 @@ void fill_cell(const SpectrumTarget& target, const SpectrumFace& face, const QRe
 
 }  // namespace
 
-void draw_line_half(const SpectrumTarget& target, const SpectrumFace& face, std::span<const float> values, int side,
-                    StrokeField& field) {
+void draw_line_half(const SpectrumTarget& target, const SpectrumBackdrop& face, std::span<const float> values, int side,
+                    DistanceField& field) {
   const SpectrumGrid& grid = face.grid();
   const QRect half = half_box(grid, side);
   target.copy(face.dark(), half);
@@ -67,7 +67,7 @@ void draw_line_half(const SpectrumTarget& target, const SpectrumFace& face, std:
   field.blend(target.image, target.origin + half.topLeft(), face.line());
 }
 
-void draw_roll_half(const SpectrumTarget& target, const SpectrumFace& face, const RollHistory& roll, int side) {
+void draw_roll_half(const SpectrumTarget& target, const SpectrumBackdrop& face, const RollHistory& roll, int side) {
   const SpectrumGrid& grid = face.grid();
   target.copy(face.dark(), half_box(grid, side));
   const std::span<const float> values = side == 0 ? roll.left : roll.right;

@@ -18,8 +18,8 @@ struct SpectrumTarget {
 };
 
 /// Redraw a whole half; the field has the size of a half.
-void draw_line_half(const SpectrumTarget& target, const SpectrumFace& face, std::span<const float> values, int side,
-                    StrokeField& field);
-void draw_roll_half(const SpectrumTarget& target, const SpectrumFace& face, const RollHistory& roll, int side);
+void draw_line_half(const SpectrumTarget& target, const SpectrumBackdrop& face, std::span<const float> values, int side,
+                    DistanceField& field);
+void draw_roll_half(const SpectrumTarget& target, const SpectrumBackdrop& face, const RollHistory& roll, int side);
 
 }  // namespace tandem

@@ -73,7 +73,7 @@ StrokeProfile::StrokeProfile(QRgb colour, std::initializer_list<StrokeLayer> lay
   }
 }
 
-struct StrokeField::Line {
+struct DistanceField::Line {
   float x;  // of its beginning
   float y;
   float ax;  // along it
@@ -81,14 +81,14 @@ struct StrokeField::Line {
   float inverse;  // of its squared length
 };
 
-StrokeField::StrokeField(const QSize& size, double reach)
+DistanceField::DistanceField(const QSize& size, double reach)
     : size_(size),
       stride_((size.width() + kBlock - 1) / kBlock * kBlock),
       reach_(reach),
       squared_(static_cast<std::size_t>(stride_) * static_cast<std::size_t>(size.height()), kFar),
       blocks_(static_cast<std::size_t>(stride_ / kBlock), kNoRows) {}
 
-void StrokeField::clear() {
+void DistanceField::clear() {
   for (std::size_t block = 0; block < blocks_.size(); ++block) {
     const auto left = static_cast<std::ptrdiff_t>(block) * kBlock;
     for (int y = blocks_[block].top; y <= blocks_[block].bottom; ++y) std::fill_n(row(y) + left, kBlock, kFar);
@@ -96,7 +96,7 @@ void StrokeField::clear() {
   }
 }
 
-QRect StrokeField::touched() const {
+QRect DistanceField::touched() const {
   QRect whole;
   for (std::size_t block = 0; block < blocks_.size(); ++block) {
     const Rows& rows = blocks_[block];
@@ -108,7 +108,7 @@ QRect StrokeField::touched() const {
 
 // `row` is the row whose middle lies dy below the line's beginning. By value, so that nothing is read again after a
 // write to the row.
-inline void StrokeField::add_row(float* row, int left, int right, float dy, Line line) {
+inline void DistanceField::add_row(float* row, int left, int right, float dy, Line line) {
   const int begin = left / kLanes * kLanes;
   const float first = static_cast<float>(begin) + .5F - line.x;
   Four dx = Four{first, first + 1, first + 2, first + 3};
@@ -126,7 +126,7 @@ inline void StrokeField::add_row(float* row, int left, int right, float dy, Line
   }
 }
 
-void StrokeField::add_line(const QPointF& from, const QPointF& to) {
+void DistanceField::add_line(const QPointF& from, const QPointF& to) {
   const QPointF along = to - from;
   const Line line{static_cast<float>(from.x()), static_cast<float>(from.y()), static_cast<float>(along.x()),
                   static_cast<float>(along.y()),
@@ -155,7 +155,7 @@ void StrokeField::add_line(const QPointF& from, const QPointF& to) {
 }
 
 // A pixel within reach lies beside a point of the line whose x is within reach of the pixel's block.
-void StrokeField::mark(const Line& line, const QRect& box) {
+void DistanceField::mark(const Line& line, const QRect& box) {
   for (int block = box.left() / kBlock; block <= box.right() / kBlock; ++block) {
     double first = 0;
     double last = 1;
@@ -172,7 +172,7 @@ void StrokeField::mark(const Line& line, const QRect& box) {
   }
 }
 
-void StrokeField::blend(QImage& image, const QPoint& origin, const StrokeProfile& profile) const {
+void DistanceField::blend(QImage& image, const QPoint& origin, const StrokeProfile& profile) const {
   const Pixels target(image, origin);
   const auto limit = static_cast<float>(profile.reach() * profile.reach());
   for (std::size_t block = 0; block < blocks_.size(); ++block) {
@@ -191,7 +191,7 @@ void StrokeField::blend(QImage& image, const QPoint& origin, const StrokeProfile
   }
 }
 
-void StrokeField::restore(QImage& image, const QPoint& origin, const QImage& still) const {
+void DistanceField::restore(QImage& image, const QPoint& origin, const QImage& still) const {
   const Pixels target(image, origin);
   for (std::size_t block = 0; block < blocks_.size(); ++block) {
     const int left = static_cast<int>(block) * kBlock;

@@ -39,10 +39,10 @@ class StrokeProfile {
   std::array<unsigned, kEntries + 1> shares_{};
 };
 
-class StrokeField {
+class DistanceField {
  public:
   /// `reach` is that of the widest profile that will be blended.
-  StrokeField(const QSize& size, double reach);
+  DistanceField(const QSize& size, double reach);
   /// Forgets all strokes.
   void clear();
   /// Adds a line; coordinates in pixels of the field, parts outside it are cut.

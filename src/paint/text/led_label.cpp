@@ -96,7 +96,7 @@ const QImage& cached_glyph(const GlyphKey& key) {
 /// A label's text as it stands in the cells, with its scroll resolved.
 class Cells {
  public:
-  explicit Cells(const LedLabelLook& look) : letters_(look.text.toUcs4()), ring_(look.scroll && !letters_.isEmpty()) {
+  explicit Cells(const LedLabelState& look) : letters_(look.text.toUcs4()), ring_(look.scroll && !letters_.isEmpty()) {
     const auto columns = static_cast<int>(letters_.size()) * kCellColumns;
     const int moved = ring_ ? *look.scroll % columns : 0;
     skipped_ = moved / kCellColumns;
@@ -129,7 +129,7 @@ class Cells {
   int count_ = 0;
 };
 
-void draw_cells(QPainter& painter, const QPointF& top_left, const LedLabelLook& look) {
+void draw_cells(QPainter& painter, const QPointF& top_left, const LedLabelState& look) {
   const Cells cells(look);
   const double scale = device_scale(painter);
   const DevicePixels pixels(painter);
@@ -151,7 +151,7 @@ void draw_cells(QPainter& painter, const QPointF& top_left, const LedLabelLook& 
 
 }  // namespace
 
-void paint_led_label(QPainter& painter, const QPointF& top_left, const LedLabelLook& look) {
+void paint_led_label(QPainter& painter, const QPointF& top_left, const LedLabelState& look) {
   const bool cut = look.scroll.has_value();
   if (cut) {
     const int columns = look.cells * kCellColumns - 1;

@@ -7,10 +7,10 @@
 
 namespace tandem {
 
-struct LedLabelLook {
+struct LedLabelState {
   QString text{};  ///< a scrolling text is a ring: it carries the blanks between its end and its next beginning
   int cells = 5;
-  int pitch = 2;  ///< px from dot to dot: 1, 2 or 3; at 1 the dots touch and do not glow
+  int pitch = 2;  ///< px from dot to dot: 1, 2 or 3; at 1 the dots interaction and do not glow
   QRgb colour = 0xFFFFFFFF;
   std::optional<QRgb> dark_dots{};  ///< none: unlit dots do not show
   std::optional<int> scroll{};  ///< whole dot columns that the ring has moved left; none: the first cells stand still
@@ -18,6 +18,6 @@ struct LedLabelLook {
 
 /// Draws from the label's top-left dot. Cells stand on whole device pixels. Glyphs are cached per letter, pitch,
 /// colours and scale (whole cache dropped at 1024 glyphs).
-void paint_led_label(QPainter& painter, const QPointF& top_left, const LedLabelLook& look);
+void paint_led_label(QPainter& painter, const QPointF& top_left, const LedLabelState& look);
 
 }  // namespace tandem

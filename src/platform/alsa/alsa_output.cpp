@@ -28,10 +28,10 @@ std::vector<std::string> candidates(const std::string& device) {
   return {"default", "plughw:" + std::to_string(card)};
 }
 
-std::optional<AlsaPcm> open_first(const std::vector<std::string>& names, const OutputWish& wish) {
+std::optional<AlsaPcm> open_first(const std::vector<std::string>& names, const TargetState& wish) {
   const auto buffer = static_cast<snd_pcm_uframes_t>(wish.buffer_bytes()) / sizeof(Sample16);
   // Half a buffer, since many devices tell their position only at the end of a period.
-  const AlsaPcm::Sizes sizes = {buffer / 2, buffer * static_cast<snd_pcm_uframes_t>(Output::kCeilingBuffers), buffer};
+  const AlsaPcm::Sizes sizes = {buffer / 2, buffer * static_cast<snd_pcm_uframes_t>(Output::kMaxQueuedBuffers), buffer};
   for (const std::string& name : names) {
     if (std::optional<AlsaPcm> pcm = AlsaPcm::open(name, sizes)) return pcm;
   }
@@ -47,7 +47,7 @@ void wait_for(int fd, Nanoseconds span) {
 }  // namespace
 
 AlsaOutput::AlsaOutput(OutputRing& ring, Choice choice)
-    : OrderedOutput(ring), choice_(std::move(choice)), allowed_(choice_.allowed) {
+    : ThreadedOutput(ring), choice_(std::move(choice)), allowed_(choice_.allowed) {
   if (choice_.lease == nullptr) choice_.lease = &own_lease_;
   snd_lib_error_set_handler(&keep_quiet);
   thread_ = std::thread([this] { run(); });
@@ -67,7 +67,7 @@ void AlsaOutput::allow(bool allowed) noexcept {
 void AlsaOutput::run() {
   ask_realtime_priority();
   while (!ending_.load()) {
-    for (const OutputOrder& order : orders_.take()) wish_.apply(order);
+    for (const OutputCommand& order : orders_.take()) wish_.apply(order);
     const Nanoseconds next = tend(monotonic_now());
     publish();
     wait_for(orders_.fd(), std::max<Nanoseconds>(next - monotonic_now(), 0));

@@ -16,12 +16,13 @@
 
 namespace tandem {
 
-class AlsaOutput final : public OrderedOutput {
+class AlsaOutput final : public ThreadedOutput {
  public:
   struct Choice {
-    std::string device = {};     // empty: "default", or else the first card
-    RingLease* lease = nullptr;  // asked before the ring is read, for an owner that has another output beside this one
-    bool allowed = true;         // see allow()
+    std::string device = {};  // empty: "default", or else the first card
+    RingReaderToken* lease =
+        nullptr;          // asked before the ring is read, for an owner that has another output beside this one
+    bool allowed = true;  // see allow()
   };
 
   explicit AlsaOutput(OutputRing& ring) : AlsaOutput(ring, Choice()) {}
@@ -44,10 +45,10 @@ class AlsaOutput final : public OrderedOutput {
   bool current() const { return player_ && player_generation_ == wish_.generation() && allowed_.load(); }
 
   Choice choice_;
-  RingLease own_lease_;
+  RingReaderToken own_lease_;
   std::atomic<bool> allowed_;
   std::atomic<bool> ending_{false};
-  OutputWish wish_;  // these on the thread only
+  TargetState wish_;  // these on the thread only
   std::optional<AlsaPlayer> player_;
   unsigned player_generation_ = 0;
   int failures_ = 0;

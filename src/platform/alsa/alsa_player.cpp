@@ -21,8 +21,8 @@ Nanoseconds time_of(long frames) {
 
 }  // namespace
 
-AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard, std::atomic<std::uint64_t>& breaks)
-    : pcm_(std::move(pcm)), ring_(ring), heard_(heard), breaks_(breaks) {}
+AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& heard, std::atomic<std::uint64_t>& breaks)
+    : pcm_(std::move(pcm)), ring_(ring), heard_(heard), underruns_(breaks) {}
 
 void AlsaPlayer::set_queue(int buffer_frames, int depth) {
   // Half a buffer of what is ordered lies in the ring.
@@ -51,7 +51,7 @@ bool AlsaPlayer::look(AlsaPcm::Look& found) {
 
 // What the device held is played (underrun) or lost (suspend).
 void AlsaPlayer::recover(long error) {
-  if (error == -EPIPE && motion_ == Motion::kPlaying) breaks_.fetch_add(1, std::memory_order_relaxed);
+  if (error == -EPIPE && motion_ == Motion::kPlaying) underruns_.fetch_add(1, std::memory_order_relaxed);
   const AlsaPcm::Revived revived = pcm_.revive(static_cast<int>(error));
   asleep_ = revived == AlsaPcm::Revived::kAsleep;
   gone_ = revived == AlsaPcm::Revived::kNo;

@@ -15,7 +15,7 @@ namespace tandem {
 
 class AlsaPlayer {
  public:
-  AlsaPlayer(AlsaPcm pcm, OutputRing& ring, HeardClock& heard, std::atomic<std::uint64_t>& breaks);
+  AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& heard, std::atomic<std::uint64_t>& breaks);
 
   void set_queue(int buffer_frames, int depth);
   // One step: takes sound if wanted, otherwise plays what the ring was given up to that count, then holds.
@@ -42,8 +42,8 @@ class AlsaPlayer {
 
   AlsaPcm pcm_;
   OutputRing& ring_;
-  HeardClock& heard_;
-  std::atomic<std::uint64_t>& breaks_;  // how often the device ran dry while it was to play
+  PlaybackClock& heard_;
+  std::atomic<std::uint64_t>& underruns_;  // how often the device ran dry while it was to play
   Motion motion_ = Motion::kHeld;
   bool asleep_ = false;
   bool gone_ = false;

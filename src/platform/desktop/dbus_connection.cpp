@@ -17,8 +17,8 @@ constexpr std::uint64_t kPatience = 5'000'000;  // microseconds for an answer
 // Such an address names a program to be started.
 bool starts_a_program(const char* variable) { return qgetenv(variable).contains("unixexec:"); }
 
-sd_bus* connect(BusLink::Bus which) {
-  const bool system = which == BusLink::Bus::kSystem;
+sd_bus* connect(DBusConnection::Bus which) {
+  const bool system = which == DBusConnection::Bus::kSystem;
   if (starts_a_program(system ? "DBUS_SYSTEM_BUS_ADDRESS" : "DBUS_SESSION_BUS_ADDRESS")) return nullptr;
   sd_bus* bus = nullptr;
   if ((system ? sd_bus_open_system(&bus) : sd_bus_open_user(&bus)) < 0) return nullptr;
@@ -34,7 +34,7 @@ std::chrono::milliseconds time_until(std::uint64_t moment) {
 
 }  // namespace
 
-BusLink::BusLink(Bus which) : bus_(connect(which)) {
+DBusConnection::DBusConnection(Bus which) : bus_(connect(which)) {
   if (bus_ == nullptr) return;
   due_.setSingleShot(true);
   QObject::connect(&due_, &QTimer::timeout, &due_, [this] { serve(); });
@@ -46,9 +46,9 @@ BusLink::BusLink(Bus which) : bus_(connect(which)) {
   attend();
 }
 
-BusLink::~BusLink() { disconnect(); }
+DBusConnection::~DBusConnection() { disconnect(); }
 
-void BusLink::attend() {
+void DBusConnection::attend() {
   if (bus_ == nullptr) return;
   const int events = sd_bus_get_events(bus_);
   std::uint64_t moment = 0;
@@ -59,14 +59,14 @@ void BusLink::attend() {
   due_.start(time_until(moment));
 }
 
-void BusLink::serve() {
+void DBusConnection::serve() {
   int progress = 1;
   while (progress > 0 && !leaving_) progress = sd_bus_process(bus_, nullptr);
   if (progress < 0 || leaving_) return disconnect();
   attend();
 }
 
-void BusLink::disconnect() {
+void DBusConnection::disconnect() {
   due_.stop();
   for (const auto* notifier : {&readable_, &writable_})
     if (*notifier) (*notifier)->setEnabled(false);

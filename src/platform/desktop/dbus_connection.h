@@ -11,14 +11,14 @@
 
 namespace tandem {
 
-class BusLink {
+class DBusConnection {
  public:
   enum class Bus { kSystem, kUser };
 
-  explicit BusLink(Bus which);
-  ~BusLink();
-  BusLink(const BusLink&) = delete;
-  BusLink& operator=(const BusLink&) = delete;
+  explicit DBusConnection(Bus which);
+  ~DBusConnection();
+  DBusConnection(const DBusConnection&) = delete;
+  DBusConnection& operator=(const DBusConnection&) = delete;
 
   sd_bus* bus() const noexcept { return bus_; }  // null: no such bus, or it went away
   void attend();

@@ -25,7 +25,7 @@ void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
 
 }  // namespace
 
-QtCoverWatch::QtCoverWatch(QWindow& window, std::function<void(bool)> tell) : tell_(std::move(tell)) {
+OcclusionWatch::OcclusionWatch(QWindow& window, std::function<void(bool)> tell) : tell_(std::move(tell)) {
   // Without a screen the toolkit gives an interface too, but one without a connection.
   if (QGuiApplication::platformName() != "xcb") return;
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -35,9 +35,9 @@ QtCoverWatch::QtCoverWatch(QWindow& window, std::function<void(bool)> tell) : te
   qGuiApp->installNativeEventFilter(this);
 }
 
-QtCoverWatch::~QtCoverWatch() { qGuiApp->removeNativeEventFilter(this); }
+OcclusionWatch::~OcclusionWatch() { qGuiApp->removeNativeEventFilter(this); }
 
-bool QtCoverWatch::nativeEventFilter(const QByteArray& kind, void* event, qintptr*) {
+bool OcclusionWatch::nativeEventFilter(const QByteArray& kind, void* event, qintptr*) {
   constexpr std::uint8_t kSentByAProgram = 0x80;
   if (kind != "xcb_generic_event_t") return false;
   const auto* any = static_cast<xcb_generic_event_t*>(event);

@@ -10,13 +10,13 @@ class QWindow;
 
 namespace tandem {
 
-class QtCoverWatch final : public QAbstractNativeEventFilter {
+class OcclusionWatch final : public QAbstractNativeEventFilter {
  public:
   // `tell` is called at every change, but not before the window is hidden for the first time.
-  QtCoverWatch(QWindow& window, std::function<void(bool covered)> tell);
-  ~QtCoverWatch() override;
-  QtCoverWatch(const QtCoverWatch&) = delete;
-  QtCoverWatch& operator=(const QtCoverWatch&) = delete;
+  OcclusionWatch(QWindow& window, std::function<void(bool covered)> tell);
+  ~OcclusionWatch() override;
+  OcclusionWatch(const OcclusionWatch&) = delete;
+  OcclusionWatch& operator=(const OcclusionWatch&) = delete;
 
  protected:
   bool nativeEventFilter(const QByteArray& kind, void* event, qintptr*) override;

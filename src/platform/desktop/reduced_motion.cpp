@@ -31,7 +31,7 @@ const char* text_in(sd_bus_message* message) {
 
 }  // namespace
 
-BusDesktopMotion::BusDesktopMotion(std::function<void(bool reduced)> changed) : changed_(std::move(changed)) {
+ReducedMotionSetting::ReducedMotionSetting(std::function<void(bool reduced)> changed) : changed_(std::move(changed)) {
   if (link_.bus() == nullptr) return;
   listen();
   for (Switch& one : switches_) read(one);
@@ -39,53 +39,53 @@ BusDesktopMotion::BusDesktopMotion(std::function<void(bool reduced)> changed) : 
 }
 
 // A portal that begins is asked anew.
-void BusDesktopMotion::listen() {
+void ReducedMotionSetting::listen() {
   sd_bus_match_signal_async(link_.bus(), nullptr, kPortal, kObject, kInterface, "SettingChanged",
-                            &BusDesktopMotion::on_changed, nullptr, this);
+                            &ReducedMotionSetting::on_changed, nullptr, this);
   sd_bus_add_match_async(link_.bus(), nullptr,
                          "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
                          "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'",
-                         &BusDesktopMotion::on_portal, nullptr, this);
+                         &ReducedMotionSetting::on_portal, nullptr, this);
 }
 
-void BusDesktopMotion::read(Switch& wanted) {
+void ReducedMotionSetting::read(Switch& wanted) {
   sd_bus_message* call = nullptr;
   if (sd_bus_message_new_method_call(link_.bus(), &call, kPortal, kObject, kInterface, "Read") < 0) return;
   sd_bus_message_set_auto_start(call, 0);
   sd_bus_message_append_basic(call, 's', wanted.group);
   sd_bus_message_append_basic(call, 's', wanted.key);
-  sd_bus_call_async(link_.bus(), nullptr, call, &BusDesktopMotion::on_value, &wanted, 0);
+  sd_bus_call_async(link_.bus(), nullptr, call, &ReducedMotionSetting::on_value, &wanted, 0);
   sd_bus_message_unref(call);
 }
 
-void BusDesktopMotion::hear(Switch& about, sd_bus_message* value) {
+void ReducedMotionSetting::hear(Switch& about, sd_bus_message* value) {
   if (const std::optional<int> number = number_in(value, about.type)) about.reduces = *number == about.reducing_value;
   const bool reduced = std::any_of(switches_.begin(), switches_.end(), [](const Switch& one) { return one.reduces; });
   if (std::exchange(reduced_, reduced) != reduced) changed_(reduced);
 }
 
-BusDesktopMotion::Switch* BusDesktopMotion::find(std::string_view group, std::string_view key) {
+ReducedMotionSetting::Switch* ReducedMotionSetting::find(std::string_view group, std::string_view key) {
   const auto found = std::find_if(switches_.begin(), switches_.end(),
                                   [&](const Switch& one) { return one.group == group && one.key == key; });
   return found == switches_.end() ? nullptr : &*found;
 }
 
-int BusDesktopMotion::on_value(sd_bus_message* answer, void* about, sd_bus_error*) {
+int ReducedMotionSetting::on_value(sd_bus_message* answer, void* about, sd_bus_error*) {
   auto& wanted = *static_cast<Switch*>(about);
   if (sd_bus_message_is_method_error(answer, nullptr) == 0) wanted.motion->hear(wanted, answer);
   return 0;
 }
 
-int BusDesktopMotion::on_changed(sd_bus_message* signal, void* self, sd_bus_error*) {
-  auto& motion = *static_cast<BusDesktopMotion*>(self);
+int ReducedMotionSetting::on_changed(sd_bus_message* signal, void* self, sd_bus_error*) {
+  auto& motion = *static_cast<ReducedMotionSetting*>(self);
   const std::string_view group = text_in(signal);
   const std::string_view key = text_in(signal);
   if (Switch* about = motion.find(group, key)) motion.hear(*about, signal);
   return 0;
 }
 
-int BusDesktopMotion::on_portal(sd_bus_message*, void* self, sd_bus_error*) {
-  auto& motion = *static_cast<BusDesktopMotion*>(self);
+int ReducedMotionSetting::on_portal(sd_bus_message*, void* self, sd_bus_error*) {
+  auto& motion = *static_cast<ReducedMotionSetting*>(self);
   for (Switch& one : motion.switches_) motion.read(one);
   return 0;
 }

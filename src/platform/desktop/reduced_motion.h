@@ -11,16 +11,16 @@
 
 namespace tandem {
 
-class BusDesktopMotion {
+class ReducedMotionSetting {
  public:
   // changed: with true when motion is to be reduced, which it is not at first.
-  explicit BusDesktopMotion(std::function<void(bool reduced)> changed);
-  BusDesktopMotion(const BusDesktopMotion&) = delete;
-  BusDesktopMotion& operator=(const BusDesktopMotion&) = delete;
+  explicit ReducedMotionSetting(std::function<void(bool reduced)> changed);
+  ReducedMotionSetting(const ReducedMotionSetting&) = delete;
+  ReducedMotionSetting& operator=(const ReducedMotionSetting&) = delete;
 
  private:
   struct Switch {  // either of them reduces motion
-    BusDesktopMotion* motion;
+    ReducedMotionSetting* motion;
     const char* group;
     const char* key;
     char type;
@@ -41,7 +41,7 @@ class BusDesktopMotion {
   bool reduced_ = false;
   std::array<Switch, 2> switches_{{{this, "org.gnome.desktop.interface", "enable-animations", 'b', 0},
                                    {this, "org.freedesktop.appearance", "reduced-motion", 'u', 1}}};
-  BusLink link_{BusLink::Bus::kUser};
+  DBusConnection link_{DBusConnection::Bus::kUser};
 };
 
 }  // namespace tandem

@@ -42,49 +42,49 @@ std::int64_t number_in_variant(sd_bus_message* answer, char type) {
 
 }  // namespace
 
-void BusRealtimeKit::ask() {
+void RtKit::ask() {
   if (std::exchange(asked_, true)) return;
   const ThreadNumbers refused = take_refused_threads();
   if (refused.count == 0) return;
   for (std::size_t i = 0; i < refused.count; ++i) wishes_.at(i) = {this, refused.numbers.at(i)};
-  link_.emplace(BusLink::Bus::kSystem);
+  link_.emplace(DBusConnection::Bus::kSystem);
   for (Limit* limit : {&longest_run_, &highest_, &lowest_niceness_}) ask_limit(*limit);
 }
 
-void BusRealtimeKit::ask_limit(Limit& limit) {
+void RtKit::ask_limit(Limit& limit) {
   if (!asking()) return;
   sd_bus_message* message = new_call(link_->bus(), "org.freedesktop.DBus.Properties", "Get");
   sd_bus_message_append_basic(message, 's', kService);
   sd_bus_message_append_basic(message, 's', limit.name);
-  send(message, &BusRealtimeKit::on_limit, &limit);
+  send(message, &RtKit::on_limit, &limit);
 }
 
-void BusRealtimeKit::limits_known() {
+void RtKit::limits_known() {
   const std::int64_t priority = std::min<std::int64_t>(kRealtimePriority, highest_.value);
   const bool possible = priority > 0 && longest_run_.value > 0;
   if (!possible || !limit_realtime_runs(static_cast<std::uint64_t>(longest_run_.value))) return;
   for (Wish& wish : wishes_)
-    if (wish.kit != nullptr) call({"MakeThreadRealtime", 'u', priority, &BusRealtimeKit::on_realtime}, wish);
+    if (wish.kit != nullptr) call({"MakeThreadRealtime", 'u', priority, &RtKit::on_realtime}, wish);
 }
 
-void BusRealtimeKit::call(const Method& method, Wish& wish) {
+void RtKit::call(const Method& method, Wish& wish) {
   sd_bus_message* message = new_call(link_->bus(), kService, method.name);
   append_number(message, 't', wish.thread);
   append_number(message, method.type, method.value);
   send(message, method.answered, &wish);
 }
 
-void BusRealtimeKit::send(sd_bus_message* message, sd_bus_message_handler_t handler, void* about) {
+void RtKit::send(sd_bus_message* message, sd_bus_message_handler_t handler, void* about) {
   if (sd_bus_call_async(link_->bus(), nullptr, message, handler, about, 0) >= 0) ++open_questions_;
   sd_bus_message_unref(message);
   link_->attend();
 }
 
-void BusRealtimeKit::answered() {
+void RtKit::answered() {
   if (--open_questions_ == 0) link_->leave();
 }
 
-int BusRealtimeKit::on_limit(sd_bus_message* answer, void* limit, sd_bus_error*) {
+int RtKit::on_limit(sd_bus_message* answer, void* limit, sd_bus_error*) {
   auto& asked = *static_cast<Limit*>(limit);
   asked.value = number_in_variant(answer, asked.type);
   if (asked.kit->open_questions_ == 1) asked.kit->limits_known();
@@ -92,17 +92,17 @@ int BusRealtimeKit::on_limit(sd_bus_message* answer, void* limit, sd_bus_error*)
   return 0;
 }
 
-int BusRealtimeKit::on_realtime(sd_bus_message* answer, void* wish, sd_bus_error*) {
+int RtKit::on_realtime(sd_bus_message* answer, void* wish, sd_bus_error*) {
   auto& asked = *static_cast<Wish*>(wish);
-  BusRealtimeKit& kit = *asked.kit;
+  RtKit& kit = *asked.kit;
   const std::int64_t niceness = std::max(kNiceness, kit.lowest_niceness_.value);
   if (sd_bus_message_is_method_error(answer, nullptr) != 0 && niceness < 0)
-    kit.call({"MakeThreadHighPriority", 'i', niceness, &BusRealtimeKit::on_nice}, asked);
+    kit.call({"MakeThreadHighPriority", 'i', niceness, &RtKit::on_nice}, asked);
   kit.answered();
   return 0;
 }
 
-int BusRealtimeKit::on_nice(sd_bus_message*, void* wish, sd_bus_error*) {
+int RtKit::on_nice(sd_bus_message*, void* wish, sd_bus_error*) {
   static_cast<Wish*>(wish)->kit->answered();
   return 0;
 }

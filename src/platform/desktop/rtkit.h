@@ -13,11 +13,11 @@
 
 namespace tandem {
 
-class BusRealtimeKit {
+class RtKit {
  public:
-  BusRealtimeKit() = default;
-  BusRealtimeKit(const BusRealtimeKit&) = delete;
-  BusRealtimeKit& operator=(const BusRealtimeKit&) = delete;
+  RtKit() = default;
+  RtKit(const RtKit&) = delete;
+  RtKit& operator=(const RtKit&) = delete;
 
   // Asks for the threads that the kernel has refused so far; only the first call does anything.
   // Not before the first sound is out, which it shall not delay.
@@ -26,13 +26,13 @@ class BusRealtimeKit {
 
  private:
   struct Limit {  // what rtkit grants at most
-    BusRealtimeKit* kit;
+    RtKit* kit;
     const char* name;
     char type;
     std::int64_t value = 0;
   };
   struct Wish {
-    BusRealtimeKit* kit;
+    RtKit* kit;
     pid_t thread;
   };
   struct Method {
@@ -53,7 +53,7 @@ class BusRealtimeKit {
   static int on_nice(sd_bus_message* answer, void* wish, sd_bus_error*);
 
   bool asked_ = false;
-  std::optional<BusLink> link_;
+  std::optional<DBusConnection> link_;
   int open_questions_ = 0;
   Limit longest_run_{this, "RTTimeUSecMax", 'x'};  // microseconds
   Limit highest_{this, "MaxRealtimePriority", 'i'};

@@ -67,14 +67,14 @@ std::span<std::byte> map(int fd, std::size_t bytes) {
 
 }  // namespace
 
-QtShmPresenter::~QtShmPresenter() {
+ShmPresenter::~ShmPresenter() {
   give_back();
   if (server_ != nullptr) xcb_free_gc(server_, context_);
 }
 
-bool QtShmPresenter::is_possible() { return QGuiApplication::platformName() == "xcb"; }
+bool ShmPresenter::is_possible() { return QGuiApplication::platformName() == "xcb"; }
 
-void QtShmPresenter::find_server() {
+void ShmPresenter::find_server() {
   asked_ = true;
   if (!is_possible()) return;
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -87,7 +87,7 @@ void QtShmPresenter::find_server() {
   xcb_create_gc(server_, context_, window, XCB_GC_GRAPHICS_EXPOSURES, &no_exposures);
 }
 
-void QtShmPresenter::share(std::size_t bytes) {
+void ShmPresenter::share(std::size_t bytes) {
   give_back();
   const int fd = memfd_create("tandem-picture", MFD_CLOEXEC);
   memory_ = map(fd, bytes);
@@ -104,7 +104,7 @@ void QtShmPresenter::share(std::size_t bytes) {
   memory_ = {};
 }
 
-void QtShmPresenter::give_back() {
+void ShmPresenter::give_back() {
   if (memory_.empty()) return;
   xcb_shm_detach(server_, segment_);
   munmap(memory_.data(), memory_.size());
@@ -112,7 +112,7 @@ void QtShmPresenter::give_back() {
 }
 
 // What failed once is not tried again.
-bool QtShmPresenter::ready_for(const QImage& picture) {
+bool ShmPresenter::ready_for(const QImage& picture) {
   if (!asked_) find_server();
   const auto bytes =
       2 * static_cast<std::size_t>(picture.width()) * static_cast<std::size_t>(picture.height()) * kPixel;
@@ -122,7 +122,7 @@ bool QtShmPresenter::ready_for(const QImage& picture) {
   return !memory_.empty();
 }
 
-void QtShmPresenter::show_box(const QImage& picture, const QRect& box, std::size_t at) {
+void ShmPresenter::show_box(const QImage& picture, const QRect& box, std::size_t at) {
   const auto left = static_cast<std::size_t>(box.left()) * kPixel;
   const std::size_t line = static_cast<std::size_t>(picture.width()) * kPixel;
   std::byte* into = &memory_[at + static_cast<std::size_t>(box.top()) * line + left];
@@ -140,7 +140,7 @@ void QtShmPresenter::show_box(const QImage& picture, const QRect& box, std::size
                     static_cast<std::uint32_t>(at));
 }
 
-bool QtShmPresenter::present(const QImage& picture, std::span<const QRect> boxes) {
+bool ShmPresenter::present(const QImage& picture, std::span<const QRect> boxes) {
   if (!ready_for(picture)) return false;
   second_ = !second_;
   for (const QRect& wanted : boxes) {

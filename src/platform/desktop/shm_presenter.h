@@ -14,15 +14,15 @@ struct xcb_connection_t;
 
 namespace tandem {
 
-class QtShmPresenter {
+class ShmPresenter {
  public:
   // False without an X server.
   static bool is_possible();
 
-  explicit QtShmPresenter(QWindow& window) : window_(window) {}
-  ~QtShmPresenter();
-  QtShmPresenter(const QtShmPresenter&) = delete;
-  QtShmPresenter& operator=(const QtShmPresenter&) = delete;
+  explicit ShmPresenter(QWindow& window) : window_(window) {}
+  ~ShmPresenter();
+  ShmPresenter(const ShmPresenter&) = delete;
+  ShmPresenter& operator=(const ShmPresenter&) = delete;
 
   // Shows the `boxes` of `picture`, which is what the whole window holds; all in device pixels. False: nothing was
   // shown. The first call asks the server what it can and waits for the answers.

@@ -8,18 +8,18 @@
 
 namespace tandem {
 
-UiBell::UiBell() : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+UiWakeup::UiWakeup() : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
-UiBell::~UiBell() {
+UiWakeup::~UiWakeup() {
   if (event_ >= 0) close(event_);
 }
 
-void UiBell::ring() const noexcept {
+void UiWakeup::ring() const noexcept {
   const std::uint64_t one = 1;
   static_cast<void>(!write(event_, &one, sizeof one));
 }
 
-void UiBell::answer(std::function<void()> heard) {
+void UiWakeup::answer(std::function<void()> heard) {
   notifier_.reset();
   if (!heard || event_ < 0) return;
   notifier_ = std::make_unique<QSocketNotifier>(event_, QSocketNotifier::Read);

@@ -8,12 +8,12 @@
 
 namespace tandem {
 
-class UiBell {
+class UiWakeup {
  public:
-  UiBell();
-  ~UiBell();
-  UiBell(const UiBell&) = delete;
-  UiBell& operator=(const UiBell&) = delete;
+  UiWakeup();
+  ~UiWakeup();
+  UiWakeup(const UiWakeup&) = delete;
+  UiWakeup& operator=(const UiWakeup&) = delete;
 
   void ring() const noexcept;
   void answer(std::function<void()> heard);  // needs the QApplication; nullptr before that ends

@@ -6,11 +6,11 @@
 
 namespace tandem {
 
-QtHandWatch::QtHandWatch(std::function<void()> moved) : moved_(std::move(moved)) {
+UserInputWatch::UserInputWatch(std::function<void()> moved) : moved_(std::move(moved)) {
   QCoreApplication::instance()->installEventFilter(this);
 }
 
-bool QtHandWatch::eventFilter(QObject*, QEvent* event) {
+bool UserInputWatch::eventFilter(QObject*, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseMove:
     case QEvent::MouseButtonPress:

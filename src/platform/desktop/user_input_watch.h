@@ -7,10 +7,10 @@
 
 namespace tandem {
 
-class QtHandWatch final : public QObject {
+class UserInputWatch final : public QObject {
  public:
   // `moved` is called before the event reaches its window. Needs the QApplication.
-  explicit QtHandWatch(std::function<void()> moved);
+  explicit UserInputWatch(std::function<void()> moved);
 
  protected:
   bool eventFilter(QObject* receiver, QEvent* event) override;

@@ -22,7 +22,7 @@ void wait_for(int fd, Nanoseconds span) {
 
 }  // namespace
 
-NullOutput::NullOutput(OutputRing& ring) : OrderedOutput(ring), first_(ring.taken()), thread_([this] { run(); }) {}
+NullOutput::NullOutput(OutputRing& ring) : ThreadedOutput(ring), first_(ring.taken()), thread_([this] { run(); }) {}
 
 NullOutput::~NullOutput() {
   ending_.store(true);
@@ -33,7 +33,7 @@ NullOutput::~NullOutput() {
 void NullOutput::run() {
   ask_realtime_priority();
   while (!ending_.load()) {
-    for (const OutputOrder& order : orders_.take()) wish_.apply(order);
+    for (const OutputCommand& order : orders_.take()) wish_.apply(order);
     const Nanoseconds now = monotonic_now();
     step(now);
     const Nanoseconds next = next_step(now);

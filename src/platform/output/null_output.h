@@ -10,7 +10,7 @@
 
 namespace tandem {
 
-class NullOutput final : public OrderedOutput {
+class NullOutput final : public ThreadedOutput {
  public:
   explicit NullOutput(OutputRing& ring);
   ~NullOutput() override;
@@ -25,7 +25,7 @@ class NullOutput final : public OrderedOutput {
   std::uint64_t request() const;
   std::uint64_t target() const;
 
-  OutputWish wish_;  // these on the thread only
+  TargetState wish_;  // these on the thread only
   Playhead playhead_;
   std::uint64_t first_;  // the ring's count when the playhead stood at 0
   std::atomic<bool> ending_{false};

@@ -9,13 +9,13 @@
 
 namespace tandem {
 
-OutputOrders::OutputOrders() : fd_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+OutputCommands::OutputCommands() : fd_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
   if (fd_ < 0) throw std::system_error(errno, std::generic_category(), "eventfd");
 }
 
-OutputOrders::~OutputOrders() { ::close(fd_); }
+OutputCommands::~OutputCommands() { ::close(fd_); }
 
-void OutputOrders::post(const OutputOrder& order) {
+void OutputCommands::post(const OutputCommand& order) {
   {
     const std::lock_guard lock(mutex_);
     waiting_.push_back(order);
@@ -24,9 +24,9 @@ void OutputOrders::post(const OutputOrder& order) {
 }
 
 // A full counter is readable already, so a refused write loses nothing.
-void OutputOrders::wake() noexcept { static_cast<void>(eventfd_write(fd_, 1)); }
+void OutputCommands::wake() noexcept { static_cast<void>(eventfd_write(fd_, 1)); }
 
-std::vector<OutputOrder> OutputOrders::take() {
+std::vector<OutputCommand> OutputCommands::take() {
   eventfd_t ignored = 0;
   static_cast<void>(eventfd_read(fd_, &ignored));
   const std::lock_guard lock(mutex_);

@@ -9,29 +9,29 @@
 
 namespace tandem {
 
-struct OutputOrder {
+struct OutputCommand {
   enum class Kind { kOpen, kClose, kStart, kStop, kPause, kRestart, kDepth };
   Kind kind = Kind::kClose;
   int value = 0;              // kOpen: bytes of a buffer; kDepth: buffers
   std::uint64_t written = 0;  // frames that the ring had been given when the order was given
 };
 
-class OutputOrders {
+class OutputCommands {
  public:
-  OutputOrders();  // throws std::system_error if the system has no descriptor left
-  ~OutputOrders();
-  OutputOrders(const OutputOrders&) = delete;
-  OutputOrders& operator=(const OutputOrders&) = delete;
+  OutputCommands();  // throws std::system_error if the system has no descriptor left
+  ~OutputCommands();
+  OutputCommands(const OutputCommands&) = delete;
+  OutputCommands& operator=(const OutputCommands&) = delete;
 
-  void post(const OutputOrder& order);
+  void post(const OutputCommand& order);
   void wake() noexcept;
-  std::vector<OutputOrder> take();  // in the order given; resets fd()
+  std::vector<OutputCommand> take();  // in the order given; resets fd()
   int fd() const noexcept { return fd_; }
 
  private:
   int fd_;
   std::mutex mutex_;
-  std::vector<OutputOrder> waiting_;
+  std::vector<OutputCommand> waiting_;
 };
 
 }  // namespace tandem

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kReadTries = 8;
 
-std::uint64_t run_on(const HeardClock::Anchor& anchor, Nanoseconds now) noexcept {
+std::uint64_t run_on(const PlaybackClock::Anchor& anchor, Nanoseconds now) noexcept {
   const Nanoseconds elapsed = std::clamp<Nanoseconds>(now - anchor.at, 0, 60 * kNanosecondsPerSecond);
   const auto frames = static_cast<std::uint64_t>(elapsed * kSampleRate / kNanosecondsPerSecond);
   return std::min(anchor.frames + frames, anchor.ceiling);
@@ -18,7 +18,7 @@ std::uint64_t run_on(const HeardClock::Anchor& anchor, Nanoseconds now) noexcept
 
 }  // namespace
 
-void HeardClock::publish(const Anchor& anchor) noexcept {
+void PlaybackClock::publish(const Anchor& anchor) noexcept {
   const std::uint32_t turn = turn_.load(std::memory_order_relaxed);
   turn_.store(turn + 1, std::memory_order_relaxed);
   // Released one by one, so that who reads any of them also sees the odd turn.
@@ -28,7 +28,7 @@ void HeardClock::publish(const Anchor& anchor) noexcept {
   turn_.store(turn + 2, std::memory_order_release);
 }
 
-bool HeardClock::read(Anchor& anchor) const noexcept {
+bool PlaybackClock::read(Anchor& anchor) const noexcept {
   const std::uint32_t turn = turn_.load(std::memory_order_acquire);
   anchor.frames = frames_.load(std::memory_order_acquire);
   anchor.at = at_.load(std::memory_order_acquire);
@@ -36,7 +36,7 @@ bool HeardClock::read(Anchor& anchor) const noexcept {
   return (turn & 1U) == 0 && turn == turn_.load(std::memory_order_relaxed);
 }
 
-std::uint64_t HeardClock::heard(Nanoseconds now) const noexcept {
+std::uint64_t PlaybackClock::heard(Nanoseconds now) const noexcept {
   Anchor anchor;
   bool whole = false;
   // A writer that was interrupted half way must not hold a reader of higher priority: the last answer serves then.

@@ -1,6 +1,6 @@
 // How many frames of the ring have been heard, between two reports of a device: runs on at 44100 frames a second from
 // the last report up to its ceiling.
-// Threads: publish() on the output's thread only; heard() on any thread, without a lock and without waiting.
+// Threads: publish() on the output's thread only; frames_played() on any thread, without a lock and without waiting.
 #pragma once
 
 #include <atomic>
@@ -10,7 +10,7 @@
 
 namespace tandem {
 
-class HeardClock {
+class PlaybackClock {
  public:
   struct Anchor {
     std::uint64_t frames = 0;   // heard at that moment

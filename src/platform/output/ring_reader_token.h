@@ -6,7 +6,7 @@
 
 namespace tandem {
 
-class RingLease {
+class RingReaderToken {
  public:
   bool take() noexcept { return !taken_.exchange(true, std::memory_order_acq_rel); }
   void give_back() noexcept { taken_.store(false, std::memory_order_release); }

@@ -12,35 +12,35 @@ constexpr int kLargestBuffer = 1 << 16;  // bytes: a quarter of the ring
 constexpr int kFrameBytes = 4;
 }  // namespace
 
-void OutputWish::apply(const OutputOrder& order) {
+void TargetState::apply(const OutputCommand& order) {
   switch (order.kind) {
-    case OutputOrder::Kind::kOpen:
+    case OutputCommand::Kind::kOpen:
       open_with(order.value);
       break;
-    case OutputOrder::Kind::kClose:
+    case OutputCommand::Kind::kClose:
       set_running(false, false, order.written);
       close();
       break;
-    case OutputOrder::Kind::kStart:
+    case OutputCommand::Kind::kStart:
       if (!open_) open_with(buffer_bytes_);
       set_running(true, paused_, order.written);
       break;
-    case OutputOrder::Kind::kStop:
+    case OutputCommand::Kind::kStop:
       set_running(false, false, order.written);
       break;
-    case OutputOrder::Kind::kPause:
+    case OutputCommand::Kind::kPause:
       set_running(started_, started_, order.written);
       break;
-    case OutputOrder::Kind::kRestart:
+    case OutputCommand::Kind::kRestart:
       set_running(started_, false, order.written);
       break;
-    case OutputOrder::Kind::kDepth:
-      depth_ = std::clamp(order.value, 1, Output::kCeilingBuffers);
+    case OutputCommand::Kind::kDepth:
+      depth_ = std::clamp(order.value, 1, Output::kMaxQueuedBuffers);
       break;
   }
 }
 
-void OutputWish::open_with(int buffer_bytes) {
+void TargetState::open_with(int buffer_bytes) {
   const int bytes = std::clamp(buffer_bytes, kSmallestBuffer, kLargestBuffer) / kFrameBytes * kFrameBytes;
   if (open_ && bytes == buffer_bytes_) return;
   buffer_bytes_ = bytes;
@@ -48,13 +48,13 @@ void OutputWish::open_with(int buffer_bytes) {
   ++generation_;
 }
 
-void OutputWish::close() {
+void TargetState::close() {
   if (!open_) return;
   open_ = false;
   ++generation_;
 }
 
-void OutputWish::set_running(bool started, bool paused, std::uint64_t written) {
+void TargetState::set_running(bool started, bool paused, std::uint64_t written) {
   const bool was = wanted();
   started_ = started;
   paused_ = paused;

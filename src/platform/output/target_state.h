@@ -7,9 +7,9 @@
 
 namespace tandem {
 
-class OutputWish {
+class TargetState {
  public:
-  void apply(const OutputOrder& order);
+  void apply(const OutputCommand& order);
 
   bool open() const noexcept { return open_; }
   bool wanted() const noexcept { return open_ && started_ && !paused_; }  // sound is to be taken

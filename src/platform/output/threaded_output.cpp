@@ -2,14 +2,14 @@
 
 namespace tandem {
 
-void OrderedOutput::open(int buffer_bytes) { post(OutputOrder::Kind::kOpen, buffer_bytes); }
-void OrderedOutput::close() { post(OutputOrder::Kind::kClose); }
-void OrderedOutput::start() { post(OutputOrder::Kind::kStart); }
-void OrderedOutput::stop() { post(OutputOrder::Kind::kStop); }
-void OrderedOutput::pause() { post(OutputOrder::Kind::kPause); }
-void OrderedOutput::restart() { post(OutputOrder::Kind::kRestart); }
-void OrderedOutput::set_depth(int buffers) { post(OutputOrder::Kind::kDepth, buffers); }
+void ThreadedOutput::open(int buffer_bytes) { post(OutputCommand::Kind::kOpen, buffer_bytes); }
+void ThreadedOutput::close() { post(OutputCommand::Kind::kClose); }
+void ThreadedOutput::start() { post(OutputCommand::Kind::kStart); }
+void ThreadedOutput::stop() { post(OutputCommand::Kind::kStop); }
+void ThreadedOutput::pause() { post(OutputCommand::Kind::kPause); }
+void ThreadedOutput::restart() { post(OutputCommand::Kind::kRestart); }
+void ThreadedOutput::set_queue_length(int buffers) { post(OutputCommand::Kind::kDepth, buffers); }
 
-void OrderedOutput::post(OutputOrder::Kind kind, int value) { orders_.post({kind, value, ring_.written()}); }
+void ThreadedOutput::post(OutputCommand::Kind kind, int value) { orders_.post({kind, value, ring_.written()}); }
 
 }  // namespace tandem

@@ -13,11 +13,11 @@
 namespace tandem {
 
 // What the serving thread publishes; any thread reads it.
-struct OutputFace {
+struct OutputStatus {
   std::atomic<bool> consuming{false};
   std::atomic<int> request_frames{1280};
   std::atomic<std::uint64_t> breaks{0};
-  HeardClock heard;
+  PlaybackClock heard;
 
   // The serving thread: whether the device takes sound. The render thread, which may rest, hears of it at once.
   void set_consuming(bool takes, OutputRing& ring) noexcept {
@@ -27,7 +27,7 @@ struct OutputFace {
   }
 };
 
-class OrderedOutput : public Output {
+class ThreadedOutput : public Output {
  public:
   void open(int buffer_bytes) override;
   void close() override;
@@ -35,23 +35,23 @@ class OrderedOutput : public Output {
   void stop() override;
   void pause() override;
   void restart() override;
-  void set_depth(int buffers) override;
+  void set_queue_length(int buffers) override;
 
   bool consuming() const noexcept override { return face_.consuming.load(std::memory_order_acquire); }
-  std::uint64_t heard() const noexcept override { return face_.heard.heard(monotonic_now()); }
+  std::uint64_t frames_played() const noexcept override { return face_.heard.heard(monotonic_now()); }
   int request_frames() const noexcept override { return face_.request_frames.load(std::memory_order_relaxed); }
-  std::uint64_t breaks() const noexcept override { return face_.breaks.load(std::memory_order_relaxed); }
+  std::uint64_t underruns() const noexcept override { return face_.breaks.load(std::memory_order_relaxed); }
   bool lost() const noexcept override { return false; }  // whatever happens, the device is looked for again
 
  protected:
-  explicit OrderedOutput(OutputRing& ring) : ring_(ring) {}
+  explicit ThreadedOutput(OutputRing& ring) : ring_(ring) {}
 
   OutputRing& ring_;
-  OutputOrders orders_;
-  OutputFace face_;
+  OutputCommands orders_;
+  OutputStatus face_;
 
  private:
-  void post(OutputOrder::Kind kind, int value = 0);
+  void post(OutputCommand::Kind kind, int value = 0);
 };
 
 }  // namespace tandem

@@ -26,14 +26,14 @@ pa_context* new_context(pa_mainloop_api* api) {
 
 }  // namespace
 
-PulseServer::PulseServer(pa_mainloop_api* api, std::function<void()> changed)
+PulseContext::PulseContext(pa_mainloop_api* api, std::function<void()> changed)
     : api_(api), changed_(std::move(changed)), retry_(api, [this] { connect(); }) {}
 
-PulseServer::~PulseServer() { drop(); }
+PulseContext::~PulseContext() { drop(); }
 
-bool PulseServer::unreachable() const noexcept { return failures_ >= kUnreachableAfter; }
+bool PulseContext::unreachable() const noexcept { return failures_ >= kUnreachableAfter; }
 
-void PulseServer::tend() {
+void PulseContext::tend() {
   if (state_ == State::kIdle && !retry_.pending()) connect();
   if (state_ != State::kBroken) return;
   drop();
@@ -41,18 +41,18 @@ void PulseServer::tend() {
   retry_.start(failures_ < kQuickRetries ? kRetryMilliseconds : kSlowRetryMilliseconds);
 }
 
-void PulseServer::connect() {
+void PulseContext::connect() {
   state_ = State::kConnecting;
   context_ = new_context(api_);
   if (context_ != nullptr) {
-    pa_context_set_state_callback(context_, &PulseServer::on_state, this);
+    pa_context_set_state_callback(context_, &PulseContext::on_state, this);
     if (pa_context_connect(context_, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0) return;
   }
   state_ = State::kBroken;
   changed_();
 }
 
-void PulseServer::drop() {
+void PulseContext::drop() {
   state_ = State::kIdle;
   if (context_ == nullptr) return;
   pa_context_set_state_callback(context_, nullptr, nullptr);
@@ -61,8 +61,8 @@ void PulseServer::drop() {
   context_ = nullptr;
 }
 
-void PulseServer::on_state(pa_context* context, void* self) {
-  auto* server = static_cast<PulseServer*>(self);
+void PulseContext::on_state(pa_context* context, void* self) {
+  auto* server = static_cast<PulseContext*>(self);
   const pa_context_state_t state = pa_context_get_state(context);
   if (state == PA_CONTEXT_READY) {
     server->state_ = State::kReady;

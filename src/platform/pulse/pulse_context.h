@@ -10,13 +10,13 @@
 
 namespace tandem {
 
-class PulseServer {
+class PulseContext {
  public:
   // changed is called when the answers below have changed, out of callbacks of libpulse.
-  PulseServer(pa_mainloop_api* api, std::function<void()> changed);
-  ~PulseServer();
-  PulseServer(const PulseServer&) = delete;
-  PulseServer& operator=(const PulseServer&) = delete;
+  PulseContext(pa_mainloop_api* api, std::function<void()> changed);
+  ~PulseContext();
+  PulseContext(const PulseContext&) = delete;
+  PulseContext& operator=(const PulseContext&) = delete;
 
   // Starts looking, and lets go of a connection that broke. Not from a callback of the connection or its streams; the
   // streams of a broken connection must be gone before.

@@ -44,7 +44,7 @@ class PulseThread {  // the loop and its thread
 // Everything that happens only asks for tend(), which compares what is with what is wished for.
 class PulseOutput::Worker {
  public:
-  Worker(OutputRing& ring, OutputOrders& orders, OutputFace& face, Sharing sharing);
+  Worker(OutputRing& ring, OutputCommands& orders, OutputStatus& face, Sharing sharing);
   ~Worker() { thread_.stop(); }
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
@@ -62,22 +62,22 @@ class PulseOutput::Worker {
   bool current() const { return stream_ && stream_generation_ == wish_.generation(); }
 
   OutputRing& ring_;
-  OutputOrders& orders_;
-  OutputFace& face_;
+  OutputCommands& orders_;
+  OutputStatus& face_;
   Sharing sharing_;
-  OutputWish wish_;
+  TargetState wish_;
   bool told_reachable_ = true;
   bool asked_priority_ = false;  // the thread asks for itself
   PulseThread thread_;
   PulseDefer changed_;
   PulseReadable ordered_;
   PulseTimer again_;
-  PulseServer server_;
+  PulseContext server_;
   std::optional<PulseStream> stream_;  // before it is destroyed its server must live
   unsigned stream_generation_ = 0;
 };
 
-PulseOutput::Worker::Worker(OutputRing& ring, OutputOrders& orders, OutputFace& face, Sharing sharing)
+PulseOutput::Worker::Worker(OutputRing& ring, OutputCommands& orders, OutputStatus& face, Sharing sharing)
     : ring_(ring),
       orders_(orders),
       face_(face),
@@ -91,7 +91,7 @@ PulseOutput::Worker::Worker(OutputRing& ring, OutputOrders& orders, OutputFace& 
 }
 
 void PulseOutput::Worker::take_orders() {
-  for (const OutputOrder& order : orders_.take()) wish_.apply(order);
+  for (const OutputCommand& order : orders_.take()) wish_.apply(order);
   tend();
 }
 
@@ -169,7 +169,7 @@ void PulseOutput::Worker::tell_reachable() {
   if (std::exchange(told_reachable_, reachable) != reachable && sharing_.reachable) sharing_.reachable(reachable);
 }
 
-PulseOutput::PulseOutput(OutputRing& ring, Sharing sharing) : OrderedOutput(ring) {
+PulseOutput::PulseOutput(OutputRing& ring, Sharing sharing) : ThreadedOutput(ring) {
   if (sharing.lease == nullptr) sharing.lease = &own_lease_;
   worker_ = std::make_unique<Worker>(ring_, orders_, face_, std::move(sharing));
 }

@@ -17,10 +17,10 @@
 
 namespace tandem {
 
-class PulseOutput final : public OrderedOutput {
+class PulseOutput final : public ThreadedOutput {
  public:
   struct Sharing {                             // for an owner that has another output beside this one
-    RingLease* lease = nullptr;                // asked before the ring is read
+    RingReaderToken* lease = nullptr;          // asked before the ring is read
     std::function<void(bool)> reachable = {};  // told on libpulse's thread whenever a server is found or given up
   };
 
@@ -33,7 +33,7 @@ class PulseOutput final : public OrderedOutput {
  private:
   class Worker;
 
-  RingLease own_lease_;
+  RingReaderToken own_lease_;
   std::unique_ptr<Worker> worker_;
 };
 

@@ -44,7 +44,7 @@ std::uint64_t frames_of_time(pa_usec_t time) {
 PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed)
     : ring_(*places.ring),
       heard_(*places.heard),
-      breaks_(*places.breaks),
+      underruns_(*places.breaks),
       changed_(std::move(changed)),
       hungry_(places.api, [this] { feed(); }),
       queue_(queue),
@@ -195,7 +195,7 @@ void PulseStream::stall() {
 // Only what plays steadily can break: a device that begins or comes back takes more at once than there is yet.
 void PulseStream::run_dry() {
   const bool steady = monotonic_now() - changed_at_ > kSettled;
-  if (motion_ == Motion::kPlaying && !suspended_ && steady) breaks_.fetch_add(1, std::memory_order_relaxed);
+  if (motion_ == Motion::kPlaying && !suspended_ && steady) underruns_.fetch_add(1, std::memory_order_relaxed);
   stall();
 }
 

@@ -25,7 +25,7 @@ class PulseStream {
     pa_mainloop_api* api;
     pa_context* context;                 // ready
     OutputRing* ring;                    // this stream is its reader
-    HeardClock* heard;                   // this stream writes it
+    PlaybackClock* heard;                // this stream writes it
     std::atomic<std::uint64_t>* breaks;  // and counts here how often it ran dry
   };
 
@@ -77,8 +77,8 @@ class PulseStream {
   static void on_played_out(pa_stream*, int success, void* self);
 
   OutputRing& ring_;
-  HeardClock& heard_;
-  std::atomic<std::uint64_t>& breaks_;
+  PlaybackClock& heard_;
+  std::atomic<std::uint64_t>& underruns_;
   std::function<void()> changed_;
   PulseTimer hungry_;
   PulseQueue queue_;

@@ -10,9 +10,9 @@
 
 namespace tandem {
 
-class SpokenLine final : public QAccessibleInterface, public QAccessibleActionInterface {
+class AccessibleRow final : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
-  SpokenLine(SongListItem& list, int index) : list_(list), index_(index) {}
+  AccessibleRow(SongListItem& list, int index) : list_(list), index_(index) {}
   int index() const { return index_; }
   void set_index(int index) { index_ = index; }
   void leave() { leaving_ = true; }  // its end is told: it is still there for those who are told
@@ -90,41 +90,41 @@ std::vector<std::string> lines_of(const ListBox& list) {
 
 void tell(QAccessibleInterface* line, QAccessible::Event what) {
   QAccessibleEvent event(line, what);
-  tell_assistive(event);
+  post_accessibility_event(event);
 }
 
 }  // namespace
 
-SpokenLines::SpokenLines(SongListItem& list) : list_(list), texts_(lines_of(list.list())) {
+AccessibleRows::AccessibleRows(SongListItem& list) : list_(list), texts_(lines_of(list.list())) {
   add_lines(0, texts_.size());
 }
 
-SpokenLines::~SpokenLines() {
+AccessibleRows::~AccessibleRows() {
   for (const QAccessible::Id id : ids_) QAccessible::deleteAccessibleInterface(id);
   for (const QAccessible::Id id : early_) QAccessible::deleteAccessibleInterface(id);
 }
 
-QAccessible::Id SpokenLines::make_line(std::size_t index) {
-  return QAccessible::registerAccessibleInterface(new SpokenLine(list_, static_cast<int>(index)));
+QAccessible::Id AccessibleRows::make_line(std::size_t index) {
+  return QAccessible::registerAccessibleInterface(new AccessibleRow(list_, static_cast<int>(index)));
 }
 
-SpokenLine* SpokenLines::at(std::size_t index) const {
-  return dynamic_cast<SpokenLine*>(QAccessible::accessibleInterface(ids_[index]));
+AccessibleRow* AccessibleRows::at(std::size_t index) const {
+  return dynamic_cast<AccessibleRow*>(QAccessible::accessibleInterface(ids_[index]));
 }
 
-QAccessibleInterface* SpokenLines::line(int index) {
+QAccessibleInterface* AccessibleRows::line(int index) {
   if (index < 0 || index >= list_.list().ListCount()) return nullptr;
   const auto wanted = static_cast<std::size_t>(index);
   while (ids_.size() + early_.size() <= wanted) early_.push_back(make_line(ids_.size() + early_.size()));
   return wanted < ids_.size() ? at(wanted) : QAccessible::accessibleInterface(early_[wanted - ids_.size()]);
 }
 
-int SpokenLines::index_of(const QAccessibleInterface* line) {
-  const auto* found = dynamic_cast<const SpokenLine*>(line);
+int AccessibleRows::index_of(const QAccessibleInterface* line) {
+  const auto* found = dynamic_cast<const AccessibleRow*>(line);
   return found == nullptr ? -1 : found->index();
 }
 
-void SpokenLines::list_changed() {
+void AccessibleRows::list_changed() {
   if (std::exchange(due_, true)) return;
   const auto follow_if_there = [lines = weak_from_this()] {
     if (const auto still = lines.lock()) still->follow();
@@ -132,12 +132,12 @@ void SpokenLines::list_changed() {
   QMetaObject::invokeMethod(&list_, follow_if_there, Qt::QueuedConnection);
 }
 
-void SpokenLines::selection_changed() {
+void AccessibleRows::selection_changed() {
   selection_due_ = true;
   list_changed();
 }
 
-void SpokenLines::remove_lines(std::size_t from, std::size_t count) {
+void AccessibleRows::remove_lines(std::size_t from, std::size_t count) {
   for (std::size_t i = from + count; i-- > from;) {
     at(i)->leave();
     tell(at(i), QAccessible::ObjectDestroyed);
@@ -147,7 +147,7 @@ void SpokenLines::remove_lines(std::size_t from, std::size_t count) {
   ids_.erase(first, first + static_cast<std::ptrdiff_t>(count));
 }
 
-std::vector<QAccessible::Id> SpokenLines::add_lines(std::size_t from, std::size_t count) {
+std::vector<QAccessible::Id> AccessibleRows::add_lines(std::size_t from, std::size_t count) {
   std::vector<QAccessible::Id> added = std::exchange(early_, {});
   for (std::size_t i = count; i < added.size(); ++i) QAccessible::deleteAccessibleInterface(added[i]);
   added.resize(std::min(count, added.size()));
@@ -156,28 +156,28 @@ std::vector<QAccessible::Id> SpokenLines::add_lines(std::size_t from, std::size_
   return added;
 }
 
-void SpokenLines::number_lines(std::size_t from) {
+void AccessibleRows::number_lines(std::size_t from) {
   for (std::size_t i = from; i < ids_.size(); ++i) at(i)->set_index(static_cast<int>(i));
 }
 
-void SpokenLines::follow() {
+void AccessibleRows::follow() {
   due_ = false;
   follow_lines();
   if (std::exchange(selection_due_, false)) tell_selection();
 }
 
 // With no line selected the list itself has the focus.
-void SpokenLines::tell_selection() {
+void AccessibleRows::tell_selection() {
   const int selected = list_.list().ListIndex();
   QAccessibleEvent selection(&list_, QAccessible::Selection);
   QAccessibleEvent focus(&list_, QAccessible::Focus);
   selection.setChild(selected);
   focus.setChild(selected);
-  if (selected >= 0) tell_assistive(selection);
-  if (list_.hasFocus()) tell_assistive(focus);
+  if (selected >= 0) post_accessibility_event(selection);
+  if (list_.hasFocus()) post_accessibility_event(focus);
 }
 
-void SpokenLines::follow_lines() {
+void AccessibleRows::follow_lines() {
   const std::vector<std::string> now = lines_of(list_.list());
   const std::vector<std::string> old = std::exchange(texts_, now);
   const Stay stay = what_stays(old, now);

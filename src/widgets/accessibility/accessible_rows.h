@@ -12,14 +12,14 @@
 
 namespace tandem {
 
-class SpokenLine;
+class AccessibleRow;
 
-class SpokenLines : public std::enable_shared_from_this<SpokenLines> {
+class AccessibleRows : public std::enable_shared_from_this<AccessibleRows> {
  public:
-  explicit SpokenLines(SongListItem& list);
-  ~SpokenLines();
-  SpokenLines(const SpokenLines&) = delete;
-  SpokenLines& operator=(const SpokenLines&) = delete;
+  explicit AccessibleRows(SongListItem& list);
+  ~AccessibleRows();
+  AccessibleRows(const AccessibleRows&) = delete;
+  AccessibleRows& operator=(const AccessibleRows&) = delete;
 
   // Nothing if the list has no such line. One that is asked for before it is told of is told of all the same.
   QAccessibleInterface* line(int index);
@@ -36,7 +36,7 @@ class SpokenLines : public std::enable_shared_from_this<SpokenLines> {
   void remove_lines(std::size_t from, std::size_t count);
   std::vector<QAccessible::Id> add_lines(std::size_t from, std::size_t count);
   void number_lines(std::size_t from);
-  SpokenLine* at(std::size_t index) const;
+  AccessibleRow* at(std::size_t index) const;
   QAccessible::Id make_line(std::size_t index);
 
   SongListItem& list_;

@@ -10,7 +10,7 @@ namespace tandem {
 
 namespace {
 
-AssistiveListener listens = QAccessible::updateAccessibility;
+AccessibilityHandler listens = QAccessible::updateAccessibility;
 
 QAccessible::Role role_of(ControlKind kind) {
   switch (kind) {
@@ -50,13 +50,13 @@ QAccessible::Role role_of(ControlKind kind) {
 class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
   explicit ItemInterface(PanelItem* item) : QAccessibleWidget(item, role_of(item->place().kind)), item_(*item) {
-    item_.speak_of_changes();
+    item_.notify_accessibility();
   }
 
   QString text(QAccessible::Text what) const override {
-    if (what == QAccessible::Name) return item().spoken_name();
-    if (what == QAccessible::Value) return item().spoken_value();
-    if (what == QAccessible::Description && is_described()) return item().spoken_value();
+    if (what == QAccessible::Name) return item().accessible_name();
+    if (what == QAccessible::Value) return item().accessible_value();
+    if (what == QAccessible::Description && is_described()) return item().accessible_value();
     return QAccessibleWidget::text(what);
   }
 
@@ -119,24 +119,26 @@ QAccessibleInterface* interface_of(const QString&, QObject* object) {
 
 }  // namespace
 
-void tell_accessibility_of_items() { QAccessible::installFactory(interface_of); }
+void install_accessibility() { QAccessible::installFactory(interface_of); }
 
-void tell_assistive(QAccessibleEvent& event) { listens(&event); }
+void post_accessibility_event(QAccessibleEvent& event) { listens(&event); }
 
-AssistiveListener listen_instead(AssistiveListener listener) { return std::exchange(listens, listener); }
+AccessibilityHandler set_accessibility_handler(AccessibilityHandler listener) {
+  return std::exchange(listens, listener);
+}
 
-void tell_value_of(PanelItem& item) {
-  if (!item.speaks_of_changes()) return;
+void post_value_changed(PanelItem& item) {
+  if (!item.notifies_accessibility()) return;
   QAccessibleEvent name(&item, QAccessible::NameChanged);
-  if (item.place().accessible.find('<') != std::string_view::npos) tell_assistive(name);
-  const bool anew = item.speaks_anew();  // what changes away from the focus is known when the focus comes
+  if (item.place().accessible.find('<') != std::string_view::npos) post_accessibility_event(name);
+  const bool anew = item.value_text_changed();  // what changes away from the focus is known when the focus comes
   if (!item.hasFocus() || !anew) return;
   QAccessible::State changed;
   changed.checked = true;
   QAccessibleStateChangeEvent state(&item, changed);
-  if (item.checked()) tell_assistive(state);
-  QAccessibleValueChangeEvent value(&item, item.spoken_value());
-  tell_assistive(value);
+  if (item.checked()) post_accessibility_event(state);
+  QAccessibleValueChangeEvent value(&item, item.accessible_value());
+  post_accessibility_event(value);
 }
 
 }  // namespace tandem

@@ -8,15 +8,15 @@ namespace tandem {
 class PanelItem;
 
 // To be called once, before the window is made.
-void tell_accessibility_of_items();
+void install_accessibility();
 
 // The item's value or state has changed under the user's hand.
-void tell_value_of(PanelItem& item);
+void post_value_changed(PanelItem& item);
 
 // Every event goes this way. Another listener in place of the toolkit's, which hears nothing without a desktop; returns
 // the one before.
-void tell_assistive(QAccessibleEvent& event);
-using AssistiveListener = void (*)(QAccessibleEvent*);
-AssistiveListener listen_instead(AssistiveListener listener);
+void post_accessibility_event(QAccessibleEvent& event);
+using AccessibilityHandler = void (*)(QAccessibleEvent*);
+AccessibilityHandler set_accessibility_handler(AccessibilityHandler listener);
 
 }  // namespace tandem

@@ -5,10 +5,10 @@ namespace tandem {
 SongListInterface::SongListInterface(SongListItem& list) : QAccessibleWidget(&list, QAccessible::List), list_(list) {}
 
 // From the first question on they are followed.
-SpokenLines& SongListInterface::lines() const {
+AccessibleRows& SongListInterface::lines() const {
   if (!lines_) {
-    lines_ = std::make_shared<SpokenLines>(list_);
-    list_.spoken_as(lines_);
+    lines_ = std::make_shared<AccessibleRows>(list_);
+    list_.set_accessible_rows(lines_);
   }
   return *lines_;
 }
@@ -19,8 +19,8 @@ int SongListInterface::childCount() const {
 }
 
 QString SongListInterface::text(QAccessible::Text what) const {
-  if (what == QAccessible::Name) return list_.spoken_name();
-  if (what == QAccessible::Value) return list_.spoken_value();
+  if (what == QAccessible::Name) return list_.accessible_name();
+  if (what == QAccessible::Value) return list_.accessible_value();
   return QAccessibleWidget::text(what);
 }
 

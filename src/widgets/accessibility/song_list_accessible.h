@@ -16,14 +16,14 @@ class SongListInterface final : public QAccessibleWidget {
   QString text(QAccessible::Text what) const override;
   int childCount() const override;
   QAccessibleInterface* child(int index) const override { return lines().line(index); }
-  int indexOfChild(const QAccessibleInterface* line) const override { return SpokenLines::index_of(line); }
+  int indexOfChild(const QAccessibleInterface* line) const override { return AccessibleRows::index_of(line); }
   QAccessibleInterface* childAt(int x, int y) const override;
   QAccessibleInterface* focusChild() const override;
 
  private:
-  SpokenLines& lines() const;
+  AccessibleRows& lines() const;
   SongListItem& list_;
-  mutable std::shared_ptr<SpokenLines> lines_;
+  mutable std::shared_ptr<AccessibleRows> lines_;
 };
 
 }  // namespace tandem

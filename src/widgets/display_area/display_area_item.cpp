@@ -32,13 +32,13 @@ int percent_of(const LevelBar& bar) { return std::max(bar.lit()[0], bar.lit()[1]
 
 }  // namespace
 
-VisualItem::VisualItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Displays displays)
+DisplayAreaItem::DisplayAreaItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Displays displays)
     : PanelItem(panel, canvas, place, nullptr),
       displays_(displays),
       left_(left_meter_box(), false),
       right_(right_meter_box(), true) {}
 
-void VisualItem::feed(std::span<const SoundFrame> heard) {
+void DisplayAreaItem::feed(std::span<const SoundFrame> heard) {
   displays_.MMSpectrum1.feed(heard);
   displays_.MMMeterX1.feed(heard);
   displays_.MMMeterX2.feed(heard);
@@ -46,7 +46,7 @@ void VisualItem::feed(std::span<const SoundFrame> heard) {
   displays_.MMOscopeX1.feed(heard);
 }
 
-void VisualItem::forget() {
+void DisplayAreaItem::forget() {
   displays_.MMSpectrum1.forget();
   displays_.MMMeterX1.forget();
   displays_.MMMeterX2.forget();
@@ -55,7 +55,7 @@ void VisualItem::forget() {
 }
 
 // What was heard before it was hidden is over.
-void VisualItem::showEvent(QShowEvent* event) {
+void DisplayAreaItem::showEvent(QShowEvent* event) {
   PanelItem::showEvent(event);
   forget();
   spectrum_.draw_anew();
@@ -65,14 +65,14 @@ void VisualItem::showEvent(QShowEvent* event) {
   if (shown_ == 2) scope_.update(displays_.MMOscopeX1, scale_);
 }
 
-bool VisualItem::at_rest() const {
+bool DisplayAreaItem::at_rest() const {
   return displays_.MMSpectrum1.at_rest() && displays_.MMMeterX1.at_rest() && displays_.MMMeterX2.at_rest() &&
          displays_.MMLevelX1.at_rest() && displays_.MMOscopeX1.at_rest() && shown_ == which(displays_) &&
          scale_ == devicePixelRatioF();
 }
 
 // Another display, or another screen: everything is drawn anew.
-bool VisualItem::start_anew() {
+bool DisplayAreaItem::start_anew() {
   const int shown = which(displays_);
   const double scale = devicePixelRatioF();
   const bool anew = shown != shown_ || scale != scale_;
@@ -83,7 +83,7 @@ bool VisualItem::start_anew() {
   return anew;
 }
 
-bool VisualItem::move_displays(double seconds) {
+bool DisplayAreaItem::move_displays(double seconds) {
   const bool anew = start_anew();
   if ((displays_.MMSpectrum1.advance(seconds) || anew) && shown_ == 0)
     show(spectrum_.update(displays_.MMSpectrum1, scale_));
@@ -94,11 +94,11 @@ bool VisualItem::move_displays(double seconds) {
   return !at_rest();
 }
 
-void VisualItem::show(const ChangedPicture& picture) {
+void DisplayAreaItem::show(const ChangedPicture& picture) {
   canvas().show_picture(*picture.image, picture.at, picture.boxes);
 }
 
-void VisualItem::draw_meters(QPainter& painter) const {
+void DisplayAreaItem::draw_meters(QPainter& painter) const {
   left_.draw(painter);
   right_.draw(painter);
   const QRectF bar = control_box("MMLevelX1").box();
@@ -111,7 +111,7 @@ void VisualItem::draw_meters(QPainter& painter) const {
 }
 
 // With no display at all the glass alone shows.
-void VisualItem::draw(QPainter& painter) const {
+void DisplayAreaItem::draw(QPainter& painter) const {
   switch (shown_) {
     case 0:
       return spectrum_.draw(painter);
@@ -124,19 +124,19 @@ void VisualItem::draw(QPainter& painter) const {
   }
 }
 
-QString VisualItem::name_in_table() const {
+QString DisplayAreaItem::name_in_table() const {
   constexpr const char* kNames[] = {"MMSpectrum1", "MMMeterX1", "MMOscopeX1"};
   if (shown_ < 0) return "Display";
   const auto name = control_box(kNames[shown_]).accessible;
   return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
 }
 
-QString VisualItem::spoken_value() const {
+QString DisplayAreaItem::accessible_value() const {
   if (shown_ != 1) return {};
   return level_text(displays_.MMMeterX1);
 }
 
-std::optional<ItemValue> VisualItem::value_range() const {
+std::optional<ItemValue> DisplayAreaItem::value_range() const {
   if (shown_ != 1) return std::nullopt;
   return level_of(displays_.MMMeterX1);
 }
@@ -146,7 +146,7 @@ std::optional<ItemValue> LevelItem::value_range() const {
   return ItemValue{static_cast<double>(percent_of(displays_.MMLevelX1)), 0, 100, 1};
 }
 
-QString LevelItem::spoken_value() const {
+QString LevelItem::accessible_value() const {
   if (place().name == "MMMeterX2") return level_text(displays_.MMMeterX2);
   return QString::number(percent_of(displays_.MMLevelX1)) + " %";
 }

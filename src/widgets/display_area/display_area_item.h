@@ -23,9 +23,9 @@ struct Displays {
   Oscilloscope& MMOscopeX1;
 };
 
-class VisualItem final : public PanelItem {
+class DisplayAreaItem final : public PanelItem {
  public:
-  VisualItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Displays displays);
+  DisplayAreaItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Displays displays);
 
   void draw(QPainter& painter) const override;
   // Moves the displays; tells the canvas what to repaint. False when all lie at rest.
@@ -33,7 +33,7 @@ class VisualItem final : public PanelItem {
   void feed(std::span<const SoundFrame> heard);
   bool at_rest() const;
 
-  QString spoken_value() const override;
+  QString accessible_value() const override;
   std::optional<ItemValue> value_range() const override;
 
  protected:
@@ -66,7 +66,7 @@ class LevelItem final : public PanelItem {
   void draw(QPainter&) const override {}
   bool advance(double) override { return false; }
   bool in_use() const override { return displays_.MMMeterX2.Visible(); }
-  QString spoken_value() const override;
+  QString accessible_value() const override;
   std::optional<ItemValue> value_range() const override;
 
  private:

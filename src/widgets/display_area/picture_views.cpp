@@ -42,7 +42,7 @@ double scale_db(double deflection) { return deflection > 1e-5 ? 20 * std::log10(
 ChangedPicture NeedleView::update(const NeedleMeter& meter, double scale) {
   if (!fits(scale)) {
     scale_ = scale;
-    face_ = std::make_unique<NeedleFace>(scale, box_, well(), right_);
+    face_ = std::make_unique<NeedleBackdrop>(scale, box_, well(), right_);
     image_ = image_for(face_->size(), scale);
     standing_ = {};
   }
@@ -59,7 +59,7 @@ void NeedleView::draw(QPainter& painter) const {
 ChangedPicture ScopeView::update(const Oscilloscope& scope, double scale) {
   if (!fits(scale)) {
     scale_ = scale;
-    face_ = std::make_unique<ScopeFace>(scale, scope_area(), well());
+    face_ = std::make_unique<ScopeBackdrop>(scale, scope_area(), well());
     image_ = image_for(face_->size(), scale);
   }
   const ScopeReading& reading = scope.picture();

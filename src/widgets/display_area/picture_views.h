@@ -30,7 +30,7 @@ class NeedleView {
   QRectF box_;
   bool right_;
   double scale_ = 0;
-  std::unique_ptr<NeedleFace> face_;
+  std::unique_ptr<NeedleBackdrop> face_;
   QImage image_;
   QRect standing_;
 };
@@ -43,7 +43,7 @@ class ScopeView {
 
  private:
   double scale_ = 0;
-  std::unique_ptr<ScopeFace> face_;
+  std::unique_ptr<ScopeBackdrop> face_;
   QImage image_;
 };
 

@@ -38,7 +38,7 @@ bool SpectrumView::fit(SpectrumAnalyser& analyser, double scale) {
   }
   const SpectrumStyle style = style_of(analyser.picture());
   if (face_ && face_->style() == style) return false;
-  face_ = std::make_unique<SpectrumFace>(style, scale, area(), QRectF(control_box("Display well").box()));
+  face_ = std::make_unique<SpectrumBackdrop>(style, scale, area(), QRectF(control_box("Display well").box()));
   image_ = QImage(face_->size(), QImage::Format_RGB32);
   image_.setDevicePixelRatio(scale);
   standing_ = {};

@@ -28,7 +28,7 @@ class SpectrumView {
   RollHistory roll_of(const RollCells& roll);
 
   double scale_ = 0;
-  std::unique_ptr<SpectrumFace> face_;
+  std::unique_ptr<SpectrumBackdrop> face_;
   QImage image_;
   SpectrumTrace standing_;
   BothSides<std::vector<float>> marks_;

@@ -82,11 +82,11 @@ void SlidingItem::keyReleaseEvent(QKeyEvent* event) {
   let_go();
 }
 
-void SlidingItem::hand_gone() {
+void SlidingItem::cancel_press() {
   if (slider_.held()) let_go();
 }
 
-FaderLook FaderItem::look() const {
+FaderState FaderItem::look() const {
   return {static_cast<double>(slider().value()),
           static_cast<double>(slider().minimum()),
           static_cast<double>(slider().maximum()),
@@ -172,7 +172,7 @@ QRectF PositionItem::cap_box(double share) const {
   return {left - kAbout, box().top() - kAbout, kSliderCapWidth + 2 * kAbout, box().height() + 2 * kAbout};
 }
 
-QString PositionItem::spoken_value() const {
+QString PositionItem::accessible_value() const {
   return time_text(slider().value()) + " of " + time_text(slider().maximum());
 }
 

@@ -14,7 +14,7 @@ class SlidingItem : public PanelItem {
  public:
   SlidingItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Slider& slider);
   std::optional<ItemValue> value_range() const override;
-  QString spoken_value() const override { return QString::number(slider_.value()); }
+  QString accessible_value() const override { return QString::number(slider_.value()); }
 
  protected:
   void put_value(double value) override { put_by_hand(value); }
@@ -31,7 +31,7 @@ class SlidingItem : public PanelItem {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
-  void hand_gone() override;
+  void cancel_press() override;
 
  private:
   void move_to(std::int32_t value);
@@ -54,7 +54,7 @@ class FaderItem : public SlidingItem {
   std::optional<std::int32_t> value_after(int key) const override;
 
  private:
-  FaderLook look() const;
+  FaderState look() const;
   QSizeF cap_;
   QRgb lit_colour_;
   std::int32_t page_step_;
@@ -67,7 +67,7 @@ class BandItem final : public FaderItem {
   int band() const { return band_; }
   std::function<void(int)> go_to_band;  // the neighbour to focus
   std::function<void(BandItem&)> was_used;
-  QString spoken_value() const override { return SlidingItem::spoken_value() + " dB"; }
+  QString accessible_value() const override { return SlidingItem::accessible_value() + " dB"; }
 
  protected:
   std::optional<std::int32_t> value_after(int key) const override;
@@ -83,7 +83,7 @@ class PositionItem final : public SlidingItem {
  public:
   using SlidingItem::SlidingItem;
   void draw(QPainter& painter) const override;
-  QString spoken_value() const override;  // "1:23 of 3:45"
+  QString accessible_value() const override;  // "1:23 of 3:45"
   std::optional<ItemValue> value_range() const override;
 
  protected:
@@ -105,7 +105,7 @@ class SlideSwitchItem final : public PanelItem {
   SlideSwitchItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Switch& model);
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
-  QString spoken_value() const override;
+  QString accessible_value() const override;
   std::optional<bool> checked() const override { return switch_.value() != 0; }
   bool can_press() const override { return true; }
 

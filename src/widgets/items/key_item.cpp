@@ -22,17 +22,17 @@ bool is_lit_colour(Colour colour) {
   return colour == clYellow || colour == clAqua || colour == clLime || colour == kNextAfter;
 }
 
-Face face_of(std::string_view name, int picture) {
-  if (name == "NextBtn") return Face::Next;
-  if (name == "UpList") return Face::Up;
-  if (name == "DownList") return Face::Down;
+Icon face_of(std::string_view name, int picture) {
+  if (name == "NextBtn") return Icon::Next;
+  if (name == "UpList") return Icon::Up;
+  if (name == "DownList") return Icon::Down;
   return icone(picture);
 }
 
-QRgb frame_of(Face face, Colour back_colour) {
+QRgb frame_of(Icon face, Colour back_colour) {
   if (back_colour != kKeyNeutral) return from_bgr(static_cast<std::uint32_t>(back_colour)).rgb();
-  if (face == Face::PlayActive) return palette::kPlayingKey;
-  if (face == Face::StopActive) return palette::kStoppedKey;
+  if (face == Icon::PlayActive) return palette::kPlayingKey;
+  if (face == Icon::StopActive) return palette::kStoppedKey;
   return palette::kNeutralKey;
 }
 
@@ -81,15 +81,15 @@ void PushItem::keyReleaseEvent(QKeyEvent* event) {
   if (!event->isAutoRepeat()) end_push(true);
 }
 
-KeyLook KeyItem::look() const {
-  KeyLook look;
+KeyState KeyItem::look() const {
+  KeyState look;
   look.face = face_of(place().name, button().Picture);
   look.back_colour = frame_of(look.face, button().BackColor);
-  look.lit = is_lit_colour(button().BackColor) || look.face == Face::PlayActive || look.face == Face::StopActive;
+  look.lit = is_lit_colour(button().BackColor) || look.face == Icon::PlayActive || look.face == Icon::StopActive;
   look.caption = QString::fromStdString(button().Caption);
   look.bold = place().name == "LoadSong";
-  look.touch = touch();
-  look.touch.pressed = shown_pressed();
+  look.interaction = touch();
+  look.interaction.pressed = shown_pressed();
   return look;
 }
 
@@ -104,13 +104,13 @@ std::optional<bool> KeyItem::checked() const {
 void KeyItem::draw(QPainter& painter) const { paint_key(painter, box(), look()); }
 
 void StudItem::draw(QPainter& painter) const {
-  Touch stud = touch();
+  InteractionState stud = touch();
   stud.pressed = button().BackColor == clGrey;  // the panel's own press feedback
   paint_stud(painter, box(), stud);
 }
 
 void ChromeItem::draw(QPainter& painter) const {
-  Touch chrome = touch();
+  InteractionState chrome = touch();
   chrome.pressed = shown_pressed();
   paint_chrome_button(painter, geometry(), face_, chrome);
 }

@@ -26,7 +26,7 @@ class PushItem : public PanelItem {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
-  void hand_gone() override { end_push(false); }
+  void cancel_press() override { end_push(false); }
 
  private:
   void begin_push();
@@ -56,7 +56,7 @@ class KeyItem final : public ButtonItem {
   std::optional<bool> checked() const override;  // of Pause, Playlist and Controls
 
  private:
-  KeyLook look() const;
+  KeyState look() const;
 };
 
 class StudItem final : public ButtonItem {
@@ -68,7 +68,7 @@ class StudItem final : public ButtonItem {
 // Minimise or Close: hangs on the right edge of the window.
 class ChromeItem final : public PushItem {
  public:
-  ChromeItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Face face, std::function<void()> act)
+  ChromeItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Icon face, std::function<void()> act)
       : PushItem(panel, canvas, place, nullptr), face_(face), act_(std::move(act)) {
     setFocusPolicy(Qt::TabFocus);  // whoever minimises by mouse comes back to where he was
   }
@@ -80,7 +80,7 @@ class ChromeItem final : public PushItem {
   QRect drawn_box() const override;
 
  private:
-  Face face_;
+  Icon face_;
   std::function<void()> act_;
 };
 

@@ -13,7 +13,7 @@ class WheelItem final : public PanelItem {
       : PanelItem(panel, canvas, place, &wheel), wheel_(wheel) {}
   void draw(QPainter& painter) const override;
   std::optional<ItemValue> value_range() const override;
-  QString spoken_value() const override;
+  QString accessible_value() const override;
 
  protected:
   void put_value(double value) override;
@@ -37,7 +37,7 @@ class RotaryItem final : public PanelItem {
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
   std::optional<ItemValue> value_range() const override;
-  QString spoken_value() const override { return captions_.value(switch_.value()); }
+  QString accessible_value() const override { return captions_.value(switch_.value()); }
 
  protected:
   void put_value(double value) override;

@@ -61,7 +61,7 @@ int LedLabelItem::ring_columns() const {
 bool LedLabelItem::scrolls() const { return label_.Scrolling && ring_columns() > label_.NumChars * kColumnsPerCell; }
 
 void LedLabelItem::draw(QPainter& painter) const {
-  LedLabelLook look;
+  LedLabelState look;
   look.text = QString::fromStdString(label_.Caption);
   look.cells = label_.NumChars;
   look.pitch = place().pitch;

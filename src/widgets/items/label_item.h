@@ -38,7 +38,7 @@ class LedLabelItem final : public ClickItem {
                std::optional<QRgb> dark_dots);
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
-  QString spoken_value() const override { return QString::fromStdString(label_.Caption).trimmed(); }
+  QString accessible_value() const override { return QString::fromStdString(label_.Caption).trimmed(); }
 
  protected:
   void model_changed() override;
@@ -59,7 +59,7 @@ class GaugeItem final : public ClickItem {
   GaugeItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Gauge& gauge)
       : ClickItem(panel, canvas, place, &gauge, &gauge.click), gauge_(gauge) {}
   void draw(QPainter& painter) const override;
-  QString spoken_value() const override { return QString::number(gauge_.Progress) + " %"; }
+  QString accessible_value() const override { return QString::number(gauge_.Progress) + " %"; }
   std::optional<ItemValue> value_range() const override {
     return ItemValue{static_cast<double>(gauge_.Progress), 0, 100, 1};
   }
@@ -73,7 +73,7 @@ class PitchLampItem final : public PanelItem {
   PitchLampItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Lamp& lamp)
       : PanelItem(panel, canvas, place, &lamp), lamp_(lamp) {}
   void draw(QPainter& painter) const override;
-  QString spoken_value() const override { return lit() ? "on" : "off"; }
+  QString accessible_value() const override { return lit() ? "on" : "off"; }
   std::optional<bool> checked() const override { return lit(); }
 
  protected:

@@ -16,7 +16,7 @@ QString lead_caption(std::string_view name) {
 
 }  // namespace
 
-LampLook LampItem::look(const QString& caption) const {
+LampState LampItem::look(const QString& caption) const {
   return {from_bgr(static_cast<std::uint32_t>(lamp_.LEDColor.get())).rgb(), lit(), caption, touch()};
 }
 

@@ -11,13 +11,13 @@ class LampItem : public PushItem {
  public:
   LampItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Lamp& lamp, Colour lit_colour)
       : PushItem(panel, canvas, place, &lamp), lamp_(lamp), lit_colour_(lit_colour) {}
-  QString spoken_value() const override { return lit() ? "on" : "off"; }
+  QString accessible_value() const override { return lit() ? "on" : "off"; }
   std::optional<bool> checked() const override { return lit(); }
   bool lit() const { return lamp_.LEDColor == lit_colour_; }
 
  protected:
   void clicked() override { lamp_.click.raise(); }
-  LampLook look(const QString& caption) const;
+  LampState look(const QString& caption) const;
 
  private:
   Lamp& lamp_;

@@ -45,7 +45,7 @@ void PanelItem::follow_model() {
     canvas_.visibilities_changed();
   }
   model_changed();
-  tell_value_of(*this);
+  post_value_changed(*this);
 }
 
 void PanelItem::set_scene_visible(bool visible) { setVisible(visible); }
@@ -68,22 +68,22 @@ QString PanelItem::name_in_table() const {
 
 // "Song: <caption>", "Volume <Progress> %": from the mark on stands the value. What stands in round brackets is said by
 // the state.
-QString PanelItem::spoken_name() const {
+QString PanelItem::accessible_name() const {
   const QString whole = name_in_table();
   const qsizetype colon = whole.indexOf(": ");
   const qsizetype mark = colon >= 0 ? colon + 2 : whole.indexOf('<');
   if (mark < 0) return whole.left(whole.indexOf('(')).trimmed();
-  return (whole.left(mark) + spoken_value()).trimmed();
+  return (whole.left(mark) + accessible_value()).trimmed();
 }
 
-bool PanelItem::speaks_anew() {
+bool PanelItem::value_text_changed() {
   const ItemValue number = value_range().value_or(ItemValue{});
   const QString speaks =
-      QStringLiteral("%1 %2 %3").arg(number.value).arg(checked().value_or(false)).arg(spoken_value());
+      QStringLiteral("%1 %2 %3").arg(number.value).arg(checked().value_or(false)).arg(accessible_value());
   return std::exchange(spoken_, speaks) != speaks;
 }
 
-Touch PanelItem::touch() const {
+InteractionState PanelItem::touch() const {
   return {hover_, pressed_, focus_shown_ && hasFocus(), model_ == nullptr || model_->Enabled};
 }
 
@@ -128,7 +128,7 @@ void PanelItem::focusInEvent(QFocusEvent* event) {
 
 void PanelItem::focusOutEvent(QFocusEvent* event) {
   if (!is_for_a_while(event->reason())) focus_shown_ = false;
-  hand_gone();
+  cancel_press();
   changed();
 }
 
@@ -143,21 +143,21 @@ bool PanelItem::is_beyond_reach(const QEvent& event) const {
 }
 
 bool PanelItem::key_event(QEvent* event) {
-  const UserAct act(canvas_);
+  const UserActionScope act(canvas_);
   const bool known = QWidget::event(event);
   if (event->isAccepted() && hasFocus()) show_focus();
   return known;
 }
 
 bool PanelItem::event(QEvent* event) {
-  if (is_beyond_reach(*event)) hand_gone();
+  if (is_beyond_reach(*event)) cancel_press();
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel: {
-      const UserAct act(canvas_);
+      const UserActionScope act(canvas_);
       return QWidget::event(event);
     }
     case QEvent::KeyPress:
@@ -170,13 +170,13 @@ bool PanelItem::event(QEvent* event) {
 
 void PanelItem::press() {
   if (!isEnabled() || isHidden()) return;
-  const UserAct act(canvas_);
+  const UserActionScope act(canvas_);
   press_by_key();
 }
 
 void PanelItem::set_value(double value) {
   if (!isEnabled() || isHidden()) return;
-  const UserAct act(canvas_);
+  const UserActionScope act(canvas_);
   put_value(value);
 }
 

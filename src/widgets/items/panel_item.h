@@ -41,12 +41,12 @@ struct ItemValue {
 
 // An act of the user lasts as long as this: a file dialog may be open in it, so what it began is looked after again at
 // its end.
-class UserAct {
+class UserActionScope {
  public:
-  explicit UserAct(PanelCanvas& canvas) : canvas_(canvas) { canvas_.user_acts(); }
-  ~UserAct() { canvas_.user_acts(); }
-  UserAct(const UserAct&) = delete;
-  UserAct& operator=(const UserAct&) = delete;
+  explicit UserActionScope(PanelCanvas& canvas) : canvas_(canvas) { canvas_.user_acts(); }
+  ~UserActionScope() { canvas_.user_acts(); }
+  UserActionScope(const UserActionScope&) = delete;
+  UserActionScope& operator=(const UserActionScope&) = delete;
 
  private:
   PanelCanvas& canvas_;
@@ -71,15 +71,15 @@ class PanelItem : public QWidget {
   virtual bool advance(double seconds);
 
   // Assistive technology.
-  QString spoken_name() const;  // the table's name with the value in its place
-  virtual QString spoken_value() const { return {}; }
+  QString accessible_name() const;  // the table's name with the value in its place
+  virtual QString accessible_value() const { return {}; }
   virtual std::optional<bool> checked() const { return std::nullopt; }  // nothing: has no two states
   virtual bool can_press() const { return false; }
   virtual std::optional<ItemValue> value_range() const { return std::nullopt; }  // nothing: is no number
   // Nobody is told of changes before it has been asked for.
-  void speak_of_changes() { speaks_of_changes_ = true; }
-  bool speaks_of_changes() const { return speaks_of_changes_; }
-  bool speaks_anew();  // otherwise than at the last call
+  void notify_accessibility() { notifies_accessibility_ = true; }
+  bool notifies_accessibility() const { return notifies_accessibility_; }
+  bool value_text_changed();  // otherwise than at the last call
   // Acts of the user without the hand: by assistive technology or a key of the window. Nothing while it is disabled or
   // hidden.
   void press();
@@ -87,7 +87,7 @@ class PanelItem : public QWidget {
 
  protected:
   QRectF box() const { return place_.box(); }
-  Touch touch() const;
+  InteractionState touch() const;
   bool is_pressed() const { return pressed_; }
   void set_pressed(bool pressed);
   QPointF panel_position(const QPointF& local) const { return local + pos(); }
@@ -102,7 +102,7 @@ class PanelItem : public QWidget {
   virtual void press_by_key() {}
   virtual void put_value(double) {}
   // The item is let go without a word of the hand: it is disabled, hidden or has lost the focus.
-  virtual void hand_gone() { set_pressed(false); }
+  virtual void cancel_press() { set_pressed(false); }
 
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -127,7 +127,7 @@ class PanelItem : public QWidget {
   bool hovered_ = false;
   bool pressed_ = false;
   bool focus_shown_ = false;
-  bool speaks_of_changes_ = false;
+  bool notifies_accessibility_ = false;
   QString spoken_;  // with its number, as it was last told
 };
 

@@ -26,7 +26,7 @@ SlideSwitchItem::SlideSwitchItem(QWidget* panel, PanelCanvas& canvas, const Cont
   setGeometry(area.toAlignedRect());
 }
 
-QString SlideSwitchItem::spoken_value() const { return caption(place(), switch_.value()); }
+QString SlideSwitchItem::accessible_value() const { return caption(place(), switch_.value()); }
 
 void SlideSwitchItem::draw(QPainter& painter) const {
   paint_slide_switch(painter, box(), {{caption(place(), 0), caption(place(), 1)}, switch_.value(), cap_, touch()});

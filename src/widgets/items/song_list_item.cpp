@@ -21,17 +21,17 @@ SongListItem::SongListItem(QWidget* panel, PanelCanvas& canvas, const ControlBox
     : PanelItem(panel, canvas, place, &list), list_(list) {}
 
 void SongListItem::draw(QPainter& painter) const {
-  SongListLook look;
+  SongListState look;
   for (int i = top_; i < std::min(top_ + kListRows, list_.ListCount()); ++i)
     look.rows << QString::fromStdString(list_.List(i));
   look.top = top_;
   look.count = list_.ListCount();
   look.selected = list_.ListIndex();
-  look.touch = touch();
+  look.interaction = touch();
   paint_song_list(painter, box(), look);
 }
 
-QString SongListItem::spoken_value() const { return QString::fromStdString(list_.List(list_.ListIndex())); }
+QString SongListItem::accessible_value() const { return QString::fromStdString(list_.List(list_.ListIndex())); }
 
 int SongListItem::last_top() const { return std::max(0, list_.ListCount() - kListRows); }
 
@@ -49,7 +49,7 @@ void SongListItem::show_line(int index) {
 }
 
 void SongListItem::model_changed() {
-  if (const auto lines = spoken_lines_.lock()) lines->list_changed();
+  if (const auto lines = accessible_rows_.lock()) lines->list_changed();
   scroll_to(top_);
   if (list_.ListCount() == 0) last_selection_ = 0;
   if (list_.ListIndex() != seen_selection_) follow_selection();
@@ -61,7 +61,7 @@ void SongListItem::follow_selection() {
   seen_selection_ = list_.ListIndex();
   if (seen_selection_ >= 0) last_selection_ = seen_selection_;
   show_line(seen_selection_);
-  if (const auto lines = spoken_lines_.lock()) lines->selection_changed();
+  if (const auto lines = accessible_rows_.lock()) lines->selection_changed();
 }
 
 int SongListItem::row_at(const QPointF& at) const {
@@ -78,7 +78,7 @@ QRect SongListItem::line_on_screen(int index) const {
 
 void SongListItem::select_line(int index) {
   if (!isEnabled() || isHidden()) return;
-  const UserAct act(canvas());
+  const UserActionScope act(canvas());
   select(index);
 }
 

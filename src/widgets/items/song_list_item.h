@@ -9,19 +9,19 @@
 
 namespace tandem {
 
-class SpokenLines;
+class AccessibleRows;
 
 class SongListItem final : public PanelItem {
  public:
   SongListItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, ListBox& list);
   void draw(QPainter& painter) const override;
-  QString spoken_value() const override;
+  QString accessible_value() const override;
   const ListBox& list() const { return list_; }
   int top() const { return top_; }
   QRect line_on_screen(int index) const;  // nothing if it is not in view
   void select_line(int index);            // an act of the user
   // Assistive technology has asked for the lines: from now on it is told when they change.
-  void spoken_as(const std::shared_ptr<SpokenLines>& lines) { spoken_lines_ = lines; }
+  void set_accessible_rows(const std::shared_ptr<AccessibleRows>& lines) { accessible_rows_ = lines; }
 
  protected:
   void model_changed() override;
@@ -49,7 +49,7 @@ class SongListItem final : public PanelItem {
   double thumb_grip_ = 0;
   bool dragging_thumb_ = false;
   int wheel_rest_ = 0;
-  std::weak_ptr<SpokenLines> spoken_lines_;
+  std::weak_ptr<AccessibleRows> accessible_rows_;
 };
 
 }  // namespace tandem

@@ -27,16 +27,16 @@ bool SpinnerItem::advance(double seconds) {
   return true;
 }
 
-void SpinnerItem::hand_gone() {
+void SpinnerItem::cancel_press() {
   held_ = Part::None;
   changed();
 }
 
-Touch SpinnerItem::touch_of(Part part) const {
-  Touch touch = PanelItem::touch();
-  if (under_ != part) touch.hover = 0;
-  touch.pressed = held_ == part;
-  return touch;
+InteractionState SpinnerItem::touch_of(Part part) const {
+  InteractionState interaction = PanelItem::touch();
+  if (under_ != part) interaction.hover = 0;
+  interaction.pressed = held_ == part;
+  return interaction;
 }
 
 void SpinnerItem::draw(QPainter& painter) const {
@@ -80,7 +80,7 @@ void SpinnerItem::mousePressEvent(QMouseEvent* event) {
 }
 
 void SpinnerItem::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) hand_gone();
+  if (event->button() == Qt::LeftButton) cancel_press();
 }
 
 void SpinnerItem::mouseMoveEvent(QMouseEvent* event) {

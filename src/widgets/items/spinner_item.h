@@ -13,7 +13,7 @@ class SpinnerItem final : public PanelItem {
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
   std::optional<ItemValue> value_range() const override;
-  QString spoken_value() const override { return QString::number(spinner_.value()); }
+  QString accessible_value() const override { return QString::number(spinner_.value()); }
 
  protected:
   void put_value(double value) override;
@@ -21,7 +21,7 @@ class SpinnerItem final : public PanelItem {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
-  void hand_gone() override;
+  void cancel_press() override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -31,7 +31,7 @@ class SpinnerItem final : public PanelItem {
   void push(Part part);
   void page(int direction);
   bool steps_itself() const { return spinner_.Step != 0; }
-  Touch touch_of(Part part) const;
+  InteractionState touch_of(Part part) const;
 
   Spinner& spinner_;
   Part held_ = Part::None;

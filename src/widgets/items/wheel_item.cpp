@@ -23,7 +23,7 @@ std::optional<ItemValue> WheelItem::value_range() const {
   return ItemValue{static_cast<double>(wheel_.value()), 0, static_cast<double>(wheel_.maximum()), kStep};
 }
 
-QString WheelItem::spoken_value() const {
+QString WheelItem::accessible_value() const {
   return QString::number(std::lround(100.0 * wheel_.value() / wheel_.maximum())) + " %";
 }
 

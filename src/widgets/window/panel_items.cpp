@@ -24,11 +24,11 @@ Item* PanelWindow::add(std::string_view name, Arguments&&... arguments) {
 
 void PanelWindow::add_items(Displays displays) {
   add_display_panel();
-  minimise_ = add<ChromeItem>("Minimise", Face::Minimise, [this] { showMinimized(); });
-  close_ = add<ChromeItem>("Close", Face::Close, [this] { close(); });
+  minimise_ = add<ChromeItem>("Minimise", Icon::Minimise, [this] { showMinimized(); });
+  close_ = add<ChromeItem>("Close", Icon::Close, [this] { close(); });
   add_transport();
   add_mix_strip();
-  visual_ = add<VisualItem>("MMSpectrum1", displays);
+  visual_ = add<DisplayAreaItem>("MMSpectrum1", displays);
   add<LevelItem>("MMLevelX1", displays);
   add<LevelItem>("MMMeterX2", displays);
   add_equalizer();
@@ -89,7 +89,7 @@ void PanelWindow::add_equalizer() {
   add<AreaItem>("MMPanelX1(0)", &c.MMPanelX1[0], &c.MMPanelX1[0].click);
   for (int i = 0; i < static_cast<int>(kBands); ++i) {
     const auto band = static_cast<std::size_t>(i);
-    const std::string index = "(" + std::to_string(i) + ")";
+    const std::string index = std::string("(").append(std::to_string(i)).append(")");
     add<DeadItem>("Label2" + index);
     bands_.push_back(add<BandItem>("sl0" + index, c.sl0[band], i));
     bands_.back()->was_used = [this](BandItem& used) { use_band(used); };

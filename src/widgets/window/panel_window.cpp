@@ -124,7 +124,7 @@ void PanelWindow::shape_corners() {
   setMask(shape);
 }
 
-bool PanelWindow::in_scene(const PanelItem& item) const {
+bool PanelWindow::is_shown_in_layout(const PanelItem& item) const {
   const QSize window(pixels(controls_.Painel.Width), pixels(controls_.Painel.Height));
   if (item.place().group == ControlGroup::Chrome) return true;
   if (!item.in_use()) return false;
@@ -140,8 +140,8 @@ bool PanelWindow::in_scene(const PanelItem& item) const {
 void PanelWindow::follow_visibilities() {
   PanelItem* focused = dynamic_cast<PanelItem*>(focusWidget());
   const bool shown = focused != nullptr && focused->shows_focus();
-  for (PanelItem* item : items_) item->set_scene_visible(in_scene(*item));
-  if (focused == nullptr || in_scene(*focused)) return;
+  for (PanelItem* item : items_) item->set_scene_visible(is_shown_in_layout(*item));
+  if (focused == nullptr || is_shown_in_layout(*focused)) return;
   item("PLAY")->setFocus(shown ? Qt::OtherFocusReason : Qt::MouseFocusReason);
 }
 

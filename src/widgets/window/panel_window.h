@@ -37,7 +37,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
 
   // Moves what moves by itself, by the time since the last call. False when nothing moves any more.
   bool frame(double seconds);
-  VisualItem& visual() { return *visual_; }
+  DisplayAreaItem& visual() { return *visual_; }
   // Whether anything that moves could be seen at all, and whether a hand is near.
   bool exposed() const;
   bool attended() const;
@@ -92,7 +92,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void draw_items(QPainter& painter, const QRect& rect);
   void follow_frame();
   void follow_visibilities();
-  bool in_scene(const PanelItem& item) const;
+  bool is_shown_in_layout(const PanelItem& item) const;
   WindowSize size_now() const;
   void read_screen();
   void shape_corners();
@@ -102,7 +102,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   Hooks hooks_;
   std::vector<PanelItem*> items_;  // in drawing order; owned by the window as its children
   std::map<std::string, PanelItem*, std::less<>> by_name_;
-  VisualItem* visual_ = nullptr;
+  DisplayAreaItem* visual_ = nullptr;
   struct Moving {
     PanelItem* item;
     bool fresh;  // its time begins with the next frame

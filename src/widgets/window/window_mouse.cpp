@@ -18,7 +18,7 @@ constexpr int kDragDistance = 4;
 
 void PanelWindow::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  const UserAct act(*this);
+  const UserActionScope act(*this);
   pressed_at_ = event->globalPosition().toPoint();
   drag_from_ = pressed_at_ - pos();
 }
@@ -39,7 +39,7 @@ void PanelWindow::mouseReleaseEvent(QMouseEvent*) {
 }
 
 void PanelWindow::mouseDoubleClickEvent(QMouseEvent* event) {
-  const UserAct act(*this);
+  const UserActionScope act(*this);
   const bool on_head = event->position().y() < control_box("Window grip").h;
   if (event->button() == Qt::LeftButton && on_head) controls_.MMPanelX1[1].click.raise();
 }
@@ -55,7 +55,7 @@ void PanelWindow::dropEvent(QDropEvent* event) {
     if (url.isLocalFile())
       paths.push_back(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString());
   event->acceptProposedAction();
-  const UserAct act(*this);
+  const UserActionScope act(*this);
   if (!paths.empty()) hooks_.drop(paths);
 }
 
