@@ -1,4 +1,4 @@
-// The player as it is, with a hand that adds songs and presses the controls, for measurements from outside: the same
+// The player as it is, with a script that adds songs and presses the controls, for measurements from outside: the same
 // panel, window and engine as the program.
 //   live_player [--hidden] [--display 0|1|2] [--equalizer] [--pitch P] [--seconds N] SONG...
 // plays the songs until it is ended, or for N seconds; it then prints its own CPU time, context switches and memory.
@@ -84,7 +84,7 @@ int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
   tandem::Player player;
   press_controls(player, wishes);  // as soon as there is a panel: players that take songs as words begin as early
-  int own_words = 1;               // the toolkit would take some of our words for its own
+  int own_words = 1;               // Qt would take some of our words for its own
   QApplication application(own_words, argv);
   player.show();
   const tandem::CloseSignals close_signals([&player] { player.close(); });

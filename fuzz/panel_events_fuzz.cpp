@@ -1,4 +1,4 @@
-// Bytes, three for an act, as a user's hand on the whole player.
+// Bytes, three for an act, as a user of the whole player.
 #include <algorithm>
 
 #include "fuzz_target.h"

@@ -38,7 +38,7 @@ class PanelUser {
 
   // Ends the program if something about the panel is wrong.
   void check() const;
-  // Nobody touches the panel any more: the list comes to its end.
+  // The panel is left alone: the list comes to its end.
   void leave_alone();
 
  private:

@@ -30,12 +30,12 @@ class AssistiveBus {
  public:
   static bool installed();
 
-  AssistiveBus();  // programs that are started after it speak on it
+  AssistiveBus();  // programs that are started after it use it
   ~AssistiveBus();
   AssistiveBus(const AssistiveBus&) = delete;
   AssistiveBus& operator=(const AssistiveBus&) = delete;
 
-  bool find(const std::string& program);         // waits until it speaks
+  bool find(const std::string& program);         // waits until it is on the bus
   std::vector<AssistiveObject> objects() const;  // of the program, parents before their children
   std::optional<AssistiveObject> object(const std::string& name, const std::string& role) const;
 

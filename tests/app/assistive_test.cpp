@@ -76,7 +76,7 @@ TEST_F(AssistiveProgram, EverythingHasANameARoleAndWhatCanBeDoneWithIt) {
 
 TEST_F(AssistiveProgram, ItsListIsFollowed) {
   bus->listen("object:children-changed");
-  bus->listen("object:state-changed");  // the toolkit tells of what goes only those that listen to states too
+  bus->listen("object:state-changed");  // Qt reports removals only to clients that listen to states too
   const std::string list = object("Playlist", "list").path;
   const auto is_told = [this, &list](const std::string& what) {
     return wait_until([&] {

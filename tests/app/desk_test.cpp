@@ -40,7 +40,7 @@ class Managed : public testing::Test {
     return desktop.do_tool({"search", "--onlyvisible", "--class", "Tandem"}).find(player->window()) !=
            std::string::npos;
   }
-  // As a hand does: pixel by pixel.
+  // As a user does: pixel by pixel.
   void drag(int x, int y, int right, int down) const {
     std::vector<std::string> words = {"mousemove", "--window", player->window(), std::to_string(x), std::to_string(y),
                                       "mousedown", "1"};
@@ -54,7 +54,7 @@ class Managed : public testing::Test {
     words.insert(words.end(), {"mouseup", "1"});
     desktop.do_tool(words);
   }
-  // The manager leaves the window behind by the way until it was asked to move it.
+  // The window trails the pointer by the way moved before the window manager was asked to move it.
   bool comes_near(int x, int y) const {
     constexpr int kLag = 4;
     return wait_until([&] {

@@ -1,5 +1,5 @@
 // A newcomer's evening by mouse alone: songs are added and played, the equalizer is set, the list is saved, and another
-// day it is opened again. A screen reader's view tells where things of the file dialog are.
+// day it is opened again. A screen reader's view gives where things of the file dialog are.
 
 #include <gtest/gtest.h>
 

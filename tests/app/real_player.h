@@ -1,5 +1,5 @@
-// The program itself in a folder of its own, on a virtual screen, with eyes and hands: what it shows is found by its
-// windows, and it is moved by the pointer and the keys of the screen alone.
+// The program itself in a folder of its own, on a virtual screen, observed and operated from outside: what it shows is
+// found by its windows, and it is moved by the pointer and the keys of the screen alone.
 #pragma once
 
 #include <sys/types.h>

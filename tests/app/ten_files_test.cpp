@@ -61,7 +61,7 @@ TEST(TheProgramWithTenFiles, SoundsThemInOrderEachOverTheEndOfTheOneBefore) {
   ASSERT_TRUE(player.dialog_goes_away());
   desktop.sound.start_recording();
   player.click(24, 146);
-  desktop.do_tool({"mousemove", "1900", "1000"});  // nobody is near: the sound is queued far ahead
+  desktop.do_tool({"mousemove", "1900", "1000"});  // the user is away: the sound is queued far ahead
   ASSERT_TRUE(wait_until([&] { return is_over(desktop.sound.recording()); }, std::chrono::seconds(90)));
 
   const std::vector<Sample16> heard = desktop.sound.recording();

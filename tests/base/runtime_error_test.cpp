@@ -49,7 +49,7 @@ TEST(Rounding, HalfToEven) {
 
 TEST(Notifications, RunTheirHandlerWithinTheRaise) {
   Notification<int> event;
-  event.raise(1);  // nobody listens
+  event.raise(1);  // no listener
   int heard = 0;
   event.connect([&](int value) { heard = value; });
   event.raise(7);

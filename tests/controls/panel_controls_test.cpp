@@ -126,7 +126,7 @@ TEST_F(DesignedPanel, TheDelayTimerTicksOnceItsIntervalIsOverAndOnlyWhileEnabled
   EXPECT_EQ(ticks, 0);
   c.TimerDelay.put_Enabled(true);
   timers.advance(5800);
-  c.TimerDelay.put_Enabled(true);  // enabling again does not start the interval anew
+  c.TimerDelay.put_Enabled(true);  // enabling again does not restart the interval
   timers.advance(6500);
   EXPECT_EQ(ticks, 1);
   c.TimerDelay.put_Enabled(false);

@@ -20,7 +20,7 @@ class FakeAudioFile final : public MMAudioFileX {
   enum class Role { Deck, Probe };
   FakeAudioFile(const FakeFiles& files, Role role) : files_(files), role_(role) {}
 
-  std::int32_t position = 0;  // set by hand; putting a name sets it to 0
+  std::int32_t position = 0;  // set by the test; putting a name sets it to 0
 
   std::string FileName() const override { return name_; }
   void put_FileName(const std::string& name) override {

@@ -50,7 +50,7 @@ class TestPanel {
     dialog.answers.push_back(answer);
     controls.LoadSong.click.raise();
   }
-  // Songs /music/a.mp3, /music/b.mp3 ..., numbered behind the alphabet's end.
+  // Songs /music/a.mp3, /music/b.mp3 ..., numbered beyond the alphabet.
   void add_songs(int count) {
     for (int i = 0; i < count; ++i) add_song(song_path(i), song_length(i));
   }

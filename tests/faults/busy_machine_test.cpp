@@ -1,6 +1,6 @@
 // Processes that compute and one that writes to the disk, beside the program in a list: nothing is lost. A plain
-// player of the sound server, whose file lies in memory, plays beside it and tells what the machine itself costs.
-// TANDEM_BUSY_SECONDS: how long with nobody near, where half a second is queued; a tenth of it with the larger
+// player of the sound server, whose file lies in memory, plays beside it and shows what the machine itself costs.
+// TANDEM_BUSY_SECONDS: how long while the user is away, where half a second is queued; a tenth of it with the larger
 // buffers, and with the pointer on the panel, where a move must be heard at once and some 90 or 170 ms are queued until
 // the sound breaks for the first time.
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ int processes_wished() {
 constexpr std::size_t kChance = 5;         // breaks
 constexpr std::size_t kSpared = 4;         // a break is answered: at most one of so many comes about
 constexpr int kQuick = 20;                 // seconds
-constexpr std::chrono::seconds kAlone{5};  // until the program takes nobody to be near
+constexpr std::chrono::seconds kAlone{5};  // until the program takes the user to be away
 constexpr std::chrono::seconds kLook{1};
 
 using Hand = PlayingProgram::Hand;
@@ -36,7 +36,7 @@ using Hand = PlayingProgram::Hand;
 struct Setting {
   int buffer_mode;
   Hand hand;
-  int share;        // of the time that is wished
+  int share;        // of the chosen time
   int queue_ms;     // what the program keeps queued then
   int least_queue;  // of which so much lies at the server in front of its device
 

@@ -99,7 +99,7 @@ class Day : public testing::TestWithParam<int> {  // the position of the buffer 
       before_ = run_;
     }
   }
-  // How far behind the mix point the outgoing song is when the next one is let in.
+  // How far past the mix point the outgoing song is when the next one is let in.
   void tick() {
     const RunState& state = program().state;
     const bool mixing = state.MixStarted != kFalse;
@@ -179,7 +179,7 @@ TEST(LongList, OfMoreThanTwoHundredSongsDoesNotEndTheProgram) {
   EXPECT_TRUE(rig.run_until([&] { return rig.controls().PlayList.ListIndex() >= 199; }, 200'000));
   rig.run(10'000);
   const bool over = rig.stopped();
-  EXPECT_FALSE(over);  // line 200 is not the last one, and there is no song behind it: on purpose
+  EXPECT_FALSE(over);  // line 200 is not the last one, and there is no song after it: on purpose
   rig.stop();
   EXPECT_TRUE(rig.stopped());
   rig.controls().PlayList.put_ListIndex(0);

@@ -13,9 +13,9 @@ class FailingDisk {
   FailingDisk(const FailingDisk&) = delete;
   FailingDisk& operator=(const FailingDisk&) = delete;
 
-  void hang();    // whoever asks for a file of the folder waits
+  void hang();    // opening or reading a file of the folder blocks
   void go_on();   // they all go on
-  void fail();    // whoever reads a file of the folder gets an input error
+  void fail();    // reading a file of the folder gives an input error
   int waiting();  // how many threads wait now
 };
 

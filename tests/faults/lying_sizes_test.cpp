@@ -56,7 +56,7 @@ std::vector<Bytes> lying_wavs() {
   return all;
 }
 
-// The count in the first frame, a tag in front and one behind that are said to be larger than all files.
+// The count in the first frame, a tag in front and one at the end that claim to be larger than all files.
 std::vector<Bytes> lying_mp3s() {
   const Bytes whole = make_mp3(short_song(), {"-b", "128"});
   const Bytes tag = text_bytes("ID3") + Bytes{3, 0, 0, 0x7F, 0x7F, 0x7F, 0x7F};

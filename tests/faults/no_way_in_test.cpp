@@ -1,4 +1,4 @@
-// What the running program holds open: nobody can call it, and it writes nothing behind anybody's back.
+// What the running program holds open: it listens nowhere, and it writes nothing unasked.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>

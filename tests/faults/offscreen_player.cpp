@@ -32,7 +32,7 @@ std::string text_of(const std::string& path) {
   return text.str();
 }
 
-// Whether the program has set its handler of SIGTERM, as the system tells.
+// Whether the program has set its handler of SIGTERM, by the system's own account.
 bool handles_term(pid_t pid) {
   const std::string status = text_of("/proc/" + std::to_string(pid) + "/status");
   const std::size_t at = status.find("SigCgt:");

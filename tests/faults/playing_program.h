@@ -1,5 +1,5 @@
 // The program itself, with its window on a virtual screen, playing a list of sine songs from the disk into a private
-// sound server whose sink is recorded. Nobody touches it once it plays.
+// sound server whose sink is recorded. It is left alone once it plays.
 #pragma once
 
 #include <string>

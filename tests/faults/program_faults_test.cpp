@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The same settings, but with a line end that the program reads and does not write: so the two can be told apart.
+// The same settings, but with a line end that the program reads and does not write: so the two differ.
 std::string old_settings() {
   std::string text = factory_settings();
   std::erase(text, '\r');

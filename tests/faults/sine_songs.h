@@ -17,7 +17,7 @@ Bytes sine_song(std::size_t number, double seconds);
 
 struct Heard {
   std::size_t begin = 0;            // the first frame that sounds
-  std::size_t end = 0;              // behind the last
+  std::size_t end = 0;              // one past the last
   std::vector<std::size_t> breaks;  // frames between them where the sines do not go on; 50 ms count as one place
   std::size_t longest_silence = 0;  // frames, between them
   std::size_t frames() const { return end - begin; }

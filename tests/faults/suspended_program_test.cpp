@@ -12,7 +12,7 @@
 namespace tandem::test {
 namespace {
 
-// Nobody is near: so much is queued that a busy machine adds no silence of its own.
+// The user is away: so much is queued that a busy machine adds no silence of its own.
 constexpr int kTimes = 3;
 constexpr std::chrono::milliseconds kSuspended{2000};  // longer than all that is queued
 

@@ -55,7 +55,7 @@ void replace_by_another_song(const std::string& path) {
   write_file(path + " new", wav_file(full_noise(77, 5 * kSampleRate, 0.2), Encoding::kInt16));
   fs::rename(path + " new", path);
 }
-// The super-user may read everything, so this thread asks for files as somebody else from now on.
+// The super-user may read everything, so this thread asks for files as another user from now on.
 void make_unreadable(const std::string& path) {
   constexpr uid_t kSomebody = 65534;
   fs::permissions(fs::path(path).parent_path().parent_path(), fs::perms(0755));

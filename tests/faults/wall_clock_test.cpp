@@ -45,8 +45,8 @@ TEST(WallClock, ThatJumpsChangesNoSample) {
                std::to_string(differ) + " samples differ");
 }
 
-// As the program itself asks for the time: by the system's clock and the zone of the day. Both are moved about behind
-// its back; the clock by taking over the system's call for this whole test program.
+// As the program itself asks for the time: by the system's clock and the zone of the day. Both are moved while it
+// runs; the clock by taking over the system's call for this whole test program.
 std::time_t shift = 0;  // seconds
 
 class MovedClock {

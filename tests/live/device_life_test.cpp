@@ -1,4 +1,4 @@
-// The whole player through the life of a sound server: the same song goes on where it was, and nothing is left behind.
+// The whole player through the life of a sound server: the same song goes on where it was, and nothing leaks.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -20,7 +20,7 @@ std::ptrdiff_t entries_of(const char* directory) {
 
 class LiveDeviceLife : public testing::Test {
  protected:
-  // Making a long song takes its time, in which nobody would look at what is played.
+  // Making a long song takes its time, in which the recording would not be read.
   void add_song(double seconds) { song_ = rig_.add_song("song.wav", signature(1, seconds, kLevel)); }
   void wait_for_silence() {
     ASSERT_TRUE(rig_.run_until([this] { return !rig_.output().consuming(); }));

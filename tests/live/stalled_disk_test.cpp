@@ -73,7 +73,7 @@ TEST_P(LiveStalledDisk, WhileASongPlays) {
   judge("while a song plays", 0);
 }
 
-// The next song is loaded when the one before has ended, a lead behind its own beginning.
+// The next song is loaded when the one before has ended, a lead after its own beginning.
 TEST_P(LiveStalledDisk, BeforeASongsTurn) {
   for (int i = 0; i < 3; ++i) add(3);
   start();

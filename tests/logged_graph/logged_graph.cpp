@@ -54,7 +54,7 @@ void log_displays(SoundGraph& graph, const CallLog& log) {
   graph.MMOscopeX1 = logged_display<MMOscopeX>({std::move(graph.MMOscopeX1), "MMOscopeX1", log});
 }
 
-// The helper and the ring buffer have nothing to tell of.
+// The helper and the ring buffer have nothing to log.
 template <class Component>
 void wrap(std::unique_ptr<Component>& component, const std::string& name, const CallLog& log) {
   component = logged(Logged<Component>{std::move(component), name, log});

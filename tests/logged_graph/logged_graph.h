@@ -1,6 +1,6 @@
-// A sound graph that tells of every operation that the panel calls on its components, in order, and passes it on:
+// A sound graph that logs every operation that the panel calls on its components, in order, and passes it on:
 //   AudioFile(0).FileName(/a.mp3)  WaveMixer.Mute(0, True)  EQ.Filters(3).Gain(5)  WaveOut.start()
-// What is only read is not told. UI thread.
+// What is only read is not logged. UI thread.
 #pragma once
 
 #include <functional>

@@ -14,7 +14,7 @@ struct Difference {
   std::string text;       // what differs
 };
 
-// What the sequences have reached, so that a test can tell that they reach what matters.
+// What the sequences have reached, so that a test can show that they reach what matters.
 struct Reached {
   int events = 0;
   int mixes = 0;          // a mix began

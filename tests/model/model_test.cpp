@@ -47,7 +47,7 @@ TEST(Model, ALineOfThreeDigitsMovesToTheTop) {
   EXPECT_EQ(first_difference(events) ? shrunk_difference(events) : "", "");
 }
 
-// More than 201 lines, the selection behind the table's end: the mix begins, its title fails, and it begins again.
+// More than 201 lines, the selection past the table's end: the mix begins, its title fails, and it begins again.
 TEST(Model, AMixBehindTheEndOfTheTableBeginsAgainAndAgain) {
   std::vector<Event> events{{Act::Open, 0, 190}};
   events.resize(9, {Act::Add, 0});

@@ -1,4 +1,4 @@
-// The songs that the events speak of, and the events in words.
+// The songs that the events name, and the events in words.
 #include "model/model_events.h"
 
 namespace tandem::model {

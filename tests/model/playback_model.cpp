@@ -108,7 +108,7 @@ void PanelModel::start_mix() {
 }
 
 void PanelModel::finished(Number input) {
-  look.decks.at(static_cast<std::size_t>(input)).Mute = true;  // by the mixer, before it tells
+  look.decks.at(static_cast<std::size_t>(input)).Mute = true;  // by the mixer, before it notifies
   look.ActiveDeck = idle();
   const Number number = look.ListIndex + 1;
   put_file(input, song(number).SongFile);
@@ -132,7 +132,7 @@ void PanelModel::click_lead(std::size_t lamp) {
     look.leads.at(lamp) = kLit;
     return;
   }
-  // A lit lamp that is clicked hands its light to the third, but the lead time stays.
+  // A lit lamp that is clicked passes its light to the third, but the lead time stays.
   look.leads.at(lamp) = kDark;
   if (look.leads == std::array<Number, 4>{kDark, kDark, kDark, kDark}) look.leads[2] = kLit;
 }

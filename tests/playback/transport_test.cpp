@@ -238,7 +238,7 @@ TEST_F(Skipping, OnTheLastSongWithAnEarlierSelectionItProceeds) {
   EXPECT_EQ(state.CurrentSong, 2);
   EXPECT_FALSE(controls.NextBtn.Enabled);
   EXPECT_FALSE(panel.sound.mixer->Mute(1));
-  EXPECT_EQ(controls.PlayList.ListIndex(), 1);  // the line behind the last is refused, which ends the command
+  EXPECT_EQ(controls.PlayList.ListIndex(), 1);  // the line past the last is refused, which ends the command
   EXPECT_THAT(panel.silent_errors, ElementsAre(RuntimeErrorKind::Range));
 }
 

@@ -1,6 +1,6 @@
-// Random hands on the panel, on random lists in which many songs cannot be played. Whatever was done, once the hands
-// are off a panel that plays comes to its end without falling silent for long, and one that is stopped stays so.
-// Session k is made from the seed k alone.
+// Random actions on the panel, on random lists in which many songs cannot be played. Whatever was done, once the
+// actions are off a panel that plays comes to its end without falling silent for long, and one that is stopped stays
+// so. Session k is made from the seed k alone.
 #include <gtest/gtest.h>
 
 #include <array>

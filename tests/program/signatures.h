@@ -1,4 +1,4 @@
-// Songs that can be told apart and found to the sample in the sound that comes out.
+// Songs that can be recognised and found to the sample in the sound that comes out.
 #pragma once
 
 #include <cstddef>

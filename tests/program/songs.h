@@ -1,4 +1,4 @@
-// Short songs for one test each, and what the panel is told while they play.
+// Short songs for one test each, and what the panel is notified of while they play.
 #pragma once
 
 #include <cstdint>
@@ -24,8 +24,8 @@ AddedSong add_noise(PlayerRig& rig, const std::string& name, std::int64_t millis
 // The same value in every sample: shows every gain as it is.
 Signal constant(double value, std::int64_t milliseconds);
 
-// What happened on the panel's notifications, in order: "tick P0 P1", "finished I" (with "!" behind it if the input
-// was not muted). Ticks are kept only if a position reads as behind every end.
+// What happened on the panel's notifications, in order: "tick P0 P1", "finished I" (followed by "!" if the input
+// was not muted). Ticks are kept only if a position reads as past every end.
 class PanelLog {
  public:
   explicit PanelLog(PlayerRig& rig);

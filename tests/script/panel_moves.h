@@ -1,4 +1,4 @@
-// The user's hand on the controls, by name. A disabled control ignores it, a hidden one takes it. UI thread.
+// User moves of the controls, by name. A disabled control ignores it, a hidden one takes it. UI thread.
 // A name that stands for nothing, or for a control that can't be moved so, throws UnknownWord.
 #pragma once
 

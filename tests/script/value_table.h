@@ -23,7 +23,7 @@ std::string printed(Number value) {
 
 class ValueTable {
  public:
-  // A value that is read anew each time.
+  // A value that is read again each time.
   template <class Read>
   void add(const std::string& expression, Read read) {
     values_[expression] = [read] { return printed(read()); };
@@ -32,7 +32,7 @@ class ValueTable {
   void add_word(const std::string& expression, std::function<std::string()> word) {
     values_[expression] = std::move(word);
   }
-  // "PlayList.List" takes an index behind it, any number.
+  // "PlayList.List" takes an index after it, any number.
   template <class Read>
   void add_indexed(const std::string& expression, Read read) {
     indexed_[expression] = [read](std::int32_t index) { return printed(read(index)); };

@@ -72,7 +72,7 @@ TEST_F(BoardDefault, TheSelectorGoesBackToTheSpectrum) {
 
 TEST_F(BoardDefault, YellowOnlyTurnsOliveAndASecondClickRestores) {
   click();
-  controls.MMLEDSpin1.Value = 3;  // turns it olive; lit again by hand
+  controls.MMLEDSpin1.Value = 3;  // turns it olive; lit again by the test
   controls.MMLEDX6.LEDColor = clYellow;
   panel.sound.calls.clear();
   click();

@@ -1,4 +1,4 @@
-// An output that is always there: whoever holds the ring plays its frames.
+// An output that is always there: its owner takes the frames from the ring.
 #pragma once
 
 #include <atomic>

@@ -28,7 +28,7 @@ Signal tones(double seconds, double hertz, double amplitude, int rate = kSampleR
 
 Sound to_stereo(const Signal& signal);  // of one or two channels, as float, at its own rate
 
-// By how many frames `later` lags behind `reference` (at most `reach` either way), by cross-correlation of the sum of
+// By how many frames `later` lags `reference` (at most `reach` either way), by cross-correlation of the sum of
 // both channels over `frames` frames from `from` on.
 Frames lag(std::span<const StereoFrame> reference, std::span<const StereoFrame> later, Frames from, Frames frames,
            Frames reach);

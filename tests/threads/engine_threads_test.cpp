@@ -11,7 +11,7 @@ namespace {
 constexpr int kLead = 280;
 constexpr int kNever = 1'000'000;
 
-// How far behind its mix point the song that is left stood when the next one was started, in milliseconds, with a panel
+// How far past its mix point the song that is left stood when the next one was started, in milliseconds, with a panel
 // that works at every so many steps of 10 ms.
 class LateOverlap {
  public:

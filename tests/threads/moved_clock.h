@@ -40,7 +40,7 @@ class MovedClock final : public StepClock {
     changed_.notify_all();
     wait_until_asleep(lock);
   }
-  // Nobody sleeps any more: the thread can end.
+  // No thread sleeps any more: they can end.
   void end() {
     const std::lock_guard lock(mutex_);
     over_ = true;

@@ -160,7 +160,7 @@ TEST(OutputRingDemand, ASupplyThatCameTooLateIsNotTakenForTheNext) {
   OutputRing ring;
   ring.serve(true);
   ring.demand_now(7, milliseconds(1));
-  ring.supply();  // nobody waits any more
+  ring.supply();  // no thread waits any more
   EXPECT_EQ(ring.await_demand(kLong), 7U);
   std::thread serving = renderer(ring, 1);
   ring.demand_now(5, kLong);

@@ -1,4 +1,4 @@
-// The program panel_script itself: what it leaves behind and how it ends.
+// The program panel_script itself: what it writes and how it ends.
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>

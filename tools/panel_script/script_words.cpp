@@ -10,7 +10,7 @@ namespace {
 
 bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
-// Reads what stands between quotes, from behind the opening one to behind the closing one.
+// Reads what stands between quotes, from after the opening one to after the closing one.
 std::string take_quoted(std::string_view line, std::size_t& at) {
   std::string text;
   for (; at < line.size(); ++at) {

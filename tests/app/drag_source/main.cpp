@@ -21,7 +21,7 @@ class Source final : public QWidget {
   void mouseMoveEvent(QMouseEvent*) override {
     auto* urls = new QMimeData;
     urls->setUrls(paths_);
-    auto* drag = new QDrag(this);  // the toolkit's, until the other side has asked for the data
+    auto* drag = new QDrag(this);  // owned by Qt until the other side has asked for the data
     drag->setMimeData(urls);
     drag->exec(Qt::CopyAction);
   }

@@ -1,4 +1,4 @@
-# Eyes and hands on a window of the virtual display, for scripts to source. They use the process id $player_id of the
+# A user of a window of the virtual display, for scripts to source. They use the process id $player_id of the
 # program, the folder $folder for pictures and the folder $work with the screen of Xvfb.
 player_id=''
 panel=''
