@@ -1,4 +1,5 @@
-// Free-format text fields, as settings and playlist files hold them. Bytes are taken as they are.
+// Free-format text fields, as settings and playlist files hold them. Bytes are taken as they are. Any thread; a reader
+// is used by one at a time. Failure: RuntimeError as said below.
 #pragma once
 
 #include <cstddef>
@@ -8,12 +9,15 @@
 
 namespace tandem {
 
-// Reads fields one after the other. Line ends are CR LF or LF; the last line may lack its end.
+// Reads fields one after the other. Line ends are CR LF, LF or CR; the last line may lack its end. A byte order mark
+// (UTF-8) at the front is passed over. The text outlives the reader.
 class FieldReader {
  public:
-  explicit FieldReader(std::string_view text) : rest_(text) {}
+  explicit FieldReader(std::string_view text);
 
   bool at_end() const { return rest_.empty(); }
+  // The line, from 1, on which the field read last begins: for an error report.
+  std::int64_t line() const;
 
   // A number field ends at a blank, a comma or the line end; blanks around it are skipped. Text that is no number reads
   // 0, a fraction is rounded half to even. Throws InputPastEnd at the end of the text, Overflow outside the width.
@@ -27,11 +31,14 @@ class FieldReader {
   std::string read_plain_text();
 
  private:
+  void begin_field();
   double read_number();
   std::string_view take_field();
-  void skip_blanks();
+  void take_separator();
 
+  std::string_view text_;
   std::string_view rest_;
+  std::size_t field_ = 0;  // where in the text the field read last begins
 };
 
 // A number line: the number text and one blank, then CR LF. A text line: the text, then CR LF.

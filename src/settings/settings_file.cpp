@@ -5,6 +5,7 @@
 
 #include "base/runtime_error.h"
 #include "base/whole_file.h"
+#include "controls/panel_controls.h"
 #include "controls/panel_groups.h"
 
 namespace tandem {
@@ -37,7 +38,6 @@ void SettingsFile::read() {
   try {
     read_from(read_whole_file(path_));
   } catch (const RuntimeError& error) {
-    if (error.kind() == RuntimeErrorKind::Overflow) throw RuntimeError(error.kind(), path_);
     if (error.kind() != RuntimeErrorKind::FileNotFound && error.kind() != RuntimeErrorKind::InputPastEnd) throw;
     read_from(factory_settings());
   }
@@ -45,8 +45,13 @@ void SettingsFile::read() {
 
 void SettingsFile::read_from(std::string_view text) {
   FieldReader fields(text);
-  read_levels(fields);
-  read_variables(fields);
+  try {
+    read_levels(fields);
+    read_variables(fields);
+  } catch (const RuntimeError& error) {
+    if (error.kind() != RuntimeErrorKind::Overflow) throw;
+    throw RuntimeError(error.kind(), path_ + ", line " + std::to_string(fields.line()));
+  }
 }
 
 void SettingsFile::read_levels(FieldReader& fields) {

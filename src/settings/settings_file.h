@@ -8,10 +8,11 @@
 #include <string_view>
 
 #include "base/field_text.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 // The file of the factory state.
 std::string factory_settings();
@@ -24,12 +25,12 @@ class SettingsFile {
   const std::string& path() const { return path_; }
 
   // Takes lines 1 to 34 live from the controls. The lead time is one line for each lamp that is lit, so that none, or
-  // more than one, shifts the lines behind it: on purpose. Throws FileAccess.
+  // more than one, shifts the lines after it: on purpose. Throws FileAccess.
   void write() const;
 
   // Fills the variables of RunState; the slider levels go into the sliders at once. A file that is missing or short
-  // gives the factory values for everything. Throws Overflow for a number too large for its variable, FileAccess for a
-  // file that can't be read. Values are not compared with ranges: the controls limit them.
+  // gives the factory values for everything. Throws Overflow, naming file and line, for a number too large for its
+  // variable, FileAccess for a file that can't be read. Values are not compared with ranges: the controls limit them.
   void read();
 
  private:

@@ -240,7 +240,7 @@ TEST_F(TheProgram, SettingsThatDoNotFitAreReportedInABox) {
   ASSERT_TRUE(player->dialog_shows_up());
   player->dialog_key("Return");
   EXPECT_EQ(player->exit_status(), 1);
-  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + "\n");
+  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + ", line 35\n");
   EXPECT_EQ(player->settings(), overflowing());
 }
 
@@ -248,14 +248,14 @@ TEST_F(TheProgram, SettingsThatDoNotFitAreReportedWhereTheDisplayDoesNotAnswer) 
   ::setenv("DISPLAY", ":64999", 1);
   start(overflowing());
   EXPECT_EQ(player->exit_status(), 1);
-  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + "\n");
+  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + ", line 35\n");
 }
 
 TEST_F(TheProgram, SettingsThatDoNotFitAreReportedWithoutADisplay) {
   ::unsetenv("DISPLAY");
   start(overflowing());
   EXPECT_EQ(player->exit_status(), 1);
-  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + "\n");
+  EXPECT_EQ(player->errors(), "tandem: Overflow: " + player->file("TP.inf") + ", line 35\n");
 }
 
 }  // namespace

@@ -87,6 +87,40 @@ TEST(NumberField, TheWidthIsSixteenOrThirtyTwoBits) {
   EXPECT_EQ(error_of([] { FieldReader("1e999").read_int32(); }), RuntimeErrorKind::Overflow);
 }
 
+TEST(NumberField, ANumberTooNearToZeroIsZero) {
+  for (const char* text : {"1e-999", "-1e-999", "0.00001e-400", "1e-99999999999999999999", "12345e-600abc", "0e999"})
+    EXPECT_EQ(read_one(text), 0) << text;
+  EXPECT_EQ(read_one("0." + std::string(400, '0') + "1"), 0);
+  EXPECT_EQ(read_one("0." + std::string(400, '0') + "7e401"), 7);
+}
+
+TEST(NumberField, ANumberTooLargeForADoubleIsAnOverflow) {
+  const std::string long_number(400, '9');
+  for (const std::string& text : {std::string("1e+999"), std::string("-1e999"), std::string("0.0001e400"),
+                                  std::string("1e99999999999999999999"), long_number, long_number + "e-5"})
+    EXPECT_EQ(error_of([&] { read_one(text); }), RuntimeErrorKind::Overflow) << text;
+}
+
+TEST(NumberField, ALoneCarriageReturnEndsALine) {
+  FieldReader reader("1\r 2 \r\r\n3");
+  for (const int expected : {1, 2, 0, 3}) EXPECT_EQ(reader.read_int16(), expected);
+}
+
+TEST(NumberField, AByteOrderMarkAtTheFrontIsPassedOver) { EXPECT_EQ(read_one("\xEF\xBB\xBF 7 \r\n"), 7); }
+
+TEST(FieldLine, IsThatOfTheFieldReadLast) {
+  FieldReader reader(
+      "\xEF\xBB\xBF"
+      "1,2\r\n3\r4\n\n\"a\nb\"\r\n 40000 ");
+  const auto line_of_next = [&reader] {
+    reader.read_text();
+    return reader.line();
+  };
+  for (const int expected : {1, 1, 2, 3, 4, 5}) EXPECT_EQ(line_of_next(), expected);
+  EXPECT_THROW(reader.read_int16(), RuntimeError);
+  EXPECT_EQ(reader.line(), 7);
+}
+
 TEST(NumberField, RoundingComesBeforeTheWidth) {
   EXPECT_EQ(read_one("32767.4"), 32767);
   EXPECT_EQ(error_of([] { read_one("32767.5"); }), RuntimeErrorKind::Overflow);
@@ -126,8 +160,13 @@ TEST(TextField, BytesAreTakenAsTheyAre) {
   EXPECT_EQ(text_fields(odd + "\r\n"), std::vector<std::string>{odd});
 }
 
-TEST(TextField, ALoneCarriageReturnBelongsToTheText) {
-  EXPECT_EQ(text_fields("a\rb\r\n"), std::vector<std::string>{"a\rb"});
+TEST(TextField, ALoneCarriageReturnEndsALine) {
+  EXPECT_EQ(text_fields("/a\r/b\r\r\n/c\r"), (std::vector<std::string>{"/a", "/b", "", "/c"}));
+}
+
+TEST(TextField, AByteOrderMarkAtTheFrontIsPassedOver) {
+  EXPECT_EQ(text_fields("\xEF\xBB\xBF/a\r\n\xEF\xBB\xBF/b\r\n"), (std::vector<std::string>{"/a", "\xEF\xBB\xBF/b"}));
+  EXPECT_TRUE(FieldReader("\xEF\xBB\xBF").at_end());
 }
 
 TEST(TextField, BeyondTheEnd) {

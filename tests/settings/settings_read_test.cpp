@@ -200,7 +200,7 @@ TEST_F(SettingsReading, LinesBeyondTheLastAreNotRead) {
 
 TEST_F(SettingsReading, ATooLargeNumberIsAnErrorThatNamesTheFile) {
   EXPECT_EQ(error_of(Lines().put(17, " 32768 ").text()), RuntimeErrorKind::Overflow);
-  EXPECT_EQ(report, "Overflow: " + panel.directory.file("TP.inf"));
+  EXPECT_EQ(report, "Overflow: " + panel.directory.file("TP.inf") + ", line 17");
   EXPECT_EQ(error_of(Lines().put(35, "-32769 ").text()), RuntimeErrorKind::Overflow);
 }
 
