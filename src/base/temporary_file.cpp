@@ -47,7 +47,7 @@ bool is_name_of(const std::string& path, int descriptor) {
          open.st_nlink == 1 && open.st_ino == named.st_ino && open.st_dev == named.st_dev;
 }
 
-// Whoever holds the lock may remove the file, so its name can't go to another file in between.
+// Only the holder of the lock removes the file, so its name can't go to another file in between.
 void remove_if_stale(const std::string& path) {
   const Descriptor file(path, O_RDWR | O_NONBLOCK | O_NOFOLLOW);
   if (!file.is_open() || ::flock(file.number(), LOCK_EX | LOCK_NB) != 0) return;
@@ -83,19 +83,19 @@ TemporaryFile::~TemporaryFile() {
 
 bool TemporaryFile::set_permissions(unsigned permissions) const { return ::fchmod(file_.number(), permissions) == 0; }
 
-bool TemporaryFile::write(std::string_view bytes) const {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file_.number(), bytes.data(), bytes.size());
-    if (written < 0 && errno != EINTR) return false;
-    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return ::fsync(file_.number()) == 0;
-}
-
 bool TemporaryFile::become(const std::string& path) {
   if (::rename(path_.c_str(), path.c_str()) != 0) return false;
   path_.clear();
   return true;
+}
+
+bool write_and_flush(const Descriptor& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file.number(), bytes.data(), bytes.size());
+    if (written < 0 && errno != EINTR) return false;
+    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return ::fsync(file.number()) == 0;
 }
 
 void remove_stale_temporary_files(const std::string& directory) {

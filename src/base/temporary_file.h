@@ -1,5 +1,6 @@
-// A hidden file ".tandem-NUMBER.new" that becomes another file of its directory in one step, once it is whole. As long
-// as it is being written it is locked, whoever looks: what is not locked was left by a process that was killed.
+// A hidden file ".tandem-NUMBER.new" that becomes another file of its directory in one step, once it is whole. It is
+// locked while it is being written: one that is not locked was left by a process that was killed.
+// Any thread, one at a time. What fails returns false and leaves the reason in errno.
 #pragma once
 
 #include <string>
@@ -8,6 +9,9 @@
 #include "base/descriptor.h"
 
 namespace tandem {
+
+// Writes all of it and flushes to the disk.
+bool write_and_flush(const Descriptor& file, std::string_view bytes);
 
 class TemporaryFile {
  public:
@@ -20,8 +24,8 @@ class TemporaryFile {
 
   bool is_open() const { return file_.is_open(); }
   bool set_permissions(unsigned permissions) const;
-  bool write(std::string_view bytes) const;  // and flushes to the disk
-  bool become(const std::string& path);      // replaces what is there
+  bool write(std::string_view bytes) const { return write_and_flush(file_, bytes); }
+  bool become(const std::string& path);  // replaces what is there
 
  private:
   bool make(const std::string& path);

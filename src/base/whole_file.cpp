@@ -33,12 +33,21 @@ std::string target_of(const std::string& path) {
   return target ? std::string(target.get()) : path;
 }
 
-bool write_anew(const std::string& path, std::string_view bytes, const struct stat* old) {
+bool write_new(const std::string& path, std::string_view bytes, const struct stat* old) {
   const std::string directory = path.substr(0, name_begin(path));
   remove_stale_temporary_files(directory);
   TemporaryFile file(directory);
   if (!file.is_open() || (old != nullptr && !file.set_permissions(old->st_mode & 07777U))) return false;
   return file.write(bytes) && file.become(path);
+}
+
+// The directory's permissions were in the way, not the disk: what is there is not given up for a write that may fail.
+bool is_refused_by_directory(int error) { return error == EACCES || error == EPERM; }
+
+bool write_in_place(const std::string& path, std::string_view bytes) {
+  const Descriptor file(path, O_WRONLY | O_NONBLOCK);
+  return file.is_open() && write_and_flush(file, bytes) &&
+         ::ftruncate(file.number(), static_cast<off_t>(bytes.size())) == 0;
 }
 
 }  // namespace
@@ -65,7 +74,9 @@ void replace_whole_file(const std::string& path, std::string_view bytes) {
   const bool exists = ::stat(target.c_str(), &status) == 0;
   const bool replaceable = !exists || (S_ISREG(status.st_mode) && ::access(target.c_str(), W_OK) == 0);
   if (!replaceable) throw RuntimeError(RuntimeErrorKind::FileAccess, path);
-  if (!write_anew(target, bytes, exists ? &status : nullptr)) throw RuntimeError(RuntimeErrorKind::FileAccess, path);
+  if (write_new(target, bytes, exists ? &status : nullptr)) return;
+  if (exists && is_refused_by_directory(errno) && write_in_place(target, bytes)) return;
+  throw RuntimeError(RuntimeErrorKind::FileAccess, path);
 }
 
 }  // namespace tandem

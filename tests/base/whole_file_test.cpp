@@ -1,7 +1,9 @@
 #include "base/whole_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/fsuid.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -112,6 +114,55 @@ TEST(WholeFile, ALinkStaysALink) {
   replace_whole_file(directory.file("link"), "two");
   EXPECT_TRUE(fs::is_symlink(directory.file("link")));
   EXPECT_EQ(read_whole_file(directory.file("real")), "two");
+}
+
+// Files are asked for as another user than the one who made them, as long as this lives.
+class AnotherUser {
+ public:
+  AnotherUser() { ::setfsuid(kAnother); }
+  ~AnotherUser() { ::setfsuid(::geteuid()); }
+  AnotherUser(const AnotherUser&) = delete;
+  AnotherUser& operator=(const AnotherUser&) = delete;
+
+ private:
+  static constexpr uid_t kAnother = 65534;
+};
+
+class FolderOfAnother : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can ask for files as another user";
+    replace_whole_file(directory.file("x"), "a longer old text");
+    fs::permissions(directory.path(), fs::perms(0755));
+    fs::permissions(directory.file("x"), fs::perms(0666));
+  }
+  const TempDirectory directory;
+};
+
+TEST_F(FolderOfAnother, ThatTakesNoNewFileTheOldOneIsWrittenInPlace) {
+  {
+    const AnotherUser user;
+    replace_whole_file(directory.file("x"), "new text");
+  }
+  EXPECT_EQ(read_whole_file(directory.file("x")), "new text");
+  EXPECT_EQ(entries(directory), 1U);
+}
+
+TEST_F(FolderOfAnother, ThatLetsNothingBeReplacedTheOldOneIsWrittenInPlace) {
+  fs::permissions(directory.path(), fs::perms(01777));
+  {
+    const AnotherUser user;
+    replace_whole_file(directory.file("x"), "new text");
+  }
+  EXPECT_EQ(read_whole_file(directory.file("x")), "new text");
+  EXPECT_EQ(entries(directory), 1U);
+}
+
+TEST_F(FolderOfAnother, AWriteProtectedFileStaysAsItIs) {
+  fs::permissions(directory.file("x"), fs::perms(0644));
+  const AnotherUser user;
+  EXPECT_EQ(error_of([&] { replace_whole_file(directory.file("x"), "new"); }), RuntimeErrorKind::FileAccess);
+  EXPECT_EQ(read_whole_file(directory.file("x")), "a longer old text");
 }
 
 TEST(WholeFile, ALongNameLeavesRoomForTheTemporaryOne) {
