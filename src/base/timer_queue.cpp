@@ -30,7 +30,8 @@ void TimerQueue::tick_if_due(Timer& timer) {
 
 void TimerQueue::advance(Milliseconds now) {
   now_ = std::max(now_, now);
-  for (Timer& timer : timers_) tick_if_due(timer);
+  const Id count = timers_.size();
+  for (Id timer = 0; timer < count; ++timer) tick_if_due(timers_[timer]);
 }
 
 std::optional<TimerQueue::Milliseconds> TimerQueue::next_due() const {

@@ -126,6 +126,20 @@ TEST(TimerQueue, APostponedTimerThatIsStoppedStaysStopped) {
   EXPECT_EQ(queue.next_due(), std::nullopt);
 }
 
+TEST(TimerQueue, ATickMayAddTimers) {
+  TimerQueue queue;
+  int ticks = 0;
+  const TimerQueue::Id first = queue.add([&] {
+    for (int i = 0; i < 100; ++i) queue.start(queue.add([&ticks] { ++ticks; }), 10);
+  });
+  queue.start(first, 10);
+  queue.advance(10);
+  EXPECT_EQ(ticks, 0);
+  queue.stop(first);
+  queue.advance(20);
+  EXPECT_EQ(ticks, 100);
+}
+
 TEST(TimerQueue, TheClockNeverGoesBack) {
   TimerQueue queue;
   queue.advance(50);
