@@ -40,6 +40,13 @@ std::string result(Directory directory) {
 
 }  // namespace
 
+std::vector<std::string> that_fit(std::vector<std::string> paths, std::size_t lines) {
+  if (paths.size() <= lines) return paths;
+  std::sort(paths.begin(), paths.end(), [](const std::string& a, const std::string& b) { return natural_less(a, b); });
+  paths.resize(lines);
+  return paths;
+}
+
 std::vector<std::string> dialog_results(const std::vector<std::string>& paths) {
   std::vector<std::string> results;
   for (Directory& directory : by_directory(paths)) results.push_back(result(std::move(directory)));

@@ -1,34 +1,47 @@
 #include "controls/file_dialog.h"
 
 #include "base/runtime_error.h"
-#include "base/text.h"
+#include "base/song_endings.h"
 
 namespace tandem {
 
 namespace {
-void require(const std::string& answer) {
-  if (answer.empty()) throw RuntimeError(RuntimeErrorKind::Cancelled);
+
+class Asking {
+ public:
+  explicit Asking(bool& asking) : asking_(asking) {
+    if (asking_) throw RuntimeError(RuntimeErrorKind::Cancelled);
+    asking_ = true;
+  }
+  ~Asking() { asking_ = false; }
+  Asking(const Asking&) = delete;
+  Asking& operator=(const Asking&) = delete;
+
+ private:
+  bool& asking_;
+};
+
+void require(bool chosen) {
+  if (!chosen) throw RuntimeError(RuntimeErrorKind::Cancelled);
 }
 
-// A name has an extension if a dot stands in it behind its first letter.
-bool has_extension(const std::string& path) {
-  const std::size_t name = name_begin(path);
-  const std::size_t dot = path.rfind('.');
-  return dot != std::string::npos && dot > name;
-}
 }  // namespace
 
 void FileDialog::ShowOpen() {
+  const Asking asking(asking_);
   FileName.clear();
-  FileName = ask_open();
-  require(FileName);
+  const std::string result = ask_open();
+  require(!result.empty());
+  require(!prepare || prepare(result));
+  FileName = result;
 }
 
 void FileDialog::ShowSave() {
+  const Asking asking(asking_);
   FileName.clear();
   FileName = ask_save();
-  require(FileName);
-  if (!has_extension(FileName)) FileName += ".m3l";
+  require(!FileName.empty());
+  if (!ends_as_list(FileName)) FileName += kListEnding;
 }
 
 }  // namespace tandem

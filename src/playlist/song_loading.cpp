@@ -2,10 +2,22 @@
 
 #include <utility>
 
+#include "base/song_endings.h"
+#include "controls/panel_controls.h"
 #include "playlist/list_lines.h"
 #include "playlist/song_texts.h"
 
 namespace tandem {
+
+namespace {
+
+std::string filter() {
+  std::string patterns;
+  for (const std::string_view ending : kSongEndings) patterns.append(patterns.empty() ? "*" : ";*").append(ending);
+  return "MP3 and Wave Files (MP3 / WAV)|" + patterns;
+}
+
+}  // namespace
 
 SongLoading::SongLoading(PanelControls& controls, SoundGraph& sound, RunState& state, SongEntries& song_table,
                          UpperCase upper_case)
@@ -19,7 +31,7 @@ SongLoading::SongLoading(PanelControls& controls, SoundGraph& sound, RunState& s
 void SongLoading::choose_songs() {
   FileDialog& dialog = controls_.CommonDialog;
   dialog.InitDir = state_.LastFolder;
-  dialog.Filter = "MP3 and Wave Files (MP3 / WAV)|*.mp3;*.wav";
+  dialog.Filter = filter();
   dialog.ShowOpen();
   add_songs(dialog.FileName);
 }
@@ -59,7 +71,7 @@ std::string SongLoading::characters(std::int32_t from, std::int32_t to) const {
   return text;
 }
 
-// The names behind the first NUL, in the order given. A last name of a single character is passed over: positions count
+// The names after the first NUL, in the order given. A last name of a single character is passed over: positions count
 // from 1 and the end is tested with "less than".
 std::size_t SongLoading::parse_names(std::int32_t first_nul) {
   std::size_t n = 0;

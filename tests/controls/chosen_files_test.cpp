@@ -38,6 +38,12 @@ TEST(ChosenFiles, OneResultForEachDirectory) {
   EXPECT_THAT(results({"/b/1.mp3", "/a/1.mp3", "/b/2.mp3"}), ElementsAre("/b|2.mp3|1.mp3", "/a/1.mp3"));
 }
 
+TEST(ChosenFiles, OfTooManyTheFirstInNaturalOrderFit) {
+  EXPECT_THAT(that_fit({"/m/10.mp3", "/m/9.mp3", "/m/1.mp3"}, 2), ElementsAre("/m/1.mp3", "/m/9.mp3"));
+  EXPECT_THAT(that_fit({"/m/10.mp3", "/m/9.mp3"}, 2), ElementsAre("/m/10.mp3", "/m/9.mp3"));
+  EXPECT_THAT(that_fit({"/m/10.mp3"}, 0), IsEmpty());
+}
+
 TEST(ChosenFiles, TheRootKeepsItsSeparator) {
   EXPECT_THAT(results({"/a.mp3", "/b.mp3"}), ElementsAre("/|b.mp3|a.mp3"));
 }
