@@ -21,6 +21,7 @@ void ListBox::AddItem(std::string line) {
 void ListBox::RemoveItem(std::int32_t index) {
   check(index);
   lines_.erase(lines_.begin() + index);
+  pressed_ = -1;
   if (index == selected_) {
     selected_ = -1;
   } else if (index < selected_) {
@@ -32,6 +33,7 @@ void ListBox::RemoveItem(std::int32_t index) {
 void ListBox::Clear() {
   lines_.clear();
   selected_ = -1;
+  pressed_ = -1;
   view_changed.raise();
 }
 
@@ -58,11 +60,17 @@ void ListBox::put_Selected(std::int32_t index, bool selected) {
 
 void ListBox::user_select(std::int32_t index) {
   put_ListIndex(index);
+  pressed_ = index;
   click.raise();
 }
 
 void ListBox::user_double_click(std::int32_t index) {
   user_select(index);
+  double_click.raise();
+}
+
+void ListBox::user_second_press(std::int32_t index) {
+  if (index != pressed_) return user_select(index);
   double_click.raise();
 }
 

@@ -30,15 +30,19 @@ class ListBox : public Control {
   Notification<> click;
   Notification<> double_click;
 
-  // The user's hand, on an existing line.
+  // What the user does, on an existing line. A double-click is one click and then the double-click.
   void user_select(std::int32_t index);
-  void user_double_click(std::int32_t index);  // a double-click is a click first
+  void user_double_click(std::int32_t index);  // both presses at once, as a key does it
+  // The second press of a double-click whose first one was a user_select(). If that line has gone or moved since, or
+  // the press is on another line, it is a first press.
+  void user_second_press(std::int32_t index);
 
  private:
   void check(std::int32_t index) const;
 
   std::vector<std::string> lines_;
   std::int32_t selected_ = -1;
+  std::int32_t pressed_ = -1;  // the line that the user clicked last; -1 since lines have moved
 };
 
 }  // namespace tandem

@@ -77,5 +77,44 @@ TEST_F(FourLines, ADoubleClickIsAClickFirst) {
   EXPECT_EQ(list.ListIndex(), 3);
 }
 
+struct Presses : FourLines {
+  Presses() {
+    list.click.connect([this] { events += "click" + std::to_string(list.ListIndex()) + " "; });
+    list.double_click.connect([this] { events += "double "; });
+  }
+  std::string events;
+};
+
+TEST_F(Presses, TheSecondOfADoubleClickIsNoSecondClick) {
+  list.user_select(3);
+  list.user_second_press(3);
+  EXPECT_EQ(events, "click3 double ");
+}
+
+TEST_F(Presses, TheSecondOnAnotherLineIsAClickThere) {
+  list.user_select(3);
+  list.user_second_press(2);
+  EXPECT_EQ(events, "click3 click2 ");
+}
+
+TEST_F(Presses, TheSecondCountsThoughCodeHasSelectedAnotherLineMeanwhile) {
+  list.user_select(3);
+  list.put_ListIndex(1);
+  list.user_second_press(3);
+  EXPECT_EQ(events, "click3 double ");
+}
+
+TEST_F(Presses, OnceLinesHaveMovedTheSecondIsAClick) {
+  list.user_select(1);
+  list.RemoveItem(0);
+  list.user_second_press(1);
+  EXPECT_EQ(events, "click1 click1 ");
+  list.Clear();
+  list.AddItem("new");
+  list.AddItem("new");
+  list.user_second_press(1);
+  EXPECT_EQ(events, "click1 click1 click1 ");
+}
+
 }  // namespace
 }  // namespace tandem
