@@ -95,7 +95,7 @@ void Player::attend(Milliseconds now) {
   engine_.set_deep_queue(queue_depth_.deep(now, window_->attended(), window_->exposed(), output_.underruns()));
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
   engine_.rest_for(forecast.quiet);
-  engine_.set_mix_point(forecast.deck, forecast.behind);
+  engine_.set_mix_point(forecast.deck, forecast.mix_point);
 }
 
 // What may delay neither the first sound nor the first picture.

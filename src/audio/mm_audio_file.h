@@ -1,4 +1,5 @@
-// A file reader: one song, opened by putting its name. UI thread.
+// A file reader: one song, opened by putting its name. UI thread. The names of the classes in this folder and of their
+// properties are the panel's own.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +12,9 @@ class MMAudioFileX {
   virtual ~MMAudioFileX() = default;
 
   // The full path as put; empty if the file was refused or none was put. A deck's put reads back at once and may turn
-  // empty later, when opening has failed; TempFile opens and measures within the put.
+  // empty later, when opening has failed; TempFile measures within the put and takes every name that ends as a song's.
   virtual std::string FileName() const = 0;
-  // Always opens anew, also the same name: rewinds to 0 and cancels a finishing run. An empty name closes the file.
+  // Always opens, also the name that it has: rewinds to 0 and cancels a finishing run. An empty name closes the file.
   virtual void put_FileName(const std::string& name) = 0;
 
   virtual std::int32_t Length() const = 0;    // of the opened song in milliseconds; 0 without one

@@ -41,7 +41,7 @@ enum class SpectrumSetting {
 
 class MMSpectrumX : public MMDisplayX {
  public:
-  // The analyser limits what it is given to its own bounds; get() tells what it took.
+  // The analyser limits what it is given to its own bounds; get() says what it took.
   virtual std::int32_t get(SpectrumSetting setting) const = 0;
   virtual void put(SpectrumSetting setting, std::int32_t value) = 0;
 };

@@ -1,4 +1,4 @@
-// The stages of the sound chain behind the file readers, as far as the panel drives them. UI thread.
+// The stages of the sound chain after the file readers, as far as the panel drives them. UI thread.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// An open file, closed at the end and not handed on to another program.
+// An open file, closed at the end and not inherited by other programs. Any thread.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ namespace tandem {
 class Descriptor {
  public:
   Descriptor() = default;
-  // Flags as for open(). A new file's permissions are those that the user gives new files; errno tells why it is not
+  // Flags as for open(). A new file's permissions are those that the user gives new files; errno says why it is not
   // open.
   Descriptor(const std::string& path, int flags);
   Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}

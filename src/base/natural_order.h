@@ -1,4 +1,5 @@
 // The order in which people expect names: runs of digits compare as numbers, letters without regard to ASCII case.
+// Any thread; nothing fails.
 #pragma once
 
 #include <string_view>

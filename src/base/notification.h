@@ -1,4 +1,5 @@
 // One event and its one handler. The handler runs synchronously inside raise(), on the raising thread.
+// What the handler throws passes through raise().
 #pragma once
 
 #include <functional>

@@ -1,4 +1,5 @@
 // Rounding to a whole number as the panel does it everywhere: a half goes to the even neighbour.
+// Any thread; nothing fails.
 #pragma once
 
 #include <cmath>

@@ -1,4 +1,5 @@
-// The errors that end a handler. Who called the handler decides what becomes of them: see shell/panel_wiring.
+// The errors that end a handler. The caller of the handler decides what becomes of them: see
+// shell/panel_wiring. Any thread.
 #pragma once
 
 #include <cstdint>

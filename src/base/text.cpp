@@ -16,7 +16,7 @@ std::size_t announced(unsigned char lead) {
   return 1;
 }
 
-// Overlong forms, surrogates and what lies above U+10FFFF are told by the second byte.
+// Overlong forms, surrogates and what lies above U+10FFFF are recognised by the second byte.
 bool second_byte_fits(unsigned char lead, unsigned char second) {
   switch (lead) {
     case 0xE0:

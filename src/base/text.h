@@ -1,5 +1,5 @@
 // Displayed text: counts and cuts are in code points of UTF-8; an invalid byte counts as one character and is kept.
-// Blanks are U+0020 only.
+// Blanks are U+0020 only. Any thread; nothing fails.
 #pragma once
 
 #include <cstddef>
@@ -25,7 +25,7 @@ std::string song_number_text(std::int64_t number);
 // Position just after the last separator, in bytes; 0 if there is none.
 std::size_t name_begin(std::string_view path);
 
-// A one-to-one mapping of code points to upper case, handed in by the program (it needs Unicode tables).
+// A one-to-one mapping of code points to upper case; the program supplies it (it needs Unicode tables).
 using UpperCase = std::function<std::string(std::string_view)>;
 
 }  // namespace tandem

@@ -1,4 +1,4 @@
-// The window toolkit's plain timer: ticks once an interval while it is enabled. UI thread only.
+// The window's plain timer: ticks once an interval while it is enabled. UI thread only.
 #pragma once
 
 #include "base/notification.h"

@@ -1,5 +1,5 @@
 // A property of a control: a value that is put and read as if it were a plain member.
-// UI thread only. A put that changes the value tells the control's one view.
+// UI thread only. A put that changes the value notifies the control's one view.
 #pragma once
 
 #include <utility>

@@ -17,7 +17,7 @@ class Slider : public ValuedControl {
   Notification<> release;
 
   bool held() const { return held_; }
-  // The user's hand. A release without a press, or a second press, does nothing.
+  // What the user does. A release without a press, or a second press, does nothing.
   void user_press();
   void user_release();
 

@@ -21,7 +21,7 @@ class ValuedControl : public Control {
 
   void put(std::int32_t value);
   void put_maximum(std::int32_t maximum);  // never notifies; limits the value
-  void move(std::int32_t value);           // by the user's hand: always notifies
+  void move(std::int32_t value);           // by the user: always notifies
 
  private:
   bool set(std::int32_t value);

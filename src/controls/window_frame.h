@@ -15,11 +15,12 @@ class WindowFrame : public Control {
   Property<Twips> Left{view_changed, 0};
   Property<Twips> Top{view_changed, 0};
 
-  // Files dropped on the window, as the file dialog returns several: directory, NUL, name, NUL, name; one directory
-  // each.
+  // A song dropped on the window, as a result of the song dialog: its full path, or directory, NUL, name, NUL, name.
   Notification<const std::string&> files_dropped;
+  // A saved list dropped on the window: its full path.
+  Notification<const std::string&> list_dropped;
 
-  Twips ScreenWidth = 1920 * kTwipsPerPixel;  // set by whoever knows the screen
+  Twips ScreenWidth = 1920 * kTwipsPerPixel;  // set by the view, which knows the screen
   Twips ScreenHeight = 1080 * kTwipsPerPixel;
 };
 

@@ -1,6 +1,7 @@
 #include "playback/automatic_mix.h"
 
 #include "base/text.h"
+#include "controls/panel_controls.h"
 #include "controls/panel_groups.h"
 #include "playlist/list_lines.h"
 

@@ -7,13 +7,14 @@
 #include <string_view>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 #include "playback/time_display.h"
 #include "playback/transport.h"
 #include "playlist/song_table.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class AutomaticMix {
  public:
@@ -36,11 +37,11 @@ class AutomaticMix {
   void choose_lead_time(std::size_t choice);
   void light_lead_time(std::int16_t milliseconds);  // no lamp changes for a time that none has
 
-  void change_buffers();  // BufferSwitch has moved: the output starts anew and playing stops
+  void change_buffers();  // BufferSwitch has moved: the output starts again and playing stops
   void close_output();    // the output has an error that it can't recover from
 
   // ListTimer, 2.5 s after the last edit of the list: the line of the audible song becomes the selection and the
-  // current song. If no audible song is in the list, the selection is put behind the last line, which throws; ListTimer
+  // current song. If no audible song is in the list, the selection is put after the last line, which throws; ListTimer
   // then stays on.
   void synchronise_list();
 

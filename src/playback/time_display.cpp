@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "controls/panel_controls.h"
 #include "playlist/list_lines.h"
 #include "playlist/song_texts.h"
 

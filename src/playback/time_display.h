@@ -8,11 +8,12 @@
 #include "audio/sound_graph.h"
 #include "base/notification.h"
 #include "base/text.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 #include "playlist/song_table.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 // The time of day as text that begins with hours and minutes, "HH:MM".
 using TimeOfDay = std::function<std::string()>;
@@ -22,7 +23,7 @@ class TimeDisplay {
   TimeDisplay(PanelControls& controls, SoundGraph& sound, RunState& state, const SongEntries& song_table,
               UpperCase upper_case, TimeOfDay time_of_day);
 
-  // Title (the file's name in capitals; from 14 characters on it scrolls behind 14 blanks) and total time of a song.
+  // Title (the file's name in capitals; from 14 characters on it scrolls after 14 blanks) and total time of a song.
   void ShowSongInfo(std::int32_t song);
   // Every 200 ms: clock, position, position slider. A position of 0 changes nothing; nothing moves while the user holds
   // the slider. During a mix it is still the outgoing song's position.

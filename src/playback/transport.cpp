@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "controls/panel_controls.h"
+
 namespace tandem {
 
 namespace {

@@ -8,12 +8,13 @@
 #include <cstdint>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 #include "playback/time_display.h"
 #include "playlist/song_table.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class Transport {
  public:
@@ -21,7 +22,7 @@ class Transport {
             TimeDisplay& display)
       : controls_(controls), sound_(sound), state_(state), SongTable(song_table), display_(display) {}
 
-  // Starts the selected song, or the first, anew on deck 0. Leaves MixStarted and PAUSE as they are.
+  // Starts the selected song, or the first, from its beginning on deck 0. Leaves MixStarted and PAUSE as they are.
   void play();
   void pause();  // and on again
   void stop();   // STOPBtn; also at the list's end and when the buffers change

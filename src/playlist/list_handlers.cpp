@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "controls/panel_controls.h"
 #include "playlist/list_lines.h"
 #include "playlist/song_texts.h"
 

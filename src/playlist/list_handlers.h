@@ -6,11 +6,12 @@
 #include <cstdint>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 #include "playlist/song_table.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class ListHandlers {
  public:
@@ -28,7 +29,7 @@ class ListHandlers {
   void move_up();
   void move_down();
 
-  // The list and the equalizer panel share one area; the button's colour tells which is in front.
+  // The list and the equalizer panel share one area; the button's colour says which is in front.
   void show_or_hide_list();
 
  private:

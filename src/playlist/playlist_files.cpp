@@ -3,6 +3,7 @@
 #include "base/field_text.h"
 #include "base/text.h"
 #include "base/whole_file.h"
+#include "controls/panel_controls.h"
 #include "playlist/list_lines.h"
 
 namespace tandem {
@@ -33,8 +34,12 @@ void PlaylistFiles::open() {
   dialog.InitDir = state_.LastFolder;
   dialog.Filter = kFilter;
   dialog.ShowOpen();
-  state_.LastFolder = folder_of(dialog.FileName);
-  const std::size_t n = read_fields(dialog.FileName);
+  open_list(dialog.FileName);
+}
+
+void PlaylistFiles::open_list(const std::string& path) {
+  state_.LastFolder = folder_of(path);
+  const std::size_t n = read_fields(path);
   controls_.PlayList.Clear();
   state_.SongCount = 0;
   for (std::size_t k = 0; k < n; ++k) appender_.append_as_given(ListFileLines[k]);

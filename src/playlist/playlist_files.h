@@ -7,12 +7,13 @@
 #include <string>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 #include "playlist/song_append.h"
 #include "playlist/song_table.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class PlaylistFiles {
  public:
@@ -20,9 +21,11 @@ class PlaylistFiles {
       : controls_(controls), state_(state), appender_(controls, sound, state, song_table) {}
 
   void save();  // at most 200 lines, each without its first four characters, CR LF
+  // Asks for a file in the dialog and opens it.
+  void open();
   // Replaces PlayList and fills the table from the top. ListAux2 is not cleared, the new lines follow what it held: on
   // purpose. Fields end at commas and line ends, so a path with a comma comes back as two entries.
-  void open();
+  void open_list(const std::string& path);
 
  private:
   std::size_t read_fields(const std::string& path);

@@ -1,5 +1,6 @@
 #include "playlist/song_append.h"
 
+#include "controls/panel_controls.h"
 #include "playlist/list_lines.h"
 
 namespace tandem {

@@ -5,11 +5,12 @@
 #include <string>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 #include "playlist/song_table.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class SongAppender {
  public:

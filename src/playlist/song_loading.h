@@ -9,12 +9,13 @@
 
 #include "audio/sound_graph.h"
 #include "base/text.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 #include "playlist/song_append.h"
 #include "playlist/song_table.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class SongLoading {
  public:

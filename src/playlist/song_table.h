@@ -22,7 +22,7 @@ class SongEntries {
   const SongEntry& at(std::int32_t number) const;
 
   void swap(std::int32_t first, std::int32_t second);
-  // A song is removed in two steps: its entry is marked, then the entries behind marked ones move down.
+  // A song is removed in two steps: its entry is marked, then the entries after marked ones move down.
   void mark_removed(std::int32_t number);
   void compact();  // trims blanks off every path, and always empties the last entry
 

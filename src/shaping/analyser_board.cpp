@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "controls/panel_controls.h"
 #include "controls/panel_groups.h"
 #include "controls/panel_sizes.h"
 
@@ -138,5 +139,7 @@ void AnalyserBoard::show_or_hide_board() {
   controls_.Painel.Height = show ? kBoardHeight : kFullHeight;
   controls_.ShowControls.BackColor = show ? clLime : clGreen;
 }
+
+void AnalyserBoard::mark_changed() { controls_.MMLEDX6.LEDColor = clOlive; }
 
 }  // namespace tandem

@@ -7,9 +7,11 @@
 #include <cstdint>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 
 namespace tandem {
+
+struct PanelControls;
+class Spinner;
 
 class AnalyserBoard {
  public:
@@ -38,7 +40,7 @@ class AnalyserBoard {
   void step(SpectrumSetting setting, Spinner& spinner, std::int32_t value);
   void restore_controls();
   void restore_analyser();
-  void mark_changed() { controls_.MMLEDX6.LEDColor = clOlive; }
+  void mark_changed();
 
   PanelControls& controls_;
   SoundGraph& sound_;

@@ -1,5 +1,7 @@
 #include "shaping/display_selector.h"
 
+#include "controls/panel_controls.h"
+
 namespace tandem {
 
 namespace {

@@ -7,9 +7,10 @@
 #include <initializer_list>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class DisplaySelector {
  public:

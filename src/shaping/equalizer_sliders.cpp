@@ -1,6 +1,7 @@
 #include "shaping/equalizer_sliders.h"
 
 #include "base/text.h"
+#include "controls/panel_controls.h"
 #include "shaping/band_table.h"
 
 namespace tandem {

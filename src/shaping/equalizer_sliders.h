@@ -4,10 +4,11 @@
 #include <cstddef>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class EqualizerSliders {
  public:

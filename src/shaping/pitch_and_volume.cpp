@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/rounding.h"
+#include "controls/panel_controls.h"
 
 namespace tandem {
 

@@ -6,10 +6,11 @@
 #include <cstdint>
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class PitchAndVolume {
  public:

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "controls/panel_controls.h"
+
 namespace tandem {
 
 void Seeking::press() { state_.SeekDragging = kTrue; }

@@ -1,11 +1,12 @@
-// The position slider in the user's hand. UI thread. Only the release seeks; a move only changes LblPosition.
+// The position slider as the user moves it. UI thread. Only the release seeks; a move only changes LblPosition.
 #pragma once
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
 #include "controls/run_state.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class Seeking {
  public:
@@ -13,7 +14,7 @@ class Seeking {
       : controls_(controls), sound_(sound), state_(state) {}
 
   void press();
-  void change();  // the whole time text behind "0", not cut as elsewhere: on purpose
+  void change();  // the whole time text after "0", not cut as elsewhere: on purpose
   void release();
 
  private:

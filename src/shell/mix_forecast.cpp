@@ -6,7 +6,7 @@ namespace tandem {
 
 namespace {
 
-constexpr TimerQueue::Milliseconds kLongestRest = 1000;  // a list may be edited behind the forecast's back
+constexpr TimerQueue::Milliseconds kLongestRest = 1000;  // the list may be edited meanwhile
 constexpr TimerQueue::Milliseconds kMargin = 150;        // before a mix point, ticks are even again
 
 }  // namespace
@@ -20,9 +20,9 @@ MixForecast mix_forecast(const Program& program, bool sounding) {
   // The list may be longer than the table.
   if (state.CurrentSong < 1 || state.CurrentSong > std::min<std::int32_t>(list.ListCount(), SongEntries::kLastSong))
     return {};
-  const std::int64_t behind = program.SongTable.at(state.CurrentSong).SongLength - state.MixTimeMs;
-  const std::int64_t left = behind - program.sound.AudioFile[static_cast<std::size_t>(state.ActiveDeck)]->Position();
-  return {std::clamp<TimerQueue::Milliseconds>(left - kMargin, 0, kLongestRest), state.ActiveDeck, behind};
+  const std::int64_t mix_point = program.SongTable.at(state.CurrentSong).SongLength - state.MixTimeMs;
+  const std::int64_t left = mix_point - program.sound.AudioFile[static_cast<std::size_t>(state.ActiveDeck)]->Position();
+  return {std::clamp<TimerQueue::Milliseconds>(left - kMargin, 0, kLongestRest), state.ActiveDeck, mix_point};
 }
 
 }  // namespace tandem

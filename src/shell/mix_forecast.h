@@ -11,9 +11,9 @@ namespace tandem {
 
 struct MixForecast {
   TimerQueue::Milliseconds quiet = 0;  // for how long the ticks would do nothing; 0 if that is not known
-  // The next song starts at a tick that finds this deck's position behind `behind`; -1 if none is awaited.
+  // The next song starts at a tick that finds this deck's position past `mix_point`; -1 if none is awaited.
   int deck = -1;
-  std::int64_t behind = 0;  // milliseconds
+  std::int64_t mix_point = 0;  // milliseconds
 };
 
 // `sounding`: an unmuted input has a song that goes on.

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "controls/panel_controls.h"
 #include "controls/panel_groups.h"
 #include "controls/panel_sizes.h"
 
@@ -75,5 +76,9 @@ void Painel::reset_pitch() {
   controls_.SliderP.Position = 0;
   controls_.TimerDelay.put_Enabled(true);
 }
+
+void Painel::press_reset() { controls_.Command2.BackColor = clGrey; }
+
+void Painel::release_reset() { controls_.Command2.BackColor = clSilver; }
 
 }  // namespace tandem

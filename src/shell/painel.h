@@ -2,7 +2,7 @@
 #pragma once
 
 #include "audio/sound_graph.h"
-#include "controls/panel_controls.h"
+#include "base/twips.h"
 #include "controls/run_state.h"
 #include "playback/automatic_mix.h"
 #include "settings/settings_file.h"
@@ -11,6 +11,8 @@
 #include "shaping/equalizer_sliders.h"
 
 namespace tandem {
+
+struct PanelControls;
 
 class Painel {
  public:
@@ -35,8 +37,8 @@ class Painel {
 
   // Command2.
   void reset_pitch();
-  void press_reset() { controls_.Command2.BackColor = clGrey; }
-  void release_reset() { controls_.Command2.BackColor = clSilver; }
+  void press_reset();
+  void release_reset();
 
  private:
   void set_size(Twips height, Twips width);

@@ -23,6 +23,7 @@ void wire_playlist(Program& p, const ErrorPolicy& on_error) {
   c.LoadSong.press.connect(on_error.silently([&p] { p.loading.press(); }));
   c.LoadSong.release.connect(on_error.silently([&p] { p.loading.release(); }));
   c.Painel.files_dropped.connect(on_error.silently([&p](const std::string& files) { p.loading.add_songs(files); }));
+  c.Painel.list_dropped.connect(on_error.silently([&p](const std::string& path) { p.files.open_list(path); }));
   c.SaveList.click.connect(on_error.silently([&p] { p.files.save(); }));
   c.LoadList.click.connect(on_error.silently([&p] { p.files.open(); }));
 }

@@ -82,7 +82,7 @@ void LiveRig::work() {
   engine_.deliver();
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
   engine_.rest_for(forecast.quiet);
-  engine_.set_mix_point(forecast.deck, forecast.behind);
+  engine_.set_mix_point(forecast.deck, forecast.mix_point);
   collect();
 }
 

@@ -43,8 +43,8 @@ TEST_F(MixForecastTest, ATickThatStartsASongIsNeverSavedAndComesAtTheForetoldPos
       before = look();
       if (before.deck >= 0) {
         EXPECT_EQ(before.deck, rig_.state().ActiveDeck);
-        EXPECT_EQ(before.behind, 5000 - kLead);
-        const std::int64_t left = before.behind - rig_.deck(static_cast<std::size_t>(before.deck)).Position();
+        EXPECT_EQ(before.mix_point, 5000 - kLead);
+        const std::int64_t left = before.mix_point - rig_.deck(static_cast<std::size_t>(before.deck)).Position();
         EXPECT_GE(left, 0);
         EXPECT_EQ(before.quiet, std::clamp<std::int64_t>(left - 150, 0, 1000));
       }
@@ -52,7 +52,7 @@ TEST_F(MixForecastTest, ATickThatStartsASongIsNeverSavedAndComesAtTheForetoldPos
       ASSERT_FALSE(rig_.stopped());
     }
     EXPECT_EQ(before.quiet, 0);
-    EXPECT_GT(rig_.deck(static_cast<std::size_t>(before.deck)).Position(), before.behind);
+    EXPECT_GT(rig_.deck(static_cast<std::size_t>(before.deck)).Position(), before.mix_point);
     EXPECT_EQ(look().deck, -1) << "the overlap is on";
   }
 }

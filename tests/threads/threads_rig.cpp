@@ -80,7 +80,7 @@ void ThreadsRig::work() {
   engine_->deliver();
   const MixForecast forecast = mix_forecast(*program_, engine_->sounding());
   engine_->rest_for(forecast.quiet);
-  engine_->set_mix_point(forecast.deck, forecast.behind);
+  engine_->set_mix_point(forecast.deck, forecast.mix_point);
 }
 
 // No time passes while a reader opens a song: it works in real time.
