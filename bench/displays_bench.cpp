@@ -8,10 +8,10 @@
 #include <span>
 #include <vector>
 
-#include "displays/level_bar.h"
-#include "displays/needle_meter.h"
-#include "displays/oscilloscope.h"
-#include "displays/spectrum_analyser.h"
+#include "displays/meters/level_bar.h"
+#include "displays/meters/needle_meter.h"
+#include "displays/scope/oscilloscope.h"
+#include "displays/spectrum/spectrum_analyser.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "displays/sound_frame.h"
+#include "displays/core/sound_frame.h"
 #include "engine/device/display_feed.h"
 #include "engine/device/output_ring.h"
 

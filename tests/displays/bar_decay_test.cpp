@@ -1,4 +1,4 @@
-#include "displays/bar_decay.h"
+#include "displays/spectrum/bar_decay.h"
 
 #include <gtest/gtest.h>
 

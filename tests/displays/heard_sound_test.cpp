@@ -1,8 +1,8 @@
-#include "displays/heard_sound.h"
+#include "displays/core/heard_sound.h"
 
 #include <gtest/gtest.h>
 
-#include "displays/block_peaks.h"
+#include "displays/meters/block_peaks.h"
 #include "displays/tones.h"
 
 namespace tandem {

@@ -1,4 +1,4 @@
-#include "displays/level_bar.h"
+#include "displays/meters/level_bar.h"
 
 #include <gtest/gtest.h>
 

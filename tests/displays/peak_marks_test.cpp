@@ -1,4 +1,4 @@
-#include "displays/peak_marks.h"
+#include "displays/spectrum/peak_marks.h"
 
 #include <gtest/gtest.h>
 

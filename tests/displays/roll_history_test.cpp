@@ -1,4 +1,4 @@
-#include "displays/roll_recorder.h"
+#include "displays/spectrum/roll_recorder.h"
 
 #include <gtest/gtest.h>
 

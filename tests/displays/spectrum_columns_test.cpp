@@ -1,11 +1,11 @@
-#include "displays/spectrum_columns.h"
+#include "displays/spectrum/spectrum_columns.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <numeric>
 
-#include "displays/spectrum_heights.h"
+#include "displays/spectrum/spectrum_heights.h"
 #include "displays/tones.h"
 
 namespace tandem {

@@ -1,10 +1,10 @@
-#include "displays/spectrum_settings.h"
+#include "displays/spectrum/spectrum_settings.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "displays/spectrum_analyser.h"
+#include "displays/spectrum/spectrum_analyser.h"
 
 namespace tandem {
 namespace {

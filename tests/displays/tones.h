@@ -8,8 +8,8 @@
 #include <span>
 #include <vector>
 
-#include "displays/sound_display.h"
-#include "displays/sound_frame.h"
+#include "displays/core/sound_display.h"
+#include "displays/core/sound_frame.h"
 
 namespace tandem {
 

@@ -8,10 +8,10 @@
 #include <thread>
 #include <utility>
 
-#include "displays/level_bar.h"
-#include "displays/needle_meter.h"
-#include "displays/oscilloscope.h"
-#include "displays/spectrum_analyser.h"
+#include "displays/meters/level_bar.h"
+#include "displays/meters/needle_meter.h"
+#include "displays/scope/oscilloscope.h"
+#include "displays/spectrum/spectrum_analyser.h"
 #include "platform/system/time_of_day.h"
 #include "platform/system/upper_case.h"
 #include "program/player_rig.h"

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "displays/sound_frame.h"
+#include "displays/core/sound_frame.h"
 #include "paint/displays/spectrum_backdrop.h"
 #include "widgets/window_rig.h"
 

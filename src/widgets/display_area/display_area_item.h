@@ -4,10 +4,10 @@
 
 #include <span>
 
-#include "displays/level_bar.h"
-#include "displays/needle_meter.h"
-#include "displays/oscilloscope.h"
-#include "displays/spectrum_analyser.h"
+#include "displays/meters/level_bar.h"
+#include "displays/meters/needle_meter.h"
+#include "displays/scope/oscilloscope.h"
+#include "displays/spectrum/spectrum_analyser.h"
 #include "widgets/display_area/picture_views.h"
 #include "widgets/display_area/spectrum_view.h"
 #include "widgets/items/panel_item.h"

@@ -6,8 +6,8 @@
 #include <QPainter>
 #include <memory>
 
-#include "displays/needle_meter.h"
-#include "displays/oscilloscope.h"
+#include "displays/meters/needle_meter.h"
+#include "displays/scope/oscilloscope.h"
 #include "paint/displays/needle_meter.h"
 #include "paint/displays/oscilloscope.h"
 #include "widgets/display_area/changed_picture.h"

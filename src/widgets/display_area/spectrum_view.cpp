@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "displays/sound_frame.h"
+#include "displays/core/sound_frame.h"
 #include "layout/panel_layout.h"
 
 namespace tandem {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "displays/spectrum_analyser.h"
+#include "displays/spectrum/spectrum_analyser.h"
 #include "paint/displays/spectrum.h"
 #include "paint/displays/spectrum_backdrop.h"
 #include "widgets/display_area/changed_picture.h"

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "displays/sound_frame.h"
+#include "displays/core/sound_frame.h"
 
 namespace tandem {
 

@@ -1,4 +1,4 @@
-#include "displays/scope_trigger.h"
+#include "displays/scope/scope_trigger.h"
 
 #include <algorithm>
 

@@ -6,8 +6,8 @@
 #include <span>
 
 #include "audio/mm_displays.h"
-#include "displays/block_peaks.h"
-#include "displays/sound_display.h"
+#include "displays/core/sound_display.h"
+#include "displays/meters/block_peaks.h"
 
 namespace tandem {
 

@@ -10,9 +10,9 @@
 #include <span>
 #include <vector>
 
-#include "displays/fft_window.h"
-#include "displays/heard_sound.h"
-#include "displays/sound_frame.h"
+#include "displays/core/heard_sound.h"
+#include "displays/core/sound_frame.h"
+#include "displays/spectrum/fft_window.h"
 
 namespace tandem {
 

@@ -1,4 +1,4 @@
-#include "displays/needle_meter.h"
+#include "displays/meters/needle_meter.h"
 
 #include <cmath>
 

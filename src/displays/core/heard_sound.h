@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
-#include "displays/feed_watch.h"
-#include "displays/sound_frame.h"
+#include "displays/core/feed_watch.h"
+#include "displays/core/sound_frame.h"
 
 namespace tandem {
 

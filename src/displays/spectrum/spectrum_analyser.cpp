@@ -1,4 +1,4 @@
-#include "displays/spectrum_analyser.h"
+#include "displays/spectrum/spectrum_analyser.h"
 
 #include <algorithm>
 #include <utility>

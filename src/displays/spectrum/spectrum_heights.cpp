@@ -1,4 +1,4 @@
-#include "displays/spectrum_heights.h"
+#include "displays/spectrum/spectrum_heights.h"
 
 #include <algorithm>
 #include <cmath>

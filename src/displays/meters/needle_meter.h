@@ -7,9 +7,9 @@
 #include <span>
 
 #include "audio/mm_displays.h"
-#include "displays/block_peaks.h"
-#include "displays/needle_ballistics.h"
-#include "displays/sound_display.h"
+#include "displays/core/sound_display.h"
+#include "displays/meters/block_peaks.h"
+#include "displays/meters/needle_ballistics.h"
 
 namespace tandem {
 

@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <vector>
 
-#include "displays/roll_recorder.h"
-#include "displays/sound_frame.h"
-#include "displays/spectrum_columns.h"
-#include "displays/spectrum_settings.h"
+#include "displays/core/sound_frame.h"
+#include "displays/spectrum/roll_recorder.h"
+#include "displays/spectrum/spectrum_columns.h"
+#include "displays/spectrum/spectrum_settings.h"
 
 namespace tandem {
 

@@ -1,9 +1,9 @@
-#include "displays/spectrum_columns.h"
+#include "displays/spectrum/spectrum_columns.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "displays/sound_frame.h"
+#include "displays/core/sound_frame.h"
 
 namespace tandem {
 

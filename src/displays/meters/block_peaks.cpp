@@ -1,4 +1,4 @@
-#include "displays/block_peaks.h"
+#include "displays/meters/block_peaks.h"
 
 #include <algorithm>
 #include <cmath>

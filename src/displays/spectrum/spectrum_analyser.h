@@ -7,15 +7,15 @@
 #include <vector>
 
 #include "audio/mm_displays.h"
-#include "displays/bar_decay.h"
-#include "displays/heard_sound.h"
-#include "displays/peak_marks.h"
-#include "displays/roll_recorder.h"
-#include "displays/sound_display.h"
-#include "displays/spectrum_heights.h"
-#include "displays/spectrum_reading.h"
-#include "displays/spectrum_settings.h"
-#include "displays/stereo_spectrum.h"
+#include "displays/core/heard_sound.h"
+#include "displays/core/sound_display.h"
+#include "displays/spectrum/bar_decay.h"
+#include "displays/spectrum/peak_marks.h"
+#include "displays/spectrum/roll_recorder.h"
+#include "displays/spectrum/spectrum_heights.h"
+#include "displays/spectrum/spectrum_reading.h"
+#include "displays/spectrum/spectrum_settings.h"
+#include "displays/spectrum/stereo_spectrum.h"
 
 namespace tandem {
 

@@ -1,4 +1,4 @@
-#include "displays/oscilloscope.h"
+#include "displays/scope/oscilloscope.h"
 
 #include <algorithm>
 #include <numbers>

@@ -1,4 +1,4 @@
-#include "displays/spectrum_settings.h"
+#include "displays/spectrum/spectrum_settings.h"
 
 #include <algorithm>
 #include <bit>

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "displays/sound_frame.h"
+#include "displays/core/sound_frame.h"
 
 namespace tandem {
 

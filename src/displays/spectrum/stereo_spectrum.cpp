@@ -1,4 +1,4 @@
-#include "displays/stereo_spectrum.h"
+#include "displays/spectrum/stereo_spectrum.h"
 
 #include <new>
 

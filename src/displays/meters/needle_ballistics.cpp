@@ -1,4 +1,4 @@
-#include "displays/needle_ballistics.h"
+#include "displays/meters/needle_ballistics.h"
 
 #include <cmath>
 

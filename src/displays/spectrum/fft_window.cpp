@@ -1,4 +1,4 @@
-#include "displays/fft_window.h"
+#include "displays/spectrum/fft_window.h"
 
 #include <cmath>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "displays/heard_sound.h"
+#include "displays/core/heard_sound.h"
 
 #include <algorithm>
 

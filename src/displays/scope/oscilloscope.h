@@ -6,9 +6,9 @@
 #include <span>
 
 #include "audio/mm_displays.h"
-#include "displays/heard_sound.h"
-#include "displays/scope_trigger.h"
-#include "displays/sound_display.h"
+#include "displays/core/heard_sound.h"
+#include "displays/core/sound_display.h"
+#include "displays/scope/scope_trigger.h"
 
 namespace tandem {
 
