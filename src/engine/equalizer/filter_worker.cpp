@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "engine/core/thread_name.h"
+
 namespace tandem {
 
 namespace {
@@ -69,6 +71,7 @@ void FilterWorker::free_returned() noexcept {
 }
 
 void FilterWorker::work() {
+  name_this_thread("tandem-filters");
   std::unique_lock lock(mutex_);
   while (true) {
     changed_.wait(lock, [this] { return stopping_ || wanted_; });

@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "engine/core/thread_name.h"
+
 namespace tandem {
 
 namespace {
@@ -35,6 +37,7 @@ void ReaderThread::sleep() {
 }
 
 void ReaderThread::run() {
+  name_this_thread("tandem-reader");
   for (;;) {
     {
       const std::scoped_lock lock(mutex_);
