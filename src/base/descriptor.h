@@ -9,6 +9,7 @@ namespace tandem {
 class Descriptor {
  public:
   Descriptor() = default;
+  explicit Descriptor(int number) noexcept : number_(number) {}  // as the system gave it; below 0: none
   // Flags as for open(). A new file's permissions are those that the user gives new files; errno says why it is not
   // open.
   Descriptor(const std::string& path, int flags);

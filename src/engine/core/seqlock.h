@@ -1,5 +1,7 @@
-// A small value that one thread publishes and any other may look at, without locks: a sequence lock over atomic words.
-// A look may fail while the publisher is in the middle of writing; the looker then keeps what it had.
+// A small value that one thread publishes and any other may read, without locks: a sequence lock over atomic words,
+// after H.-J. Boehm, "Can seqlocks get along with programming language memory models?" (MSPC 2012), with ordered word
+// accesses in place of fences. A read may fail while the publisher is in the middle of writing; the reader then keeps
+// what it had.
 #pragma once
 
 #include <array>
@@ -19,6 +21,7 @@ class SeqLock {
   using Words = std::array<std::uint64_t, kWords>;
 
  public:
+  SeqLock() : SeqLock(T()) {}
   explicit SeqLock(const T& value) { publish(value); }
 
   void publish(const T& value) noexcept {  // the one publishing thread

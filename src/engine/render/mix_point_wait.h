@@ -4,10 +4,10 @@
 #pragma once
 
 #include <array>
-#include <atomic>
 #include <cstdint>
 
 #include "engine/core/frames.h"
+#include "engine/core/seqlock.h"
 #include "engine/render/deck_position.h"
 
 namespace tandem {
@@ -25,23 +25,17 @@ class MixPointWait {
              std::int64_t patience_ns) noexcept;
 
  private:
-  struct Moment {
-    int deck = -1;
+  struct MixPoint {
+    std::int32_t deck = -1;  // none
     std::uint32_t generation = 0;
     Frames frame = 0;
-    friend bool operator==(const Moment&, const Moment&) = default;
+    std::uint64_t number = 0;  // how many were set before
   };
-  bool read(Moment& moment, std::uint32_t& turn) const noexcept;
 
-  // Written under an odd turn.
-  std::atomic<std::uint32_t> turn_{0};
-  std::atomic<int> deck_{-1};
-  std::atomic<std::uint32_t> generation_{0};
-  std::atomic<Frames> frame_{0};
-
-  Moment put_;                   // UI thread
-  std::uint32_t held_turn_ = 0;  // render thread: which moment is waited for, and since when
-  std::int64_t held_since_ns_ = 0;
+  MixPoint set_;  // UI thread
+  SeqLock<MixPoint> point_;
+  std::uint64_t waited_number_ = 0;  // render thread: which point is waited for, and since when
+  std::int64_t waited_since_ns_ = 0;
 };
 
 }  // namespace tandem
