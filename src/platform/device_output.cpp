@@ -6,8 +6,8 @@
 namespace tandem {
 
 DeviceOutput::DeviceOutput(OutputRing& ring, std::string alsa_device)
-    : alsa_(ring, {std::move(alsa_device), &lease_, false}),
-      pulse_(ring, {&lease_, [this](bool reachable) { alsa_.allow(!reachable); }}) {}
+    : alsa_(ring, {std::move(alsa_device), &token_, false}),
+      pulse_(ring, {&token_, [this](bool reachable) { alsa_.allow(!reachable); }}) {}
 
 void DeviceOutput::open(int buffer_bytes) {
   pulse_.open(buffer_bytes);

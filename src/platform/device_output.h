@@ -32,9 +32,9 @@ class DeviceOutput final : public Output {
   bool lost() const noexcept override { return false; }
 
  private:
-  RingReaderToken lease_;  // whoever of the two holds a device reads the ring
+  RingReaderToken token_;  // of the two, the one that holds a device reads the ring
   AlsaOutput alsa_;
-  PulseOutput pulse_;  // tells alsa_ whether it may play, so it goes first
+  PulseOutput pulse_;  // decides whether alsa_ may play, so it is destroyed first
 };
 
 }  // namespace tandem

@@ -33,7 +33,7 @@ class LiveDeviceLife : public testing::Test {
     const Nanoseconds began = monotonic_now();
     ASSERT_TRUE(rig_.run_until([this] { return rig_.position() > stood_at_; }, kBackWithin));
     slowest_ = std::max(slowest_, (monotonic_now() - began) / kNanosecondsPerMillisecond);
-    ASSERT_TRUE(rig_.heard_further(0.2));
+    ASSERT_TRUE(rig_.played_further(0.2));
   }
   // What the mixer made is the song, frame by frame, as far as it came: nothing twice, nothing left out.
   void expect_no_skip() {
@@ -60,7 +60,7 @@ TEST_F(LiveDeviceLife, AServerThatIsKilledAndRestarted) {
   add_song(20.0 + 3 * restarts);
   rig_.server.start();
   rig_.play();
-  ASSERT_TRUE(rig_.heard_further(0.5));
+  ASSERT_TRUE(rig_.played_further(0.5));
   std::ptrdiff_t descriptors = 0;
   std::ptrdiff_t threads = 0;
   for (int i = 0; i < restarts; ++i) {
@@ -83,7 +83,7 @@ TEST_F(LiveDeviceLife, TheSinkGoesAndComes) {
   add_song(20.0);
   rig_.server.start();
   rig_.play();
-  ASSERT_TRUE(rig_.heard_further(0.5));
+  ASSERT_TRUE(rig_.played_further(0.5));
   rig_.server.unload_sink("null0");
   wait_for_silence();
   rig_.server.load_sink("null0");
@@ -97,7 +97,7 @@ TEST_F(LiveDeviceLife, AServerThatHangsForAWhile) {
   add_song(20.0);
   rig_.server.start();
   rig_.play();
-  ASSERT_TRUE(rig_.heard_further(0.5));
+  ASSERT_TRUE(rig_.played_further(0.5));
   rig_.server.freeze();
   rig_.run(700);  // longer than all that is queued
   const std::int32_t stood_at = rig_.position();

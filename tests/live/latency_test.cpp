@@ -25,7 +25,7 @@ class LiveLatency : public testing::TestWithParam<Buffers> {
     rig_.controls().BufferSwitch.move(GetParam().mode);
     rig_.controls().PLAY.click.raise();
     ASSERT_TRUE(rig_.run_until([this] { return rig_.recorded_level(10) > 0.9 * kLevel; }));
-    ASSERT_TRUE(rig_.heard_further(0.7));
+    ASSERT_TRUE(rig_.played_further(0.7));
   }
   bool heard(bool loud) const {
     const double level = rig_.recorded_level(10);
@@ -43,7 +43,7 @@ class LiveLatency : public testing::TestWithParam<Buffers> {
       delays.push_back(static_cast<double>(monotonic_now() - began) / kNanosecondsPerMillisecond);
       undo();
       EXPECT_TRUE(rig_.run_until([this] { return heard(true); }, 2000));
-      EXPECT_TRUE(rig_.heard_further(0.3 + 0.007 * (round % 7)));
+      EXPECT_TRUE(rig_.played_further(0.3 + 0.007 * (round % 7)));
     }
     std::sort(delays.begin(), delays.end());
     RecordProperty("median_ms", std::to_string(delays[delays.size() / 2]));
@@ -81,7 +81,7 @@ TEST_P(LiveLatency, TheDisplaysShowWhatIsHeard) {
   const Sound song = rig_.add_song("song.wav", signature(1, 8.0, kLevel));
   rig_.controls().BufferSwitch.move(GetParam().mode);
   rig_.controls().PLAY.click.raise();
-  ASSERT_TRUE(rig_.heard_further(0.7));
+  ASSERT_TRUE(rig_.played_further(0.7));
   std::vector<std::pair<std::uint64_t, std::uint64_t>> looks;  // heard, recorded
   for (int i = 0; i < 60; ++i) {
     rig_.run(37);

@@ -108,7 +108,7 @@ std::int32_t LiveRig::position() {
   return sound().AudioFile[static_cast<std::size_t>(program_.state.ActiveDeck)]->Position();
 }
 
-bool LiveRig::heard_further(double seconds) {
+bool LiveRig::played_further(double seconds) {
   const auto target = output_.frames_played() + static_cast<std::uint64_t>(seconds * kSampleRate);
   return run_until([&] { return output_.frames_played() >= target; });
 }

@@ -47,7 +47,7 @@ class LiveRig {
   std::int32_t position();  // of the deck that is heard
   std::int16_t current_song() const { return program_.state.CurrentSong; }
   const std::string& folder() const { return directory_.path(); }  // where the songs lie
-  bool heard_further(double seconds);
+  bool played_further(double seconds);
 
   // What the mixer has made since the first call to run(), by way of the displays' feed.
   const std::vector<Sample16>& made() const { return made_; }

@@ -30,7 +30,7 @@ class AlsaOutputFailureTest : public testing::Test {
                                  << "pcm.card { type faulty }\n";
     ::setenv("ALSA_CONFIG_PATH", configuration.c_str(), 1);
   }
-  bool heard_further(const AlsaOutput& output, std::uint64_t frames) const {
+  bool played_further(const AlsaOutput& output, std::uint64_t frames) const {
     const std::uint64_t target = output.frames_played() + frames;
     return wait_until([&] { return output.frames_played() >= target; });
   }
@@ -45,11 +45,11 @@ class AlsaOutputFailureTest : public testing::Test {
     output.set_queue_length(4);
     output.start();
     for (int i = 0; i < 5; ++i) {
-      ASSERT_TRUE(heard_further(output, 4 * kRequest));
+      ASSERT_TRUE(played_further(output, 4 * kRequest));
       desk_->fault = fault;
       ASSERT_TRUE(wait_until([this] { return desk_->fault == Fault::kNone; }));
     }
-    ASSERT_TRUE(heard_further(output, 4 * kRequest));
+    ASSERT_TRUE(played_further(output, 4 * kRequest));
     EXPECT_EQ(recorded().size(), 1U) << testing::PrintToString(recorded());
     EXPECT_EQ(desk_->opened, 1) << "it was given back";
     EXPECT_EQ(output.underruns(), fault == Fault::kUnderrun ? 5U : 0U);
@@ -69,14 +69,14 @@ TEST_F(AlsaOutputFailureTest, AnUnpluggedCardIsGivenBackAndFoundAgain) {
   OutputFeeder feeder(ring_, output, 2 * kRequest);
   output.start();
   for (int i = 0; i < 3; ++i) {
-    ASSERT_TRUE(heard_further(output, 4 * kRequest));
+    ASSERT_TRUE(played_further(output, 4 * kRequest));
     desk_->fault = Fault::kGone;
     ASSERT_TRUE(wait_until([&] { return !output.consuming(); }));
     EXPECT_EQ(output.frames_played(), ring_.taken()) << "nobody will hear the rest";
     desk_->fault = Fault::kNone;
     ASSERT_TRUE(wait_until([&] { return output.consuming(); }, std::chrono::seconds(2)));
   }
-  ASSERT_TRUE(heard_further(output, 4 * kRequest));
+  ASSERT_TRUE(played_further(output, 4 * kRequest));
   EXPECT_EQ(desk_->opened, 4);
 }
 

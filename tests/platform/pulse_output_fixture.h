@@ -23,7 +23,7 @@ class PulseOutputFixture : public testing::Test {
   bool consuming() const {
     return wait_until([this] { return output_.consuming(); });
   }
-  bool heard_further(std::uint64_t frames) const {
+  bool played_further(std::uint64_t frames) const {
     const std::uint64_t target = output_.frames_played() + frames;
     return wait_until([&] { return output_.frames_played() >= target; });
   }

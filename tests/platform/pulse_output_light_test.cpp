@@ -33,11 +33,11 @@ class PulseOutputLightTest : public PulseOutputFixture {
     output_.open(kBuffer);
     output_.set_queue_length(depth);
     output_.start();
-    EXPECT_TRUE(heard_further(44100));  // libpulse asks for the time more often at first
+    EXPECT_TRUE(played_further(44100));  // libpulse asks for the time more often at first
     const long before = sleeps_of_the_output();
     EXPECT_GT(before, 0);
     const Nanoseconds began = monotonic_now();
-    EXPECT_TRUE(heard_further(44100));
+    EXPECT_TRUE(played_further(44100));
     const auto seconds = static_cast<double>(monotonic_now() - began) / 1e9;
     return static_cast<double>(sleeps_of_the_output() - before) / seconds;
   }
@@ -61,7 +61,7 @@ TEST_F(PulseOutputLightTest, AStarvedStreamDoesNotSpin) {
   server_.start();
   OutputFeeder feeder(ring_, output_, kKeep);
   output_.start();
-  ASSERT_TRUE(heard_further(kRequest));
+  ASSERT_TRUE(played_further(kRequest));
   feeder.hold_back(true);
   ASSERT_TRUE(wait_until([&] { return ring_.readable() == 0 && output_.frames_played() == ring_.taken(); }));
   const long before = sleeps_of_the_output();

@@ -67,7 +67,7 @@ class PulseOutputRecoveryTest : public PulseOutputFixture {
     server_.start();
     output_.set_queue_length(4);
     output_.start();
-    ASSERT_TRUE(heard_further(kRequest));
+    ASSERT_TRUE(played_further(kRequest));
   }
   bool silent() const {
     return wait_until([this] { return !output_.consuming(); });
@@ -92,7 +92,7 @@ class PulseOutputRecoveryTest : public PulseOutputFixture {
       const std::uint64_t stood = output_.frames_played();
       ASSERT_TRUE(wait_until([&] { return output_.consuming() && output_.frames_played() > stood; }, kBackWithin)) << i;
       slowest = std::max(slowest, monotonic_now() - back);
-      ASSERT_TRUE(heard_further(kRequest));
+      ASSERT_TRUE(played_further(kRequest));
       if (!growth) growth.emplace();
     }
     growth->expect_none(times_wished());
@@ -126,7 +126,7 @@ TEST_F(PulseOutputRecoveryTest, NoServerAtStart) {
   EXPECT_TRUE(wait_until([&] { return output_.consuming(); }, kBackWithin));
   test::record_fault("no sound server at the start", "sound within 2 s of the server's start",
                      "after " + std::to_string((monotonic_now() - began) / kNanosecondsPerMillisecond) + " ms");
-  EXPECT_TRUE(heard_further(kRequest));
+  EXPECT_TRUE(played_further(kRequest));
 }
 
 TEST_F(PulseOutputRecoveryTest, TheLastSinkGoesAndComes) {
@@ -164,7 +164,7 @@ TEST_F(PulseOutputRecoveryTest, FollowsToAnotherSinkAndSetsItsQueueAnew) {
   server_.load_sink("null1");
   server_.move_streams_to("null1");
   server_.unload_sink("null0");
-  EXPECT_TRUE(heard_further(kRequest * 8));
+  EXPECT_TRUE(played_further(kRequest * 8));
   EXPECT_TRUE(output_.consuming());
   EXPECT_NEAR(output_.request_frames(), static_cast<double>(kRequest) / 8, 1);
   expect_no_break();
@@ -205,7 +205,7 @@ TEST_F(PulseOutputRecoveryTest, ASuspendedSinkDoesNotConsume) {
   ASSERT_TRUE(silent());
   server_.suspend_sink("null0", false);
   ASSERT_TRUE(consuming());
-  EXPECT_TRUE(heard_further(kRequest * 4));
+  EXPECT_TRUE(played_further(kRequest * 4));
   expect_no_break();
 }
 

@@ -23,7 +23,7 @@ TEST_F(PulseOutputTest, EveryFrameIsPlayedOnceAndUnchanged) {
   output_.open(kBuffer);
   output_.set_queue_length(8);
   output_.start();
-  ASSERT_TRUE(heard_further(44100));
+  ASSERT_TRUE(played_further(44100));
   output_.stop();
   ASSERT_TRUE(played_out());
   expect_played_whole(recorded(), waited_before);
@@ -32,7 +32,7 @@ TEST_F(PulseOutputTest, EveryFrameIsPlayedOnceAndUnchanged) {
 TEST_F(PulseOutputTest, HeardFollowsTheClockAndNeverGoesBack) {
   output_.set_queue_length(6);
   output_.start();
-  ASSERT_TRUE(heard_further(kRequest));
+  ASSERT_TRUE(played_further(kRequest));
   std::vector<double> ahead;  // of the clock, in milliseconds
   const Nanoseconds began = monotonic_now();
   std::uint64_t last = 0;
@@ -60,7 +60,7 @@ TEST_F(PulseOutputTest, DepthChangesWithoutAGap) {
   output_.set_queue_length(6);
   output_.start();
   for (const int depth : {19, 6, 12}) {
-    ASSERT_TRUE(heard_further(kRequest * 4));
+    ASSERT_TRUE(played_further(kRequest * 4));
     output_.set_queue_length(depth);
     const auto queued = static_cast<std::uint64_t>(depth) * kRequest;
     EXPECT_TRUE(wait_until([&] {
@@ -92,12 +92,12 @@ TEST_F(PulseOutputTest, PausePlaysWhatIsQueuedAndRestartGoesOnWithTheNextFrame) 
   server_.start_recording();
   output_.set_queue_length(4);
   output_.start();
-  ASSERT_TRUE(heard_further(kRequest));
+  ASSERT_TRUE(played_further(kRequest));
   for (int i = 0; i < 3; ++i) {
     output_.pause();
     ASSERT_TRUE(played_out());
     output_.restart();
-    ASSERT_TRUE(heard_further(kRequest));
+    ASSERT_TRUE(played_further(kRequest));
   }
   output_.stop();
   ASSERT_TRUE(played_out());
@@ -114,14 +114,14 @@ TEST_F(PulseOutputTest, ABufferChangeLosesNothing) {
   server_.start_recording();
   output_.set_queue_length(4);
   output_.start();
-  ASSERT_TRUE(heard_further(kRequest * 2));
+  ASSERT_TRUE(played_further(kRequest * 2));
   output_.stop();
   output_.close();
   output_.open(2 * kBuffer);
   output_.start();
   output_.start();
   EXPECT_TRUE(wait_until([&] { return output_.request_frames() > static_cast<int>(kRequest) / 5; }));
-  ASSERT_TRUE(heard_further(kRequest * 6));
+  ASSERT_TRUE(played_further(kRequest * 6));
   output_.close();
   ASSERT_TRUE(played_out());
   const std::vector<Stretch> played = recorded();
@@ -136,12 +136,12 @@ TEST_F(PulseOutputTest, ALateRenderThreadIsWaitedForAndNothingIsPutInItsPlace) {
   server_.start_recording();
   output_.set_queue_length(4);
   output_.start();
-  ASSERT_TRUE(heard_further(kRequest * 2));
+  ASSERT_TRUE(played_further(kRequest * 2));
   feeder_.hold_back(true);
   EXPECT_TRUE(wait_until([&] { return ring_.readable() == 0 && output_.frames_played() == ring_.taken(); }));
   EXPECT_TRUE(output_.consuming());
   feeder_.hold_back(false);
-  ASSERT_TRUE(heard_further(kRequest * 4));
+  ASSERT_TRUE(played_further(kRequest * 4));
   output_.stop();
   ASSERT_TRUE(played_out());
   std::uint64_t next = 0;
@@ -174,18 +174,18 @@ TEST_F(PulseOutputTest, AFewFramesAreHeardToo) {
 TEST_F(PulseOutputTest, ARingThatStaysEmptyWhileItPlaysIsABreak) {
   output_.set_queue_length(3);
   output_.start();
-  ASSERT_TRUE(heard_further(30 * kRequest));  // it plays steadily
+  ASSERT_TRUE(played_further(30 * kRequest));  // it plays steadily
   const std::uint64_t before = output_.underruns();
   feeder_.hold_back(true);
   EXPECT_TRUE(wait_until([&] { return output_.underruns() == before + 1; }));
   feeder_.hold_back(false);
-  EXPECT_TRUE(heard_further(4 * kRequest));
+  EXPECT_TRUE(played_further(4 * kRequest));
 }
 
 TEST_F(PulseOutputTest, AnEndIsNoBreak) {
   output_.set_queue_length(3);
   output_.start();
-  ASSERT_TRUE(heard_further(4 * kRequest));
+  ASSERT_TRUE(played_further(4 * kRequest));
   const auto waited = server_.waited_for_a_processor();
   const std::uint64_t before = output_.underruns();
   output_.stop();

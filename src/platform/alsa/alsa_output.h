@@ -1,17 +1,18 @@
 // The output through ALSA, for machines without a sound server.
 //
-// Threads: one of its own does all the work; orders reach it through a queue.
-// Failure: a missing card, a card that is unplugged or taken by another program: looked for again every 200 ms (after
-// 10 s every second). Throws std::system_error only if no thread or descriptor can be had.
+// Threads: one of its own does all the work; commands reach it as a target state.
+// Failure: a missing card, a card that is unplugged or taken by another program is looked for again (retry_delay.h).
+// Throws std::system_error only if no thread or descriptor can be had.
 // The destructor cuts off what is still queued.
 #pragma once
 
+#include <atomic>
 #include <optional>
 #include <string>
-#include <thread>
 
 #include "platform/alsa/alsa_player.h"
-#include "platform/output/ring_reader_token.h"
+#include "platform/output/retry_delay.h"
+#include "platform/output/serving_thread.h"
 #include "platform/output/threaded_output.h"
 
 namespace tandem {
@@ -19,41 +20,34 @@ namespace tandem {
 class AlsaOutput final : public ThreadedOutput {
  public:
   struct Choice {
-    std::string device = {};  // empty: "default", or else the first card
-    RingReaderToken* lease =
-        nullptr;          // asked before the ring is read, for an owner that has another output beside this one
-    bool allowed = true;  // see allow()
+    std::string device = {};           // empty: "default", or else the first card
+    RingReaderToken* token = nullptr;  // for an owner that has another output beside this one
+    bool allowed = true;               // see allow()
   };
 
   explicit AlsaOutput(OutputRing& ring) : AlsaOutput(ring, Choice()) {}
   AlsaOutput(OutputRing& ring, Choice choice);
-  ~AlsaOutput() override;
-  AlsaOutput(const AlsaOutput&) = delete;
-  AlsaOutput& operator=(const AlsaOutput&) = delete;
 
-  // Whether it may hold the device at all; any thread. Taken back, it plays what is queued and lets the device go.
+  // Any thread: whether it may use the device at all. When that is taken back, it plays what is queued and lets the
+  // device go.
   void allow(bool allowed) noexcept;
 
  private:
-  void run();
-  Nanoseconds tend(Nanoseconds now);
   Nanoseconds serve(Nanoseconds now);
+  Nanoseconds look_after_device(Nanoseconds now);
+  Nanoseconds play(Nanoseconds now);
   void open_device(Nanoseconds now);
-  void let_go();
-  void discard_unplayable();
+  void close_device();
   void publish();
-  bool current() const { return player_ && player_generation_ == wish_.generation() && allowed_.load(); }
+  bool current() const { return player_ && player_generation_ == target().generation() && allowed_.load(); }
 
-  Choice choice_;
-  RingReaderToken own_lease_;
+  std::string device_;
   std::atomic<bool> allowed_;
-  std::atomic<bool> ending_{false};
-  TargetState wish_;  // these on the thread only
-  std::optional<AlsaPlayer> player_;
-  unsigned player_generation_ = 0;
-  int failures_ = 0;
+  std::optional<AlsaPlayer> player_;  // these on the thread only
+  std::uint32_t player_generation_ = 0;
+  RetryDelay retry_;
   Nanoseconds retry_at_ = 0;
-  std::thread thread_;
+  ServingThread thread_;
 };
 
 }  // namespace tandem

@@ -21,8 +21,8 @@ Nanoseconds time_of(long frames) {
 
 }  // namespace
 
-AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& heard, std::atomic<std::uint64_t>& breaks)
-    : pcm_(std::move(pcm)), ring_(ring), heard_(heard), underruns_(breaks) {}
+AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& clock, std::atomic<std::uint64_t>& underruns)
+    : pcm_(std::move(pcm)), ring_(ring), clock_(clock), underruns_(underruns) {}
 
 void AlsaPlayer::set_queue(int buffer_frames, int depth) {
   // Half a buffer of what is ordered lies in the ring.
@@ -109,7 +109,7 @@ void AlsaPlayer::report(long queued, bool runs, Nanoseconds now) {
   const auto unheard = static_cast<std::uint64_t>(std::max(queued + waiting() - silence_, 0L));
   const auto unsent = static_cast<std::uint64_t>(std::max(waiting() - silence_, 0L));
   const std::uint64_t position = taken - std::min(unheard, taken);
-  heard_.publish({position, now, runs ? taken - std::min(unsent, taken) : position});
+  clock_.publish({position, now, runs ? taken - std::min(unsent, taken) : position});
 }
 
 }  // namespace tandem

@@ -15,7 +15,7 @@ namespace tandem {
 
 class AlsaPlayer {
  public:
-  AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& heard, std::atomic<std::uint64_t>& breaks);
+  AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& clock, std::atomic<std::uint64_t>& underruns);
 
   void set_queue(int buffer_frames, int depth);
   // One step: takes sound if wanted, otherwise plays what the ring was given up to that count, then holds.
@@ -42,7 +42,7 @@ class AlsaPlayer {
 
   AlsaPcm pcm_;
   OutputRing& ring_;
-  PlaybackClock& heard_;
+  PlaybackClock& clock_;
   std::atomic<std::uint64_t>& underruns_;  // how often the device ran dry while it was to play
   Motion motion_ = Motion::kHeld;
   bool asleep_ = false;

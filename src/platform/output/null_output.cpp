@@ -1,56 +1,36 @@
 #include "platform/output/null_output.h"
 
-#include <poll.h>
-
 #include <algorithm>
 #include <array>
-
-#include "platform/realtime/realtime_priority.h"
 
 namespace tandem {
 
 namespace {
-
-constexpr Nanoseconds kHungry = 10 * kNanosecondsPerMillisecond;
-constexpr Nanoseconds kIdle = -1;  // nothing to do before the next order
-
-void wait_for(int fd, Nanoseconds span) {
-  pollfd ordered = {fd, POLLIN, 0};
-  const timespec time = {span / kNanosecondsPerSecond, span % kNanosecondsPerSecond};
-  static_cast<void>(ppoll(&ordered, 1, span < 0 ? nullptr : &time, nullptr));
+constexpr Nanoseconds kDry = 10 * kNanosecondsPerMillisecond;  // until a ring that ran dry is looked at again
 }
 
-}  // namespace
+NullOutput::NullOutput(OutputRing& ring)
+    : ThreadedOutput(ring, nullptr),
+      first_(ring.taken()),
+      thread_(
+          "tandem-null", wake_fd(), [this] { wake(); }, [this](Nanoseconds now) { return serve(now); }) {}
 
-NullOutput::NullOutput(OutputRing& ring) : ThreadedOutput(ring), first_(ring.taken()), thread_([this] { run(); }) {}
-
-NullOutput::~NullOutput() {
-  ending_.store(true);
-  orders_.wake();
-  thread_.join();
-}
-
-void NullOutput::run() {
-  ask_realtime_priority();
-  while (!ending_.load()) {
-    for (const OutputCommand& order : orders_.take()) wish_.apply(order);
-    const Nanoseconds now = monotonic_now();
-    step(now);
-    const Nanoseconds next = next_step(now);
-    wait_for(orders_.fd(), next == kIdle ? kIdle : std::max<Nanoseconds>(next - monotonic_now(), 0));
-  }
+Nanoseconds NullOutput::serve(Nanoseconds now) {
+  take_commands();
+  step(now);
+  return next_step(now);
 }
 
 void NullOutput::step(Nanoseconds now) {
-  if (wish_.wanted()) {
+  if (target().wants_sound()) {
     const std::uint64_t queued = playhead_.queued(now);
-    if (queued < target()) take((target() - queued) / request() * request(), now);
-  } else if (wish_.play_up_to() > ring_.taken()) {
-    take(wish_.play_up_to() - ring_.taken(), now);
+    if (queued < queue()) take((queue() - queued) / request() * request(), now);
+  } else if (target().play_up_to() > ring_.taken()) {
+    take(target().play_up_to() - ring_.taken(), now);
   }
-  face_.heard.publish({first_ + playhead_.played(now), now, ring_.taken()});
-  face_.request_frames.store(static_cast<int>(request()), std::memory_order_relaxed);
-  face_.set_consuming(wish_.wanted(), ring_);
+  playback_clock_.publish({first_ + playhead_.played(now), now, ring_.taken()});
+  publish_request_frames(static_cast<int>(request()));
+  publish_consuming(target().wants_sound());
 }
 
 void NullOutput::take(std::uint64_t frames, Nanoseconds now) {
@@ -65,15 +45,15 @@ void NullOutput::take(std::uint64_t frames, Nanoseconds now) {
 }
 
 Nanoseconds NullOutput::next_step(Nanoseconds now) {
-  if (!wish_.wanted()) return kIdle;
-  const Nanoseconds due = playhead_.time_of_queue(target() - request(), now);
-  return due > now ? due : now + kHungry;
+  if (!target().wants_sound()) return ServingThread::kNever;
+  const Nanoseconds due = playhead_.time_of_queue(queue() - request(), now);
+  return due > now ? due : now + kDry;
 }
 
 std::uint64_t NullOutput::request() const {
-  return static_cast<std::uint64_t>(wish_.buffer_bytes()) / sizeof(Sample16);
+  return static_cast<std::uint64_t>(target().buffer_bytes()) / sizeof(Sample16);
 }
 
-std::uint64_t NullOutput::target() const { return request() * static_cast<std::uint64_t>(wish_.depth()); }
+std::uint64_t NullOutput::queue() const { return request() * static_cast<std::uint64_t>(target().queue_length()); }
 
 }  // namespace tandem

@@ -1,15 +1,90 @@
 #include "platform/output/threaded_output.h"
 
+#include <sys/eventfd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <span>
+#include <system_error>
+
 namespace tandem {
 
-void ThreadedOutput::open(int buffer_bytes) { post(OutputCommand::Kind::kOpen, buffer_bytes); }
-void ThreadedOutput::close() { post(OutputCommand::Kind::kClose); }
-void ThreadedOutput::start() { post(OutputCommand::Kind::kStart); }
-void ThreadedOutput::stop() { post(OutputCommand::Kind::kStop); }
-void ThreadedOutput::pause() { post(OutputCommand::Kind::kPause); }
-void ThreadedOutput::restart() { post(OutputCommand::Kind::kRestart); }
-void ThreadedOutput::set_queue_length(int buffers) { post(OutputCommand::Kind::kDepth, buffers); }
+ThreadedOutput::ThreadedOutput(OutputRing& ring, RingReaderToken* token)
+    : ring_(ring), token_(token != nullptr ? *token : own_token_), wake_fd_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+  if (!wake_fd_.is_open()) throw std::system_error(errno, std::generic_category(), "eventfd");
+}
 
-void ThreadedOutput::post(OutputCommand::Kind kind, int value) { orders_.post({kind, value, ring_.written()}); }
+void ThreadedOutput::open(int buffer_bytes) {
+  commanded_.open(buffer_bytes);
+  publish_target();
+}
+
+void ThreadedOutput::close() {
+  commanded_.close(ring_.written());
+  publish_target();
+}
+
+void ThreadedOutput::start() {
+  commanded_.start(ring_.written());
+  publish_target();
+}
+
+void ThreadedOutput::stop() {
+  commanded_.stop(ring_.written());
+  publish_target();
+}
+
+void ThreadedOutput::pause() {
+  commanded_.pause(ring_.written());
+  publish_target();
+}
+
+void ThreadedOutput::restart() {
+  commanded_.restart(ring_.written());
+  publish_target();
+}
+
+void ThreadedOutput::set_queue_length(int buffers) {
+  commanded_.set_queue_length(buffers);
+  publish_target();
+}
+
+void ThreadedOutput::publish_target() noexcept {
+  published_.publish(commanded_);
+  wake();
+}
+
+// A full counter is readable already, so a refused write loses nothing.
+void ThreadedOutput::wake() noexcept { static_cast<void>(eventfd_write(wake_fd_.number(), 1)); }
+
+// A state that is just being published is read at the wake-up that follows it.
+void ThreadedOutput::take_commands() noexcept {
+  eventfd_t ignored = 0;
+  static_cast<void>(eventfd_read(wake_fd_.number(), &ignored));
+  static_cast<void>(published_.try_read(target_));
+}
+
+void ThreadedOutput::publish_consuming(bool consuming) noexcept {
+  if (consuming_.exchange(consuming, std::memory_order_acq_rel) == consuming) return;
+  if (consuming) ring_.serve(true);  // until the render thread says otherwise: the first demand may wait for it
+  ring_.call_off();
+}
+
+void ThreadedOutput::abandon_taken() noexcept {
+  const std::uint64_t taken = ring_.taken();
+  playback_clock_.publish({taken, monotonic_now(), taken});
+}
+
+void ThreadedOutput::discard_unplayable() noexcept {
+  if (ring_.taken() >= target_.play_up_to() || !token_.take()) return;
+  std::array<Sample16, 512> unplayed;
+  while (ring_.taken() < target_.play_up_to()) {
+    const auto left = static_cast<std::size_t>(target_.play_up_to() - ring_.taken());
+    if (ring_.read(std::span(unplayed).first(std::min(left, unplayed.size()))) == 0) break;
+  }
+  abandon_taken();
+  token_.give_back();
+}
 
 }  // namespace tandem

@@ -1,34 +1,27 @@
-// The half that all outputs share: orders are posted to the thread that serves the device, questions are answered from
-// what that thread last published. A class derived from it owns the thread.
+// The half that all outputs share. The UI thread's commands are added up to a target state, which is published to the
+// thread that serves the device; questions are answered from what that thread published last. Neither side locks,
+// allocates or waits for the other, so the serving thread may run with real-time scheduling. A class derived from this
+// one owns that thread.
 #pragma once
 
 #include <atomic>
 #include <cstdint>
 
+#include "base/descriptor.h"
+#include "engine/core/seqlock.h"
 #include "engine/device/output.h"
-#include "platform/output/output_commands.h"
 #include "platform/output/playback_clock.h"
+#include "platform/output/ring_reader_token.h"
 #include "platform/output/target_state.h"
 
 namespace tandem {
 
-// What the serving thread publishes; any thread reads it.
-struct OutputStatus {
-  std::atomic<bool> consuming{false};
-  std::atomic<int> request_frames{1280};
-  std::atomic<std::uint64_t> breaks{0};
-  PlaybackClock heard;
-
-  // The serving thread: whether the device takes sound. The render thread, which may rest, hears of it at once.
-  void set_consuming(bool takes, OutputRing& ring) noexcept {
-    if (consuming.exchange(takes, std::memory_order_acq_rel) == takes) return;
-    if (takes) ring.serve(true);  // until the render thread says otherwise: the first demand may wait for it
-    ring.call_off();
-  }
-};
-
 class ThreadedOutput : public Output {
  public:
+  ThreadedOutput(const ThreadedOutput&) = delete;
+  ThreadedOutput& operator=(const ThreadedOutput&) = delete;
+
+  // UI thread.
   void open(int buffer_bytes) override;
   void close() override;
   void start() override;
@@ -37,21 +30,49 @@ class ThreadedOutput : public Output {
   void restart() override;
   void set_queue_length(int buffers) override;
 
-  bool consuming() const noexcept override { return face_.consuming.load(std::memory_order_acquire); }
-  std::uint64_t frames_played() const noexcept override { return face_.heard.heard(monotonic_now()); }
-  int request_frames() const noexcept override { return face_.request_frames.load(std::memory_order_relaxed); }
-  std::uint64_t underruns() const noexcept override { return face_.breaks.load(std::memory_order_relaxed); }
+  // Any thread.
+  bool consuming() const noexcept override { return consuming_.load(std::memory_order_acquire); }
+  std::uint64_t frames_played() const noexcept override { return playback_clock_.frames_played(monotonic_now()); }
+  int request_frames() const noexcept override { return request_frames_.load(std::memory_order_relaxed); }
+  std::uint64_t underruns() const noexcept override { return underruns_.load(std::memory_order_relaxed); }
   bool lost() const noexcept override { return false; }  // whatever happens, the device is looked for again
 
  protected:
-  explicit ThreadedOutput(OutputRing& ring) : ring_(ring) {}
+  // `token`: shared with another output that may read the same ring; null if there is none.
+  // Throws std::system_error if the system has no descriptor left.
+  ThreadedOutput(OutputRing& ring, RingReaderToken* token);
+
+  // Any thread: the serving thread looks at its target again.
+  void wake() noexcept;
+
+  // All below: the serving thread.
+  int wake_fd() const noexcept { return wake_fd_.number(); }  // readable after a command or wake()
+  void take_commands() noexcept;                              // resets wake_fd() and brings target() up to date
+  const TargetState& target() const noexcept { return target_; }
+
+  // Whether the device takes sound. The render thread, which may rest, learns of a change at once.
+  void publish_consuming(bool consuming) noexcept;
+  void publish_request_frames(int frames) noexcept { request_frames_.store(frames, std::memory_order_relaxed); }
+  // The device is gone: what was taken from the ring counts as played, since it will never be heard.
+  void abandon_taken() noexcept;
+  // Without a device, the end of the sound before a stop is dropped: it would come back at the next start.
+  void discard_unplayable() noexcept;
 
   OutputRing& ring_;
-  OutputCommands orders_;
-  OutputStatus face_;
+  RingReaderToken& token_;
+  PlaybackClock playback_clock_;
+  std::atomic<std::uint64_t> underruns_{0};
 
  private:
-  void post(OutputCommand::Kind kind, int value = 0);
+  void publish_target() noexcept;
+
+  Descriptor wake_fd_;
+  RingReaderToken own_token_;
+  TargetState commanded_;  // UI thread
+  SeqLock<TargetState> published_;
+  TargetState target_;  // serving thread
+  std::atomic<bool> consuming_{false};
+  std::atomic<int> request_frames_{1280};
 };
 
 }  // namespace tandem

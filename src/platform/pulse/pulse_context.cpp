@@ -8,10 +8,6 @@ namespace tandem {
 
 namespace {
 
-constexpr int kRetryMilliseconds = 200;
-constexpr int kSlowRetryMilliseconds =
-    1000;  // an attempt reads files and may ask the X server: not five a second for ever
-constexpr int kQuickRetries = 50;
 constexpr int kUnreachableAfter = 5;  // attempts: a server that is only being restarted is waited for
 
 pa_context* new_context(pa_mainloop_api* api) {
@@ -31,14 +27,14 @@ PulseContext::PulseContext(pa_mainloop_api* api, std::function<void()> changed)
 
 PulseContext::~PulseContext() { drop(); }
 
-bool PulseContext::unreachable() const noexcept { return failures_ >= kUnreachableAfter; }
+bool PulseContext::unreachable() const noexcept { return delay_.failures() >= kUnreachableAfter; }
 
 void PulseContext::tend() {
   if (state_ == State::kIdle && !retry_.pending()) connect();
   if (state_ != State::kBroken) return;
   drop();
-  ++failures_;
-  retry_.start(failures_ < kQuickRetries ? kRetryMilliseconds : kSlowRetryMilliseconds);
+  delay_.failed();
+  retry_.start(static_cast<int>(delay_.delay() / kNanosecondsPerMillisecond));
 }
 
 void PulseContext::connect() {
@@ -66,7 +62,7 @@ void PulseContext::on_state(pa_context* context, void* self) {
   const pa_context_state_t state = pa_context_get_state(context);
   if (state == PA_CONTEXT_READY) {
     server->state_ = State::kReady;
-    server->failures_ = 0;
+    server->delay_.succeeded();
   } else if (!PA_CONTEXT_IS_GOOD(state)) {
     server->state_ = State::kBroken;
   } else {

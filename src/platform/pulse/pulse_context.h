@@ -6,6 +6,7 @@
 
 #include <functional>
 
+#include "platform/output/retry_delay.h"
 #include "platform/pulse/pulse_events.h"
 
 namespace tandem {
@@ -37,7 +38,7 @@ class PulseContext {
   PulseTimer retry_;
   pa_context* context_ = nullptr;
   State state_ = State::kIdle;
-  int failures_ = 0;
+  RetryDelay delay_;
 };
 
 }  // namespace tandem

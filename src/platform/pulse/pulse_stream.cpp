@@ -20,8 +20,16 @@ constexpr std::chrono::milliseconds kSupplyPatience{10};            // much less
 constexpr Nanoseconds kSettled = 500 * kNanosecondsPerMillisecond;  // after what changes the queue or the device
 constexpr std::size_t kFrameBytes = sizeof(Sample16);
 
+// Its answer is of no interest.
 void forget(pa_operation* operation) {
   if (operation != nullptr) pa_operation_unref(operation);
+}
+
+// Its answer must not come any more.
+void cancel(pa_operation*& operation) {
+  if (operation == nullptr) return;
+  pa_operation_cancel(operation);
+  pa_operation_unref(std::exchange(operation, nullptr));
 }
 
 PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
@@ -43,8 +51,8 @@ std::uint64_t frames_of_time(pa_usec_t time) {
 
 PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed)
     : ring_(*places.ring),
-      heard_(*places.heard),
-      underruns_(*places.breaks),
+      clock_(*places.clock),
+      underruns_(*places.underruns),
       changed_(std::move(changed)),
       hungry_(places.api, [this] { feed(); }),
       queue_(queue),
@@ -62,9 +70,10 @@ PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::fun
 
 PulseStream::~PulseStream() {
   ring_.end_demands();
-  forget_play_out();
+  cancel(playing_out_);
+  cancel(resizing_);
   if (stream_ == nullptr) return;
-  pa_stream_set_state_callback(stream_, nullptr, nullptr);
+  ignore();
   pa_stream_disconnect(stream_);
   pa_stream_unref(stream_);
 }
@@ -80,6 +89,18 @@ void PulseStream::listen() {
   pa_stream_set_buffer_attr_callback(stream_, &PulseStream::on_queue, this);
 }
 
+// libpulse keeps the stream until the server has answered the disconnection, and calls back until then.
+void PulseStream::ignore() {
+  pa_stream_set_state_callback(stream_, nullptr, nullptr);
+  pa_stream_set_write_callback(stream_, nullptr, nullptr);
+  pa_stream_set_latency_update_callback(stream_, nullptr, nullptr);
+  pa_stream_set_underflow_callback(stream_, nullptr, nullptr);
+  pa_stream_set_started_callback(stream_, nullptr, nullptr);
+  pa_stream_set_suspended_callback(stream_, nullptr, nullptr);
+  pa_stream_set_moved_callback(stream_, nullptr, nullptr);
+  pa_stream_set_buffer_attr_callback(stream_, nullptr, nullptr);
+}
+
 void PulseStream::connect() {
   const pa_buffer_attr wish = attributes_of(queue_);
   const auto flags = static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY |
@@ -93,7 +114,7 @@ void PulseStream::play() {
     stall();
     forget(pa_stream_cork(stream_, 0, nullptr, nullptr));
   }
-  forget_play_out();
+  cancel(playing_out_);
   motion_ = Motion::kPlaying;
   changed_at_ = monotonic_now();
 }
@@ -104,7 +125,7 @@ void PulseStream::hold(std::uint64_t up_to) {
   if (motion_ == Motion::kHeld) play();
   hungry_.cancel();
   ring_.end_demands();
-  forget_play_out();
+  cancel(playing_out_);
   if (up_to > ring_.taken()) write(static_cast<std::size_t>(up_to - ring_.taken()));
   report();
   play_out();
@@ -116,12 +137,6 @@ void PulseStream::play_out() {
   playing_out_ = pa_stream_drain(stream_, &PulseStream::on_played_out, this);
 }
 
-void PulseStream::forget_play_out() {
-  if (playing_out_ == nullptr) return;
-  pa_operation_cancel(playing_out_);
-  forget(std::exchange(playing_out_, nullptr));
-}
-
 void PulseStream::resize(const PulseQueue& queue) {
   if (queue == queue_) return;
   queue_ = queue;
@@ -131,7 +146,8 @@ void PulseStream::resize(const PulseQueue& queue) {
 
 void PulseStream::apply_queue() {
   const pa_buffer_attr wish = attributes_of(queue_);
-  forget(pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this));
+  cancel(resizing_);
+  resizing_ = pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this);
 }
 
 void PulseStream::read_queue() {
@@ -162,7 +178,7 @@ void PulseStream::feed() {
 
 // The more is queued the later, but always soon enough to take more than is played meanwhile.
 void PulseStream::come_back(std::uint64_t just_taken) {
-  const std::uint64_t queued = ring_.taken() - std::min(heard_.heard(monotonic_now()), ring_.taken());
+  const std::uint64_t queued = ring_.taken() - std::min(clock_.frames_played(monotonic_now()), ring_.taken());
   const std::uint64_t frames = std::min(queued / 4, just_taken / 2);
   const auto milliseconds = static_cast<int>(milliseconds_of(static_cast<Frames>(frames)));
   hungry_.start(std::clamp(milliseconds, kHungryMilliseconds, kPatientMilliseconds));
@@ -186,10 +202,10 @@ std::size_t PulseStream::write(std::size_t frames) {
 
 // What it has is still on its way through the device: the clock runs on to its end, which the server no longer tells.
 void PulseStream::stall() {
-  if (!stalled_) position_ = time_heard();
+  if (!stalled_) position_ = time_played();
   stalled_ = true;
   stalled_at_ = ring_.taken();
-  heard_.publish({position_, monotonic_now(), stalled_at_});
+  clock_.publish({position_, monotonic_now(), stalled_at_});
 }
 
 // Only what plays steadily can break: a device that begins or comes back takes more at once than there is yet.
@@ -200,7 +216,7 @@ void PulseStream::run_dry() {
 }
 
 // The server's time runs on when nothing plays, so it counts only up to what it can have played.
-std::uint64_t PulseStream::time_heard() const {
+std::uint64_t PulseStream::time_played() const {
   pa_usec_t time = 0;
   if (pa_stream_get_time(stream_, &time) != 0) return position_;
   return std::min(first_ + frames_of_time(time), ring_.taken());
@@ -211,11 +227,11 @@ void PulseStream::report() {
   if (held()) {
     position_ = taken;
   } else if (!stalled_) {
-    position_ = time_heard();
+    position_ = time_played();
   } else if (!suspended_) {
     return;
   }
-  heard_.publish({position_, monotonic_now(), suspended_ ? position_ : taken});
+  clock_.publish({position_, monotonic_now(), suspended_ ? position_ : taken});
 }
 
 void PulseStream::on_state(pa_stream* stream, void* self) {
@@ -260,7 +276,10 @@ void PulseStream::on_moved(pa_stream*, void* self) { stream_of(self)->apply_queu
 
 void PulseStream::on_queue(pa_stream*, void* self) { stream_of(self)->read_queue(); }
 
-void PulseStream::on_queue_set(pa_stream*, int, void* self) { stream_of(self)->read_queue(); }
+void PulseStream::on_queue_set(pa_stream*, int, void* self) {
+  forget(std::exchange(stream_of(self)->resizing_, nullptr));
+  stream_of(self)->read_queue();
+}
 
 void PulseStream::on_played_out(pa_stream* stream, int, void* self) {
   PulseStream& my = *stream_of(self);

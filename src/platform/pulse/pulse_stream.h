@@ -23,10 +23,10 @@ class PulseStream {
  public:
   struct Places {
     pa_mainloop_api* api;
-    pa_context* context;                 // ready
-    OutputRing* ring;                    // this stream is its reader
-    PlaybackClock* heard;                // this stream writes it
-    std::atomic<std::uint64_t>* breaks;  // and counts here how often it ran dry
+    pa_context* context;                    // ready
+    OutputRing* ring;                       // this stream is its reader
+    PlaybackClock* clock;                   // this stream writes it
+    std::atomic<std::uint64_t>* underruns;  // and counts here how often it ran dry
   };
 
   PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed);
@@ -53,16 +53,16 @@ class PulseStream {
   enum class Motion { kHeld, kPlaying, kPlayingOut };
 
   void listen();
+  void ignore();
   void connect();
   void come_back(std::uint64_t just_taken);
   std::size_t write(std::size_t frames);
   void play_out();
-  void forget_play_out();
   void stall();
   void run_dry();
   void read_queue();
   void apply_queue();
-  std::uint64_t time_heard() const;
+  std::uint64_t time_played() const;
   void report();
 
   static void on_state(pa_stream*, void* self);
@@ -77,13 +77,14 @@ class PulseStream {
   static void on_played_out(pa_stream*, int success, void* self);
 
   OutputRing& ring_;
-  PlaybackClock& heard_;
+  PlaybackClock& clock_;
   std::atomic<std::uint64_t>& underruns_;
   std::function<void()> changed_;
   PulseTimer hungry_;
   PulseQueue queue_;
   pa_stream* stream_;
   pa_operation* playing_out_ = nullptr;
+  pa_operation* resizing_ = nullptr;
   State state_ = State::kCreating;
   Motion motion_ = Motion::kHeld;
   bool suspended_ = false;
