@@ -1,16 +1,13 @@
 // Filters exchanged while the sound runs.
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cmath>
 #include <map>
 #include <numbers>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "engine/band_equalizer_rig.h"
-#include "engine/equalizer/filter_worker.h"
 
 namespace tandem {
 namespace {
@@ -91,36 +88,6 @@ TEST(BandEqualizerFade, OfSeveralThatWaitTheNewestIsTaken) {
   EXPECT_EQ(rig.filters_out(), 1U);
   const float up = std::pow(10.0F, 6.0F / 20.0F);
   for (std::size_t n = 3000; n < in.size() - kDelay; ++n) ASSERT_NEAR(out[n + kDelay].left, up * in[n].left, 5e-6F);
-}
-
-// For the thread sanitizer: a hand drags while the sound runs.
-TEST(BandEqualizerFade, TakesFiltersWhileTheSoundRuns) {
-  FilterWorker designer(true);
-  std::atomic<bool> dragging{true};
-  std::thread sound_thread([&] {
-    BandEqualizer equalizer;
-    Sound step = noise(kStepFrames, 13);
-    const auto give_back_all = [&] {
-      while (const EqualizerFilter* const filter = equalizer.take_retired()) designer.give_back(filter);
-    };
-    const auto run_step = [&] {
-      const EqualizerFilter* next = nullptr;
-      if (designer.take(next)) equalizer.adopt(next);
-      equalizer.process(step);
-      give_back_all();
-    };
-    while (dragging.load()) run_step();
-    equalizer.adopt(nullptr);
-    for (int i = 0; i < 10; ++i) equalizer.process(step);
-    give_back_all();
-  });
-  for (int move = 0; move < 150; ++move) {
-    designer.request(bands_of(move % 13, 0, -(move % 7)), move % 10 == 9);
-    while (designer.designs() * 10 < move) std::this_thread::yield();
-  }
-  dragging.store(false);
-  sound_thread.join();
-  EXPECT_GE(designer.designs(), 14);
 }
 
 }  // namespace

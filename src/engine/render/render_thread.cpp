@@ -5,6 +5,8 @@
 #include <chrono>
 #include <utility>
 
+#include "engine/core/thread_name.h"
+
 namespace tandem {
 
 namespace {
@@ -134,6 +136,7 @@ void RenderThread::serve() {
 }
 
 void RenderThread::run() {
+  name_this_thread("tandem-render");
   next_ns_ = clock_.now_ns();
   while (!stopping_.load()) {
     const bool sound = sounds();
