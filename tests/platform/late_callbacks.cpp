@@ -63,7 +63,7 @@ int disconnected_streams() noexcept { return disconnected.load(); }
 using namespace tandem::test;  // NOLINT(google-build-using-namespace)
 
 // Each setter passes a function of its own to the library, or none where none is wanted.
-#define TANDEM_WATCH_NOTIFY(kind)                                                                                   \
+#define TANDEM_WATCH_NOTIFY(kind)                                                                                  \
   extern "C" void pa_stream_set_##kind##_callback(pa_stream* stream, pa_stream_notify_cb_t callback, void* data) { \
     remember(stream, #kind, callback, data);                                                                       \
     const pa_stream_notify_cb_t watch = [](pa_stream* from, void*) {                                               \
