@@ -6,6 +6,8 @@
 #include <set>
 #include <string>
 
+#include "paint/controls/knob.h"
+
 namespace tandem {
 namespace {
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "paint/strokes/palette.h"
+#include "paint/text/elide.h"
 #include "sketch.h"
 
 namespace tandem {
