@@ -1,7 +1,8 @@
 // The player as it is, with a script that adds songs and presses the controls, for measurements from outside: the same
 // panel, window and engine as the program.
-//   live_player [--hidden] [--display 0|1|2] [--equalizer] [--pitch P] [--seconds N] SONG...
-// plays the songs until it is ended, or for N seconds; it then prints its own CPU time, context switches and memory.
+//   live_player [--hidden] [--display 0|1|2] [--equalizer] [--pitch P] [--seconds N] [--buffer 0|1] [--record] SONG...
+// plays the songs until it is ended, or for N seconds; it then prints its own CPU time, context switches and memory,
+// and with --record the underruns of its output.
 
 #include <sys/resource.h>
 
@@ -25,6 +26,8 @@ struct Wishes {
   int display = 0;
   int pitch = 0;
   int seconds = 0;
+  int buffer = 0;
+  bool record = false;
   std::vector<std::string> songs;
 };
 
@@ -41,6 +44,10 @@ Wishes read_wishes(int argc, char** argv) {
       wishes.display = number();
     } else if (word == "--pitch") {
       wishes.pitch = number();
+    } else if (word == "--buffer") {
+      wishes.buffer = number();
+    } else if (word == "--record") {
+      wishes.record = true;
     } else if (word == "--seconds") {
       wishes.seconds = number();
     } else if (word != "--play") {
@@ -53,6 +60,7 @@ Wishes read_wishes(int argc, char** argv) {
 void press_controls(tandem::Player& player, const Wishes& wishes) {
   tandem::PanelControls& controls = player.program().controls;
   for (const std::string& songs : tandem::dialog_results(wishes.songs)) controls.Painel.files_dropped.raise(songs);
+  if (wishes.buffer != 0) controls.BufferSwitch.move(wishes.buffer);
   if (wishes.equalizer)
     for (std::size_t band = 0; band < tandem::kBands; ++band) controls.sl0[band].move(band % 2 == 0 ? 3 : -2);
   controls.MMSwitchX1.move(wishes.display);
@@ -61,6 +69,12 @@ void press_controls(tandem::Player& player, const Wishes& wishes) {
   controls.PLAY.click.raise();
   if (wishes.pitch != 0) controls.SliderP.move(wishes.pitch);
   player.engine().deliver();
+}
+
+void print_underruns(const tandem::FlightRecorder& recorder) {
+  for (const tandem::FlightRecorder::Underrun& underrun : recorder.underruns())
+    std::printf("underrun at %s\n", tandem::FlightRecorder::text(underrun).c_str());
+  std::fflush(stdout);
 }
 
 double seconds_of(const timeval& time) {
@@ -99,6 +113,7 @@ int main(int argc, char** argv) {
     });
   }
   const int status = QApplication::exec();
+  if (wishes.record) print_underruns(player.engine().flight_recorder());
   player.leave_desktop();
   return status;
 }

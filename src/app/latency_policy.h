@@ -1,10 +1,11 @@
-// Whether sound is queued far ahead. With a hand near it follows at once; alone it is queued deep, which saves most of
-// the wake-ups and holds out when the machine is busy. A machine that proves too busy for the short queue gets the deep
-// one in spite of the hand: for a minute, for up to 16 if it happens again and again. UI thread.
+// While the user is at the panel the output queue is short, so that controls are heard at once; otherwise it is long,
+// which saves wake-ups and survives a busy machine. A machine that proves too busy for the short queue gets the long
+// one in spite of the user: for a minute, for up to 16 if it happens again and again. UI thread; time is an argument.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 namespace tandem {
@@ -12,24 +13,28 @@ namespace tandem {
 class LatencyPolicy {
  public:
   using Milliseconds = std::int64_t;
-  static constexpr Milliseconds kAlone = 3000;           // without a hand near, until it is deep
-  static constexpr Milliseconds kIdle = 60'000;          // of a hand that does nothing: it has left the panel as it was
-  static constexpr Milliseconds kCaution = 60'000;       // after a first break
+  static constexpr Milliseconds kAlone = 3000;           // after the user has left, until the queue is long
+  static constexpr Milliseconds kIdle = 60'000;          // without input for this long the user counts as away
+  static constexpr Milliseconds kAppears = 1000;         // after the start, until a window that nobody can see counts
+  static constexpr Milliseconds kCaution = 60'000;       // after a first underrun
   static constexpr Milliseconds kMostCaution = 960'000;  // after many
-  static constexpr Milliseconds kForgotten = 3'600'000;  // a break is, when so long there was none
+  static constexpr Milliseconds kForgotten = 3'600'000;  // an underrun is, this long after it without another
 
-  // A hand does something. True if it had rested: the answer of deep() may change at once.
+  // The user does something. True if there was no input for kIdle: the answer of deep() may change at once.
   bool move_hand(Milliseconds now) noexcept {
     const bool rested = now - hand_moved_ > kIdle;
     hand_moved_ = now;
     return rested;
   }
 
-  // `near`: a hand can reach the panel; `seen`: it is on a screen; `breaks`: how often, ever, the device ran dry.
+  // `near`: the panel has the pointer or the keyboard; `seen`: it is on a screen; `breaks`: underruns, ever.
+  // The user who has just started the program is near: the queue keeps its length until the window has appeared, for
+  // each change of length is a moment in which a busy machine may be late.
   bool deep(Milliseconds now, bool near, bool seen, std::uint64_t breaks) noexcept {
+    if (!begun_) begun_ = near_ = now;
     if (near && now - hand_moved_ <= kIdle) near_ = now;
     if (std::exchange(underruns_, breaks) != breaks && !deep_) be_cautious(now);
-    deep_ = now - near_ > kAlone || now < cautious_until_ || !(seen || near);
+    deep_ = now - near_ > kAlone || now < cautious_until_ || (!(seen || near) && now - *begun_ > kAppears);
     return deep_;
   }
 
@@ -40,8 +45,9 @@ class LatencyPolicy {
     cautious_until_ = now + caution_;
   }
 
-  Milliseconds near_ = 0;        // when a hand was last near
-  Milliseconds hand_moved_ = 0;  // when it last did anything
+  std::optional<Milliseconds> begun_;
+  Milliseconds near_ = 0;        // when the user was last near
+  Milliseconds hand_moved_ = 0;  // when the user last did anything
   Milliseconds cautious_until_ = 0;
   Milliseconds caution_ = 0;
   Milliseconds broke_ = -kForgotten - 1;

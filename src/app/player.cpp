@@ -100,7 +100,7 @@ void Player::attend(Milliseconds now) {
 
 // What may delay neither the first sound nor the first picture.
 void Player::ask_the_system() {
-  if (!realtime_kit_ && output_.frames_played() > static_cast<std::uint64_t>(kSampleRate))
+  if (!realtime_kit_ && output_.frames_played() > static_cast<std::uint64_t>(kSampleRate / 10))
     realtime_kit_.emplace().ask();
   if (motion_ || !window_->exposed()) return;
   const bool by_style = window_->reduced_motion();

@@ -67,6 +67,7 @@ class Engine {
 
   SilenceGuard& silence_guard() { return silence_guard_; }
   const DisplayFeed& display_feed() const { return chain_.display_feed(); }
+  const FlightRecorder& flight_recorder() const { return ring_.flight_recorder(); }
   const Chain& chain() const { return chain_; }
   bool device_idle() const { return !device_ || device_->idle(); }
   // An unmuted input has a song that goes on, or had it a moment ago.

@@ -74,6 +74,25 @@ TEST_F(PulseOutputTest, DepthChangesWithoutAGap) {
   expect_played_whole(recorded(), waited_before);
 }
 
+// The device takes its share of a longer queue at once: it must find it.
+TEST_F(PulseOutputTest, AShortQueueBecomesADeepOneWithoutAGap) {
+  server_.start_recording();
+  const auto waited_before = server_.waited_for_a_processor();
+  output_.set_queue_length(3);
+  output_.start();
+  for (int i = 0; i < 4; ++i) {
+    ASSERT_TRUE(played_further(kRequest * 12));
+    output_.set_queue_length(19);
+    ASSERT_TRUE(wait_until([&] { return ring_.taken() - output_.frames_played() > 13 * kRequest; }));
+    ASSERT_TRUE(played_further(kRequest * 12));
+    output_.set_queue_length(3);
+    ASSERT_TRUE(wait_until([&] { return ring_.taken() - output_.frames_played() < 4 * kRequest; }));
+  }
+  output_.stop();
+  ASSERT_TRUE(played_out());
+  expect_played_whole(recorded(), waited_before);
+}
+
 TEST_F(PulseOutputTest, ADeepQueueIsAskedForInQuartersAndAShortOneAsItIsPlayed) {
   output_.set_queue_length(19);
   output_.start();

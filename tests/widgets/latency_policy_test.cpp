@@ -25,7 +25,13 @@ TEST_F(LatencyPolicys, ShortWithAHandNearAndDeepThreeSecondsAfterIt) {
 
 TEST_F(LatencyPolicys, DeepAtOnceWhereNobodySees) {
   EXPECT_FALSE(near(kStart));
-  EXPECT_TRUE(depth.deep(kStart + 1, false, false, 0));
+  EXPECT_TRUE(depth.deep(kStart + LatencyPolicy::kAppears + 1, false, false, 0));
+}
+
+TEST_F(LatencyPolicys, StaysShortWhileTheWindowOfAStartIsStillToAppear) {
+  for (const LatencyPolicy::Milliseconds since : {0, 20, 500, 1000})
+    EXPECT_FALSE(depth.deep(kStart + since, false, false, 0)) << since << " ms after the start";
+  EXPECT_TRUE(depth.deep(kStart + LatencyPolicy::kAppears + 1, false, false, 0));
 }
 
 TEST_F(LatencyPolicys, AHandThatRestsForAMinuteIsAwayUntilItMoves) {

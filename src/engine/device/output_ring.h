@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "engine/core/semaphore.h"
+#include "engine/device/flight_recorder.h"
 
 namespace tandem {
 
@@ -56,6 +57,10 @@ class OutputRing {
   // Any thread: who waits for a demand looks about.
   void call_off() noexcept;
 
+  // What both sides of the ring note about their work.
+  FlightRecorder& flight_recorder() noexcept { return flight_recorder_; }
+  const FlightRecorder& flight_recorder() const noexcept { return flight_recorder_; }
+
   // Frames ever written and ever read; any thread.
   std::uint64_t written() const noexcept { return tail_.load(std::memory_order_acquire); }
   std::uint64_t taken() const noexcept { return head_.load(std::memory_order_acquire); }
@@ -72,6 +77,7 @@ class OutputRing {
   std::atomic<bool> awaits_demand_{false};
   Semaphore demand_;
   Semaphore supply_;
+  FlightRecorder flight_recorder_;
 };
 
 }  // namespace tandem

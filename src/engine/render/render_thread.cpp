@@ -14,6 +14,7 @@ namespace {
 constexpr std::int64_t kStepNs = std::int64_t{kStepMilliseconds} * 1'000'000;
 constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that only says so is noticed to consume
 constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
+constexpr std::int64_t kMostStepsToCatchUp = 8;        // the short queue
 // At one wake-up while nothing depends on the moment.
 constexpr std::uint64_t kFreeSteps = 10;
 constexpr std::uint64_t kFreeStepsOfShortQueue = 5;
@@ -75,25 +76,37 @@ std::int64_t RenderThread::steps_at_once() const noexcept {
   return free_until > step + steps && !ends_soon ? static_cast<std::int64_t>(steps) : 1;
 }
 
-// One step for each period that has passed; one less while the ring is too full, one more while it runs low, two more
-// while nothing is queued: then the device begins at once.
+// One step for each period that has passed; one less while the ring is too full, more while it runs low.
 RenderThread::Due RenderThread::due() noexcept {
   const std::int64_t late = clock_.now_ns() - next_ns_;
+  late_ns_ = late;
   const std::int64_t periods = 1 + std::clamp<std::int64_t>(late / kStepNs, 0, kMostStepsAtOnce - 1);
   next_ns_ += periods * kStepNs;
   if (late > kMostStepsAtOnce * kStepNs) next_ns_ = clock_.now_ns() + kStepNs;
   const auto filled = static_cast<std::int64_t>(ring_.readable());
   const std::int64_t most = output_.request_frames() + periods * kStepFrames;
   if (filled > most + periods * kStepFrames) return {periods, 0};  // a server that hangs takes nothing
-  const std::int64_t missing = output_.frames_played() >= ring_.written() ? 2 : 1;
-  const std::int64_t correction = filled > most ? -1 : (filled < kStepFrames ? missing : 0);
+  const std::int64_t correction = filled > most ? -1 : (filled < kStepFrames ? steps_to_catch_up() : 0);
   return {periods, periods + correction};
+}
+
+// As many as the device still wants where nothing depends on the moment: a queue that begins, or that was emptied by a
+// late wake-up, is filled at once and is not thin for one period after the other. A device that demands nothing begins
+// as soon as it has something.
+std::int64_t RenderThread::steps_to_catch_up() const noexcept {
+  const bool nothing_queued = output_.frames_played() >= ring_.written();
+  const std::int64_t least = nothing_queued ? 2 : 1;
+  if (!nothing_queued && steps_at_once() == 1) return least;
+  return std::clamp(static_cast<std::int64_t>(ring_.demanded()) / kStepFrames, least, kMostStepsToCatchUp);
 }
 
 bool RenderThread::waits_for_the_panel() noexcept {
   const bool deep = deep_queue_.load(std::memory_order_relaxed);
-  return mix_hold_.holds({&chain_.position(0), &chain_.position(1)}, clock_.now_ns(),
-                         deep ? kPatienceNs : kPatienceOfShortQueueNs);
+  const std::int64_t now = clock_.now_ns();
+  const bool waits =
+      mix_hold_.holds({&chain_.position(0), &chain_.position(1)}, now, deep ? kPatienceNs : kPatienceOfShortQueueNs);
+  if (waits) ring_.flight_recorder().waited_for_panel(now);
+  return waits;
 }
 
 // Steps that had to wait are made when the wait is over.
@@ -105,6 +118,7 @@ void RenderThread::pace() {
     --left;
   }
   ring_.supply();
+  ring_.flight_recorder().rendered(clock_.now_ns(), late_ns_);
   if (!chain_.news().empty()) tell_news_();
   if (left > 0 && chain_.wants_render()) {
     next_ns_ -= std::min(left, now.periods) * kStepNs;
@@ -133,6 +147,7 @@ void RenderThread::serve() {
   if (wanted > 0) ring_.supply();
   if (!chain_.news().empty()) tell_news_();
   next_ns_ = clock_.now_ns();
+  ring_.flight_recorder().rendered(next_ns_, 0);
 }
 
 void RenderThread::run() {

@@ -45,6 +45,7 @@ class RenderThread {
     std::int64_t steps;    // to be made for them
   };
   Due due() noexcept;
+  std::int64_t steps_to_catch_up() const noexcept;
   std::int64_t steps_at_once() const noexcept;
   std::int64_t steps_of_sleep() const noexcept;
   bool waits_for_the_panel() noexcept;
@@ -56,6 +57,7 @@ class RenderThread {
   StepClock& clock_;
   std::function<void()> tell_news_;
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
+  std::int64_t late_ns_ = 0;  // how much later than due the last one was begun
   MixPointWait mix_hold_;
   std::atomic<std::uint64_t> free_until_{0};
   std::atomic<bool> deep_queue_{false};

@@ -51,7 +51,10 @@ bool AlsaPlayer::look(AlsaPcm::Look& found) {
 
 // What the device held is played (underrun) or lost (suspend).
 void AlsaPlayer::recover(long error) {
-  if (error == -EPIPE && motion_ == Motion::kPlaying) underruns_.fetch_add(1, std::memory_order_relaxed);
+  if (error == -EPIPE && motion_ == Motion::kPlaying) {
+    underruns_.fetch_add(1, std::memory_order_relaxed);
+    ring_.flight_recorder().underrun(monotonic_now(), static_cast<std::int64_t>(ring_.readable()), ring_.taken(), true);
+  }
   const AlsaPcm::Revived revived = pcm_.revive(static_cast<int>(error));
   asleep_ = revived == AlsaPcm::Revived::kAsleep;
   gone_ = revived == AlsaPcm::Revived::kNo;
@@ -63,6 +66,7 @@ Nanoseconds AlsaPlayer::play(const AlsaPcm::Look& look, Nanoseconds now) {
   const bool dry = room > 0 && fetch(static_cast<std::size_t>(room)) < static_cast<std::size_t>(room);
   const long queued = look.queued + send(look.space);
   report(queued, look.runs, now);
+  ring_.flight_recorder().fed(now, queued + waiting());
   if (dry) return now + kHungry;
   return now + (look.runs ? time_of(queued - (target_ - request_)) : kShortest);
 }

@@ -27,11 +27,20 @@ pa_buffer_attr attributes_of(const PulseQueue& queue) {
   pa_buffer_attr attributes = {};
   attributes.maxlength = UINT32_MAX;
   attributes.tlength = whole;
-  attributes.prebuf = std::min(buffer, 2 * quarter);
+  // Begins with what survives a late wake-up, two buffers (58 ms) of a queue of three.
+  attributes.prebuf = std::min(2 * buffer, 3 * quarter);
   // A deep queue is filled in few large pieces, to wake up seldom; a short one in small ones, to be as full as it may
   // be.
   attributes.minreq = queue.depth >= kDeep ? quarter : std::min(whole_frames(buffer / 8), quarter);
   attributes.fragsize = UINT32_MAX;
+  return attributes;
+}
+
+pa_buffer_attr growing_attributes(const PulseQueue& from, const PulseQueue& to) {
+  const pa_buffer_attr former = attributes_of(from);
+  pa_buffer_attr attributes = attributes_of(to);
+  const std::uint32_t beside_requests = former.tlength - 2 * former.minreq;
+  attributes.minreq = std::max(attributes.minreq, whole_frames((attributes.tlength - beside_requests) / 2));
   return attributes;
 }
 

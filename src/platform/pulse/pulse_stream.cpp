@@ -20,7 +20,6 @@ constexpr std::chrono::milliseconds kSupplyPatience{10};            // much less
 constexpr Nanoseconds kSettled = 500 * kNanosecondsPerMillisecond;  // after what changes the queue or the device
 constexpr std::size_t kFrameBytes = sizeof(Sample16);
 
-// Its answer is of no interest.
 void forget(pa_operation* operation) {
   if (operation != nullptr) pa_operation_unref(operation);
 }
@@ -64,7 +63,7 @@ PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::fun
     state_ = State::kFailed;
     return;
   }
-  listen();
+  listen(true);
   connect();
 }
 
@@ -73,32 +72,22 @@ PulseStream::~PulseStream() {
   cancel(playing_out_);
   cancel(resizing_);
   if (stream_ == nullptr) return;
-  ignore();
+  listen(false);
   pa_stream_disconnect(stream_);
   pa_stream_unref(stream_);
 }
 
-void PulseStream::listen() {
-  pa_stream_set_state_callback(stream_, &PulseStream::on_state, this);
-  pa_stream_set_write_callback(stream_, &PulseStream::on_request, this);
-  pa_stream_set_latency_update_callback(stream_, &PulseStream::on_timing, this);
-  pa_stream_set_underflow_callback(stream_, &PulseStream::on_underflow, this);
-  pa_stream_set_started_callback(stream_, &PulseStream::on_started, this);
-  pa_stream_set_suspended_callback(stream_, &PulseStream::on_suspended, this);
-  pa_stream_set_moved_callback(stream_, &PulseStream::on_moved, this);
-  pa_stream_set_buffer_attr_callback(stream_, &PulseStream::on_queue, this);
-}
-
-// libpulse keeps the stream until the server has answered the disconnection, and calls back until then.
-void PulseStream::ignore() {
-  pa_stream_set_state_callback(stream_, nullptr, nullptr);
-  pa_stream_set_write_callback(stream_, nullptr, nullptr);
-  pa_stream_set_latency_update_callback(stream_, nullptr, nullptr);
-  pa_stream_set_underflow_callback(stream_, nullptr, nullptr);
-  pa_stream_set_started_callback(stream_, nullptr, nullptr);
-  pa_stream_set_suspended_callback(stream_, nullptr, nullptr);
-  pa_stream_set_moved_callback(stream_, nullptr, nullptr);
-  pa_stream_set_buffer_attr_callback(stream_, nullptr, nullptr);
+// Or no more: libpulse keeps a stream until the server has answered its disconnection, and calls back until then.
+void PulseStream::listen(bool on) {
+  const auto notify = [on](pa_stream_notify_cb_t callback) { return on ? callback : nullptr; };
+  pa_stream_set_state_callback(stream_, notify(&PulseStream::on_state), this);
+  pa_stream_set_write_callback(stream_, on ? &PulseStream::on_request : nullptr, this);
+  pa_stream_set_latency_update_callback(stream_, notify(&PulseStream::on_timing), this);
+  pa_stream_set_underflow_callback(stream_, notify(&PulseStream::on_underflow), this);
+  pa_stream_set_started_callback(stream_, notify(&PulseStream::on_started), this);
+  pa_stream_set_suspended_callback(stream_, notify(&PulseStream::on_suspended), this);
+  pa_stream_set_moved_callback(stream_, notify(&PulseStream::on_moved), this);
+  pa_stream_set_buffer_attr_callback(stream_, notify(&PulseStream::on_queue), this);
 }
 
 void PulseStream::connect() {
@@ -139,13 +128,21 @@ void PulseStream::play_out() {
 
 void PulseStream::resize(const PulseQueue& queue) {
   if (queue == queue_) return;
-  queue_ = queue;
   ring_.demand(0);  // what is missing in the new one is demanded when the server asks for it
-  apply_queue();
+  const PulseQueue former = std::exchange(queue_, queue);
+  growing_ = motion_ == Motion::kPlaying && queue.bytes() > former.bytes();
+  apply_queue(growing_ ? growing_attributes(former, queue) : attributes_of(queue));
 }
 
-void PulseStream::apply_queue() {
-  const pa_buffer_attr wish = attributes_of(queue_);
+// The device may take its share of a longer queue once that is there.
+void PulseStream::end_growth() {
+  const std::uint64_t queued = ring_.taken() - clock_.frames_played(monotonic_now());
+  if (!growing_ || queued < static_cast<std::uint64_t>(queue_.bytes()) / sizeof(Sample16) * 3 / 4) return;
+  growing_ = false;
+  apply_queue(attributes_of(queue_));
+}
+
+void PulseStream::apply_queue(const pa_buffer_attr& wish) {
   cancel(resizing_);
   resizing_ = pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this);
 }
@@ -153,7 +150,7 @@ void PulseStream::apply_queue() {
 void PulseStream::read_queue() {
   changed_at_ = monotonic_now();
   const pa_buffer_attr* granted = pa_stream_get_buffer_attr(stream_);
-  if (granted != nullptr) request_frames_ = static_cast<int>(granted->minreq / kFrameBytes);
+  if (granted != nullptr && !growing_) request_frames_ = static_cast<int>(granted->minreq / kFrameBytes);
   changed_();
 }
 
@@ -169,6 +166,9 @@ void PulseStream::feed() {
   }
   ring_.demand(missing);
   report();
+  const Nanoseconds now = monotonic_now();
+  end_growth();
+  ring_.flight_recorder().fed(now, static_cast<std::int64_t>(ring_.taken() - clock_.frames_played(now)));
   if (missing > 0) {
     come_back(ring_.taken() - before);
   } else {
@@ -210,8 +210,12 @@ void PulseStream::stall() {
 
 // Only what plays steadily can break: a device that begins or comes back takes more at once than there is yet.
 void PulseStream::run_dry() {
-  const bool steady = monotonic_now() - changed_at_ > kSettled;
-  if (motion_ == Motion::kPlaying && !suspended_ && steady) underruns_.fetch_add(1, std::memory_order_relaxed);
+  const Nanoseconds now = monotonic_now();
+  const bool steady = now - changed_at_ > kSettled;
+  if (motion_ == Motion::kPlaying && !suspended_) {
+    if (steady) underruns_.fetch_add(1, std::memory_order_relaxed);
+    ring_.flight_recorder().underrun(now, static_cast<std::int64_t>(ring_.readable()), ring_.taken(), steady);
+  }
   stall();
 }
 
@@ -272,7 +276,10 @@ void PulseStream::on_suspended(pa_stream* stream, void* self) {
 }
 
 // Another device may grant other sizes.
-void PulseStream::on_moved(pa_stream*, void* self) { stream_of(self)->apply_queue(); }
+void PulseStream::on_moved(pa_stream*, void* self) {
+  stream_of(self)->growing_ = false;
+  stream_of(self)->apply_queue(attributes_of(stream_of(self)->queue_));
+}
 
 void PulseStream::on_queue(pa_stream*, void* self) { stream_of(self)->read_queue(); }
 

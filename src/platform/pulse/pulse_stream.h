@@ -52,8 +52,7 @@ class PulseStream {
   enum class State { kCreating, kReady, kFailed };
   enum class Motion { kHeld, kPlaying, kPlayingOut };
 
-  void listen();
-  void ignore();
+  void listen(bool on);
   void connect();
   void come_back(std::uint64_t just_taken);
   std::size_t write(std::size_t frames);
@@ -61,7 +60,8 @@ class PulseStream {
   void stall();
   void run_dry();
   void read_queue();
-  void apply_queue();
+  void apply_queue(const pa_buffer_attr& wish);
+  void end_growth();
   std::uint64_t time_played() const;
   void report();
 
@@ -88,7 +88,8 @@ class PulseStream {
   State state_ = State::kCreating;
   Motion motion_ = Motion::kHeld;
   bool suspended_ = false;
-  bool stalled_ = true;  // the server has nothing to play of what came after stalled_at_
+  bool growing_ = false;  // until the queue is as long as it should be
+  bool stalled_ = true;   // the server has nothing to play of what came after stalled_at_
   int request_frames_ = 0;
   Nanoseconds changed_at_ = 0;  // when the queue or the device last did
   std::uint64_t first_;         // the ring's count when this stream began
