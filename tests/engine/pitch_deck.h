@@ -1,5 +1,5 @@
-// A deck cut down to its ring and its pitch stage, for tests: the whole song lies ready, the ring is kept filled, steps
-// are run by hand. One thread.
+// A deck cut down to its ring and its pitch stage, for tests: the whole song lies ready, the ring is kept filled, a
+// test runs each step. One thread.
 #pragma once
 
 #include <algorithm>
@@ -74,5 +74,13 @@ class PitchDeck {
   std::size_t written_ = 0;
   std::size_t allowed_ = static_cast<std::size_t>(-1);
 };
+
+// The whole song at one pitch value.
+inline Sound shifted(Sound song, float value) {
+  PitchDeck deck(std::move(song));
+  deck.clear(value);
+  deck.run_to_end();
+  return deck.out;
+}
 
 }  // namespace tandem

@@ -20,13 +20,6 @@ class PitchSound : public testing::Test {
   }
 };
 
-Sound shifted(Sound song, float value) {
-  PitchDeck deck(std::move(song));
-  deck.clear(value);
-  deck.run_to_end();
-  return deck.out;
-}
-
 // Splices are whole periods of this tone (100 frames), so nothing but the interpolation is left: its filters stop at
 // 100 dB.
 TEST_F(PitchSound, AToneMovesBySemitonesAndStaysPure) {

@@ -11,14 +11,30 @@
 namespace tandem {
 namespace {
 
-constexpr double kAttenuation = 100.0;  // dB
-constexpr double kStopBand = 24100.0;   // Hz of the given sound
+constexpr double kStopBand = 24100.0;  // Hz of the sound given
+constexpr double kAudible = 20000.0;   // Hz
 constexpr double kBanksAnOctave = 24.0;
+constexpr std::size_t kFarDown = 0;
+constexpr std::size_t kUnison = 1;
 constexpr std::size_t kBankSize = (kKernelPhases + 1) * kKernelTaps;
 constexpr std::size_t kHalf = kKernelTaps / 2 * kKernelPhases;  // grid points from the middle of the window to its end
 
-std::vector<double> half_kaiser() {
-  const double beta = 0.1102 * (kAttenuation - 8.7);
+double attenuation_of(std::size_t bank) { return bank == kFarDown ? 75.0 : 100.0; }  // dB
+
+// Where the stop band begins, in Hz of the song.
+double stop_band_of(std::size_t bank) {
+  if (bank == kFarDown) return kSampleRate / 2.0;
+  return kStopBand / std::exp2(static_cast<double>(bank - kUnison) / kBanksAnOctave);
+}
+
+// The middle of the transition band, as a part of the sample rate.
+double cutoff_of(std::size_t bank) {
+  const double width = (attenuation_of(bank) - 7.95) / (14.36 * static_cast<double>(kKernelTaps));
+  return stop_band_of(bank) / kSampleRate - width / 2.0;
+}
+
+std::vector<double> half_kaiser(double attenuation) {
+  const double beta = 0.1102 * (attenuation - 8.7);
   std::vector<double> window(kHalf + 1);
   for (std::size_t i = 0; i < window.size(); ++i) {
     const double x = static_cast<double>(i) / static_cast<double>(kHalf);
@@ -27,14 +43,7 @@ std::vector<double> half_kaiser() {
   return window;
 }
 
-// The middle of the transition band, as a part of the sample rate.
-double cutoff_of(std::size_t bank) {
-  const double ratio = std::exp2(static_cast<double>(bank) / kBanksAnOctave);
-  const double width = (kAttenuation - 7.95) / (14.36 * static_cast<double>(kKernelTaps));
-  return kStopBand / ratio / kSampleRate - width / 2.0;
-}
-
-// Half of the impulse response on the fine grid.
+// Half of the impulse response, kKernelPhases points a frame.
 std::vector<double> half_response(const std::vector<double>& window, double cutoff) {
   std::vector<double> response(window.size());
   for (std::size_t i = 0; i < response.size(); ++i) {
@@ -44,7 +53,7 @@ std::vector<double> half_response(const std::vector<double>& window, double cuto
   return response;
 }
 
-// The taps for one fraction, scaled so that a constant stays what it is.
+// The taps for one fraction, scaled to a gain of 1 at 0 Hz.
 void fill_row(const std::vector<double>& response, std::size_t phase, std::span<float> row) {
   const auto distance = [phase](std::size_t tap) {
     const auto ahead = static_cast<std::ptrdiff_t>(tap) - static_cast<std::ptrdiff_t>(kKernelBefore);
@@ -58,25 +67,25 @@ void fill_row(const std::vector<double>& response, std::size_t phase, std::span<
 
 }  // namespace
 
-PitchFilters::PitchFilters() : rows_(kBanks * kBankSize) {
-  const std::vector<double> window = half_kaiser();
+InterpolationFilters::InterpolationFilters() : rows_(kBanks * kBankSize) {
   for (std::size_t bank = 0; bank < kBanks; ++bank) {
-    const std::vector<double> response = half_response(window, cutoff_of(bank));
+    const std::vector<double> response = half_response(half_kaiser(attenuation_of(bank)), cutoff_of(bank));
     for (std::size_t phase = 0; phase <= kKernelPhases; ++phase) {
       fill_row(response, phase, std::span(rows_).subspan(bank * kBankSize + phase * kKernelTaps, kKernelTaps));
     }
   }
 }
 
-std::size_t PitchFilters::bank_for(double ratio) noexcept {
-  const double steps = std::ceil(std::log2(ratio) * kBanksAnOctave - 1e-6);
-  return static_cast<std::size_t>(std::clamp(steps, 0.0, static_cast<double>(kBanks - 1)));
+std::size_t InterpolationFilters::bank_for(double ratio) noexcept {
+  if (ratio < kAudible / (kSampleRate / 2.0)) return kFarDown;
+  const double up = std::ceil(std::log2(ratio) * kBanksAnOctave - 1e-6);
+  return kUnison + static_cast<std::size_t>(std::clamp(up, 0.0, static_cast<double>(kBanks - 1 - kUnison)));
 }
 
-const float* PitchFilters::rows(std::size_t bank) const noexcept { return rows_.data() + bank * kBankSize; }
+const float* InterpolationFilters::rows(std::size_t bank) const noexcept { return rows_.data() + bank * kBankSize; }
 
-const PitchFilters& pitch_filters() {
-  static const PitchFilters filters;
+const InterpolationFilters& interpolation_filters() {
+  static const InterpolationFilters filters;
   return filters;
 }
 

@@ -1,6 +1,7 @@
 #include "engine/pitch/pitch_shifter.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "engine/pitch/pitch_kernels.h"
@@ -8,89 +9,94 @@
 namespace tandem {
 namespace {
 
-// How much better a splice at the edge of the reach must be: little while the pitch is shifted; nearly all when
-// landing, where what is left has to be made up by speed.
-constexpr float kShiftBias = 0.25F;
-constexpr float kLandBias = 1.0F;
-
-constexpr auto kKernelBehind = static_cast<double>(kKernelTaps - kKernelBefore + 1);
+constexpr auto kKernelAfter = static_cast<double>(kKernelTaps - kKernelBefore + 1);
 
 }  // namespace
 
-PitchShifter::PitchShifter() : filters_(pitch_filters()) {}
+PitchShifter::PitchShifter() : filters_(interpolation_filters()) {}
 
 void PitchShifter::begin(const SongInput& song, double ratio) noexcept {
-  at_ = song.position();
-  read_ = static_cast<double>(at_);
-  way_ = Way::kSpliced;
-  bank_ = PitchFilters::bank_for(ratio);
-  path_.begin(ratio);
-  stretch_.begin(song, at_);
+  head_ = {song.position(), static_cast<double>(song.position()), ratio};
+  way_ = Way::kShifting;
+  bank_ = InterpolationFilters::bank_for(ratio);
+  ramp_.begin(ratio);
+  stretch_.begin(song, head_.time);
 }
 
-void PitchShifter::steer(double ratio) noexcept {
-  way_ = Way::kSpliced;
-  path_.steer(ratio);
+void PitchShifter::set_ratio(double ratio) noexcept {
+  way_ = Way::kShifting;
+  ramp_.set_ratio(ratio);
 }
 
-void PitchShifter::land() noexcept {
-  way_ = Way::kLanding;
-  path_.steer(1.0);
+void PitchShifter::return_to_unison() noexcept {
+  way_ = Way::kReturning;
+  ramp_.set_ratio(1.0);
 }
 
 std::size_t PitchShifter::render(const SongInput& song, std::span<StereoFrame> out) noexcept {
   std::size_t given = 0;
-  while (given < out.size()) {
-    const auto rest = out.subspan(given, std::min<std::size_t>(out.size() - given, kStepFrames));
-    const std::size_t count = provide(song, rest.size());
+  while (given < out.size() && decide(song)) {
+    const std::size_t count = provide(song, out.size() - given);
     if (count == 0) break;
-    read(rest.first(count));
+    read(out.subspan(given, count));
     given += count;
   }
   return given;
 }
 
-// Lengthens the stretched sound until `count` frames can be given; returns how many can.
-std::size_t PitchShifter::provide(const SongInput& song, std::size_t count) noexcept {
-  for (;;) {
-    const double there = static_cast<double>(stretch_.sound().end()) - kKernelBehind - read_;
-    const double possible = std::floor(there / path_.top_ratio());
-    if (possible >= static_cast<double>(count)) return count;
-    if (!lengthen(song)) return static_cast<std::size_t>(std::max(possible, 0.0));
+// Splices if it is time to; false if the ring has run dry.
+bool PitchShifter::decide(const SongInput& song) noexcept {
+  if (stretch_.fade().active()) return true;
+  if (way_ == Way::kResyncing) {
+    if (!ramp_.resyncing()) ramp_.resync(head_.lead());
+    return true;
   }
+  if (stretch_.left(head_.time) > 0) return true;
+  head_.ratio = ramp_.target();
+  if (way_ != Way::kReturning || !ramp_.settled())
+    return stretch_.keep_in_time(song, head_) != TimeStretch::Decision::kDry;
+  const TimeStretch::Decision decision = stretch_.return_to_unison(song, head_);
+  if (decision == TimeStretch::Decision::kSpliced) way_ = Way::kResyncing;
+  return decision != TimeStretch::Decision::kDry;
 }
 
-bool PitchShifter::lengthen(const SongInput& song) noexcept {
-  if (way_ == Way::kStraight) return stretch_.go_straight(song);
-  const bool landing = way_ == Way::kLanding && path_.resting();
-  const Frames splice = stretch_.sound().end();
-  const double heard_at = static_cast<double>(at_) + (static_cast<double>(splice) - read_) / path_.target();
-  if (!stretch_.splice(song, heard_at, path_.target(), landing ? kLandBias : kShiftBias)) return false;
-  if (landing) {
-    way_ = Way::kStraight;
-    straight_from_ = splice + static_cast<Frames>(SpliceSearch::kOverlap);
-  }
-  return true;
+// Takes from the ring what the next frames need, up to the next decision; returns how many can be given.
+std::size_t PitchShifter::provide(const SongInput& song, std::size_t wanted) noexcept {
+  std::size_t count = std::min<std::size_t>(wanted, kStepFrames);
+  if (stretch_.fade().active() || way_ != Way::kResyncing)
+    count = std::min(count, static_cast<std::size_t>(stretch_.left(head_.time)));
+  const double needed = head_.position + std::max(stretch_.fade().jump(), 0.0) + kKernelAfter;
+  if (stretch_.fill(song, needed + ramp_.top_ratio() * static_cast<double>(count))) return count;
+  const double possible = std::floor((static_cast<double>(stretch_.song().end()) - needed) / ramp_.top_ratio());
+  return std::min(count, static_cast<std::size_t>(std::max(possible, 0.0)));
 }
 
 void PitchShifter::read(std::span<StereoFrame> out) noexcept {
   std::array<double, kStepFrames> positions;
-  const Frames base = static_cast<Frames>(read_) - static_cast<Frames>(kKernelBefore);
   const auto used = std::span(positions).first(out.size());
-  const double end = path_.advance(read_ - static_cast<double>(base), used);
+  SpliceFade& fade = stretch_.fade();
+  const auto lowest = static_cast<Frames>(std::floor(head_.position + std::min(fade.jump(), 0.0)));
+  const Frames base = lowest - static_cast<Frames>(kKernelBefore);
+  const double end = ramp_.advance(head_.position - static_cast<double>(base), used);
   interpolate_into(out, used, base);
-  read_ = end + static_cast<double>(base);
-  at_ += static_cast<Frames>(out.size());
-  stretch_.forget(base, at_);
-  fall_into_step_if_due();
+  if (fade.active()) {
+    std::array<StereoFrame, kStepFrames> old;
+    for (double& position : used) position += fade.jump();
+    interpolate_into(std::span(old).first(out.size()), used, base);
+    fade.mix(std::span(old).first(out.size()), out);
+  }
+  bank_ = InterpolationFilters::bank_for(ramp_.target());
+  head_.position = end + static_cast<double>(base);
+  head_.time += static_cast<Frames>(out.size());
+  stretch_.forget(head_);
 }
 
-// A change of the filter is faded over, like every other.
+// A change of the filter is faded, like every other.
 void PitchShifter::interpolate_into(std::span<StereoFrame> out, std::span<const double> positions,
                                     Frames base) noexcept {
-  const float* left = stretch_.sound().left(base);
-  const float* right = stretch_.sound().right(base);
-  const std::size_t wanted = PitchFilters::bank_for(path_.target());
+  const float* left = stretch_.song().left(base);
+  const float* right = stretch_.song().right(base);
+  const std::size_t wanted = InterpolationFilters::bank_for(ramp_.target());
   interpolate(filters_.rows(bank_), left, right, positions, out.data());
   if (wanted == bank_) return;
   std::array<StereoFrame, kStepFrames> other;
@@ -100,12 +106,6 @@ void PitchShifter::interpolate_into(std::span<StereoFrame> out, std::span<const 
     out[i].left += part * (other[i].left - out[i].left);
     out[i].right += part * (other[i].right - out[i].right);
   }
-  bank_ = wanted;
-}
-
-void PitchShifter::fall_into_step_if_due() noexcept {
-  if (way_ != Way::kStraight || path_.gliding() || read_ < static_cast<double>(straight_from_)) return;
-  path_.fall_into_step(read_ + static_cast<double>(stretch_.offset() - at_));
 }
 
 std::unique_ptr<PitchShifter> make_pitch_engine() { return std::make_unique<PitchShifter>(); }

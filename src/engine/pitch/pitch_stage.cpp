@@ -112,7 +112,7 @@ bool PitchStage::start_engine(const SongInput& song) noexcept {
 }
 
 std::size_t PitchStage::pass_shifting(const SongInput& song, std::span<StereoFrame> out) noexcept {
-  if (!engine_->landed()) return engine_->render(song, out.first(std::min<std::size_t>(out.size(), kStepFrames)));
+  if (!engine_->in_unison()) return engine_->render(song, out.first(std::min<std::size_t>(out.size(), kStepFrames)));
   state_ = State::kFadingOut;
   faded_ = 0;
   return pass_fading(song, out);
@@ -144,9 +144,9 @@ void PitchStage::end_fade(const SongInput& song) noexcept {
 
 void PitchStage::aim() noexcept {
   if (value_ == 0.0F) {
-    engine_->land();
+    engine_->return_to_unison();
   } else {
-    engine_->steer(ratio_of(value_));
+    engine_->set_ratio(ratio_of(value_));
   }
 }
 

@@ -7,9 +7,9 @@
 namespace tandem {
 namespace {
 
-constexpr int kSteerFrames = 512;
-constexpr double kShortestGlide = 512.0;
-constexpr double kGlideSpeed = 0.02;
+constexpr int kRampFrames = 512;
+constexpr double kShortestResync = 512.0;  // frames
+constexpr double kResyncSpeed = 0.02;      // the greatest difference from 1
 
 }  // namespace
 
@@ -19,55 +19,55 @@ void RatioRamp::begin(double ratio) noexcept {
   target_ = ratio;
 }
 
-void RatioRamp::steer(double ratio) noexcept {
-  if (gliding_) ratio_ = 1.0 + glide_ahead(done_ + 1) - glide_ahead(done_);
-  gliding_ = false;
+void RatioRamp::set_ratio(double ratio) noexcept {
+  if (resyncing_) ratio_ = 1.0 + lead_at(done_ + 1) - lead_at(done_);
+  resyncing_ = false;
   target_ = ratio;
-  left_ = kSteerFrames;
-  slope_ = (target_ - ratio_) / kSteerFrames;
+  ramp_left_ = kRampFrames;
+  slope_ = (target_ - ratio_) / kRampFrames;
 }
 
-void RatioRamp::fall_into_step(double ahead) noexcept {
-  gliding_ = true;
-  ahead_ = ahead;
+void RatioRamp::resync(double lead) noexcept {
+  resyncing_ = true;
+  lead_ = lead;
   done_ = 0;
-  const double span = std::abs(ahead) * std::numbers::pi / 2.0 / kGlideSpeed;
-  span_ = std::abs(ahead) < 1e-9 ? 0 : static_cast<Frames>(std::max(span, kShortestGlide));
+  const double span = std::abs(lead) * std::numbers::pi / 2.0 / kResyncSpeed;
+  span_ = std::abs(lead) < 1e-9 ? 0 : static_cast<Frames>(std::max(span, kShortestResync));
 }
 
-double RatioRamp::top_ratio() const noexcept { return std::max({ratio_, target_, 1.0 + 1.5 * kGlideSpeed}); }
+double RatioRamp::top_ratio() const noexcept { return std::max({ratio_, target_, 1.0 + 1.5 * kResyncSpeed}); }
 
 double RatioRamp::advance(double from, std::span<double> positions) noexcept {
-  return gliding_ ? advance_gliding(from, positions) : advance_steered(from, positions);
+  return resyncing_ ? advance_resync(from, positions) : advance_ramp(from, positions);
 }
 
-double RatioRamp::advance_steered(double from, std::span<double> positions) noexcept {
+double RatioRamp::advance_ramp(double from, std::span<double> positions) noexcept {
   for (double& position : positions) {
     position = from;
     from += ratio_;
-    if (left_ == 0) continue;
-    --left_;
-    ratio_ = left_ == 0 ? target_ : ratio_ + slope_;
+    if (ramp_left_ == 0) continue;
+    --ramp_left_;
+    ratio_ = ramp_left_ == 0 ? target_ : ratio_ + slope_;
   }
   return from;
 }
 
-// In step positions are whole numbers: rounding takes off what the sums have gathered.
-double RatioRamp::advance_gliding(double from, std::span<double> positions) noexcept {
-  double line = from - glide_ahead(done_);
-  if (in_step()) line = std::round(line);
+// In unison positions are whole numbers: rounding removes what the sums have gathered.
+double RatioRamp::advance_resync(double from, std::span<double> positions) noexcept {
+  double unison = from - lead_at(done_);
+  if (in_unison()) unison = std::round(unison);
   for (double& position : positions) {
-    position = line + glide_ahead(done_);
-    line += 1.0;
+    position = unison + lead_at(done_);
+    unison += 1.0;
     ++done_;
   }
-  return line + glide_ahead(done_);
+  return unison + lead_at(done_);
 }
 
-double RatioRamp::glide_ahead(Frames frame) const noexcept {
+double RatioRamp::lead_at(Frames frame) const noexcept {
   if (frame >= span_) return 0.0;
   const double part = static_cast<double>(frame) / static_cast<double>(span_);
-  return ahead_ * 0.5 * (1.0 + std::cos(std::numbers::pi * part));
+  return lead_ * 0.5 * (1.0 + std::cos(std::numbers::pi * part));
 }
 
 }  // namespace tandem

@@ -3,14 +3,6 @@
 #include <algorithm>
 
 namespace tandem {
-namespace {
-
-void mix(const float* from, const float* to, std::span<const float> fade, float* out) noexcept {
-  for (std::size_t i = 0; i < fade.size(); ++i) out[i] = from[i] + fade[i] * (to[i] - from[i]);
-}
-
-}  // namespace
-
 void SlidingWindow::restart(Frames at) noexcept {
   begin_ = at;
   needed_ = at;
@@ -32,19 +24,6 @@ void SlidingWindow::add_silence(std::size_t count) noexcept {
   const std::size_t at = make_room(count);
   std::fill_n(left_.data() + at, count, 0.0F);
   std::fill_n(right_.data() + at, count, 0.0F);
-}
-
-void SlidingWindow::add(const SlidingWindow& other, Frames from, std::size_t count) noexcept {
-  const std::size_t at = make_room(count);
-  std::copy_n(other.left(from), count, left_.data() + at);
-  std::copy_n(other.right(from), count, right_.data() + at);
-}
-
-void SlidingWindow::add_faded(const SlidingWindow& other, Frames old_from, Frames from,
-                              std::span<const float> fade) noexcept {
-  const std::size_t at = make_room(fade.size());
-  mix(other.left(old_from), other.left(from), fade, left_.data() + at);
-  mix(other.right(old_from), other.right(from), fade, right_.data() + at);
 }
 
 std::size_t SlidingWindow::make_room(std::size_t count) noexcept {

@@ -2,66 +2,87 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace tandem {
 namespace {
 
-constexpr auto kFade = static_cast<Frames>(SpliceSearch::kOverlap);
-constexpr Frames kStraight = 441;  // frames between two fades: more is purer for high tones, less keeps onsets in time
-constexpr Frames kFirst = 441;     // frames before the first splice
-constexpr Frames kSongKept = 4096;
+constexpr Frames kBack = 2048;          // frames before the first position that are taken if the ring has them
+constexpr Frames kKept = 2000;          // frames that stay before the head: more than a splice goes back
+constexpr Frames kSilenceBefore = 128;  // before the first frame, for what looks a little further back
 
-// Frames from a splice to where the sound is in time, of what lies between two splices. Half would be the middle, but
-// an onset that lies in a fade pulls the splice to its own side; measured with bursts in silence and in chords.
-constexpr double kInTime = static_cast<double>(kFade) / 2.0 + 0.8 * static_cast<double>(kFade + kStraight);
-
-std::vector<float> hann_rise() {
-  std::vector<float> rise(SpliceSearch::kOverlap);
-  for (std::size_t i = 0; i < rise.size(); ++i) {
-    const double part = (static_cast<double>(i) + 0.5) / static_cast<double>(rise.size());
-    rise[i] = static_cast<float>(0.5 - 0.5 * std::cos(std::numbers::pi * part));
-  }
-  return rise;
+// Searches are so far apart that the reading drifts by half a millisecond from one to the next, and at least 5 ms.
+Frames search_interval(double ratio) noexcept {
+  constexpr double kDrift = 22.0;
+  constexpr double kLeast = 220.0;
+  return static_cast<Frames>(std::max(kLeast, kDrift / std::abs(ratio - 1.0)));
 }
 
 }  // namespace
 
-TimeStretch::TimeStretch() : song_(std::size_t{1} << 14), sound_(std::size_t{1} << 13), fade_(hann_rise()) {}
-
 void TimeStretch::begin(const SongInput& song, Frames at) noexcept {
   song.go_back_to(std::max<Frames>(0, at - kBack));
-  song_.restart(song.position());
-  song.fill(song_, at + kFirst);
-  const Frames known = std::clamp<Frames>(at - song_.begin(), 0, kBefore);
-  sound_.restart(at - kBefore);
-  sound_.add_silence(static_cast<std::size_t>(kBefore - known));
-  sound_.add(song_, at - known, static_cast<std::size_t>(known + kFirst));
-  tail_ = at + kFirst;
+  first_ = song.position();
+  song_.restart(first_ - kSilenceBefore);
+  song_.add_silence(static_cast<std::size_t>(kSilenceBefore));
+  song.fill(song_, at);
+  detector_.restart(first_);
+  fade_.stop();
+  next_ = at;
+  next_search_ = at;
 }
 
-bool TimeStretch::splice(const SongInput& song, double heard_at, double ratio, float bias) noexcept {
-  // A reader at another speed than the song's is to one side of it before that place and to the other behind it.
-  const auto centre = static_cast<Frames>(std::lround(heard_at - kInTime * (1.0 - 1.0 / ratio)));
-  const Frames reach = std::max(tail_ + kFade, centre + SpliceSearch::kReach + kFade + kStraight);
-  if (!song.fill(song_, reach)) return false;
-  const Frames from = search_.best(song_, tail_, centre, bias);
-  sound_.add_faded(song_, tail_, from, fade_);
-  sound_.add(song_, from + kFade, static_cast<std::size_t>(kStraight));
-  tail_ = from + kFade + kStraight;
+TimeStretch::Decision TimeStretch::keep_in_time(const SongInput& song, ReadHead& head) noexcept {
+  if (!look_ahead(song, head)) return Decision::kDry;
+  const SplicePlan plan = plan_splice(head, onsets(song));
+  if (plan.fade == 0 || (!plan.urgent && head.time < next_search_)) return Decision::kStay;
+  next_search_ = head.time + search_interval(head.ratio);
+  return carry_out(plan, head);
+}
+
+TimeStretch::Decision TimeStretch::return_to_unison(const SongInput& song, ReadHead& head) noexcept {
+  if (!look_ahead(song, head)) return Decision::kDry;
+  const SplicePlan plan = plan_return(head, onsets(song));
+  return plan.fade == 0 ? Decision::kStay : carry_out(plan, head);
+}
+
+bool TimeStretch::fill(const SongInput& song, double up_to) noexcept {
+  return song.fill(song_, static_cast<Frames>(std::ceil(up_to)));
+}
+
+void TimeStretch::forget(const ReadHead& head) noexcept {
+  const Frames before = std::min(head.time, static_cast<Frames>(head.position)) - kKept;
+  song_.forget(before);
+  detector_.forget(before);
+}
+
+bool TimeStretch::look_ahead(const SongInput& song, const ReadHead& head) noexcept {
+  const Frames seen = static_cast<Frames>(head.position) + SplicePlan::kSight;
+  if (!song.fill(song_, seen)) return false;
+  detector_.scan(song_, seen);
+  next_ = head.time + kEvery;
   return true;
 }
 
-bool TimeStretch::go_straight(const SongInput& song) noexcept {
-  if (!song.fill(song_, tail_ + kStepFrames)) return false;
-  sound_.add(song_, tail_, kStepFrames);
-  tail_ += kStepFrames;
-  return true;
+// The song's end counts like an onset: nothing of it is cut off, and it is not heard twice.
+std::span<const Frames> TimeStretch::onsets(const SongInput& song) noexcept {
+  const auto known = detector_.onsets();
+  std::copy(known.begin(), known.end(), onsets_.begin());
+  std::size_t count = known.size();
+  if (song.length() <= song_.end() && (count == 0 || onsets_[count - 1] < song.length()))
+    onsets_[count++] = song.length();
+  return std::span(onsets_).first(count);
 }
 
-void TimeStretch::forget(Frames number, Frames at) noexcept {
-  sound_.forget(number - kBefore);
-  song_.forget(std::min(at, tail_) - kSongKept);
+TimeStretch::Decision TimeStretch::carry_out(SplicePlan plan, ReadHead& head) noexcept {
+  const Frames highest = song_.end() - SpliceSearch::kOverlap - SpliceSearch::kMargin;
+  plan.range.low = std::max({plan.range.low, first_, song_.begin() + SpliceSearch::kMargin});
+  plan.range.high = std::min(plan.range.high, highest);
+  if (plan.range.low > plan.range.high) return Decision::kStay;
+  const Splice splice = search_.best(song_, head.position, plan.range);
+  if (!plan.urgent && splice.likeness < plan.enough) return Decision::kStay;
+  fade_.start(head.position - splice.place, plan.fade, splice.likeness);
+  head.position = splice.place;
+  return Decision::kSpliced;
 }
 
 }  // namespace tandem

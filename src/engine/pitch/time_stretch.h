@@ -1,52 +1,69 @@
-// A song read at its own speed, but spliced to earlier or later places of itself where it fits best (WSOLA), so that a
-// reader that takes frames faster or slower than the song goes by can stay in step with it.
+// Keeps a song that is read faster or slower than it goes by in time, by splices of the song with itself (WSOLA, see
+// SpliceSearch, at moments that SplicePlan chooses). It holds the song around the reading position and says from where
+// to read; the reading itself is the pitch shifter's.
 // Render thread; allocates only when constructed.
 #pragma once
 
-#include <cstddef>
-#include <vector>
+#include <array>
+#include <span>
 
+#include "engine/pitch/onset_detector.h"
 #include "engine/pitch/sliding_window.h"
 #include "engine/pitch/song_input.h"
+#include "engine/pitch/splice_fade.h"
+#include "engine/pitch/splice_plan.h"
 #include "engine/pitch/splice_search.h"
 
 namespace tandem {
 
 class TimeStretch {
  public:
-  static constexpr Frames kBefore = 64;   // frames kept before the reader's position
-  static constexpr Frames kAhead = 4096;  // frames of the song that begin() and the first splice need
-  static constexpr Frames kBack = 2048;   // frames of the song before it that begin() takes if there are any
+  static constexpr Frames kAhead = 4096;  // frames that the ring must hold at begin()
+  static constexpr Frames kEvery = 110;   // frames from one decision to the next: 2.5 ms
 
-  TimeStretch();
+  enum class Decision {
+    kDry,      // the ring does not reach far enough; nothing has changed, try again
+    kStay,     // no splice now
+    kSpliced,  // the position has moved, fade() has started
+  };
 
-  // The stretched sound: its frame numbers are its own. Begins with the song's frame `at` under the number `at`.
-  const SlidingWindow& sound() const noexcept { return sound_; }
-  // The song itself, at least from the last begin() or 4096 frames before the last forget() on.
-  const SlidingWindow& song() const noexcept { return song_; }
+  TimeStretch() : song_(std::size_t{1} << 14) {}
 
-  // Begins anew at the ring's reading position, frame `at` of the song; takes what lies before it from the ring too.
+  // Starts at the ring's reading position, frame `at` of the song; what lies before it is taken from the ring too.
   void begin(const SongInput& song, Frames at) noexcept;
 
-  // Adds frames up to the next splice and 30 ms behind it. heard_at: the frame of the song that should be heard at the
-  // splice; ratio: how fast the reader will go there; bias: see SpliceSearch. False if the ring ran dry: nothing is
-  // added then, and it can be tried again.
-  bool splice(const SongInput& song, double heard_at, double ratio, float bias) noexcept;
-  // Adds 10 ms without a splice. As above.
-  bool go_straight(const SongInput& song) noexcept;
+  // The song, at least from 2000 frames before the time and the position of the last forget() on.
+  const SlidingWindow& song() const noexcept { return song_; }
+  // The splice under way.
+  const SpliceFade& fade() const noexcept { return fade_; }
+  SpliceFade& fade() noexcept { return fade_; }
 
-  // Song frame less frame number, for what lies behind the last splice's fade.
-  Frames offset() const noexcept { return tail_ - sound_.end(); }
+  // Frames until the next decision, or until the fade is over; 0: decide now.
+  Frames left(Frames time) const noexcept { return fade_.active() ? fade_.left() : next_ - time; }
+  // Splices if it is time to. Not during a fade.
+  Decision keep_in_time(const SongInput& song, ReadHead& head) noexcept;
+  // At ratio 1: splices as near to lead 0 as the sound allows, as soon as no onset is in the way. That is soon: onsets
+  // are further apart than a short fade takes.
+  Decision return_to_unison(const SongInput& song, ReadHead& head) noexcept;
 
-  // The reader is at `number` of the sound and gives song frame `at`: what lies far enough before may go.
-  void forget(Frames number, Frames at) noexcept;
+  // Takes more of the song from the ring, up to a position. False if the ring ran dry before.
+  bool fill(const SongInput& song, double up_to) noexcept;
+  // What lies far enough before the head may go.
+  void forget(const ReadHead& head) noexcept;
 
  private:
+  bool look_ahead(const SongInput& song, const ReadHead& head) noexcept;
+  std::span<const Frames> onsets(const SongInput& song) noexcept;
+  Decision carry_out(SplicePlan plan, ReadHead& head) noexcept;
+
   SlidingWindow song_;
-  SlidingWindow sound_;
+  OnsetDetector detector_;
   SpliceSearch search_;
-  std::vector<float> fade_;  // the rising half of a Hann window
-  Frames tail_ = 0;          // the song frame that would follow without a splice
+  SpliceFade fade_;
+  std::array<Frames, OnsetDetector::kMost + 1> onsets_{};
+  Frames first_ = 0;        // the first frame of the song in the window when it began
+  Frames next_ = 0;         // the time of the next decision
+  Frames next_search_ = 0;  // no search before this time, unless it is urgent
 };
 
 }  // namespace tandem
