@@ -1,13 +1,16 @@
 // What the pitch of a deck costs: ms of CPU for one second of sound, and the burst when it takes over from value 0.
 // For comparison, in the same run, the pitch shift of SoundTouch at its usual and at its best settings for music.
 // Usage: pitch_bench [seconds of sound, default 60]
+//        pitch_bench --sound    how it sounds instead: tones, a chord, attacks, images, noise, at every few values
 #include <SoundTouch.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <memory>
 #include <numbers>
@@ -15,12 +18,14 @@
 #include <span>
 #include <vector>
 
-#include "engine/pitch/pitch_stage.h"
+#include "engine/pitch_deck.h"
+#include "engine/pitch_measures.h"
+#include "engine/pitch_signals.h"
+#include "engine/pitch_songs.h"
 
 namespace {
 
 using namespace tandem;
-using Sound = std::vector<StereoFrame>;
 
 double cpu_milliseconds() {
   timespec now{};
@@ -147,9 +152,80 @@ double other_shifter(const Sound& sound, double semitones, const Settings& setti
   return (cpu_milliseconds() - before) / seconds;
 }
 
+constexpr std::array<int, 15> kValues{-20, -15, -10, -7, -5, -3, -1, 1, 3, 5, 7, 10, 13, 15, 20};
+
+double ratio_of(int value) { return std::exp2(value / 60.0); }
+
+// dB outside the tones, the worst of some.
+double worst_tone(std::span<const double> frequencies, int value) {
+  double worst = -200.0;
+  for (const double hz : frequencies) {
+    const std::vector<double> given{hz * ratio_of(value)};
+    worst = std::max(worst, off_tone_db(shifted(one_tone(hz, 2.5), static_cast<float>(value)), given));
+  }
+  return worst;
+}
+
+void purity() {
+  constexpr std::array kLow{110.5, 157.3, 220.1, 311.0, 440.7};
+  constexpr std::array kHigh{1063.0, 1687.0, 2411.0, 3467.0, 5303.0, 7901.0};
+  const Sound notes = chord(2.5);
+  std::printf("energy off the tones, dB, the worst of some\nvalue   110-440 Hz   1-8 kHz   chord of 16 partials\n");
+  for (const int value : kValues) {
+    std::vector<double> partials = chord_partials();
+    for (double& hz : partials) hz *= ratio_of(value);
+    std::printf("%+5d  %10.1f  %8.1f  %21.1f\n", value, worst_tone(kLow, value), worst_tone(kHigh, value),
+                off_tone_db(shifted(notes, static_cast<float>(value)), partials));
+  }
+}
+
+void attacks(const char* name, const AttackSong& song, const AttackBand& band) {
+  std::printf("%s: %zu\nvalue   lost  doubled  worst level  off in time, mean  worst\n", name, song.times.size());
+  for (const int value : kValues) {
+    const Sound out = shifted(song.sound, static_cast<float>(value));
+    const AttackReport report = compare_attacks(song, out, ratio_of(value), band);
+    std::printf("%+5d  %5d  %7d  %8.1f dB  %14.1f ms  %3.1f ms\n", value, report.lost, report.doubled,
+                report.worst_loss_db, report.mean_error_ms, report.worst_error_ms);
+  }
+}
+
+void images() {
+  constexpr std::array kTop{20000.0, 20500.0, 21000.0, 21500.0, 21900.0};
+  std::printf("images of 20 to 21.9 kHz below 20 kHz, dB, the worst\n");
+  for (const int value : {-20, -15, -10}) {
+    double worst = -200.0;
+    for (const double hz : kTop) {
+      const Sound out = shifted(one_tone(hz, 0.7), static_cast<float>(value));
+      worst = std::max(worst, tone_db(out, (kSampleRate - hz) * ratio_of(value)));
+    }
+    std::printf("%+5d  %6.1f\n", value, worst);
+  }
+}
+
+void noise_levels() {
+  const Sound hiss = noise(frames_of(3000));
+  std::printf("10 ms of noise against its mean level, dB\n");
+  for (const int value : kValues) {
+    const LevelRange range = levels_db(shifted(hiss, static_cast<float>(value)), hiss);
+    std::printf("%+5d  %+5.1f to %+4.1f\n", value, range.least, range.greatest);
+  }
+}
+
+int print_sound() {
+  purity();
+  attacks("impulses in silence", impulses(0.5F), kImpulseBand);
+  attacks("impulses in a chord", impulses_in_chord(0.5F), kImpulseBand);
+  attacks("hi-hats in music", hats_in_music(), kHatBand);
+  attacks("drums in music", drums_in_music(), kDrumBand);
+  images();
+  noise_levels();
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc > 1 && std::strcmp(argv[1], "--sound") == 0) return print_sound();
   const int seconds = std::max(1, argc > 1 ? std::atoi(argv[1]) : 60);
   const Sound sound = music(frames_of(20000));
   const double before = cpu_milliseconds();
