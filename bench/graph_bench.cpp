@@ -95,7 +95,7 @@ int refuse(const std::string& file) {
 
 int shift(const Wishes& wishes) {
   WavRecorder recorder(wishes.files[1]);
-  Graph graph([&recorder](std::span<const Sample16> frames) { recorder.write(frames); });
+  Graph graph(sink_of_16_bits([&recorder](std::span<const Sample16> frames) { recorder.write(frames); }));
   if (!graph.load(0, wishes.files[0], wishes.pitch)) return refuse(wishes.files[0]);
   graph.play(0);
   graph.run_to_the_end(0);
@@ -103,7 +103,7 @@ int shift(const Wishes& wishes) {
 }
 
 int overlap(const Wishes& wishes) {
-  Graph graph([](std::span<const Sample16>) {});
+  Graph graph([](std::span<const StereoFrame>) {});
   graph.shape();
   for (std::size_t deck = 0; deck < 2; ++deck)
     if (!graph.load(deck, wishes.files[deck], wishes.pitch)) return refuse(wishes.files[deck]);

@@ -84,7 +84,7 @@ Hour play_hour(const TempDirectory& directory, bool shaped) {
   std::size_t frames = 0;
   SimulatedPlayer::Options options;
   options.directory = directory.path();
-  options.sink = [&frames](std::span<const Sample16> sound) { frames += sound.size(); };
+  options.sink = [&frames](std::span<const StereoFrame> sound) { frames += sound.size(); };
   SimulatedPlayer player(options);
   PanelControls& controls = player.program.controls;
   player.load();

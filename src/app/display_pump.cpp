@@ -13,9 +13,8 @@ std::span<const SoundFrame> DisplayPump::take(std::uint64_t heard) {
   taken_ = until;
   const auto samples = std::span(samples_).first(count);
   if (!feed_.read(until, samples)) return {};
-  constexpr float kFullScale = 32768.0F;
-  std::transform(samples.begin(), samples.end(), frames_.begin(), [](Sample16 sample) {
-    return SoundFrame{static_cast<float>(sample.left) / kFullScale, static_cast<float>(sample.right) / kFullScale};
+  std::transform(samples.begin(), samples.end(), frames_.begin(), [](const StereoFrame& sample) {
+    return SoundFrame{sample.left, sample.right};
   });
   return std::span(frames_).first(count);
 }

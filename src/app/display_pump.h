@@ -7,7 +7,6 @@
 
 #include "displays/core/sound_frame.h"
 #include "engine/device/display_feed.h"
-#include "engine/device/output_ring.h"
 
 namespace tandem {
 
@@ -24,7 +23,7 @@ class DisplayPump {
 
   const DisplayFeed& feed_;
   std::uint64_t taken_ = 0;
-  std::vector<Sample16> samples_;
+  std::vector<StereoFrame> samples_;
   std::vector<SoundFrame> frames_;
 };
 

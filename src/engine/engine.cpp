@@ -154,7 +154,7 @@ void Engine::step_unattended() {
 // The gate may just have been opened or shut by the orders.
 void Engine::render_one_step() {
   if (!output_.consuming() || !chain_.wants_render()) return;
-  std::array<Sample16, kStepFrames> block;
+  std::array<StereoFrame, kStepFrames> block;
   chain_.render(block);
   ring_.write(block);
 }

@@ -75,7 +75,7 @@ class Day : public testing::TestWithParam<int> {  // the position of the buffer 
   Day() : songs_(whole_day() ? 480 : 30) {
     write_file(directory_.file("TP.inf"), text_bytes(factory_text()));
     player_ = std::make_unique<SimulatedPlayer>(SimulatedPlayer::Options{
-        directory_.path(), [this](std::span<const Sample16> sound) { listen(sound); }, {}, {}});
+        directory_.path(), sink_of_16_bits([this](std::span<const Sample16> sound) { listen(sound); }), {}, {}});
     program().sound.MixTimer->tick.connect([this] { tick(); });
     player_->load();
     program().controls.BufferSwitch.move(GetParam());

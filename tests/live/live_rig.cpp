@@ -72,8 +72,10 @@ void LiveRig::collect() {
   const DisplayFeed& feed = engine_.display_feed();
   const std::uint64_t written = feed.written();
   const std::size_t before = made_.size();
+  std::vector<StereoFrame> fresh(written - before);
+  if (!feed.read(written, fresh)) throw std::runtime_error("the feed was read too late");
   made_.resize(written);
-  if (!feed.read(written, std::span(made_).subspan(before))) throw std::runtime_error("the feed was read too late");
+  quantizer_.convert(fresh, std::span(made_).subspan(before));
 }
 
 void LiveRig::work() {

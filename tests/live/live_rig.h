@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/device/output_ring.h"
+#include "engine/device/quantizer16.h"
 #include "engine/engine.h"
 #include "platform/output_test_server.h"
 #include "platform/pulse/pulse_output.h"
@@ -49,7 +50,7 @@ class LiveRig {
   const std::string& folder() const { return directory_.path(); }  // where the songs lie
   bool played_further(double seconds);
 
-  // What the mixer has made since the first call to run(), by way of the displays' feed.
+  // What the mixer has made since the first call to run(), by way of the displays' feed, as a 16-bit device takes it.
   const std::vector<Sample16>& made() const { return made_; }
 
   // The sound of the last recorded milliseconds, as the greatest sample, and how many frames are recorded.
@@ -73,6 +74,7 @@ class LiveRig {
   Nanoseconds began_ = monotonic_now();
   Nanoseconds worked_at_ = 0;
   Milliseconds longest_pause_ = 0;
+  Quantizer16 quantizer_;
   std::vector<Sample16> made_;
 };
 

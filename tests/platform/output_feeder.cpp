@@ -11,10 +11,12 @@ constexpr std::uint64_t kHalf = 1U << 15;
 constexpr std::size_t kStep = 441;
 }  // namespace
 
-// Left holds the low 15 bits and a one that keeps it from silence, right the next 15.
-Sample16 numbered_frame(std::uint64_t number) {
+// Left holds the low 15 bits and a one that keeps it from silence, right the next 15: values that 16 bits hold exactly.
+StereoFrame numbered_frame(std::uint64_t number) {
   const auto low = static_cast<int>(number % kHalf);
-  return {static_cast<std::int16_t>(low - static_cast<int>(kHalf)), static_cast<std::int16_t>(number / kHalf % kHalf)};
+  const auto high = static_cast<int>(number / kHalf % kHalf);
+  constexpr float kScale = 32768.0F;
+  return {static_cast<float>(low - static_cast<int>(kHalf)) / kScale, static_cast<float>(high) / kScale};
 }
 
 std::uint64_t number_of_frame(const Sample16& frame) {
@@ -40,7 +42,7 @@ void OutputFeeder::run() {
 }
 
 void OutputFeeder::fill() {
-  std::vector<Sample16> step(kStep);
+  std::vector<StereoFrame> step(kStep);
   while (ring_.readable() < keep_frames_ && output_.consuming()) {
     std::uint64_t number = ring_.written();
     std::generate(step.begin(), step.end(), [&] { return numbered_frame(number++); });

@@ -13,7 +13,7 @@
 
 namespace tandem {
 
-Sample16 numbered_frame(std::uint64_t number);
+StereoFrame numbered_frame(std::uint64_t number);
 std::uint64_t number_of_frame(const Sample16& frame);
 bool is_silence(const Sample16& frame);
 

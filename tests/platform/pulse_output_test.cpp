@@ -178,7 +178,7 @@ TEST_F(PulseOutputTest, AFewFramesAreHeardToo) {
   output_.start();
   feeder_.hold_back(true);
   ASSERT_TRUE(consuming());
-  std::vector<Sample16> few(100);
+  std::vector<StereoFrame> few(100);
   for (std::size_t i = 0; i < few.size(); ++i) few[i] = numbered_frame(ring_.written() + i);
   const std::uint64_t before = ring_.written();
   ring_.write(few);

@@ -31,8 +31,8 @@ PlayerRig::PlayerRig(const std::string& settings) {
   const auto keep = [this](std::span<const Sample16> frames) {
     sound_.insert(sound_.end(), frames.begin(), frames.end());
   };
-  player_ = std::make_unique<SimulatedPlayer>(
-      SimulatedPlayer::Options{.directory = directory_.path(), .sink = keep, .log = {}, .show_message = {}});
+  player_ = std::make_unique<SimulatedPlayer>(SimulatedPlayer::Options{
+      .directory = directory_.path(), .sink = sink_of_16_bits(keep), .log = {}, .show_message = {}});
   hook();
   player_->load();
   run(kOpeningFade);

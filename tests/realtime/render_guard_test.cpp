@@ -29,7 +29,7 @@ class TurnClock final : public StepClock {
   std::int64_t now_ns() noexcept override { return now_; }
   void sleep_until(std::int64_t ns) noexcept override {
     now_ = std::max(now_.load(), ns);
-    Sample16 frame;
+    StereoFrame frame;
     while (ring_.read({&frame, 1}) == 1) {
     }
     turns_done_.fetch_add(1);

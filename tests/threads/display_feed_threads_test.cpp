@@ -11,8 +11,8 @@
 namespace tandem {
 namespace {
 
-Sample16 numbered(std::uint64_t number) {
-  return {static_cast<std::int16_t>(number & 0x7FFF), static_cast<std::int16_t>((number >> 15) & 0x7FFF)};
+StereoFrame numbered(std::uint64_t number) {
+  return {static_cast<float>(number & 0x7FFF), static_cast<float>((number >> 15) & 0x7FFF)};
 }
 
 // The writer goes round the feed and overtakes the reader again and again.
@@ -22,14 +22,14 @@ TEST(DisplayFeedThreads, WhatIsReadIsTheSoundBeforeThatFrameOrNothing) {
   const auto feed = std::make_unique<DisplayFeed>();
   std::atomic<bool> looking{true};
   std::thread renderer([&] {
-    std::vector<Sample16> step(441);
+    std::vector<StereoFrame> step(441);
     while (looking.load()) {
       std::uint64_t number = feed->written();
-      for (Sample16& frame : step) frame = numbered(number++);
+      for (StereoFrame& frame : step) frame = numbered(number++);
       feed->write(step);
     }
   });
-  std::vector<Sample16> picture(kShown);
+  std::vector<StereoFrame> picture(kShown);
   std::uint64_t wrong = 0;
   std::uint64_t pictures = 0;
   for (std::uint64_t look = 0; pictures < kPictures || feed->written() < 3 * DisplayFeed::kCapacity; ++look) {

@@ -120,7 +120,7 @@ std::thread renderer(OutputRing& ring, std::size_t rounds) {
   ring.serve(true);
   return std::thread([&ring, rounds] {
     for (std::size_t round = 0; round < rounds; ++round) {
-      const std::vector<Sample16> frames(ring.await_demand(kLong));
+      const std::vector<StereoFrame> frames(ring.await_demand(kLong));
       ring.write(frames);
       ring.supply();
     }
@@ -131,7 +131,7 @@ TEST(OutputRingDemand, WhatIsServedIsThereBehindTheDemand) {
   OutputRing ring;
   constexpr std::size_t kRounds = 5'000;
   std::thread serving = renderer(ring, kRounds);
-  std::array<Sample16, 7> taken;
+  std::array<StereoFrame, 7> taken;
   std::size_t missing = 0;
   for (std::size_t round = 0; round < kRounds; ++round) {
     ring.demand_now(taken.size(), kLong);

@@ -21,7 +21,7 @@ constexpr std::int64_t kStepNs = 10'000'000;
 
 // A device that demands has taken what it asked for, and plays out of that.
 void ThreadsRig::play_a_step() {
-  std::array<Sample16, kStepFrames> frames;
+  std::array<StereoFrame, kStepFrames> frames;
   if (demands_ahead_ == 0) {
     if (ring_.read(frames) < frames.size()) ++dry_;
     return;

@@ -106,7 +106,10 @@ int play(const Options& options) {
   if (!options.wav.empty()) wav = std::make_unique<tandem::WavRecorder>(options.wav);
   tandem::SimulatedPlayer::Options player_options;
   player_options.directory = directory.path();
-  if (wav) player_options.sink = [&wav](std::span<const tandem::Sample16> frames) { wav->write(frames); };
+  if (wav) {
+    player_options.sink =
+        tandem::sink_of_16_bits([&wav](std::span<const tandem::Sample16> frames) { wav->write(frames); });
+  }
   if (options.log) player_options.log = [](const std::string& operation) { std::cout << operation << '\n'; };
   player_options.show_message = [](const std::string& text) { std::cerr << "message: " << text << '\n'; };
   tandem::SimulatedPlayer player(player_options);

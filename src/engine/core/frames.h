@@ -1,4 +1,4 @@
-// The one internal sound format: 32-bit float, stereo, 44100 frames a second, full scale 1.0.
+// The one internal sound format: 32-bit float, stereo, 44100 frames a second, full scale 1.0; and the 16-bit frame.
 // Any thread. Buffers of frames are contiguous and interleaved (left, right).
 #pragma once
 
@@ -18,6 +18,14 @@ struct StereoFrame {
   friend bool operator==(const StereoFrame&, const StereoFrame&) = default;
 };
 static_assert(sizeof(StereoFrame) == 2 * sizeof(float));
+
+// A frame as a 16-bit device takes it. The panel counts its buffers in bytes of these.
+struct Sample16 {
+  std::int16_t left = 0;
+  std::int16_t right = 0;
+  friend bool operator==(const Sample16&, const Sample16&) = default;
+};
+static_assert(sizeof(Sample16) == 4);
 
 // Milliseconds of a whole number of frames, rounded down, and the first frame of a millisecond.
 constexpr std::int64_t milliseconds_of(Frames frames) { return frames * 1000 / kSampleRate; }

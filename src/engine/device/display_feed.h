@@ -9,7 +9,7 @@
 #include <span>
 #include <vector>
 
-#include "engine/device/output_ring.h"
+#include "engine/core/frames.h"
 
 namespace tandem {
 
@@ -19,14 +19,14 @@ class DisplayFeed {
 
   DisplayFeed() : frames_(kCapacity) {}
 
-  void write(std::span<const Sample16> frames) noexcept;
+  void write(std::span<const StereoFrame> frames) noexcept;
   // The out.size() frames in front of frame number `until` (frames are counted as the OutputRing counts them).
   // False if they are not written yet or not kept any more; out is then undefined.
-  bool read(std::uint64_t until, std::span<Sample16> out) const noexcept;
+  bool read(std::uint64_t until, std::span<StereoFrame> out) const noexcept;
   std::uint64_t written() const noexcept { return written_.load(std::memory_order_acquire); }
 
  private:
-  std::vector<std::atomic<std::uint32_t>> frames_;
+  std::vector<std::atomic<std::uint64_t>> frames_;
   std::atomic<std::uint64_t> announced_{0};  // frames that are, or are just being, written
   std::atomic<std::uint64_t> written_{0};
 };

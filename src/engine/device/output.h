@@ -1,6 +1,6 @@
 // The door to a sound device. Implementations live in platform/: a sound server through libpulse, ALSA, and a clocked
-// null output for tests and tools. The device takes 16-bit stereo at 44100 Hz out of an OutputRing that the render
-// thread fills; it never calls back into the engine otherwise.
+// null output for tests and tools. It takes float stereo at 44100 Hz out of an OutputRing that the render thread
+// fills, and converts it to what the device takes; it never calls back into the engine otherwise.
 //
 // Threads: the orders (open .. set_queue_length) come from the UI thread and never block on a device: what takes time
 // is done behind them, in the order given. The questions (consuming .. lost) may be asked from any thread and never

@@ -13,7 +13,7 @@ std::size_t OutputRing::readable() const noexcept {
   return static_cast<std::size_t>(tail_.load(std::memory_order_acquire) - head);
 }
 
-std::size_t OutputRing::write(std::span<const Sample16> frames) noexcept {
+std::size_t OutputRing::write(std::span<const StereoFrame> frames) noexcept {
   const std::uint64_t tail = tail_.load(std::memory_order_relaxed);
   const std::uint64_t used = tail - head_.load(std::memory_order_acquire);
   const std::size_t count = std::min(frames.size(), kCapacity - static_cast<std::size_t>(used));
@@ -22,7 +22,7 @@ std::size_t OutputRing::write(std::span<const Sample16> frames) noexcept {
   return count;
 }
 
-std::size_t OutputRing::read(std::span<Sample16> out) noexcept {
+std::size_t OutputRing::read(std::span<StereoFrame> out) noexcept {
   const std::uint64_t head = head_.load(std::memory_order_relaxed);
   const std::uint64_t used = tail_.load(std::memory_order_acquire) - head;
   const std::size_t count = std::min(out.size(), static_cast<std::size_t>(used));

@@ -1,4 +1,5 @@
-// The finished sound on its way from the render thread to the output device: 16-bit stereo.
+// The finished sound on its way from the render thread to the output device: float stereo. What the
+// device takes (rate, bits) is the output's concern: to 16 bits with a Quantizer16.
 // Threads: write() on the render thread, read() on the output's thread; they neither lock nor allocate.
 //
 // An output that takes sound in large pieces at moments of its own says so with demand(): then what it takes next can
@@ -12,17 +13,11 @@
 #include <span>
 #include <vector>
 
+#include "engine/core/frames.h"
 #include "engine/core/semaphore.h"
 #include "engine/device/flight_recorder.h"
 
 namespace tandem {
-
-struct Sample16 {  // one frame as the device takes it
-  std::int16_t left = 0;
-  std::int16_t right = 0;
-  friend bool operator==(const Sample16&, const Sample16&) = default;
-};
-static_assert(sizeof(Sample16) == 4);
 
 class OutputRing {
  public:
@@ -32,8 +27,8 @@ class OutputRing {
 
   std::size_t readable() const noexcept;
   std::size_t writable() const noexcept { return kCapacity - readable(); }
-  std::size_t write(std::span<const Sample16> frames) noexcept;  // returns how many fitted
-  std::size_t read(std::span<Sample16> out) noexcept;            // returns how many there were
+  std::size_t write(std::span<const StereoFrame> frames) noexcept;  // returns how many fitted
+  std::size_t read(std::span<StereoFrame> out) noexcept;            // returns how many there were
 
   // The output's thread: it demands from now on, and would take so many frames at once; 0 if it has what it wants.
   void demand(std::size_t frames) noexcept;
@@ -66,7 +61,7 @@ class OutputRing {
   std::uint64_t taken() const noexcept { return head_.load(std::memory_order_acquire); }
 
  private:
-  std::vector<Sample16> frames_;
+  std::vector<StereoFrame> frames_;
   alignas(64) std::atomic<std::uint64_t> head_{0};
   alignas(64) std::atomic<std::uint64_t> tail_{0};
   std::atomic<bool> has_demands_{false};

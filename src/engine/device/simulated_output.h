@@ -9,9 +9,12 @@
 
 namespace tandem {
 
+// A sink that takes the sound as a 16-bit device does.
+std::function<void(std::span<const StereoFrame>)> sink_of_16_bits(std::function<void(std::span<const Sample16>)> sink);
+
 class SimulatedOutput final : public Output {
  public:
-  using Sink = std::function<void(std::span<const Sample16>)>;
+  using Sink = std::function<void(std::span<const StereoFrame>)>;
 
   explicit SimulatedOutput(OutputRing& ring, Sink sink = {}) : ring_(ring), sink_(std::move(sink)) {}
 

@@ -1,24 +1,11 @@
 #include "engine/render/chain.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "engine/core/flush_denormals.h"
 #include "engine/core/render_guard.h"
 
 namespace tandem {
-
-namespace {
-
-std::int16_t to_sample(float value) noexcept {
-  return static_cast<std::int16_t>(std::clamp(std::lrintf(value * 32768.0F), -32768L, 32767L));
-}
-
-void convert(std::span<const StereoFrame> from, std::span<Sample16> to) noexcept {
-  for (std::size_t i = 0; i < from.size(); ++i) to[i] = {to_sample(from[i].left), to_sample(from[i].right)};
-}
-
-}  // namespace
 
 Chain::Chain(std::array<DeckReader, kDecks>& readers, FilterWorker& designer)
     : decks_{Deck(readers[0]), Deck(readers[1])}, designer_(designer) {}
@@ -34,18 +21,17 @@ Chain::~Chain() {
   }
 }
 
-void Chain::render(std::span<Sample16, kStepFrames> out) noexcept {
+void Chain::render(std::span<StereoFrame, kStepFrames> out) noexcept {
   const RenderGuard guard;
   const FlushDenormals flush;
   take_orders();
-  std::array<StereoFrame, kStepFrames> mix{};
-  mix_decks(mix);
-  volume_.apply(mix);
-  equalize(mix);
-  limiter_.process(mix);
-  gate_.apply(mix);
+  std::fill(out.begin(), out.end(), StereoFrame{});
+  mix_decks(out);
+  volume_.apply(out);
+  equalize(out);
+  limiter_.process(out);
+  gate_.apply(out);
   if (!gate_.closed()) broken_off_ = false;
-  convert(mix, out);
   display_feed_.write(out);
   notify_ui();
 }

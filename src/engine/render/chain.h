@@ -1,4 +1,4 @@
-// The sound chain on the render thread: two decks -> mixer -> equalizer -> limiter -> gate -> 16-bit frames.
+// The sound chain on the render thread: two decks -> mixer -> equalizer -> limiter -> pause fade -> float frames.
 // Threads: render() and take_orders() on the render thread, the atomics from any. Nothing under render() allocates,
 // locks, throws, logs or touches a file.
 #pragma once
@@ -34,7 +34,7 @@ class Chain {
   RenderEventQueue& news() noexcept { return news_; }
 
   // One step of sound. Takes the orders first.
-  void render(std::span<Sample16, kStepFrames> out) noexcept;
+  void render(std::span<StereoFrame, kStepFrames> out) noexcept;
   // The orders in front of a step, so that the readers can be given room before it (simulated time).
   void take_orders_ahead() noexcept;
   // The orders alone, while the output takes no sound.

@@ -62,7 +62,7 @@ void RenderThread::rest() {
 }
 
 void RenderThread::render_step() noexcept {
-  std::array<Sample16, kStepFrames> block;
+  std::array<StereoFrame, kStepFrames> block;
   chain_.render(block);
   ring_.write(block);
 }

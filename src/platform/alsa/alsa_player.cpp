@@ -93,9 +93,12 @@ Nanoseconds AlsaPlayer::play_out(const AlsaPcm::Look& look, Nanoseconds now) {
 }
 
 std::size_t AlsaPlayer::fetch(std::size_t frames) {
+  std::vector<StereoFrame> fresh(std::min(frames, ring_.readable()));
+  ring_.read(fresh);
   const std::size_t before = waiting_.size();
-  waiting_.resize(before + std::min(frames, ring_.readable()));
-  return ring_.read(std::span(waiting_).subspan(before));
+  waiting_.resize(before + fresh.size());
+  quantizer_.convert(fresh, std::span(waiting_).subspan(before));
+  return fresh.size();
 }
 
 long AlsaPlayer::send(long space) {

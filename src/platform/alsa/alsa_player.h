@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/device/output_ring.h"
+#include "engine/device/quantizer16.h"
 #include "platform/alsa/alsa_pcm.h"
 #include "platform/output/playback_clock.h"
 
@@ -47,9 +48,10 @@ class AlsaPlayer {
   Motion motion_ = Motion::kHeld;
   bool asleep_ = false;
   bool gone_ = false;
-  long target_ = 0;                // frames to keep queued
-  long request_ = 0;               // frames to take at once
-  long silence_ = 0;               // frames behind the last one of the ring
+  long target_ = 0;   // frames to keep queued
+  long request_ = 0;  // frames to take at once
+  long silence_ = 0;  // frames behind the last one of the ring
+  Quantizer16 quantizer_;
   std::vector<Sample16> waiting_;  // out of the ring, not yet in the device
 };
 

@@ -34,7 +34,7 @@ void NullOutput::step(Nanoseconds now) {
 }
 
 void NullOutput::take(std::uint64_t frames, Nanoseconds now) {
-  std::array<Sample16, 512> dropped;
+  std::array<StereoFrame, 512> dropped;
   while (frames > 0) {
     const std::size_t part = std::min<std::size_t>(frames, dropped.size());
     const std::size_t read = ring_.read(std::span(dropped).first(part));

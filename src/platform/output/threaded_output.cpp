@@ -78,7 +78,7 @@ void ThreadedOutput::abandon_taken() noexcept {
 
 void ThreadedOutput::discard_unplayable() noexcept {
   if (ring_.taken() >= target_.play_up_to() || !token_.take()) return;
-  std::array<Sample16, 512> unplayed;
+  std::array<StereoFrame, 512> unplayed;
   while (ring_.taken() < target_.play_up_to()) {
     const auto left = static_cast<std::size_t>(target_.play_up_to() - ring_.taken());
     if (ring_.read(std::span(unplayed).first(std::min(left, unplayed.size()))) == 0) break;

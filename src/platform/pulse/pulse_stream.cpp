@@ -4,6 +4,7 @@
 #include <pulse/timeval.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <utility>
@@ -192,12 +193,24 @@ std::size_t PulseStream::write(std::size_t frames) {
     void* place = nullptr;
     std::size_t bytes = left * kFrameBytes;
     if (pa_stream_begin_write(stream_, &place, &bytes) < 0 || bytes < kFrameBytes) break;
-    const std::size_t read = ring_.read({static_cast<Sample16*>(place), std::min(left, bytes / kFrameBytes)});
+    const std::size_t read = read_16_bits({static_cast<Sample16*>(place), std::min(left, bytes / kFrameBytes)});
     if (pa_stream_write(stream_, place, read * kFrameBytes, nullptr, 0, PA_SEEK_RELATIVE) < 0) break;
     left -= read;
     missing -= read;
   }
   return missing;
+}
+
+std::size_t PulseStream::read_16_bits(std::span<Sample16> out) {
+  std::array<StereoFrame, 512> block;
+  std::size_t done = 0;
+  while (done < out.size()) {
+    const std::size_t read = ring_.read(std::span(block).first(std::min(block.size(), out.size() - done)));
+    if (read == 0) break;
+    quantizer_.convert(std::span(block).first(read), out.subspan(done));
+    done += read;
+  }
+  return done;
 }
 
 // What it has is still on its way through the device: the clock runs on to its end, which the server no longer tells.

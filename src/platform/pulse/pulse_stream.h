@@ -11,8 +11,10 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <span>
 
 #include "engine/device/output_ring.h"
+#include "engine/device/quantizer16.h"
 #include "platform/output/playback_clock.h"
 #include "platform/pulse/pulse_events.h"
 #include "platform/pulse/pulse_queue.h"
@@ -56,6 +58,7 @@ class PulseStream {
   void connect();
   void come_back(std::uint64_t just_taken);
   std::size_t write(std::size_t frames);
+  std::size_t read_16_bits(std::span<Sample16> out);
   void play_out();
   void stall();
   void run_dry();
@@ -77,6 +80,7 @@ class PulseStream {
   static void on_played_out(pa_stream*, int success, void* self);
 
   OutputRing& ring_;
+  Quantizer16 quantizer_;
   PlaybackClock& clock_;
   std::atomic<std::uint64_t>& underruns_;
   std::function<void()> changed_;
