@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <ostream>
+#include <utility>
 
 namespace tandem {
 
@@ -26,8 +27,8 @@ std::uint64_t number_of_frame(const Sample16& frame) {
 
 bool is_silence(const Sample16& frame) { return frame.left == 0 && frame.right == 0; }
 
-OutputFeeder::OutputFeeder(OutputRing& ring, const Output& output, std::size_t keep_frames)
-    : ring_(ring), output_(output), keep_frames_(keep_frames), thread_([this] { run(); }) {}
+OutputFeeder::OutputFeeder(OutputRing& ring, const Output& output, std::size_t keep_frames, Sound sound)
+    : ring_(ring), output_(output), keep_frames_(keep_frames), sound_(std::move(sound)), thread_([this] { run(); }) {}
 
 OutputFeeder::~OutputFeeder() {
   ending_.store(true);
@@ -45,7 +46,7 @@ void OutputFeeder::fill() {
   std::vector<StereoFrame> step(kStep);
   while (ring_.readable() < keep_frames_ && output_.consuming()) {
     std::uint64_t number = ring_.written();
-    std::generate(step.begin(), step.end(), [&] { return numbered_frame(number++); });
+    std::generate(step.begin(), step.end(), [&] { return sound_(number++); });
     ring_.write(step);
   }
   ring_.supply();

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <span>
 #include <thread>
@@ -19,7 +20,9 @@ bool is_silence(const Sample16& frame);
 
 class OutputFeeder {
  public:
-  OutputFeeder(OutputRing& ring, const Output& output, std::size_t keep_frames);
+  using Sound = std::function<StereoFrame(std::uint64_t number)>;
+
+  OutputFeeder(OutputRing& ring, const Output& output, std::size_t keep_frames, Sound sound = numbered_frame);
   ~OutputFeeder();
   OutputFeeder(const OutputFeeder&) = delete;
   OutputFeeder& operator=(const OutputFeeder&) = delete;
@@ -33,6 +36,7 @@ class OutputFeeder {
   OutputRing& ring_;
   const Output& output_;
   std::size_t keep_frames_;
+  Sound sound_;
   std::atomic<bool> held_back_{false};
   std::atomic<bool> ending_{false};
   std::thread thread_;

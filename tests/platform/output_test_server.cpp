@@ -146,8 +146,9 @@ void OutputTestServer::freeze() { daemon_.send(SIGSTOP); }
 void OutputTestServer::thaw() { daemon_.send(SIGCONT); }
 
 // Without norewinds the null sink works in blocks of two seconds and starves every short queue.
-void OutputTestServer::load_sink(const std::string& name) {
-  std::string number = control({"load-module", "module-null-sink", "sink_name=" + name, "rate=44100", "norewinds=1"});
+void OutputTestServer::load_sink(const std::string& name, int rate, const std::string& format) {
+  std::string number = control({"load-module", "module-null-sink", "sink_name=" + name, "rate=" + std::to_string(rate),
+                                "format=" + format, "norewinds=1"});
   modules_.emplace_back(name, number.substr(0, number.find('\n')));
 }
 
@@ -176,6 +177,29 @@ void OutputTestServer::start_recording() {
       directory_ / "recording");
   if (!wait_until([this] { return fs::file_size(directory_ / "recording") > 0; }))
     throw std::runtime_error("parec records nothing: " + read_text(directory_ / "recording.err"));
+}
+
+void OutputTestServer::start_float_recording(const std::string& sink, int rate) {
+  recorder_.end();
+  recorder_ = ChildProcess({"parec", "-d", sink + ".monitor", "--raw", "--format=float32le",
+                            "--rate=" + std::to_string(rate), "--channels=2", "--latency-msec=20"},
+                           directory_ / "recording");
+  if (!wait_until([this] { return fs::file_size(directory_ / "recording") > 0; }))
+    throw std::runtime_error("parec records nothing: " + read_text(directory_ / "recording.err"));
+}
+
+std::vector<StereoFrame> OutputTestServer::float_recording() const {
+  const std::string bytes = read_text(directory_ / "recording");
+  std::vector<StereoFrame> frames(bytes.size() / sizeof(StereoFrame));
+  std::copy_n(bytes.data(), frames.size() * sizeof(StereoFrame), reinterpret_cast<char*>(frames.data()));
+  return frames;
+}
+
+std::string OutputTestServer::stream_formats() const {
+  std::istringstream streams(control({"list", "short", "sink-inputs"}));
+  std::string formats;
+  for (std::string line; std::getline(streams, line);) formats += line.substr(line.rfind('\t') + 1) + ";";
+  return formats;
 }
 
 std::vector<Sample16> OutputTestServer::recording() const {

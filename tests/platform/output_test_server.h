@@ -52,7 +52,13 @@ class OutputTestServer {
   // For how long threads of this process and of the server were ready to run, but others had the processors.
   std::chrono::milliseconds waited_for_a_processor() const;
 
-  void load_sink(const std::string& name);
+  // `format`: as pactl names it.
+  void load_sink(const std::string& name, int rate = 44100, const std::string& format = "s16le");
+  // The formats of the streams that play, as pactl names them.
+  std::string stream_formats() const;
+  // What a sink of that rate plays from now on, as float; ends with the next recording.
+  void start_float_recording(const std::string& sink, int rate);
+  std::vector<StereoFrame> float_recording() const;
   void unload_sink(const std::string& name);
   void suspend_sink(const std::string& name, bool suspended);
   void move_streams_to(const std::string& name);  // makes it the default too

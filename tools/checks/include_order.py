@@ -73,7 +73,8 @@ GROUPS = (
     ('lanes', r'([a-z]?mmintrin|x86intrin)\.h'),
     ('qt', r'(Qt[A-Z]\w*/)?(Q[A-Z]\w*|Qt[A-Z]\w*|q[a-z]+\.h)'),
     ('server', r'(pulse|alsa|systemd|xcb)/.+\.h'),
-    ('decoders', r'(mpg123\.h|sndfile\.hh?|soxr\.h|soundtouch/.+\.h|SoundTouch\.h)'),
+    ('rates', r'soxr\.h'),
+    ('decoders', r'(mpg123\.h|sndfile\.hh?|soundtouch/.+\.h|SoundTouch\.h)'),
     ('fft', r'(kissfft/)?kiss_fft[a-z]*\.h'),
     ('unicode', r'utf8proc\.h'),
 )
@@ -84,12 +85,12 @@ memory memory_resource new numbers numeric optional ostream queue random ranges 
 source_location span sstream stack stdexcept streambuf string string_view strstream syncstream system_error tuple
 type_traits typeindex typeinfo unordered_map unordered_set utility valarray variant vector version'''.split())
 ALLOWED_GROUPS = {
-    'engine': ('threads', 'clocks', 'system', 'lanes', 'decoders', 'fft'),
+    'engine': ('threads', 'clocks', 'system', 'lanes', 'rates', 'decoders', 'fft'),
     'displays': ('lanes', 'fft'),
     'layout': ('qt',),
     'paint': ('qt', 'lanes'),
     'widgets': ('qt',),
-    'platform': ('threads', 'clocks', 'files', 'system', 'qt', 'server', 'unicode'),
+    'platform': ('threads', 'clocks', 'files', 'system', 'qt', 'server', 'rates', 'unicode'),
     'app': tuple(name for name, _ in GROUPS),
 }
 # The one place where the logic touches the disk: files written and read as a whole.

@@ -7,6 +7,22 @@
 
 namespace tandem {
 
+void PulseOperation::await(pa_operation* operation) {
+  cancel();
+  operation_ = operation;
+}
+
+void PulseOperation::done() { ignore(std::exchange(operation_, nullptr)); }
+
+void PulseOperation::cancel() {
+  if (operation_ != nullptr) pa_operation_cancel(operation_);
+  done();
+}
+
+void PulseOperation::ignore(pa_operation* operation) {
+  if (operation != nullptr) pa_operation_unref(operation);
+}
+
 PulseTimer::PulseTimer(pa_mainloop_api* api, std::function<void()> due) : api_(api), due_(std::move(due)) {}
 
 PulseTimer::~PulseTimer() {

@@ -1,13 +1,31 @@
-// Small owners for what a libpulse main loop calls back: a one-shot timer, a deferred call, a readable descriptor.
+// Small owners for what libpulse calls back: an operation, a one-shot timer, a deferred call, a readable descriptor.
 // Made and destroyed on the loop's thread, or while that thread does not run. libpulse itself aborts when memory is
 // out, so nothing here can fail.
 #pragma once
 
 #include <pulse/mainloop-api.h>
+#include <pulse/operation.h>
 
 #include <functional>
 
 namespace tandem {
+
+// A question to the server whose answer is awaited: it never comes once this is gone or asks something else.
+class PulseOperation {
+ public:
+  PulseOperation() = default;
+  ~PulseOperation() { cancel(); }
+  PulseOperation(const PulseOperation&) = delete;
+  PulseOperation& operator=(const PulseOperation&) = delete;
+
+  void await(pa_operation* operation);
+  void done();  // the answer has come
+  void cancel();
+  static void ignore(pa_operation* operation);  // one without an answer
+
+ private:
+  pa_operation* operation_ = nullptr;
+};
 
 class PulseTimer {
  public:

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/pulse/pulse_context.h"
+#include "platform/pulse/pulse_sink.h"
 #include "platform/pulse/pulse_stream.h"
 #include "platform/realtime/realtime_priority.h"
 
@@ -55,7 +56,10 @@ class PulseOutput::Worker {
   void make_stream();
   void publish();
   void publish_reachable();
-  bool current() const { return stream_ && stream_generation_ == output_.target().generation(); }
+  void look_after_sink();
+  bool current() const {
+    return stream_ && stream_generation_ == output_.target().generation() && stream_->format() == sink_.format();
+  }
 
   PulseOutput& output_;
   std::function<void(bool)> reachable_;
@@ -66,6 +70,7 @@ class PulseOutput::Worker {
   PulseReadable commanded_;
   PulseTimer again_;
   PulseContext context_;
+  PulseSink sink_;                     // destroyed before its context, as the stream
   std::optional<PulseStream> stream_;  // destroyed before its context
   std::uint32_t stream_generation_ = 0;
 };
@@ -76,7 +81,8 @@ PulseOutput::Worker::Worker(PulseOutput& output, std::function<void(bool)> reach
       changed_(thread_.api(), [this] { look_after(); }),
       commanded_(thread_.api(), output.wake_fd(), [this] { look_after(); }),
       again_(thread_.api(), [this] { look_after(); }),
-      context_(thread_.api(), [this] { changed_.ask(); }) {
+      context_(thread_.api(), [this] { changed_.ask(); }),
+      sink_([this] { changed_.ask(); }) {
   changed_.ask();
   thread_.start();
 }
@@ -88,12 +94,19 @@ void PulseOutput::Worker::look_after() {
     if (stream_->failed()) again_.start(kRetryMilliseconds);
     drop_stream();
   }
-  context_.tend();
+  look_after_sink();
   if (stream_ && !current()) retire_stream();
   if (!stream_) make_stream();
   if (current() && stream_->ready()) drive_stream();
   if (!stream_ && !output_.target().wants_sound()) output_.discard_unplayable();
   publish();
+}
+
+void PulseOutput::Worker::look_after_sink() {
+  if (context_.ready() == nullptr) sink_.attach(nullptr);  // before its context goes
+  context_.tend();
+  sink_.attach(context_.ready());
+  if (stream_ && stream_->ready()) sink_.follow(stream_->sink());
 }
 
 void PulseOutput::Worker::drive_stream() {
@@ -121,7 +134,7 @@ void PulseOutput::Worker::retire_stream() {
 
 void PulseOutput::Worker::make_stream() {
   const TargetState& target = output_.target();
-  if (!target.is_open() || context_.ready() == nullptr || again_.pending()) return;
+  if (!target.is_open() || !sink_.format() || again_.pending()) return;
   if (!output_.token_.take()) {
     again_.start(kTokenMilliseconds);
     return;
@@ -129,7 +142,8 @@ void PulseOutput::Worker::make_stream() {
   const PulseStream::Places places = {thread_.api(), context_.ready(), &output_.ring_, &output_.playback_clock_,
                                       &output_.underruns_};
   stream_generation_ = target.generation();
-  stream_.emplace(places, PulseQueue{target.buffer_bytes(), target.queue_length()}, [this] { changed_.ask(); });
+  stream_.emplace(places, *sink_.format(), PulseQueue{target.buffer_bytes(), target.queue_length()},
+                  [this] { changed_.ask(); });
   if (stream_->failed()) changed_.ask();
 }
 

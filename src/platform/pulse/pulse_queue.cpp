@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "engine/device/output_ring.h"
-
 namespace tandem {
 
 namespace {
@@ -13,15 +11,13 @@ namespace {
 // requests, and with nothing left it would run at its shortest latency and wake 2000 times a second.
 constexpr int kDeep = 8;  // buffers
 
-std::uint32_t whole_frames(std::uint32_t bytes) {
-  constexpr std::uint32_t kFrame = sizeof(Sample16);
-  return bytes / kFrame * kFrame;
-}
-
 }  // namespace
 
-pa_buffer_attr attributes_of(const PulseQueue& queue) {
-  const auto buffer = static_cast<std::uint32_t>(queue.buffer_bytes);
+pa_buffer_attr attributes_of(const PulseQueue& queue, const DeviceFormat& format) {
+  const auto frame = static_cast<std::uint32_t>(format.frame_bytes());
+  const auto whole_frames = [frame](std::uint32_t bytes) { return bytes / frame * frame; };
+  const auto frames = format.device_frames(static_cast<std::uint64_t>(queue.buffer_bytes / 4));
+  const std::uint32_t buffer = static_cast<std::uint32_t>(frames) * frame;
   const std::uint32_t whole = buffer * static_cast<std::uint32_t>(queue.depth);
   const std::uint32_t quarter = whole_frames(whole / 4);
   pa_buffer_attr attributes = {};
@@ -36,11 +32,12 @@ pa_buffer_attr attributes_of(const PulseQueue& queue) {
   return attributes;
 }
 
-pa_buffer_attr growing_attributes(const PulseQueue& from, const PulseQueue& to) {
-  const pa_buffer_attr former = attributes_of(from);
-  pa_buffer_attr attributes = attributes_of(to);
+pa_buffer_attr growing_attributes(const PulseQueue& from, const PulseQueue& to, const DeviceFormat& format) {
+  const auto frame = static_cast<std::uint32_t>(format.frame_bytes());
+  const pa_buffer_attr former = attributes_of(from, format);
+  pa_buffer_attr attributes = attributes_of(to, format);
   const std::uint32_t beside_requests = former.tlength - 2 * former.minreq;
-  attributes.minreq = std::max(attributes.minreq, whole_frames((attributes.tlength - beside_requests) / 2));
+  attributes.minreq = std::max(attributes.minreq, (attributes.tlength - beside_requests) / 2 / frame * frame);
   return attributes;
 }
 

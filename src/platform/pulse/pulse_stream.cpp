@@ -4,12 +4,11 @@
 #include <pulse/timeval.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
-#include <cmath>
 #include <utility>
 
 #include "engine/core/frames.h"
+#include "platform/pulse/pulse_format.h"
 
 namespace tandem {
 
@@ -19,23 +18,11 @@ constexpr int kHungryMilliseconds = 10;
 constexpr int kPatientMilliseconds = 100;
 constexpr std::chrono::milliseconds kSupplyPatience{10};            // much less than is queued
 constexpr Nanoseconds kSettled = 500 * kNanosecondsPerMillisecond;  // after what changes the queue or the device
-constexpr std::size_t kFrameBytes = sizeof(Sample16);
-
-void forget(pa_operation* operation) {
-  if (operation != nullptr) pa_operation_unref(operation);
-}
-
-// Its answer must not come any more.
-void cancel(pa_operation*& operation) {
-  if (operation == nullptr) return;
-  pa_operation_cancel(operation);
-  pa_operation_unref(std::exchange(operation, nullptr));
-}
 
 PulseStream* stream_of(void* self) { return static_cast<PulseStream*>(self); }
 
-pa_stream* new_stream(pa_context* context) {
-  const pa_sample_spec format = {PA_SAMPLE_S16NE, static_cast<std::uint32_t>(kSampleRate), 2};
+pa_stream* new_stream(pa_context* context, const DeviceFormat& wanted) {
+  const pa_sample_spec format = spec_of(wanted);
   pa_proplist* properties = pa_proplist_new();
   pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "music");
   pa_stream* stream = pa_stream_new_with_proplist(context, "Tandem", &format, nullptr, properties);
@@ -43,23 +30,21 @@ pa_stream* new_stream(pa_context* context) {
   return stream;
 }
 
-std::uint64_t frames_of_time(pa_usec_t time) {
-  return static_cast<std::uint64_t>(std::llround(static_cast<double>(time) * kSampleRate / PA_USEC_PER_SEC));
-}
-
 }  // namespace
 
-PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed)
+PulseStream::PulseStream(const Places& places, const DeviceFormat& format, const PulseQueue& queue,
+                         std::function<void()> changed)
     : ring_(*places.ring),
+
       clock_(*places.clock),
       underruns_(*places.underruns),
       changed_(std::move(changed)),
       hungry_(places.api, [this] { feed(); }),
       queue_(queue),
-      stream_(new_stream(places.context)),
-      first_(ring_.taken()),
-      stalled_at_(first_),
-      position_(first_) {
+      stream_(new_stream(places.context, format)),
+      writer_(stream_, *places.ring, format),
+      stalled_at_(ring_.taken()),
+      position_(ring_.taken()) {
   if (stream_ == nullptr) {
     state_ = State::kFailed;
     return;
@@ -70,8 +55,8 @@ PulseStream::PulseStream(const Places& places, const PulseQueue& queue, std::fun
 
 PulseStream::~PulseStream() {
   ring_.end_demands();
-  cancel(playing_out_);
-  cancel(resizing_);
+  playing_out_.cancel();
+  resizing_.cancel();
   if (stream_ == nullptr) return;
   listen(false);
   pa_stream_disconnect(stream_);
@@ -92,7 +77,7 @@ void PulseStream::listen(bool on) {
 }
 
 void PulseStream::connect() {
-  const pa_buffer_attr wish = attributes_of(queue_);
+  const pa_buffer_attr wish = attributes_of(queue_, format());
   const auto flags = static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY |
                                                     PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
   if (pa_stream_connect_playback(stream_, nullptr, &wish, flags, nullptr, nullptr) < 0) state_ = State::kFailed;
@@ -102,9 +87,9 @@ void PulseStream::play() {
   if (motion_ == Motion::kPlaying) return;
   if (motion_ == Motion::kHeld) {
     stall();
-    forget(pa_stream_cork(stream_, 0, nullptr, nullptr));
+    PulseOperation::ignore(pa_stream_cork(stream_, 0, nullptr, nullptr));
   }
-  cancel(playing_out_);
+  playing_out_.cancel();
   motion_ = Motion::kPlaying;
   changed_at_ = monotonic_now();
 }
@@ -115,8 +100,8 @@ void PulseStream::hold(std::uint64_t up_to) {
   if (motion_ == Motion::kHeld) play();
   hungry_.cancel();
   ring_.end_demands();
-  cancel(playing_out_);
-  if (up_to > ring_.taken()) write(static_cast<std::size_t>(up_to - ring_.taken()));
+  playing_out_.cancel();
+  writer_.write_end(up_to);
   report();
   play_out();
 }
@@ -124,34 +109,34 @@ void PulseStream::hold(std::uint64_t up_to) {
 // Also makes the server play what is shorter than it would wait for.
 void PulseStream::play_out() {
   motion_ = Motion::kPlayingOut;
-  playing_out_ = pa_stream_drain(stream_, &PulseStream::on_played_out, this);
+  playing_out_.await(pa_stream_drain(stream_, &PulseStream::on_played_out, this));
 }
 
 void PulseStream::resize(const PulseQueue& queue) {
   if (queue == queue_) return;
   ring_.demand(0);  // what is missing in the new one is demanded when the server asks for it
   const PulseQueue former = std::exchange(queue_, queue);
-  growing_ = motion_ == Motion::kPlaying && queue.bytes() > former.bytes();
-  apply_queue(growing_ ? growing_attributes(former, queue) : attributes_of(queue));
+  growing_ = motion_ == Motion::kPlaying && queue.frames() > former.frames();
+  apply_queue(growing_ ? growing_attributes(former, queue, format()) : attributes_of(queue, format()));
 }
 
 // The device may take its share of a longer queue once that is there.
 void PulseStream::end_growth() {
   const std::uint64_t queued = ring_.taken() - clock_.frames_played(monotonic_now());
-  if (!growing_ || queued < static_cast<std::uint64_t>(queue_.bytes()) / sizeof(Sample16) * 3 / 4) return;
+  if (!growing_ || queued < queue_.frames() * 3 / 4) return;
   growing_ = false;
-  apply_queue(attributes_of(queue_));
+  apply_queue(attributes_of(queue_, format()));
 }
 
 void PulseStream::apply_queue(const pa_buffer_attr& wish) {
-  cancel(resizing_);
-  resizing_ = pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this);
+  resizing_.await(pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this));
 }
 
 void PulseStream::read_queue() {
   changed_at_ = monotonic_now();
   const pa_buffer_attr* granted = pa_stream_get_buffer_attr(stream_);
-  if (granted != nullptr && !growing_) request_frames_ = static_cast<int>(granted->minreq / kFrameBytes);
+  if (granted != nullptr && !growing_)
+    request_frames_ = static_cast<int>(format().ring_frames(granted->minreq / format().frame_bytes()));
   changed_();
 }
 
@@ -160,12 +145,12 @@ void PulseStream::feed() {
   const std::size_t asked = pa_stream_writable_size(stream_);
   if (asked == static_cast<std::size_t>(-1)) return;
   const std::uint64_t before = ring_.taken();
-  std::size_t missing = write(asked / kFrameBytes);
+  std::size_t missing = writer_.write(asked / format().frame_bytes());
   if (missing > 0) {
-    ring_.demand_now(missing, kSupplyPatience);
-    missing = write(missing);
+    ring_.demand_now(writer_.ring_frames_for(missing), kSupplyPatience);
+    missing = writer_.write(missing);
   }
-  ring_.demand(missing);
+  ring_.demand(writer_.ring_frames_for(missing));
   report();
   const Nanoseconds now = monotonic_now();
   end_growth();
@@ -183,34 +168,6 @@ void PulseStream::come_back(std::uint64_t just_taken) {
   const std::uint64_t frames = std::min(queued / 4, just_taken / 2);
   const auto milliseconds = static_cast<int>(milliseconds_of(static_cast<Frames>(frames)));
   hungry_.start(std::clamp(milliseconds, kHungryMilliseconds, kPatientMilliseconds));
-}
-
-// How many are missing.
-std::size_t PulseStream::write(std::size_t frames) {
-  std::size_t left = std::min(frames, ring_.readable());
-  std::size_t missing = frames;
-  while (left > 0) {
-    void* place = nullptr;
-    std::size_t bytes = left * kFrameBytes;
-    if (pa_stream_begin_write(stream_, &place, &bytes) < 0 || bytes < kFrameBytes) break;
-    const std::size_t read = read_16_bits({static_cast<Sample16*>(place), std::min(left, bytes / kFrameBytes)});
-    if (pa_stream_write(stream_, place, read * kFrameBytes, nullptr, 0, PA_SEEK_RELATIVE) < 0) break;
-    left -= read;
-    missing -= read;
-  }
-  return missing;
-}
-
-std::size_t PulseStream::read_16_bits(std::span<Sample16> out) {
-  std::array<StereoFrame, 512> block;
-  std::size_t done = 0;
-  while (done < out.size()) {
-    const std::size_t read = ring_.read(std::span(block).first(std::min(block.size(), out.size() - done)));
-    if (read == 0) break;
-    quantizer_.convert(std::span(block).first(read), out.subspan(done));
-    done += read;
-  }
-  return done;
 }
 
 // What it has is still on its way through the device: the clock runs on to its end, which the server no longer tells.
@@ -236,7 +193,7 @@ void PulseStream::run_dry() {
 std::uint64_t PulseStream::time_played() const {
   pa_usec_t time = 0;
   if (pa_stream_get_time(stream_, &time) != 0) return position_;
-  return std::min(first_ + frames_of_time(time), ring_.taken());
+  return writer_.position_at(time);
 }
 
 void PulseStream::report() {
@@ -288,24 +245,26 @@ void PulseStream::on_suspended(pa_stream* stream, void* self) {
   my.changed_();
 }
 
-// Another device may grant other sizes.
+// Another device may grant other sizes, and may take another format.
 void PulseStream::on_moved(pa_stream*, void* self) {
-  stream_of(self)->growing_ = false;
-  stream_of(self)->apply_queue(attributes_of(stream_of(self)->queue_));
+  PulseStream& my = *stream_of(self);
+  my.growing_ = false;
+  my.apply_queue(attributes_of(my.queue_, my.format()));
+  my.changed_();
 }
 
 void PulseStream::on_queue(pa_stream*, void* self) { stream_of(self)->read_queue(); }
 
 void PulseStream::on_queue_set(pa_stream*, int, void* self) {
-  forget(std::exchange(stream_of(self)->resizing_, nullptr));
+  stream_of(self)->resizing_.done();
   stream_of(self)->read_queue();
 }
 
 void PulseStream::on_played_out(pa_stream* stream, int, void* self) {
   PulseStream& my = *stream_of(self);
-  forget(std::exchange(my.playing_out_, nullptr));
+  my.playing_out_.done();
   my.motion_ = Motion::kHeld;
-  forget(pa_stream_cork(stream, 1, nullptr, nullptr));
+  PulseOperation::ignore(pa_stream_cork(stream, 1, nullptr, nullptr));
   my.report();
   my.changed_();
 }

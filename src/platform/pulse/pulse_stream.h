@@ -11,13 +11,12 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
-#include <span>
 
 #include "engine/device/output_ring.h"
-#include "engine/device/quantizer16.h"
 #include "platform/output/playback_clock.h"
 #include "platform/pulse/pulse_events.h"
 #include "platform/pulse/pulse_queue.h"
+#include "platform/pulse/pulse_writer.h"
 
 namespace tandem {
 
@@ -31,7 +30,7 @@ class PulseStream {
     std::atomic<std::uint64_t>* underruns;  // and counts here how often it ran dry
   };
 
-  PulseStream(const Places& places, const PulseQueue& queue, std::function<void()> changed);
+  PulseStream(const Places& places, const DeviceFormat& format, const PulseQueue& queue, std::function<void()> changed);
   ~PulseStream();
   PulseStream(const PulseStream&) = delete;
   PulseStream& operator=(const PulseStream&) = delete;
@@ -48,7 +47,9 @@ class PulseStream {
   bool failed() const noexcept { return state_ == State::kFailed; }
   bool held() const noexcept { return motion_ == Motion::kHeld; }  // everything taken was played
   bool suspended() const noexcept { return suspended_; }
-  int request_frames() const noexcept { return request_frames_; }
+  int request_frames() const noexcept { return request_frames_; }  // of the ring
+  const DeviceFormat& format() const noexcept { return writer_.format(); }
+  std::uint32_t sink() const noexcept { return pa_stream_get_device_index(stream_); }  // once it is ready
 
  private:
   enum class State { kCreating, kReady, kFailed };
@@ -57,8 +58,6 @@ class PulseStream {
   void listen(bool on);
   void connect();
   void come_back(std::uint64_t just_taken);
-  std::size_t write(std::size_t frames);
-  std::size_t read_16_bits(std::span<Sample16> out);
   void play_out();
   void stall();
   void run_dry();
@@ -80,15 +79,15 @@ class PulseStream {
   static void on_played_out(pa_stream*, int success, void* self);
 
   OutputRing& ring_;
-  Quantizer16 quantizer_;
   PlaybackClock& clock_;
   std::atomic<std::uint64_t>& underruns_;
   std::function<void()> changed_;
   PulseTimer hungry_;
   PulseQueue queue_;
   pa_stream* stream_;
-  pa_operation* playing_out_ = nullptr;
-  pa_operation* resizing_ = nullptr;
+  PulseWriter writer_;
+  PulseOperation playing_out_;
+  PulseOperation resizing_;
   State state_ = State::kCreating;
   Motion motion_ = Motion::kHeld;
   bool suspended_ = false;
@@ -96,7 +95,6 @@ class PulseStream {
   bool stalled_ = true;   // the server has nothing to play of what came after stalled_at_
   int request_frames_ = 0;
   Nanoseconds changed_at_ = 0;  // when the queue or the device last did
-  std::uint64_t first_;         // the ring's count when this stream began
   std::uint64_t stalled_at_;    // counts of the ring
   std::uint64_t position_;
 };

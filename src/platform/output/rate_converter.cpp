@@ -1,0 +1,73 @@
+#include "platform/output/rate_converter.h"
+
+#include <soxr.h>
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string>
+
+namespace tandem {
+
+namespace {
+
+constexpr unsigned kChannels = 2;
+constexpr double kPassBand = 20000.0 / (kSampleRate / 2.0);
+constexpr double kStopBand = 2.0 - 0.953;  // mirrored about half our rate: 23.1 kHz
+constexpr unsigned kTransformBits = 8;     // the smallest that soxr takes
+
+// A device slower than we are must not get what lies above half its rate: there the transition ends at that.
+soxr_quality_spec_t recipe(int device_rate) {
+  soxr_quality_spec_t quality = soxr_quality_spec(SOXR_20_BITQ | SOXR_LINEAR_PHASE, 0);
+  quality.passband_end = kPassBand;
+  quality.stopband_begin = device_rate < kSampleRate ? 1.0 : kStopBand;
+  return quality;
+}
+
+soxr_runtime_spec_t small_blocks() {
+  soxr_runtime_spec_t runtime = soxr_runtime_spec(1);
+  runtime.log2_min_dft_size = kTransformBits;
+  runtime.log2_large_dft_size = kTransformBits;
+  return runtime;
+}
+
+}  // namespace
+
+void RateConverter::Release::operator()(soxr* converter) const noexcept { soxr_delete(converter); }
+
+RateConverter::RateConverter(int device_rate) {
+  const soxr_io_spec_t floats = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
+  const soxr_quality_spec_t quality = recipe(device_rate);
+  const soxr_runtime_spec_t runtime = small_blocks();
+  soxr_error_t error = nullptr;
+  converter_.reset(soxr_create(kSampleRate, device_rate, kChannels, &error, &floats, &quality, &runtime));
+  if (!converter_) throw std::runtime_error("no conversion to " + std::to_string(device_rate) + " Hz: " + error);
+}
+
+RateConverter::~RateConverter() = default;
+
+// Fed in small pieces, so that it never holds more than one block too much.
+RateConverter::Moved RateConverter::convert(std::span<const StereoFrame> in, std::span<StereoFrame> out) noexcept {
+  constexpr std::size_t kPiece = 64;
+  constexpr std::array<StereoFrame, 1> kNothing{};  // a null pointer would mean the end
+  Moved moved;
+  for (;;) {
+    const std::span<const StereoFrame> piece = in.subspan(moved.taken, std::min(kPiece, in.size() - moved.taken));
+    std::size_t taken = 0;
+    std::size_t made = 0;
+    const StereoFrame* from = piece.empty() ? kNothing.data() : piece.data();
+    soxr_process(converter_.get(), from, piece.size(), &taken, out.data() + moved.made, out.size() - moved.made, &made);
+    moved.taken += taken;
+    moved.made += made;
+    if (moved.made == out.size() || (taken == 0 && made == 0)) return moved;
+  }
+}
+
+std::size_t RateConverter::finish(std::span<StereoFrame> out) noexcept {
+  std::size_t made = 0;
+  soxr_process(converter_.get(), nullptr, 0, nullptr, out.data(), out.size(), &made);
+  if (made == 0) soxr_clear(converter_.get());
+  return made;
+}
+
+}  // namespace tandem
