@@ -25,6 +25,7 @@ class PipewireTestServer {
 
   void start_recording();  // of null0, as float at 48000 Hz; returns when sound comes in
   std::vector<StereoFrame> recording() const;
+  const std::filesystem::path& directory() const { return directory_; }
 
  private:
   void start(const std::vector<std::string>& command);
