@@ -71,7 +71,7 @@ void FilterWorker::free_returned() noexcept {
 }
 
 void FilterWorker::work() {
-  name_this_thread("tandem-filters");
+  name_this_thread("tandem-filter");
   std::unique_lock lock(mutex_);
   while (true) {
     changed_.wait(lock, [this] { return stopping_ || wanted_; });
