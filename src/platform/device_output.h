@@ -31,6 +31,9 @@ class DeviceOutput final : public Output {
   std::uint64_t underruns() const noexcept override { return pulse_.underruns() + alsa_.underruns(); }
   bool lost() const noexcept override { return false; }
 
+  // What the sound server shows its users. UI thread; UTF-8.
+  void put_stream_name(const std::string& name) { pulse_.put_stream_name(name); }
+
  private:
   RingReaderToken token_;  // of the two, the one that holds a device reads the ring
   AlsaOutput alsa_;

@@ -73,6 +73,7 @@ class PulseOutput::Worker {
   PulseSink sink_;                     // destroyed before its context, as the stream
   std::optional<PulseStream> stream_;  // destroyed before its context
   std::uint32_t stream_generation_ = 0;
+  StreamName stream_name_;
 };
 
 PulseOutput::Worker::Worker(PulseOutput& output, std::function<void(bool)> reachable)
@@ -97,6 +98,8 @@ void PulseOutput::Worker::look_after() {
   look_after_sink();
   if (stream_ && !current()) retire_stream();
   if (!stream_) make_stream();
+  output_.stream_name_.try_read(stream_name_);  // what is just being written comes with the wake-up after it
+  if (stream_ && stream_->ready()) stream_->put_name(stream_name_);
   if (current() && stream_->ready()) drive_stream();
   if (!stream_ && !output_.target().wants_sound()) output_.discard_unplayable();
   publish();
@@ -164,5 +167,10 @@ PulseOutput::PulseOutput(OutputRing& ring, Sharing sharing)
     : ThreadedOutput(ring, sharing.token), worker_(std::make_unique<Worker>(*this, std::move(sharing.reachable))) {}
 
 PulseOutput::~PulseOutput() = default;
+
+void PulseOutput::put_stream_name(const std::string& name) {
+  stream_name_.publish(StreamName(name));
+  wake();
+}
 
 }  // namespace tandem

@@ -11,8 +11,11 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
+#include "engine/core/seqlock.h"
 #include "platform/output/threaded_output.h"
+#include "platform/pulse/stream_name.h"
 
 namespace tandem {
 
@@ -29,9 +32,12 @@ class PulseOutput final : public ThreadedOutput {
   PulseOutput(const PulseOutput&) = delete;
   PulseOutput& operator=(const PulseOutput&) = delete;
 
+  void put_stream_name(const std::string& name);  // UTF-8; UI thread
+
  private:
   class Worker;
 
+  SeqLock<StreamName> stream_name_;
   std::unique_ptr<Worker> worker_;
 };
 

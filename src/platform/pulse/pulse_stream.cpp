@@ -25,7 +25,7 @@ pa_stream* new_stream(pa_context* context, const DeviceFormat& wanted) {
   const pa_sample_spec format = spec_of(wanted);
   pa_proplist* properties = pa_proplist_new();
   pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "music");
-  pa_stream* stream = pa_stream_new_with_proplist(context, "Tandem", &format, nullptr, properties);
+  pa_stream* stream = pa_stream_new_with_proplist(context, StreamName().text.data(), &format, nullptr, properties);
   pa_proplist_free(properties);
   return stream;
 }
@@ -110,6 +110,12 @@ void PulseStream::hold(std::uint64_t up_to) {
 void PulseStream::play_out() {
   motion_ = Motion::kPlayingOut;
   playing_out_.await(pa_stream_drain(stream_, &PulseStream::on_played_out, this));
+}
+
+void PulseStream::put_name(const StreamName& name) {
+  if (name == name_) return;
+  name_ = name;
+  PulseOperation::ignore(pa_stream_set_name(stream_, name_.text.data(), nullptr, nullptr));
 }
 
 void PulseStream::resize(const PulseQueue& queue) {

@@ -17,6 +17,7 @@
 #include "platform/pulse/pulse_events.h"
 #include "platform/pulse/pulse_queue.h"
 #include "platform/pulse/pulse_writer.h"
+#include "platform/pulse/stream_name.h"
 
 namespace tandem {
 
@@ -39,6 +40,7 @@ class PulseStream {
   void play();                     // what feed() gives it
   void hold(std::uint64_t up_to);  // takes the ring up to that frame (a count since ever), plays it, then holds
   void resize(const PulseQueue& queue);
+  void put_name(const StreamName& name);
   // Takes what the server has asked for, and waits for what is missing up to 10 ms, if it is being made: less than is
   // queued even where the queue is short.
   void feed();
@@ -86,6 +88,7 @@ class PulseStream {
   PulseQueue queue_;
   pa_stream* stream_;
   PulseWriter writer_;
+  StreamName name_;
   PulseOperation playing_out_;
   PulseOperation resizing_;
   State state_ = State::kCreating;
