@@ -1,5 +1,8 @@
 #include "platform/desktop/qt_file_dialog.h"
 
+#include <malloc.h>
+
+#include <QApplication>
 #include <QCompleter>
 #include <QDir>
 #include <QFile>
@@ -7,14 +10,20 @@
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QSettings>
+#include <QSortFilterProxyModel>
 #include <QStandardPaths>
+#include <QStyle>
 #include <QTreeView>
 #include <cctype>
 #include <vector>
 
+#include "base/natural_order.h"
+#include "base/song_endings.h"
 #include "base/text.h"
 #include "controls/chosen_files.h"
+#include "platform/desktop/file_chooser_portal.h"
 
 namespace tandem {
 
@@ -77,9 +86,53 @@ QString first_folder() {
   return QDir(music).exists() ? music : QDir::homePath();
 }
 
+// Folders first, then names as people count: "2" before "10".
+class NaturalOrder final : public QSortFilterProxyModel {
+ public:
+  using QSortFilterProxyModel::QSortFilterProxyModel;
+
+ protected:
+  bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
+    constexpr int kName = 0;
+    if (left.column() != kName) return QSortFilterProxyModel::lessThan(left, right);
+    const bool left_is_folder = is_folder(left);
+    if (left_is_folder != is_folder(right)) return left_is_folder == (sortOrder() == Qt::AscendingOrder);
+    return natural_less(left.data().toString().toStdString(), right.data().toString().toStdString());
+  }
+
+ private:
+  bool is_folder(const QModelIndex& row) const { return static_cast<QFileSystemModel*>(sourceModel())->isDir(row); }
+};
+
+// What a file is by its ending: nothing else is worth reading the desktop's tables of types and icons, which take
+// megabytes.
+class PlainKinds final : public QAbstractFileIconProvider {
+ public:
+  QIcon icon(IconType type) const override { return type == Folder ? folder_ : QIcon(); }
+  QIcon icon(const QFileInfo& file) const override { return file.isDir() ? folder_ : QIcon(); }
+  QString type(const QFileInfo& file) const override {
+    if (file.isDir()) return QFileDialog::tr("Folder");
+    return file.suffix().toUpper();
+  }
+
+ private:
+  QIcon folder_ = QApplication::style()->standardIcon(QStyle::SP_DirIcon);
+};
+
+bool may_replace(const std::string& path, QWidget* parent) {
+  const QString file = QFile::decodeName(path.c_str());
+  if (!QFile::exists(file)) return true;
+  const QString question =
+      QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(file).fileName());
+  return QMessageBox::question(parent, "Tandem", question) == QMessageBox::Yes;
+}
+
 class FilesDialog final : public QFileDialog {
  public:
-  FilesDialog() {
+  explicit FilesDialog(QAbstractFileIconProvider& kinds) {
+    setOption(QFileDialog::DontUseNativeDialog);
+    setIconProvider(&kinds);
+    setProxyModel(new NaturalOrder(this));
     setViewMode(QFileDialog::Detail);
     setOption(QFileDialog::HideNameFilterDetails);  // the patterns with both cases of every letter
     resize(kWidth, kHeight);
@@ -119,36 +172,53 @@ QtFileDialog::QtFileDialog() {
 QtFileDialog::~QtFileDialog() = default;
 
 void QtFileDialog::leave_desktop() {
-  open_.reset();
-  save_.reset();
+  kinds_.reset();
   parent_ = nullptr;
 }
 
-QFileDialog& QtFileDialog::prepared(QFileDialog::AcceptMode mode) {
-  auto& dialog = mode == QFileDialog::AcceptOpen ? open_ : save_;
-  if (!dialog) {
-    dialog = std::make_unique<FilesDialog>();
-    dialog->setAcceptMode(mode);
-    dialog->setDirectory(first_folder());
-    dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
-  }
-  if (dialog->parentWidget() != parent_) dialog->setParent(parent_, dialog->windowFlags());
+std::unique_ptr<QFileDialog> QtFileDialog::made(QFileDialog::AcceptMode mode, const Kept& kept) {
+  if (!kinds_) kinds_ = std::make_unique<PlainKinds>();
+  auto dialog = std::make_unique<FilesDialog>(*kinds_);
+  if (!kept.state.isEmpty()) dialog->restoreState(kept.state);
+  if (kept.size.isValid()) dialog->resize(kept.size);
+  dialog->setAcceptMode(mode);
+  dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
+  if (mode == QFileDialog::AcceptSave) dialog->setDefaultSuffix("m3l");
+  if (parent_ != nullptr) dialog->setParent(parent_, dialog->windowFlags());
   dialog->setNameFilter(name_filter(Filter));
-  // What was chosen last is not proposed again: the toolkit would keep it in its line.
-  if (auto* line = name_line(*dialog)) line->clear();
-  if (const QString folder = QFile::decodeName(InitDir.c_str()); !folder.isEmpty() && QDir(folder).exists())
-    dialog->setDirectory(folder);
-  return *dialog;
+  const QString wanted = QFile::decodeName(InitDir.c_str());
+  const QString before = kept.folder.isEmpty() ? first_folder() : kept.folder;
+  dialog->setDirectory(!wanted.isEmpty() && QDir(wanted).exists() ? wanted : before);
+  return dialog;
+}
+
+std::vector<std::string> QtFileDialog::ask_here(QFileDialog::AcceptMode mode) {
+  Kept& kept = mode == QFileDialog::AcceptOpen ? open_ : save_;
+  auto dialog = made(mode, kept);
+  std::vector<std::string> paths = chosen(*dialog);
+  kept = {dialog->saveState(), dialog->size(), dialog->directory().absolutePath()};
+  dialog.reset();
+  malloc_trim(0);
+  return paths;
+}
+
+std::optional<std::vector<std::string>> QtFileDialog::ask_portal(bool save) {
+  return FileChooserPortal::ask({save, save ? "Save the list" : "Add songs", InitDir, Filter}, parent_);
 }
 
 std::string QtFileDialog::ask_open() {
-  return first_or_empty(dialog_results(chosen(prepared(QFileDialog::AcceptOpen))));
+  const auto paths = ask_portal(false);
+  return first_or_empty(dialog_results(paths ? *paths : ask_here(QFileDialog::AcceptOpen)));
 }
 
+// The portal asks before it overwrites the name that was typed, but not the name that it becomes.
 std::string QtFileDialog::ask_save() {
-  QFileDialog& dialog = prepared(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix("m3l");
-  return first_or_empty(chosen(dialog));
+  const auto paths = ask_portal(true);
+  if (!paths) return first_or_empty(ask_here(QFileDialog::AcceptSave));
+  std::string path = first_or_empty(*paths);
+  if (path.empty() || ends_as_list(path)) return path;
+  path += kListEnding;
+  return may_replace(path, parent_) ? path : std::string();
 }
 
 }  // namespace tandem

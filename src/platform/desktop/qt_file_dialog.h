@@ -1,11 +1,17 @@
-// The desktop's file dialog. UI thread; timers and notifications go on while it is open.
-// It keeps its size, view and place until the program closes, and stores nothing on disk. Names that are not valid
-// UTF-8 cannot be chosen in it (the toolkit leaves them out); dropped on the window or in a list file they are taken.
+// The file dialog: the desktop's own through its portal where there is one, else Qt's, in natural order. UI thread;
+// timers and notifications go on while it is open. Qt's is made for each show, since it would keep megabytes; its size,
+// view and folder are kept until the program closes, and nothing is stored on disk. Names that are not valid UTF-8
+// cannot be chosen in it (Qt leaves them out); dropped on the window or in a list file they are taken.
 #pragma once
 
+#include <QAbstractFileIconProvider>
+#include <QByteArray>
 #include <QFileDialog>
+#include <QSize>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/file_dialog.h"
 
@@ -24,11 +30,20 @@ class QtFileDialog final : public FileDialog {
   std::string ask_save() override;
 
  private:
-  QFileDialog& prepared(QFileDialog::AcceptMode mode);
+  struct Kept {  // of Qt's dialog from show to show
+    QByteArray state;
+    QSize size;
+    QString folder;
+  };
+
+  std::optional<std::vector<std::string>> ask_portal(bool save);
+  std::vector<std::string> ask_here(QFileDialog::AcceptMode mode);
+  std::unique_ptr<QFileDialog> made(QFileDialog::AcceptMode mode, const Kept& kept);
 
   QWidget* parent_ = nullptr;
-  std::unique_ptr<QFileDialog> open_;
-  std::unique_ptr<QFileDialog> save_;
+  std::unique_ptr<QAbstractFileIconProvider> kinds_;
+  Kept open_;
+  Kept save_;
 };
 
 }  // namespace tandem
