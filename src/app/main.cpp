@@ -5,13 +5,17 @@
 #include <QIcon>
 #include <QPixmap>
 #include <QSessionManager>
+#include <cstdio>
 #include <optional>
 #include <stdexcept>
 
 #include "app/close_signals.h"
+#include "app/command_words.h"
 #include "app/display_guard.h"
 #include "app/error_report.h"
 #include "app/player.h"
+#include "desktop/names.h"
+#include "desktop/panel_palette.h"
 #include "paint/panel/program_icon.h"
 #include "widgets/accessibility/panel_accessible.h"
 
@@ -49,8 +53,9 @@ int play(int argc, char** argv) {
   QApplication application(argc, argv);
   guard.reset();
   QApplication::setApplicationName("Tandem");
-  QGuiApplication::setDesktopFileName("tandem");
+  QGuiApplication::setDesktopFileName(tandem::kApplicationName);
   QGuiApplication::setWindowIcon(window_icon());
+  QApplication::setPalette(tandem::panel_palette());
   tandem::install_accessibility();
   player.show();
   const tandem::CloseSignals close_signals([&player] { player.close(); });
@@ -64,6 +69,7 @@ int play(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const auto answer = tandem::answer_to_words(argc, argv)) return std::fputs(answer->c_str(), stdout) < 0 ? 1 : 0;
   prefer_small_pictures();
   start_no_bus();
   try {

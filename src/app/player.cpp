@@ -65,11 +65,7 @@ void Player::show() {
     moving_ = true;
     clock_->reschedule();
   };
-  // A handler may have started a timer or given the engine orders: both are looked after as soon as it has returned.
-  hooks.user_acts = [this] {
-    engine_.rest_for(0);
-    clock_->reschedule();
-  };
+  hooks.user_acts = [this] { user_acts(); };
   hooks.drop = [this](const std::vector<std::string>& paths) { drop(paths); };
   if (ShmPresenter::is_possible())
     hooks.present = [this](const QImage& picture, std::span<const QRect> boxes) {
@@ -83,6 +79,12 @@ void Player::show() {
                                                   [this](bool covered) { window_->set_covered(covered); });
   hand_watch_ = std::make_unique<UserInputWatch>([this] { hand_moved(); });
   bell_.answer([this] { clock_->reschedule(); });
+  clock_->reschedule();
+}
+
+// A handler may have started a timer or given the engine orders: both are looked after as soon as it has returned.
+void Player::user_acts() {
+  engine_.rest_for(0);
   clock_->reschedule();
 }
 
@@ -105,6 +107,7 @@ void Player::ask_the_system() {
   if (motion_ || !window_->exposed()) return;
   const bool by_style = window_->reduced_motion();
   motion_.emplace([this, by_style](bool reduced) { window_->set_reduced_motion(by_style || reduced); });
+  join_desktop();
 }
 
 std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
@@ -113,6 +116,7 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   engine_.deliver();
   attend(now);
   ask_the_system();
+  if (services_) services_->update(now);
   auto next = program_.timers.next_due();
   const auto sooner = [&next](std::optional<Milliseconds> due) {
     if (due && (!next || *due < *next)) next = due;
@@ -168,6 +172,9 @@ void Player::leave_desktop() {
   clock_.reset();
   dialog_.leave_desktop();
   realtime_kit_.reset();
+  menu_.reset();
+  services_.reset();
+  remote_.reset();
   motion_.reset();
   cover_watch_.reset();
   presenter_.reset();

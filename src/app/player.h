@@ -8,6 +8,8 @@
 #include "app/display_pump.h"
 #include "app/frame_pacer.h"
 #include "app/latency_policy.h"
+#include "desktop/desktop_services.h"
+#include "desktop/panel_menu.h"
 #include "engine/device/output_ring.h"
 #include "engine/engine.h"
 #include "platform/desktop/occlusion_watch.h"
@@ -56,6 +58,10 @@ class Player {
   void attend(Milliseconds now);
   void hand_moved();
   void ask_the_system();
+  void user_acts();
+  void join_desktop();
+  void come_to_front(const std::string& token);
+  void show_name(const std::string& name);
   void drop(const std::vector<std::string>& paths);
   void play_out();
 
@@ -75,6 +81,9 @@ class Player {
   std::unique_ptr<OcclusionWatch> cover_watch_;
   std::optional<RtKit> realtime_kit_;
   std::optional<ReducedMotionSetting> motion_;
+  std::optional<PanelRemote> remote_;
+  std::optional<DesktopServices> services_;
+  std::optional<PanelMenu> menu_;
   std::optional<RuntimeError> failure_;
   FramePacer frames_;
   LatencyPolicy queue_depth_;

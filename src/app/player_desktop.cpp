@@ -1,0 +1,44 @@
+// The player as the desktop meets it: what its services read and do, the window brought to the front, the song's name.
+
+#include <QTimer>
+
+#include "app/player.h"
+#include "desktop/bus_texts.h"
+
+namespace tandem {
+
+namespace {
+
+// Wayland lets a window come to the front only with what the desktop gave along with the request.
+void use_token(const std::string& token) {
+  if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+}
+
+}  // namespace
+
+void Player::join_desktop() {
+  remote_.emplace(program_, PanelRemote::Hooks{[this] { user_acts(); },
+                                               [this](const std::vector<std::string>& paths) { drop(paths); }});
+  DesktopServices::Hooks hooks;
+  hooks.raise = [this](const std::string& token) { come_to_front(token); };
+  hooks.quit = [this] { QTimer::singleShot(0, window_.get(), [this] { close(); }); };
+  hooks.named = [this](const std::string& name) { show_name(name); };
+  services_.emplace(*remote_, std::move(hooks));
+  menu_.emplace(*window_, *remote_, PanelMenu::Hooks{{}, {}, {}, [this] { close(); }});
+}
+
+void Player::come_to_front(const std::string& token) {
+  use_token(token);
+  window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+}
+
+void Player::show_name(const std::string& name) {
+  const QString song = QString::fromStdString(name);
+  window_->setWindowTitle(song.isEmpty() ? QStringLiteral("Tandem") : song + " - Tandem");
+  output_.put_stream_name(name.empty() ? "Tandem" : bus_text(name));
+}
+
+}  // namespace tandem

@@ -1,0 +1,94 @@
+#include "desktop/panel_menu.h"
+
+#include <QActionGroup>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTimer>
+#include <QWidget>
+#include <cmath>
+#include <utility>
+
+#include "desktop/about_box.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr double kStep = 0.25;
+
+QAction* last_of(const QMenu& menu) { return menu.actions().constLast(); }
+
+}  // namespace
+
+PanelMenu::PanelMenu(QWidget& window, PanelRemote& remote, Hooks hooks)
+    : window_(window), remote_(remote), hooks_(std::move(hooks)) {
+  window_.installEventFilter(this);
+  for (QWidget* item : window_.findChildren<QWidget*>()) item->installEventFilter(this);
+}
+
+bool PanelMenu::eventFilter(QObject*, QEvent* event) {
+  if (event->type() != QEvent::ContextMenu) return false;
+  open(static_cast<QContextMenuEvent*>(event)->globalPos());
+  return true;
+}
+
+QMenu* PanelMenu::open(const QPoint& on_screen) {
+  auto* menu = new QMenu(&window_);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setObjectName("PanelMenu");
+  add_transport(*menu);
+  menu->addSeparator();
+  add_songs(*menu);
+  menu->addSeparator();
+  add_sizes(*menu);
+  add(*menu, "About Tandem", true, [this] { show_about_box(&window_); });
+  add(*menu, "Quit", true, hooks_.quit);
+  menu->popup(on_screen);
+  return menu;
+}
+
+void PanelMenu::add(QMenu& menu, const char* text, bool possible, std::function<void()> act) {
+  QAction* action = menu.addAction(text);
+  action->setEnabled(possible);
+  connect(action, &QAction::triggered, this, [this, act = std::move(act)] { QTimer::singleShot(0, this, act); });
+}
+
+// Play resumes what is paused; else it is the panel's key, which starts the line that is chosen.
+void PanelMenu::add_transport(QMenu& menu) {
+  PanelControls& controls = remote_.program().controls;
+  const bool paused = controls.PAUSE.BackColor == clYellow;
+  const bool sounds = remote_.motion() != PanelRemote::Motion::Stopped;
+  add(menu, "Play", remote_.can_play(), [this, &controls] {
+    remote_.motion() == PanelRemote::Motion::Playing ? remote_.click(controls.PLAY) : remote_.play();
+  });
+  add(menu, "Pause", sounds || paused, [this, &controls] { remote_.click(controls.PAUSE); });
+  last_of(menu)->setCheckable(true);
+  last_of(menu)->setChecked(paused);
+  add(menu, "Stop", sounds, [this] { remote_.stop(); });
+  add(menu, "Next", remote_.can_go_next(), [this] { remote_.next(); });
+}
+
+void PanelMenu::add_songs(QMenu& menu) {
+  PanelControls& controls = remote_.program().controls;
+  add(menu, "Add songs...", controls.LoadSong.Enabled, [this, &controls] { remote_.click(controls.LoadSong); });
+  add(menu, "Open list...", controls.LoadList.Enabled, [this, &controls] { remote_.click(controls.LoadList); });
+  const bool has_songs = controls.PlayList.ListCount() > 0;
+  add(menu, "Save list...", has_songs && controls.SaveList.Enabled,
+      [this, &controls] { remote_.click(controls.SaveList); });
+  add(menu, "Remove line", remote_.can_remove_line(), [this] { remote_.remove_line(); });
+}
+
+void PanelMenu::add_sizes(QMenu& menu) {
+  if (!hooks_.scale) return;
+  QMenu& sizes = *menu.addMenu("Size");
+  auto* group = new QActionGroup(&sizes);
+  for (double scale = 1; scale <= hooks_.greatest_scale() + kStep / 2; scale += kStep) {
+    const int percent = static_cast<int>(std::lround(scale * 100));
+    add(sizes, qPrintable(QString::number(percent) + " %"), true, [this, scale] { hooks_.put_scale(scale); });
+    last_of(sizes)->setCheckable(true);
+    last_of(sizes)->setChecked(std::abs(hooks_.scale() - scale) < kStep / 2);
+    group->addAction(last_of(sizes));
+  }
+}
+
+}  // namespace tandem

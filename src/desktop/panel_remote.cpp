@@ -1,0 +1,155 @@
+#include "desktop/panel_remote.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tandem {
+
+namespace {
+
+class Act {
+ public:
+  explicit Act(const std::function<void()>& user_acts) : user_acts_(user_acts) { user_acts_(); }
+  ~Act() { user_acts_(); }
+  Act(const Act&) = delete;
+  Act& operator=(const Act&) = delete;
+
+ private:
+  const std::function<void()>& user_acts_;
+};
+
+bool is_paused(const PanelControls& controls) { return controls.PAUSE.BackColor == clYellow; }
+
+}  // namespace
+
+// With both inputs open the active deck is the one that goes out.
+int PanelRemote::deck() const {
+  const int active = program_.state.ActiveDeck;
+  const int idle = program_.state.idle_deck();
+  if (is_open(idle)) return idle;
+  return is_open(active) ? active : -1;
+}
+
+PanelRemote::Motion PanelRemote::motion() const {
+  if (deck() < 0) return Motion::Stopped;
+  return is_paused(controls()) ? Motion::Paused : Motion::Playing;
+}
+
+std::string PanelRemote::song() const {
+  const int sounds = deck();
+  return sounds < 0 ? std::string() : program_.sound.AudioFile.at(static_cast<std::size_t>(sounds))->FileName();
+}
+
+// A deck that has just been given its song does not know its length yet; the list does.
+std::int32_t PanelRemote::length() const {
+  const int sounds = deck();
+  if (sounds < 0) return 0;
+  const MMAudioFileX& file = *program_.sound.AudioFile.at(static_cast<std::size_t>(sounds));
+  if (const std::int32_t known = file.Length(); known > 0) return known;
+  const std::int32_t number = program_.state.CurrentSong;
+  if (number < 0 || number > SongEntries::kLastSong) return 0;
+  const SongEntry& entry = std::as_const(program_.SongTable).at(number);
+  return entry.SongFile == file.FileName() ? entry.SongLength : 0;
+}
+
+std::int32_t PanelRemote::position() const {
+  const int sounds = deck();
+  return sounds < 0 ? 0 : program_.sound.AudioFile.at(static_cast<std::size_t>(sounds))->Position();
+}
+
+double PanelRemote::volume() const {
+  return static_cast<double>(controls().Volume.value()) / controls().Volume.maximum();
+}
+
+bool PanelRemote::can_play() const { return controls().PlayList.ListCount() > 0 || motion() != Motion::Stopped; }
+
+bool PanelRemote::can_go_next() const {
+  return motion() != Motion::Stopped && controls().NextBtn.Enabled &&
+         program_.state.CurrentSong < controls().PlayList.ListCount();
+}
+
+bool PanelRemote::can_seek() const {
+  return is_open(0) != is_open(1) && controls().Slider1.Enabled && controls().Slider1.maximum() > 0;
+}
+
+void PanelRemote::click(Button& button) {
+  if (!button.Enabled) return;
+  const Act act(hooks_.user_acts);
+  button.press.raise();
+  button.click.raise();
+  button.release.raise();
+}
+
+bool PanelRemote::can_remove_line() const {
+  return controls().PlayList.ListIndex() >= 0 && controls().PlayList.Enabled;
+}
+
+void PanelRemote::remove_line() {
+  if (!can_remove_line()) return;
+  const Act act(hooks_.user_acts);
+  program_.controls.PlayList.user_double_click(controls().PlayList.ListIndex());
+}
+
+void PanelRemote::play() {
+  if (motion() == Motion::Paused) return click(program_.controls.PAUSE);
+  if (motion() == Motion::Stopped) start();
+}
+
+// What is stopped may have been paused before: the panel would start the song in silence.
+void PanelRemote::start() {
+  if (!can_play()) return;
+  if (is_paused(controls())) click(program_.controls.PAUSE);
+  click(program_.controls.PLAY);
+}
+
+void PanelRemote::pause() {
+  if (motion() == Motion::Playing) click(program_.controls.PAUSE);
+}
+
+void PanelRemote::play_pause() { motion() == Motion::Playing ? pause() : play(); }
+
+void PanelRemote::stop() {
+  if (motion() != Motion::Stopped) click(program_.controls.STOPBtn);
+}
+
+void PanelRemote::next() {
+  if (can_go_next()) click(program_.controls.NextBtn);
+}
+
+void PanelRemote::seek_to(std::int64_t position) {
+  Slider& slider = program_.controls.Slider1;
+  if (!can_seek() || slider.held() || position < slider.minimum() || position > slider.maximum()) return;
+  const Act act(hooks_.user_acts);
+  slider.user_press();
+  if (position != slider.value()) slider.move(static_cast<std::int32_t>(position));
+  slider.user_release();
+}
+
+void PanelRemote::put_volume(double volume) {
+  Wheel& wheel = program_.controls.Volume;
+  if (!std::isfinite(volume) || !wheel.Enabled) return;
+  const auto wanted = static_cast<std::int32_t>(std::lround(std::clamp(volume, 0.0, 1.0) * wheel.maximum()));
+  if (wanted == wheel.value()) return;
+  const Act act(hooks_.user_acts);
+  wheel.move(wanted);
+}
+
+void PanelRemote::add_and_play(const std::vector<std::string>& paths) {
+  if (motion() == Motion::Stopped) awaited_line_ = controls().PlayList.ListCount();
+  add_songs(paths);
+  play_awaited();
+}
+
+void PanelRemote::play_awaited() {
+  if (!awaited_line_) return;
+  if (motion() != Motion::Stopped) return awaited_line_.reset();
+  if (controls().PlayList.ListCount() <= *awaited_line_) return;
+  {
+    const Act act(hooks_.user_acts);
+    program_.controls.PlayList.user_select(*std::exchange(awaited_line_, std::nullopt));
+  }
+  start();
+}
+
+}  // namespace tandem

@@ -1,0 +1,118 @@
+#include "desktop/sleep_inhibitor.h"
+
+#include <cstdint>
+#include <utility>
+
+namespace tandem {
+
+namespace {
+
+constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
+constexpr const char* kLogin = "org.freedesktop.login1";
+constexpr const char* kReason = "Playing music";
+
+sd_bus_message* new_call(sd_bus* bus, const char* service, const char* object, const char* interface,
+                         const char* method) {
+  sd_bus_message* call = nullptr;
+  if (bus == nullptr || sd_bus_message_new_method_call(bus, &call, service, object, interface, method) < 0)
+    return nullptr;
+  sd_bus_message_set_auto_start(call, 0);
+  return call;
+}
+
+bool send(DBusConnection& link, sd_bus_message* call, sd_bus_message_handler_t answered, void* about) {
+  const bool sent = call != nullptr && sd_bus_call_async(link.bus(), nullptr, call, answered, about, 0) >= 0;
+  sd_bus_message_unref(call);
+  link.attend();
+  return sent;
+}
+
+}  // namespace
+
+SleepInhibitor::SleepInhibitor(DBusConnection& session) : session_(session) {
+  if (session_.bus() == nullptr) return;
+  sd_bus_add_match_async(session_.bus(), nullptr,
+                         "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+                         "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'",
+                         &SleepInhibitor::on_portal_change, nullptr, this);
+}
+
+SleepInhibitor::~SleepInhibitor() {
+  if (session_.bus() == nullptr) return;
+  let_go();
+  sd_bus_flush(session_.bus());
+}
+
+void SleepInhibitor::hold(bool wanted) {
+  if (std::exchange(wanted_, wanted) == wanted) return;
+  if (!wanted_) return let_go();
+  if (!asking_) ask_portal();
+}
+
+// The options: what a user may read in a list of those who hold the sleep off.
+void SleepInhibitor::ask_portal() {
+  constexpr std::uint32_t kSuspend = 4;
+  sd_bus_message* call =
+      new_call(session_.bus(), kPortal, "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Inhibit", "Inhibit");
+  if (call != nullptr) sd_bus_message_append(call, "sua{sv}", "", kSuspend, 1, "reason", "s", kReason);
+  portal_changed_ = false;
+  asking_ = send(session_, call, &SleepInhibitor::on_portal_answer, this);
+  if (!asking_) ask_login();
+}
+
+int SleepInhibitor::on_portal_answer(sd_bus_message* answer, void* self, sd_bus_error*) {
+  auto& inhibitor = *static_cast<SleepInhibitor*>(self);
+  inhibitor.asking_ = false;
+  const char* request = nullptr;
+  if (sd_bus_message_is_method_error(answer, nullptr) == 0 && sd_bus_message_read_basic(answer, 'o', &request) > 0)
+    inhibitor.request_ = request;
+  if (!inhibitor.wanted_) {
+    inhibitor.let_go();
+  } else if (inhibitor.request_.empty()) {
+    inhibitor.ask_login();
+  } else {
+    inhibitor.lock_.reset();
+  }
+  return 0;
+}
+
+void SleepInhibitor::ask_login() {
+  if (!system_ || system_->bus() == nullptr) system_.emplace(DBusConnection::Bus::kSystem);
+  sd_bus_message* call =
+      new_call(system_->bus(), kLogin, "/org/freedesktop/login1", "org.freedesktop.login1.Manager", "Inhibit");
+  if (call != nullptr) sd_bus_message_append(call, "ssss", "sleep:idle", "Tandem", kReason, "block");
+  asking_ = send(*system_, call, &SleepInhibitor::on_login_answer, this);
+}
+
+int SleepInhibitor::on_login_answer(sd_bus_message* answer, void* self, sd_bus_error*) {
+  auto& inhibitor = *static_cast<SleepInhibitor*>(self);
+  inhibitor.asking_ = false;
+  // The descriptor that holds the sleep off stays open as long as the message that brought it.
+  const bool granted = sd_bus_message_is_method_error(answer, nullptr) == 0;
+  if (granted && inhibitor.wanted_) inhibitor.lock_.reset(sd_bus_message_ref(answer));
+  if (inhibitor.portal_changed_ && inhibitor.wanted_) inhibitor.ask_portal();
+  return 0;
+}
+
+void SleepInhibitor::let_go() {
+  lock_.reset();
+  if (request_.empty()) return;
+  const std::string request = std::exchange(request_, {});
+  sd_bus_message* call = new_call(session_.bus(), kPortal, request.c_str(), "org.freedesktop.portal.Request", "Close");
+  if (call == nullptr) return;
+  sd_bus_message_set_expect_reply(call, 0);
+  sd_bus_send(session_.bus(), call, nullptr);
+  sd_bus_message_unref(call);
+  session_.attend();
+}
+
+// What a portal held is gone with it; one that begins is asked.
+int SleepInhibitor::on_portal_change(sd_bus_message*, void* self, sd_bus_error*) {
+  auto& inhibitor = *static_cast<SleepInhibitor*>(self);
+  inhibitor.request_.clear();
+  inhibitor.portal_changed_ = inhibitor.asking_;
+  if (inhibitor.wanted_ && !inhibitor.asking_) inhibitor.ask_portal();
+  return 0;
+}
+
+}  // namespace tandem

@@ -1,0 +1,42 @@
+// Keeps the machine from falling asleep while a song sounds: by the desktop portal, where there is none by login1. The
+// screen may go dark, and what the user asks for (the lid, the power key) is the desktop's to decide.
+// Nothing is said where neither is there; no program is started. UI thread; gone before the QApplication.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/desktop/dbus_connection.h"
+
+namespace tandem {
+
+class SleepInhibitor {
+ public:
+  // `session` is where the portal is; the system bus is looked for when it is needed.
+  explicit SleepInhibitor(DBusConnection& session);
+  ~SleepInhibitor();
+  SleepInhibitor(const SleepInhibitor&) = delete;
+  SleepInhibitor& operator=(const SleepInhibitor&) = delete;
+
+  void hold(bool wanted);  // answered by the portal or login1 later
+
+ private:
+  void ask_portal();
+  void ask_login();
+  void let_go();
+
+  static int on_portal_answer(sd_bus_message* answer, void* self, sd_bus_error*);
+  static int on_login_answer(sd_bus_message* answer, void* self, sd_bus_error*);
+  static int on_portal_change(sd_bus_message* signal, void* self, sd_bus_error*);
+
+  DBusConnection& session_;
+  std::optional<DBusConnection> system_;
+  bool wanted_ = false;
+  bool asking_ = false;
+  bool portal_changed_ = false;  // while one of the two was asked
+  std::string request_;          // the portal's object; empty: none
+  std::unique_ptr<sd_bus_message, decltype(&sd_bus_message_unref)> lock_{nullptr, &sd_bus_message_unref};  // login1's
+};
+
+}  // namespace tandem

@@ -1,0 +1,120 @@
+// The program on a session bus, as media keys, a file manager and a lock screen meet it.
+
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "app/real_player.h"
+#include "app/tone_times.h"
+#include "desktop/names.h"
+#include "platform/bus_test_daemon.h"
+#include "settings/settings_file.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr double kTone = 1500;
+
+class SessionBus : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!std::filesystem::exists("/usr/bin/playerctl")) GTEST_SKIP() << "playerctl is not installed";
+    bus.start();
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
+    desktop.sound.start();
+    player = std::make_unique<RealPlayer>(desktop, factory_settings());
+    ASSERT_TRUE(player->show_up()) << player->errors();
+    ASSERT_TRUE(comes_to({"playerctl", "status"}, "Stopped\n"));
+  }
+  void TearDown() override { ::unsetenv("DBUS_SESSION_BUS_ADDRESS"); }
+
+  std::string output_of(const std::vector<std::string>& command) const {
+    const std::string file = files.file("output");
+    ChildProcess(command, file).wait();
+    std::stringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
+  }
+  bool comes_to(const std::vector<std::string>& command, const std::string& expected) const {
+    return wait_until([&] { return output_of(command) == expected; });
+  }
+  // As a file manager does it.
+  void open_with(const std::string& path) const {
+    output_of({"busctl", "--user", "call", kApplicationName, kApplicationObject, "org.freedesktop.Application", "Open",
+               "asa{sv}", "1", "file://" + path, "0"});
+  }
+  std::string title() const { return desktop.do_tool({"getwindowname", player->window()}); }
+
+  TempDirectory files;
+  BusTestDaemon bus;
+  Desktop desktop;
+  std::unique_ptr<RealPlayer> player;
+};
+
+TEST_F(SessionBus, OpensASongAndPlaysItByAMediaKey) {
+  EXPECT_EQ(title(), "Tandem\n");
+  open_with(player->write_song("tone.wav", kTone, 20));
+  desktop.sound.start_recording();
+  EXPECT_TRUE(comes_to({"playerctl", "play"}, ""));
+  EXPECT_TRUE(wait_until([&] { return find_tone(desktop.sound.recording(), kTone).has_value(); }));
+  EXPECT_TRUE(comes_to({"playerctl", "status"}, "Playing\n"));
+  EXPECT_TRUE(wait_until([&] { return title() == "TONE.WAV - Tandem\n"; })) << title();
+  EXPECT_EQ(output_of({"playerctl", "metadata", "title"}), "TONE.WAV\n");
+  EXPECT_TRUE(wait_until([&] {
+    return output_of({"pactl", "list", "sink-inputs"}).find("media.name = \"TONE.WAV\"") != std::string::npos;
+  }));
+  output_of({"playerctl", "play-pause"});
+  EXPECT_TRUE(comes_to({"playerctl", "status"}, "Paused\n"));
+  output_of({"playerctl", "stop"});
+  EXPECT_TRUE(comes_to({"playerctl", "status"}, "Stopped\n"));
+  EXPECT_TRUE(wait_until([&] { return title() == "Tandem\n"; }));
+}
+
+TEST_F(SessionBus, EndsWhenItIsAskedTo) {
+  output_of({"busctl", "--user", "call", kMprisName, kMprisObject, "org.mpris.MediaPlayer2", "Quit"});
+  EXPECT_EQ(player->exit_status(), 0);
+  EXPECT_EQ(player->errors(), "");
+}
+
+TEST_F(SessionBus, ShowsAMenuAtTheRightButton) {
+  player->click(300, 200, 3);
+  const auto menu = [&] { return desktop.do_tool({"search", "--onlyvisible", "--class", "tandem"}); };
+  EXPECT_TRUE(wait_until([&] { return menu() != player->window() + "\n" && !menu().empty(); }));
+  player->type("q");  // the entry Quit
+  EXPECT_EQ(player->exit_status(), 0);
+}
+
+// Started by a link the program keeps its settings beside the link.
+TEST(ProgramLink, HasTheSettingsBesideIt) {
+  Desktop desktop;
+  const TempDirectory own;
+  std::filesystem::create_symlink(TANDEM_PROGRAM, own.file("tandem"));
+  std::ofstream(own.file("TP.inf")) << factory_settings();
+  ChildProcess program({own.file("tandem")}, own.file("output"));
+  const auto shown = [&] { return !desktop.do_tool({"search", "--onlyvisible", "--class", "Tandem"}).empty(); };
+  ASSERT_TRUE(wait_until(shown));
+  std::filesystem::remove(own.file("TP.inf"));
+  program.send(SIGTERM);
+  EXPECT_EQ(program.wait(), 0);
+  EXPECT_TRUE(std::filesystem::exists(own.file("TP.inf")));
+}
+
+TEST(OnlyWord, IsAnsweredWithoutAScreen) {
+  const TempDirectory files;
+  const auto answer = [&](const char* word) {
+    ChildProcess program({TANDEM_PROGRAM, word}, files.file("output"));
+    EXPECT_EQ(program.wait(), 0);
+    std::stringstream text;
+    text << std::ifstream(files.file("output")).rdbuf();
+    return text.str();
+  };
+  EXPECT_TRUE(answer("--version").starts_with("Tandem 1."));
+  EXPECT_TRUE(answer("--help").starts_with("Usage: tandem\n"));
+}
+
+}  // namespace
+}  // namespace tandem::test
