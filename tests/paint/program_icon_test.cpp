@@ -19,6 +19,19 @@ TEST(ProgramIcon, ShowsOneSongFallingAndTheNextRising) {
   EXPECT_EQ(spot(2, 0), palette::kYellow) << "where both are heard";
 }
 
+TEST(ProgramIcon, HasCleanBarsWhereItIsSmall) {
+  for (const int pixels : {16, 22, 24, 32}) {
+    const QImage icon = program_icon(pixels);
+    const int bar = (pixels + 4) / 8;
+    const int left = (pixels - 6 * bar) / 2;
+    for (int x = 0; x < bar; ++x) {
+      EXPECT_EQ(icon.pixel(left + x, left), palette::kLime) << pixels;
+      EXPECT_EQ(icon.pixel(left + 5 * bar + x, left), palette::kOrange) << pixels;
+      EXPECT_EQ(icon.pixel(left + 2 * bar + x, pixels - left - 1), palette::kYellow) << pixels;
+    }
+  }
+}
+
 TEST(ProgramIcon, IsTransparentOutsideThePlate) {
   for (const int pixels : {16, 32, 48, 256}) {
     const QImage icon = program_icon(pixels);
