@@ -7,12 +7,17 @@ import unittest
 
 PACKAGING = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', '..', 'packaging')
 GROUP = 'Desktop Entry'
+NAME = 'org.tandem_player.Tandem'
 NEEDED = ('Type', 'Name', 'Exec', 'Icon', 'Categories', 'StartupWMClass')
 
 
 def text_of(name):
     with open(os.path.join(PACKAGING, name), encoding='utf-8') as file:
         return file.read()
+
+
+def build_file():
+    return text_of('CMakeLists.txt').replace('${id}', NAME).replace('${share}', '${CMAKE_INSTALL_DATADIR}')
 
 
 def entry(text):
@@ -28,9 +33,9 @@ def missing(text):
 
 class DesktopEntry(unittest.TestCase):
     def setUp(self):
-        self.text = text_of('tandem.desktop')
+        self.text = text_of(f'{NAME}.desktop')
         self.entry = entry(self.text)
-        self.installed = re.findall(r'install\((\w+) (\S+) DESTINATION "?([^")]+)', text_of('CMakeLists.txt'))
+        self.installed = re.findall(r'install\((\w+) (\S+) DESTINATION "?([^")]+)', build_file())
 
     def test_nothing_is_missing(self):
         self.assertEqual(missing(self.text), [])
@@ -45,12 +50,24 @@ class DesktopEntry(unittest.TestCase):
 
     def test_is_installed_with_what_it_names(self):
         share = '${CMAKE_INSTALL_DATADIR}'
-        self.assertIn(('FILES', 'tandem.desktop', share + '/applications'), self.installed)
+        self.assertIn(('FILES', f'{NAME}.desktop', share + '/applications'), self.installed)
         self.assertIn(('PROGRAMS', self.entry['Exec'], '${CMAKE_INSTALL_BINDIR}'), self.installed)
         icon = self.entry['Icon'] + '.svg'
         self.assertIn(('FILES', icon, share + '/icons/hicolor/scalable/apps'), self.installed)
-        for file in ('tandem.desktop', self.entry['Exec'], icon):
+        for file in (f'{NAME}.desktop', self.entry['Exec'], icon):
             self.assertTrue(os.path.isfile(os.path.join(PACKAGING, file)), file)
+
+    def test_is_started_over_the_session_bus_by_its_own_name(self):
+        self.assertEqual(self.entry['DBusActivatable'], 'true')
+        self.assertIn(f'Name={NAME}\n', text_of(f'{NAME}.service.in'))
+        with open(os.path.join(PACKAGING, '..', 'src', 'desktop', 'names.h'), encoding='utf-8') as file:
+            self.assertIn(f'kApplicationName = "{NAME}"', file.read())
+
+    def test_opens_what_is_a_song_or_a_list_of_songs(self):
+        types = self.entry['MimeType'].split(';')
+        for wanted in ('audio/mpeg', 'audio/x-wav', 'application/x-tandem-playlist'):
+            self.assertIn(wanted, types)
+        self.assertIn('type="application/x-tandem-playlist"', text_of(f'{NAME}.xml'))
 
 
 if __name__ == '__main__':
