@@ -10,10 +10,10 @@ constexpr Frames kBack = 2048;          // frames before the first position that
 constexpr Frames kKept = 2000;          // frames that stay before the head: more than a splice goes back
 constexpr Frames kSilenceBefore = 128;  // before the first frame, for what looks a little further back
 
-// Searches are so far apart that the reading drifts by half a millisecond from one to the next, and at least 5 ms.
+// Searches are so far apart that the reading drifts by half a millisecond from one to the next, and at least 10 ms.
 Frames search_interval(double ratio) noexcept {
   constexpr double kDrift = 22.0;
-  constexpr double kLeast = 220.0;
+  constexpr double kLeast = 441.0;
   return static_cast<Frames>(std::max(kLeast, kDrift / std::abs(ratio - 1.0)));
 }
 
