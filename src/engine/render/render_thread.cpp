@@ -14,7 +14,8 @@ namespace {
 constexpr std::int64_t kStepNs = std::int64_t{kStepMilliseconds} * 1'000'000;
 constexpr auto kRest = std::chrono::milliseconds(50);  // how soon a device that only says so is noticed to consume
 constexpr std::int64_t kMostStepsAtOnce = 16;          // after a late wake-up
-constexpr std::int64_t kMostStepsToCatchUp = 8;        // the short queue
+constexpr std::int64_t kMostStepsToCatchUp = 12;       // with which a device of larger buffers begins
+constexpr std::uint64_t kThinQueue = 6 * kStepFrames;  // does not survive a late wake-up on a busy machine
 // At one wake-up while nothing depends on the moment.
 constexpr std::uint64_t kFreeSteps = 10;
 constexpr std::uint64_t kFreeStepsOfShortQueue = 5;
@@ -90,13 +91,14 @@ RenderThread::Due RenderThread::due() noexcept {
   return {periods, periods + correction};
 }
 
-// As many as the device still wants where nothing depends on the moment: a queue that begins, or that was emptied by a
-// late wake-up, is filled at once and is not thin for one period after the other. A device that demands nothing begins
-// as soon as it has something.
+// As many as the device still wants where nothing depends on the moment, or where so little is queued that the next
+// late wake-up would be heard: a queue that begins, or that ran empty, is filled at once and is not thin for one period
+// after the other. A device that demands nothing begins as soon as it has something.
 std::int64_t RenderThread::steps_to_catch_up() const noexcept {
-  const bool nothing_queued = output_.frames_played() >= ring_.written();
-  const std::int64_t least = nothing_queued ? 2 : 1;
-  if (!nothing_queued && steps_at_once() == 1) return least;
+  const std::uint64_t written = ring_.written();
+  const std::uint64_t queued = written - std::min(output_.frames_played(), written);
+  const std::int64_t least = queued == 0 ? 2 : 1;
+  if (queued >= kThinQueue && steps_at_once() == 1) return least;
   return std::clamp(static_cast<std::int64_t>(ring_.demanded()) / kStepFrames, least, kMostStepsToCatchUp);
 }
 
