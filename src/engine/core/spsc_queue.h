@@ -14,8 +14,8 @@ class SpscQueue {
   static_assert((Capacity & (Capacity - 1)) == 0, "the capacity is a power of two");
 
  public:
-  // False if the queue is full; the item is then untouched.
-  bool push(const T& item) noexcept {
+  // False if the queue is full; the item is then not taken.
+  [[nodiscard]] bool push(const T& item) noexcept {
     const std::size_t tail = tail_.load(std::memory_order_relaxed);
     if (tail - head_.load(std::memory_order_acquire) == Capacity) return false;
     items_[tail & (Capacity - 1)] = item;
@@ -24,7 +24,7 @@ class SpscQueue {
   }
 
   // False if the queue is empty; the item is then untouched.
-  bool pop(T& item) noexcept {
+  [[nodiscard]] bool pop(T& item) noexcept {
     const std::size_t head = head_.load(std::memory_order_relaxed);
     if (head == tail_.load(std::memory_order_acquire)) return false;
     item = items_[head & (Capacity - 1)];

@@ -1,6 +1,7 @@
 #include "engine/render/chain.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "engine/core/flush_denormals.h"
 #include "engine/core/render_guard.h"
@@ -125,7 +126,11 @@ void Chain::give_filters_back() noexcept {
   while (const EqualizerFilter* retired = equalizer_.take_retired()) designer_.give_back(retired);
 }
 
-void Chain::tell(const RenderEvent& news) noexcept { news_.push(news); }
+// There is always room: an event answers a command, and no more commands than events are ever under way.
+void Chain::tell(const RenderEvent& news) noexcept {
+  [[maybe_unused]] const bool has_room = news_.push(news);
+  assert(has_room);
+}
 
 void Chain::notify_ui() noexcept {
   for (std::uint8_t i = 0; i < kDecks; ++i) {
