@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/read/song_measure.h"
 #include "engine/read/song_source.h"
 #include "support/bytes.h"
 #include "support/mp3_maker.h"
@@ -45,11 +46,10 @@ double median(std::vector<double> values) {
 
 double own_seconds(const std::string& path) {
   std::vector<StereoFrame> block(4096);
-  std::string name;
   timespec begin{};
   timespec end{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &begin);
-  const auto source = SongSource::open(path, name);
+  const auto source = SongSource::open(path);
   while (source != nullptr && source->read(block) == block.size()) {
   }
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &end);
@@ -105,7 +105,7 @@ void measure_probing(const TempDirectory& directory, const Bytes& song, const ch
   for (int round = 0; round < kRounds; ++round) {
     const auto begin = std::chrono::steady_clock::now();
     for (const std::string& path : paths) {
-      if (!probe_song(path)) throw std::runtime_error("refused");
+      if (!measure_song(path)->opens) throw std::runtime_error("refused");
     }
     rates.push_back(kSongs / std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
   }

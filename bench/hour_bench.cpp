@@ -108,9 +108,8 @@ double decode_cost(const TempDirectory& directory) {
   const auto names = file_names(directory);
   return cost_of([&] {
     std::vector<StereoFrame> block(4096);
-    std::string name;
     for (std::size_t song = 0; song < kSongs; ++song) {
-      const auto source = SongSource::open(names[song % kFiles], name);
+      const auto source = SongSource::open(names[song % kFiles]);
       while (source != nullptr && source->read(block) == block.size()) {
       }
     }
@@ -123,8 +122,7 @@ using Step = std::array<StereoFrame, kStepFrames>;
 std::vector<Step> song_steps(const TempDirectory& directory) {
   constexpr std::size_t kSteps = 1000;
   std::vector<Step> steps(kSteps);
-  std::string name;
-  const auto source = SongSource::open(file_names(directory).back(), name);
+  const auto source = SongSource::open(file_names(directory).back());
   for (Step& step : steps) source->read(step);
   return steps;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/read/song_measure.h"
 #include "engine/read/song_source.h"
 #include "fuzz_target.h"
 #include "support/bytes.h"
@@ -52,13 +53,12 @@ void read_to_end(SongSource& source, Frames length) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   test::write_file(song_path(), {data, data + size});
-  std::string name;
-  const auto source = SongSource::open(song_path(), name);
-  const auto probed = probe_song(song_path());
-  fuzz::require((source != nullptr) == probed.has_value(), "probing and opening agree");
+  const auto source = SongSource::open(song_path());
+  const auto measured = measure_song(song_path());
+  fuzz::require(measured && (source != nullptr) == measured->opens, "measuring and opening agree");
   if (!source) return 0;
   const Frames length = source->length();
-  fuzz::require(length > 0 && length == probed->length, "one length");
+  fuzz::require(length > 0 && length == measured->length, "one length");
   if (size >= 4 * kSeeks)
     for (std::size_t i = 0; i < kSeeks; ++i) seek_and_read(*source, length, data + size - 4 * (i + 1));
   read_to_end(*source, length);

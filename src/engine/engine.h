@@ -73,6 +73,8 @@ class Engine {
   // An unmuted input has a song that goes on, or had it a moment ago.
   bool sounding() const { return chain_.steps() <= chain_.last_live_step() + 2; }
   bool playing() const { return device_ != nullptr && device_->playing(); }
+  // Both readers have done what they were asked for, and have read as far ahead as they can.
+  bool readers_idle() const { return readers_[0].idle() && readers_[1].idle(); }
 
  private:
   void work_inline();

@@ -33,7 +33,7 @@ TEST(Mp3Song, TaggedFilesSoundExactlyWhereTheOriginalDid) {
     SCOPED_TRACE(tried.options.front() + tried.options.back());
     const Signal signal = music(3.0, kSampleRate, tried.channels);
     const SongCheck check = check_song(make_mp3(signal, tried.options));
-    EXPECT_TRUE(check.consistent(0.0F)) << check.length << " " << check.probed << " " << check.sound.size() << " "
+    EXPECT_TRUE(check.consistent(0.0F)) << check.length << " " << check.measured << " " << check.sound.size() << " "
                                         << check.difference;
     EXPECT_EQ(check.length, signal.frames());
     expect_like(to_stereo(signal), check.sound, kCodingSnr);
@@ -46,7 +46,7 @@ TEST(Mp3Song, OtherRatesAreConvertedInPlace) {
     const Signal signal = tones(3.0, 330.0, 0.3, rate);
     const SongCheck check = check_song(make_mp3(signal, {"-b", "64"}));
     EXPECT_TRUE(check.consistent(kResampledTolerance))
-        << check.length << " " << check.probed << " " << check.sound.size() << " " << check.difference;
+        << check.length << " " << check.measured << " " << check.sound.size() << " " << check.difference;
     EXPECT_EQ(check.length, 3 * kSampleRate);
     expect_like(to_stereo(tones(3.0, 330.0, 0.3)), check.sound, kCodingSnr);
   }
@@ -86,7 +86,7 @@ TEST(Mp3Song, WithoutInformationFrameEveryFrameSounds) {
 TEST(Mp3Song, FreeFormat) {
   const Signal signal = music(3.0);
   const SongCheck check = check_song(make_mp3(signal, {"--freeformat", "-b", "450"}));
-  EXPECT_TRUE(check.consistent(0.0F)) << check.length << " " << check.probed << " " << check.sound.size();
+  EXPECT_TRUE(check.consistent(0.0F)) << check.length << " " << check.measured << " " << check.sound.size();
   EXPECT_EQ(check.length, signal.frames());
   expect_like(to_stereo(signal), check.sound, kCodingSnr);
 }

@@ -37,7 +37,7 @@ TEST_P(WavCodec, PlaysWholeAndSeeks) {
   write_sound(directory.file("song.wav"), signal, codec.format);
   const SongCheck check = check_song(directory.file("song.wav"));
   EXPECT_TRUE(check.consistent(codec.rate == kSampleRate ? 0.0F : 1e-5F))
-      << check.length << " " << check.probed << " " << check.sound.size() << " " << check.difference << " "
+      << check.length << " " << check.measured << " " << check.sound.size() << " " << check.difference << " "
       << check.misplaced;
   const Sound expected = to_stereo(tones(3.0, 300.0, 0.4, kSampleRate, codec.channels));
   EXPECT_GT(snr_db(expected, check.sound), codec.snr);

@@ -59,9 +59,8 @@ class RandomListTest : public testing::TestWithParam<unsigned> {
 
   static double rest_without_songs(PlayerRig& rig) {
     SongFinder finder(rig.sound());
-    std::string accepted;
     for (std::int32_t n = 1; n <= rig.controls().PlayList.ListCount(); ++n)
-      if (const auto song = SongSource::open(rig.player().program.SongTable.at(n).SongFile, accepted))
+      if (const auto song = SongSource::open(rig.player().program.SongTable.at(n).SongFile))
         finder.take(read_all(*song));
     return finder.rest();
   }

@@ -34,8 +34,7 @@ class Maker {
   void keep(const std::string& name, const Bytes& bytes) {
     KnownSong song{directory.file(name), {}, signature(seed(), seconds(), kPeak)};
     write_file(song.path, bytes);
-    std::string accepted;
-    song.sound = read_all(*SongSource::open(song.path, accepted));
+    song.sound = read_all(*SongSource::open(song.path));
     songs.push_back(std::move(song));
   }
 };

@@ -42,19 +42,18 @@ Sound read_all(SongSource& source) {
 }
 
 bool SongCheck::consistent(float tolerance) const {
-  return opened && length == probed && length == static_cast<Frames>(sound.size()) && misplaced == 0 &&
+  return opened && length == measured && length == static_cast<Frames>(sound.size()) && misplaced == 0 &&
          difference <= tolerance;
 }
 
 SongCheck check_song(const std::string& path) {
   SongCheck check;
-  std::string name;
-  const auto source = SongSource::open(path, name);
+  const auto source = SongSource::open(path);
   if (source == nullptr) return check;
   check.opened = true;
   check.sound = read_all(*source);
   check.length = source->length();
-  if (const auto info = probe_song(path)) check.probed = info->length;
+  if (const auto measured = measure_song(path)) check.measured = measured->length;
   if (check.length == static_cast<Frames>(check.sound.size())) try_seeks(*source, check);
   return check;
 }

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "engine/read/song_measure.h"
 #include "engine/read/song_source.h"
 #include "support/bytes.h"
 #include "support/signal.h"
@@ -16,7 +17,7 @@ struct SongCheck {
   bool opened = false;
   Sound sound;           // read from front to back
   Frames length = -1;    // by SongSource
-  Frames probed = -1;    // by probe_song
+  Frames measured = -1;  // by measure_song()
   int misplaced = 0;     // of 300 random seeks, those after which too few or too many frames came
   float difference = 0;  // greatest deviation of a sample after these seeks from `sound`
   // All three lengths agree, and no seek was misplaced or differed by more than `tolerance`.

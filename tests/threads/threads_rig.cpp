@@ -85,9 +85,7 @@ void ThreadsRig::work() {
 
 // No time passes while a reader opens a song: it works in real time.
 void ThreadsRig::wait_for_readers() {
-  for (const auto& deck : program_->sound.AudioFile) {
-    while (!deck->FileName().empty() && deck->Length() == 0) std::this_thread::yield();
-  }
+  while (!engine_->readers_idle()) std::this_thread::yield();
 }
 
 void ThreadsRig::run(int milliseconds, int panel_every) {

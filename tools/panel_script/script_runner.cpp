@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "base/text.h"
-#include "engine/read/song_source.h"
+#include "engine/read/song_measure.h"
 #include "script/unknown_word.h"
 #include "tools/panel_script/script_words.h"
 
@@ -98,8 +98,8 @@ void ScriptRunner::print(const Words& words) {
 
 void ScriptRunner::probe(const Words& words) {
   for (std::size_t i = 1; i < words.size(); ++i) {
-    const auto song = probe_song(words[i]);
-    out_ << words[i] << '\t' << (song ? milliseconds_of(song->length) : 0) << '\t' << (song ? "ok" : "refused") << '\n';
+    const auto song = measure_song(words[i]);
+    out_ << words[i] << '\t' << milliseconds_of(song->length) << '\t' << (song->opens ? "ok" : "refused") << '\n';
   }
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "engine/pitch/pitch_shifter.h"
+#include "engine/read/song_measure.h"
 
 namespace tandem {
 
@@ -31,8 +32,8 @@ DeckControl::DeckControl(int deck, DeckReader& reader, OrderSender& orders, cons
       wake_reader_(std::move(wake_reader)) {}
 
 std::string DeckControl::file_name() {
-  if (auto answer = reader_.take_answer(); answer && answer->generation >= name_generation_)
-    name_ = answer->refused ? std::string() : std::move(answer->accepted_name);
+  const auto answer = reader_.take_answer();
+  if (answer && answer->refused && answer->generation >= name_generation_) name_.clear();
   return name_;
 }
 
@@ -68,7 +69,15 @@ void DeckControl::put_file_name(const std::string& name) {
   wake_reader_();
 }
 
-std::int32_t DeckControl::length() const { return clamped_milliseconds(reader_.length()); }
+std::int32_t DeckControl::length() {
+  if (empty()) return 0;
+  if (measured_name_ != names_put_) {
+    const auto song = measure_song(name_);
+    length_ = song ? clamped_milliseconds(song->length) : 0;
+    measured_name_ = names_put_;
+  }
+  return length_;
+}
 
 std::int32_t DeckControl::position() const {
   if (pretends_ended_) return std::numeric_limits<std::int32_t>::max();

@@ -22,7 +22,9 @@ class DeckControl {
 
   std::string file_name();
   void put_file_name(const std::string& name);
-  std::int32_t length() const;
+  // Milliseconds. Measured when it is first asked for, which may take as long as a walk through the whole file: playing
+  // needs no length.
+  std::int32_t length();
   std::int32_t position() const;
   void put_position(std::int32_t milliseconds);
 
@@ -52,6 +54,8 @@ class DeckControl {
   std::uint32_t generation_ = 0;
   std::uint32_t name_generation_ = 0;  // the generation of the last name
   std::uint64_t names_put_ = 0;
+  std::uint64_t measured_name_ = 0;  // which name length_ belongs to
+  std::int32_t length_ = 0;
   Frames start_frame_ = 0;
   float pitch_ = 0.0F;
   bool pretends_ended_ = false;

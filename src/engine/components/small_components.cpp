@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "engine/read/song_source.h"
+#include "engine/read/song_measure.h"
 
 namespace tandem {
 
@@ -11,9 +11,9 @@ void ProbeFile::put_FileName(const std::string& name) {
   name_.clear();
   length_ms_ = 0;
   if (name.empty()) return;
-  auto song = probe_song(name);
-  if (!song) return;
-  name_ = std::move(song->name);
+  const auto song = measure_song(name);
+  if (!song || !song->opens) return;
+  name_ = name;
   length_ms_ = static_cast<std::int32_t>(
       std::min<std::int64_t>(milliseconds_of(song->length), std::numeric_limits<std::int32_t>::max()));
 }

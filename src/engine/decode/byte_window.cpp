@@ -11,8 +11,19 @@ ByteWindow::ByteWindow(std::shared_ptr<const SongFile> file, std::int64_t end)
 const std::uint8_t* ByteWindow::at(std::int64_t offset, std::size_t count) noexcept {
   const auto wanted = static_cast<std::int64_t>(count);
   if (offset < 0 || wanted > end_ - offset) return nullptr;
-  if (offset < begin_ || offset + wanted > begin_ + static_cast<std::int64_t>(held_)) load(offset);
-  return count <= held_ && offset >= begin_ ? bytes_.data() + (offset - begin_) : nullptr;
+  if (!holds(offset, wanted)) load(first_to_load(offset, wanted));
+  return holds(offset, wanted) ? bytes_.data() + (offset - begin_) : nullptr;
+}
+
+bool ByteWindow::holds(std::int64_t offset, std::int64_t count) const noexcept {
+  return offset >= begin_ && offset + count <= begin_ + static_cast<std::int64_t>(held_);
+}
+
+// A walk backwards finds the next places in the window too.
+std::int64_t ByteWindow::first_to_load(std::int64_t offset, std::int64_t count) const noexcept {
+  constexpr auto kWhole = static_cast<std::int64_t>(kCapacity);
+  const bool is_just_before = offset < begin_ && begin_ - offset < kWhole;
+  return is_just_before ? std::max<std::int64_t>(0, offset - std::min(kWhole / 2, kWhole - count)) : offset;
 }
 
 std::span<const std::uint8_t> ByteWindow::from(std::int64_t offset) noexcept {

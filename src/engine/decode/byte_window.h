@@ -29,6 +29,8 @@ class ByteWindow {
   std::span<const std::uint8_t> from(std::int64_t offset) noexcept;
 
  private:
+  bool holds(std::int64_t offset, std::int64_t count) const noexcept;
+  std::int64_t first_to_load(std::int64_t offset, std::int64_t count) const noexcept;
   void load(std::int64_t offset) noexcept;
 
   std::shared_ptr<const SongFile> file_;

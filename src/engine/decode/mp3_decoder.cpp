@@ -3,6 +3,7 @@
 #include <mpg123.h>
 
 #include <algorithm>
+#include <cmath>
 #include <new>
 #include <utility>
 
@@ -13,17 +14,18 @@ namespace {
 constexpr std::int64_t kReservoirBytes = 511;
 constexpr std::size_t kSettlingFrames = 2;
 constexpr std::size_t kLeastWarmFrames = 10;
-constexpr std::int64_t kMostOverheadBytes = 4 + 2 + 32;  // header, checksum and side information of a frame
+constexpr std::size_t kMostWarmFrames = 200;  // frames of 24 bytes, the shortest, hold 3 bytes or more each
+constexpr int kChecksumBytes = 2;
 // After so many frames the synthesis filter's ring stands where it stood, so that sums round alike.
 constexpr std::size_t kSynthesisPeriod = 8;
 constexpr int kMostSamples = 1152;
 
-// Frames that are damaged can come out a thousand times too loud; whole ones stay well within this.
+// Frames that are damaged can come out a thousand times too loud, or as no number; whole ones stay well within this.
 constexpr float kLoudest = 4.0F;
 
-StereoFrame within_reason(const StereoFrame& frame) {
-  return {std::clamp(frame.left, -kLoudest, kLoudest), std::clamp(frame.right, -kLoudest, kLoudest)};
-}
+float within_reason(float sample) { return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0.0F; }
+
+StereoFrame limited(const StereoFrame& frame) { return {within_reason(frame.left), within_reason(frame.right)}; }
 
 mpg123_handle_struct* new_handle() {
   static const int ready = mpg123_init();
@@ -40,21 +42,33 @@ mpg123_handle_struct* new_handle() {
 
 void Mp3Decoder::Delete::operator()(mpg123_handle_struct* handle) const noexcept { mpg123_delete(handle); }
 
-std::unique_ptr<Decoder> Mp3Decoder::open(std::shared_ptr<const SongFile> file, std::int64_t begin, std::int64_t end) {
-  auto index = Mp3Index::open(file, begin, end);
+std::unique_ptr<Decoder> Mp3Decoder::open(std::shared_ptr<const SongFile> file, std::int64_t begin, std::int64_t end,
+                                          WalkGuard guard) {
+  auto index = Mp3Index::open(file, begin, end, std::move(guard));
   if (index == nullptr) return nullptr;
-  return std::make_unique<Mp3Decoder>(std::move(file), end, std::move(index));
+  return std::make_unique<Mp3Decoder>(std::move(file), std::move(index));
 }
 
-Mp3Decoder::Mp3Decoder(std::shared_ptr<const SongFile> file, std::int64_t end, std::unique_ptr<Mp3Index> index)
-    : index_(std::move(index)), window_(std::move(file), end), silence_(kMostSamples) {
+Mp3Decoder::Mp3Decoder(std::shared_ptr<const SongFile> file, std::unique_ptr<Mp3Index> index)
+    : index_(std::move(index)), window_(std::move(file), index_->end()), silence_(kMostSamples) {
   go_to(0, index_->first_sample(0));
 }
 
 int Mp3Decoder::rate() const { return header().rate; }
 
+int Mp3Decoder::rate_of(std::size_t section) const {
+  return section < index_->sections().size() ? index_->sections()[section].header.rate : 0;
+}
+
+Frames Mp3Decoder::reach(std::size_t section, Frames frame) {
+  const Frames skip = index_->first_sample(section);
+  return index_->end_of_sound(section, skip + frame, true) - skip;
+}
+
+Frames Mp3Decoder::length(std::size_t section) { return index_->end_of_sound(section) - index_->first_sample(section); }
+
 std::size_t Mp3Decoder::read(std::span<StereoFrame> out) {
-  const Frames end = index_->end_of_sound(part_, position_ + static_cast<Frames>(out.size()));
+  const Frames end = index_->end_of_sound(section_, position_ + static_cast<Frames>(out.size()));
   const auto count = static_cast<std::size_t>(std::max<Frames>(0, end - position_));
   std::size_t done = 0;
   if (!arrived_) arrive();
@@ -62,7 +76,7 @@ std::size_t Mp3Decoder::read(std::span<StereoFrame> out) {
     if (ready_.empty() && !decode_next()) break;
     const std::size_t some = std::min(ready_.size(), count - done);
     std::transform(ready_.begin(), ready_.begin() + static_cast<std::ptrdiff_t>(some),
-                   out.begin() + static_cast<std::ptrdiff_t>(done), within_reason);
+                   out.begin() + static_cast<std::ptrdiff_t>(done), limited);
     ready_ = ready_.subspan(some);
     done += some;
   }
@@ -71,27 +85,27 @@ std::size_t Mp3Decoder::read(std::span<StereoFrame> out) {
 }
 
 bool Mp3Decoder::next_section() {
-  if (part_ + 1 >= index_->parts().size()) return false;
-  go_to(part_ + 1, index_->first_sample(part_ + 1));
+  if (section_ + 1 >= index_->sections().size()) return false;
+  go_to(section_ + 1, index_->first_sample(section_ + 1));
   return true;
 }
 
 void Mp3Decoder::seek(std::size_t section, Frames frame) { go_to(section, index_->first_sample(section) + frame); }
 
-void Mp3Decoder::go_to(std::size_t part, Frames sample) {
-  part_ = part;
+void Mp3Decoder::go_to(std::size_t section, Frames sample) {
+  section_ = section;
   position_ = sample;
   arrived_ = false;
 }
 
 void Mp3Decoder::arrive() {
-  arrived_ = true;
   ready_ = {};
   fresh_ = true;
   const Frames samples = header().samples;
-  const std::size_t target = index_->parts()[part_].first + static_cast<std::size_t>(position_ / samples);
+  const std::size_t target = index_->sections()[section_].first + static_cast<std::size_t>(position_ / samples);
   next_frame_ = target;
-  if (!index_->reach(target)) return;
+  if (!index_->leap_to(target)) return;
+  arrived_ = true;
   next_frame_ = first_warm_frame(target);
   while (next_frame_ <= target && decode_next()) {
   }
@@ -100,15 +114,23 @@ void Mp3Decoder::arrive() {
 
 // The frame from which to decode so that `frame` comes out as if decoded from the beginning of its run.
 std::size_t Mp3Decoder::first_warm_frame(std::size_t frame) {
-  const std::size_t first = index_->run_of(frame).first;
+  const std::size_t run = index_->frames().run_of(frame).first;
+  const std::size_t first = std::max(run, frame - std::min(frame, kMostWarmFrames));
   std::int64_t reservoir = 0;
   std::size_t from = frame;
   while (from > first && (reservoir < kReservoirBytes || frame - from < kLeastWarmFrames)) {
     --from;
-    reservoir += std::max<std::int64_t>(0, index_->place(from).bytes - kMostOverheadBytes);
+    reservoir += reservoir_bytes(from);
   }
   from -= std::min(from - first, kSettlingFrames);
-  return from - (from - first) % kSynthesisPeriod;
+  return from - (from - run) % kSynthesisPeriod;
+}
+
+// What a frame can hold of the sound of the frames after it, at least.
+std::int64_t Mp3Decoder::reservoir_bytes(std::size_t frame) {
+  const auto place = index_->frames().place(frame, window_);
+  const int overhead = static_cast<int>(MpegHeader::kBytes) + kChecksumBytes + header().side_info_bytes();
+  return place ? std::max(0, place->bytes - overhead) : 0;
 }
 
 bool Mp3Decoder::decode_next() {
@@ -118,22 +140,32 @@ bool Mp3Decoder::decode_next() {
 
 bool Mp3Decoder::decode(std::size_t frame) {
   const auto samples = static_cast<std::size_t>(header().samples);
-  const Mp3Index::Place place = index_->place(frame);
-  const Mp3Index::Run run = index_->run_of(frame);
+  const auto place = index_->frames().place(frame, window_);
+  const std::uint8_t* bytes = place && place->bytes > 0 ? bytes_of(*place) : nullptr;
+  const bool lost = place && place->bytes == 0;
+  ready_ = {};
+  if (bytes == nullptr && !lost) return false;
   ready_ = std::span<const StereoFrame>(silence_).first(samples);
-  if (place.bytes == 0) return true;
-  const auto count = static_cast<std::size_t>(place.bytes);
-  const std::uint8_t* bytes = window_.at(place.offset, count);
-  if (bytes == nullptr) {
-    ready_ = {};
-    return false;
-  }
+  if (lost) return true;
+  const Mp3FrameTable::Run run = index_->frames().run_of(frame);
   if (fresh_ || run.first == frame) open_run(run);
-  fresh_ = !feed(bytes, count);
+  fresh_ = !feed(bytes, static_cast<std::size_t>(place->bytes));
   return true;
 }
 
-void Mp3Decoder::open_run(const Mp3Index::Run& run) {
+// nullptr if they cannot be read any more.
+const std::uint8_t* Mp3Decoder::bytes_of(const Mp3FrameTable::Place& place) {
+  const auto count = static_cast<std::size_t>(place.bytes);
+  const std::int64_t there = window_.end() - place.offset;
+  if (place.bytes <= there) return window_.at(place.offset, count);
+  const std::uint8_t* bytes = window_.at(place.offset, static_cast<std::size_t>(there));
+  if (bytes == nullptr) return nullptr;
+  padded_.assign(bytes, bytes + there);
+  padded_.resize(count);
+  return padded_.data();
+}
+
+void Mp3Decoder::open_run(const Mp3FrameTable::Run& run) {
   if (handle_ == nullptr) handle_.reset(new_handle());
   const long size = run.free_format_bytes > 0 ? run.free_format_bytes - static_cast<long>(MpegHeader::kBytes) : -1;
   mpg123_param(handle_.get(), MPG123_FREEFORMAT_SIZE, size, 0.0);

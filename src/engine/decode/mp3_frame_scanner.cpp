@@ -19,26 +19,53 @@ std::int64_t end_of(const Mp3Frame& frame) { return frame.offset + frame.bytes; 
 Mp3FrameScanner::Mp3FrameScanner(std::shared_ptr<const SongFile> file, std::int64_t begin, std::int64_t end)
     : window_(std::move(file), end), begin_(begin) {}
 
-std::optional<Mp3Frame> Mp3FrameScanner::next() noexcept {
-  if (!std::exchange(started_, true)) {
-    const std::int64_t first = skip_tags(window_, begin_);
-    next_ = find_chain(first, std::min(end(), first + kMostLeadingGarbage));
+std::optional<Mp3Frame> Mp3FrameScanner::step() noexcept {
+  if (!started_) start();
+  if (!next_) {
+    search_on();
+    return std::nullopt;
   }
-  while (next_ && end_of(*next_) <= end()) {
-    const Mp3Frame frame = *next_;
-    if (find_next(frame)) return frame;
-  }
-  return std::nullopt;
+  const Mp3Frame frame = *next_;
+  if (!find_next(frame)) return std::nullopt;
+  return frame;
+}
+
+void Mp3FrameScanner::start() noexcept {
+  started_ = true;
+  first_ = skip_tags(window_, begin_);
+  search(first_, std::min(end(), first_ + kMostLeadingGarbage));
+}
+
+void Mp3FrameScanner::search(std::int64_t from, std::int64_t end) noexcept {
+  search_from_ = from;
+  search_end_ = end;
+}
+
+void Mp3FrameScanner::search_on() noexcept {
+  const std::int64_t limit = std::min(search_end_, search_from_ + kSearchStep);
+  next_ = find_chain(search_from_, limit);
+  const bool readable = next_ || !window_.from(search_from_).empty();
+  search_from_ = next_ || !readable ? search_end_ : limit;
 }
 
 // Moves on to what follows `frame`. False if that begins within the frame: bytes of it are missing, it must not sound.
 bool Mp3FrameScanner::find_next(const Mp3Frame& frame) noexcept {
-  const std::int64_t behind = end_of(frame);
+  const std::int64_t after = end_of(frame);
   next_ = follower(frame);
-  if (next_ || behind >= end()) return true;
-  const std::int64_t untagged = skip_tags(window_, behind);
-  next_ = untagged > behind ? find_chain(untagged, end()) : find_chain(frame.offset + 1, end());
-  return !next_ || next_->offset >= behind;
+  if (next_ || after == end()) return true;
+  const std::int64_t untagged = after < end() ? skip_tags(window_, after) : after;
+  if (untagged == after) next_ = find_chain(frame.offset + 1, std::min(after, end()));
+  if (next_) return false;
+  search(untagged, end());
+  return frame.offset + static_cast<std::int64_t>(MpegHeader::kBytes) < end();
+}
+
+bool Mp3FrameScanner::go_on_at(std::int64_t offset, const MpegHeader& like) noexcept {
+  const auto frame = frame_at(offset);
+  if (!frame || !same_bit_rate(frame->header, like) || !begins_chain(*frame)) return false;
+  next_ = frame;
+  search(end(), end());
+  return true;
 }
 
 std::optional<Mp3Frame> Mp3FrameScanner::frame_at(std::int64_t offset) noexcept {
@@ -55,10 +82,17 @@ std::optional<Mp3Frame> Mp3FrameScanner::follower(const Mp3Frame& frame) noexcep
   return found;
 }
 
+// Of Layer III only, and only where the sound should begin: the mark of UTF-16 text looks like a header of Layer I.
+bool Mp3FrameScanner::is_lone_cut_frame(const Mp3Frame& frame) const noexcept {
+  return frame.offset == first_ && frame.header.layer == 3 && end_of(frame) > end();
+}
+
 bool Mp3FrameScanner::begins_chain(const Mp3Frame& frame) noexcept {
+  if (is_lone_cut_frame(frame)) return true;
   Mp3Frame last = frame;
   for (int count = 1; count < kChainFrames; ++count) {
-    if (end_of(last) == end()) return true;
+    const bool may_be_cut = frame.offset == first_ && count > 1;
+    if (end_of(last) == end() || (may_be_cut && end_of(last) > end())) return true;
     const auto found = follower(last);
     if (!found) return false;
     last = *found;
@@ -66,7 +100,7 @@ bool Mp3FrameScanner::begins_chain(const Mp3Frame& frame) noexcept {
   return end_of(frame) <= end();
 }
 
-// Only the distance to the next header tells the size of a frame in free format.
+// Only the distance to the next header shows the size of a frame in free format.
 std::optional<Mp3Frame> Mp3FrameScanner::begins_free_format_chain(Mp3Frame frame) noexcept {
   const std::int32_t before = free_format_bytes_;
   for (std::int32_t size = kShortestFrame; size <= MpegHeader::kLongestFrame; ++size) {

@@ -6,9 +6,10 @@
 namespace tandem {
 namespace {
 
-constexpr std::size_t kVbriAt = 36;
+constexpr std::size_t kVbriAt = 36;  // always after 32 bytes of side information
 constexpr std::size_t kTocBytes = 100;
 constexpr std::size_t kExtensionBytes = 36;  // of LAME: from the encoder's name to the checksum
+constexpr std::size_t kEdgesAt = 21;         // in it: 12 bits of delay, 12 bits of padding
 
 std::uint32_t big_endian(std::span<const std::uint8_t> bytes, std::size_t at, std::size_t count) {
   std::uint32_t value = 0;
@@ -30,16 +31,11 @@ std::uint32_t checksum(std::span<const std::uint8_t> bytes) {
   return crc;
 }
 
-std::size_t side_info_bytes(const MpegHeader& header) {
-  if (header.low_rate) return header.channels == 1 ? 9 : 17;
-  return header.channels == 1 ? 17 : 32;
-}
-
 void parse_extension(std::span<const std::uint8_t> frame, std::size_t at, Mp3Info& info) {
   if (at + kExtensionBytes > frame.size() || frame[at] < ' ') return;
-  const std::uint32_t edges = big_endian(frame, at + 21, 3);
-  info.delay = static_cast<int>(edges >> 12U);
-  info.padding = static_cast<int>(edges & 0xFFFU);
+  const std::uint32_t edges = big_endian(frame, at + kEdgesAt, 3);
+  info.encoder_delay = static_cast<int>(edges >> 12U);
+  info.encoder_padding = static_cast<int>(edges & 0xFFFU);
   info.has_edges = edges != 0;
   const std::size_t checked = at + kExtensionBytes - 2;
   info.intact = checksum(frame.first(checked)) == big_endian(frame, checked, 2);
@@ -66,7 +62,7 @@ Mp3Info parse_xing(std::span<const std::uint8_t> frame, std::size_t at) {
 
 std::optional<Mp3Info> parse_mp3_info(const MpegHeader& header, std::span<const std::uint8_t> frame) noexcept {
   if (header.layer != 3) return std::nullopt;
-  const std::size_t plain = MpegHeader::kBytes + side_info_bytes(header);
+  const std::size_t plain = MpegHeader::kBytes + static_cast<std::size_t>(header.side_info_bytes());
   for (const std::size_t at : {plain, plain + 2}) {  // some encoders leave room for the frame's own checksum
     if (has_text(frame, at, "Xing") || has_text(frame, at, "Info")) return parse_xing(frame, at);
   }

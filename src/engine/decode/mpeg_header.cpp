@@ -16,10 +16,11 @@ constexpr std::array<int, 3> kRates = {44100, 48000, 32000};
 
 constexpr std::uint32_t kSyncMask = 0xFFE00000U;
 constexpr std::uint32_t kStreamMask = 0xFFFE0C00U;  // sync, version, layer, rate
+constexpr std::uint32_t kBitRateMask = 0x0000F000U;
 constexpr std::uint32_t kMpeg25 = 0U;
 constexpr std::uint32_t kMpeg1 = 3U;
 
-int bit_rate(const MpegHeader& header) {
+int kilobits_of(const MpegHeader& header) {
   const std::size_t index = (header.bits >> 12U) & 15U;
   if (header.layer == 1) return (header.low_rate ? kLowLayer1 : kLayer1).at(index);
   if (header.low_rate) return kLowLayer23.at(index);
@@ -32,12 +33,12 @@ int samples_of(const MpegHeader& header) {
 }
 
 void measure(MpegHeader& header) {
-  const int slot = header.layer == 1 ? 4 : 1;
+  const int slot = header.slot_bytes();
   header.samples = samples_of(header);
   header.padding = (header.bits & 0x200U) != 0 ? slot : 0;
-  const int kilobits = bit_rate(header);
-  if (kilobits == 0) return;
-  header.bytes = header.samples / (8 * slot) * (kilobits * 1000) / header.rate * slot + header.padding;
+  header.bit_rate = kilobits_of(header) * 1000;
+  if (header.bit_rate == 0) return;
+  header.bytes = header.samples / (8 * slot) * header.bit_rate / header.rate * slot + header.padding;
 }
 
 }  // namespace
@@ -62,6 +63,15 @@ std::optional<MpegHeader> parse_mpeg_header(const std::uint8_t* bytes) noexcept 
 
 bool same_stream(const MpegHeader& a, const MpegHeader& b) noexcept {
   return ((a.bits ^ b.bits) & kStreamMask) == 0 && a.free_format() == b.free_format();
+}
+
+bool same_bit_rate(const MpegHeader& a, const MpegHeader& b) noexcept {
+  return ((a.bits ^ b.bits) & (kStreamMask | kBitRateMask)) == 0;
+}
+
+int MpegHeader::side_info_bytes() const noexcept {
+  if (low_rate) return channels == 1 ? 9 : 17;
+  return channels == 1 ? 17 : 32;
 }
 
 }  // namespace tandem

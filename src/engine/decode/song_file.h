@@ -7,6 +7,9 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
+
+#include "base/descriptor.h"
 
 namespace tandem {
 
@@ -15,10 +18,7 @@ class SongFile {
   // nullptr for what is missing or unreadable and for all but regular files; never waits for a FIFO or a device.
   static std::shared_ptr<const SongFile> open(const std::string& path);
 
-  SongFile(int descriptor, std::int64_t size) : descriptor_(descriptor), size_(size) {}
-  SongFile(const SongFile&) = delete;
-  SongFile& operator=(const SongFile&) = delete;
-  ~SongFile();
+  SongFile(Descriptor descriptor, std::int64_t size) : descriptor_(std::move(descriptor)), size_(size) {}
 
   std::int64_t size() const noexcept { return size_; }  // bytes, at the time of opening
 
@@ -27,7 +27,7 @@ class SongFile {
   std::size_t read_at(std::int64_t offset, std::span<std::uint8_t> out) const noexcept;
 
  private:
-  int descriptor_;
+  Descriptor descriptor_;
   std::int64_t size_;
 };
 

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "engine/decode/section.h"
+
 namespace tandem {
 namespace {
 
@@ -31,17 +33,19 @@ bool seeks_exactly(const SF_INFO& info) {
 
 }  // namespace
 
-std::unique_ptr<Decoder> WavDecoder::open(std::shared_ptr<const SongFile> file, const WavHeader& header) {
-  auto decoder = std::make_unique<WavDecoder>(std::move(file), header);
-  if (length_at_sample_rate(decoder->sections().front()) <= 0) return nullptr;
+std::unique_ptr<Decoder> WavDecoder::open(std::shared_ptr<const SongFile> file, const WavHeader& header,
+                                          WalkGuard guard) {
+  auto decoder = std::make_unique<WavDecoder>(std::move(file), header, std::move(guard));
+  if (length_at_sample_rate(decoder->length_, header.rate) <= 0) return nullptr;
   return decoder;
 }
 
-WavDecoder::WavDecoder(std::shared_ptr<const SongFile> file, const WavHeader& header)
+WavDecoder::WavDecoder(std::shared_ptr<const SongFile> file, const WavHeader& header, WalkGuard guard)
     : view_(std::move(file), header),
-      downmix_(header.channels, header.speakers),
+      guard_(std::move(guard)),
+      downmix_(header.channels, header.channel_mask),
       samples_(kBlockFrames * static_cast<std::size_t>(header.channels)),
-      sections_{{header.rate, 0}} {
+      rate_(header.rate) {
   if (reopen() && info_.channels == header.channels) measure(header);
 }
 
@@ -52,16 +56,16 @@ bool WavDecoder::reopen() noexcept {
   return sound_ != nullptr;
 }
 
-// Compressed sound fills whole blocks; the fact chunk tells how much of the last one counts.
+// Compressed sound fills whole blocks; the fact chunk holds how much of the last one counts.
 void WavDecoder::measure(const WavHeader& header) {
   Frames length = info_.frames;
   const Frames block = std::max(header.block_frames, 320);
-  if (!is_uncompressed(info_) && header.facts > length - 2 * block) length = std::min(length, header.facts);
-  sections_.front().length = length;
+  if (!is_uncompressed(info_) && header.fact_frames > length - 2 * block) length = std::min(length, header.fact_frames);
+  length_ = length;
 }
 
 std::size_t WavDecoder::read(std::span<StereoFrame> out) {
-  const Frames left = sections_.front().length - position_;
+  const Frames left = length_ - position_;
   out = out.first(static_cast<std::size_t>(std::clamp<Frames>(left, 0, static_cast<Frames>(out.size()))));
   std::size_t done = 0;
   while (done < out.size()) {
@@ -88,16 +92,18 @@ std::size_t WavDecoder::read_block(std::span<StereoFrame> out) {
 }
 
 void WavDecoder::seek(std::size_t /*section*/, Frames frame) {
-  if (seeks_exactly(info_)) {
-    position_ = sound_ == nullptr ? 0 : std::max<sf_count_t>(0, sf_seek(sound_.get(), frame, SEEK_SET));
+  if (sound_ != nullptr && seeks_exactly(info_) && sf_seek(sound_.get(), frame, SEEK_SET) == frame) {
+    position_ = frame;
     return;
   }
-  if (frame >= position_ || reopen()) read_forward(frame - position_);
+  // Where the library cannot seek, or failed and stands anywhere, the sound before is decoded.
+  const bool may_go_on = !seeks_exactly(info_) && frame >= position_;
+  if (may_go_on || reopen()) read_forward(frame - position_);
 }
 
 void WavDecoder::read_forward(Frames frames) {
   std::vector<StereoFrame> passed(kBlockFrames);
-  while (frames > 0) {
+  while (frames > 0 && (!guard_ || guard_(view_.position()))) {
     const auto count = static_cast<std::size_t>(std::min<Frames>(frames, kBlockFrames));
     const std::size_t got = read(std::span(passed).first(count));
     frames -= static_cast<Frames>(got);

@@ -5,12 +5,13 @@
 #include <cstring>
 #include <string_view>
 
-#include "engine/decode/decoder.h"
+#include "engine/decode/section.h"
 
 namespace tandem {
 namespace {
 
 constexpr std::uint64_t kUnknownSize = 0xFFFFFFFFU;
+constexpr std::uint64_t kWrap = std::uint64_t{1} << 32U;
 constexpr std::uint64_t kMostFormatBytes = 4096;
 constexpr std::uint64_t kLeastFormatBytes = 16;
 constexpr std::uint16_t kExtensibleTag = 0xFFFE;
@@ -98,7 +99,7 @@ class ChunkReader {
     chunk.body = body;
     chunk.size = size;
     const auto room = static_cast<std::uint64_t>(std::max<std::int64_t>(0, file_.size() - body));
-    const auto held = static_cast<std::int64_t>(std::min(size, room + 1));  // one too many tells that it overhangs
+    const auto held = static_cast<std::int64_t>(std::min(size, room + 1));  // one too many: it overhangs
     chunk.next = body + (held + alignment - 1) / alignment * alignment;
     return chunk;
   }
@@ -151,7 +152,7 @@ class HeaderReader {
   void take_fact(const Chunk& chunk) {
     std::array<std::uint8_t, 4> fact{};
     if (chunk.size < fact.size() || file_.read_at(chunk.body, fact) != fact.size()) return;
-    header_.facts = static_cast<std::int64_t>(number(fact.data(), fact.size(), header_.big_endian));
+    header_.fact_frames = static_cast<std::int64_t>(number(fact.data(), fact.size(), header_.big_endian));
   }
 
   void take_data(const Chunk& chunk) {
@@ -159,14 +160,23 @@ class HeaderReader {
     std::uint64_t size = is_rf64_ && chunk.size == kUnknownSize ? long_data_size_.value_or(kUnknownSize) : chunk.size;
     if (size == kUnknownSize) size = room;
     if (size == 0 && room > 0 && !chunks_.chunks_to_end(chunk.body)) size = room;
+    if (room >= kWrap + size) size = unwrapped(chunk, room);
     header_.data_begin = chunk.body;
     header_.data_end = chunk.body + static_cast<std::int64_t>(std::min(size, room));
+  }
+
+  // The size of a chunk that is too large for its 32 bits, if the file's rest fits it and not the size as it is.
+  std::uint64_t unwrapped(const Chunk& chunk, std::uint64_t room) const {
+    const std::uint64_t whole = chunk.size + (room - chunk.size) / kWrap * kWrap;
+    const auto end = chunk.body + static_cast<std::int64_t>(whole + whole % 2);
+    const bool fits = end >= file_.size() || chunks_.chunks_to_end(end);
+    return fits && !chunks_.chunks_to_end(chunk.next) ? whole : chunk.size;
   }
 
   // What is left of a block that was cut cannot be decoded.
   void drop_part_of_block() {
     const auto block = static_cast<std::int64_t>(field(12, 2));
-    const bool in_blocks = std::ranges::find(kBlockTags, header_.tag) != kBlockTags.end();
+    const bool in_blocks = std::ranges::find(kBlockTags, header_.format_tag) != kBlockTags.end();
     if (in_blocks && block > 0) header_.data_end -= (header_.data_end - header_.data_begin) % block;
   }
 
@@ -175,16 +185,16 @@ class HeaderReader {
   }
 
   bool parse_format() {
-    header_.tag = static_cast<std::uint16_t>(field(0, 2));
+    header_.format_tag = static_cast<std::uint16_t>(field(0, 2));
     header_.channels = static_cast<int>(field(2, 2));
     const std::uint64_t rate = field(4, 4);
-    if (header_.tag == kExtensibleTag) {
-      header_.speakers = static_cast<std::uint32_t>(field(20, 4));
-      header_.tag = static_cast<std::uint16_t>(field(24, 2));
+    if (header_.format_tag == kExtensibleTag) {
+      header_.channel_mask = static_cast<std::uint32_t>(field(20, 4));
+      header_.format_tag = static_cast<std::uint16_t>(field(24, 2));
     } else {
       header_.block_frames = static_cast<int>(field(18, 2));
     }
-    if (rate < Decoder::kLowestRate || rate > Decoder::kHighestRate) return false;
+    if (rate < static_cast<std::uint64_t>(kLowestRate) || rate > static_cast<std::uint64_t>(kHighestRate)) return false;
     header_.rate = static_cast<int>(rate);
     return header_.channels >= 1 && header_.channels <= kMostChannels;
   }

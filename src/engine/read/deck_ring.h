@@ -17,7 +17,7 @@ namespace tandem {
 class DeckRing {
  public:
   static constexpr std::size_t kCapacity = std::size_t{1} << 18;  // 5.94 s
-  static constexpr std::size_t kHistory = std::size_t{1} << 14;   // 372 ms stay readable behind the reading position
+  static constexpr std::size_t kHistory = std::size_t{1} << 14;   // 372 ms stay readable before the reading position
 
   DeckRing();
 

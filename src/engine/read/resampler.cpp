@@ -3,6 +3,7 @@
 #include <soxr.h>
 
 #include <new>
+#include <stdexcept>
 
 namespace tandem {
 
@@ -23,7 +24,8 @@ void Resampler::reset() {
 Resampler::Step Resampler::process(std::span<const StereoFrame> in, std::span<StereoFrame> out) {
   Step step;
   const void* input = in.empty() ? nullptr : in.data();
-  soxr_process(soxr_, input, in.size(), &step.used, out.data(), out.size(), &step.made);
+  const soxr_error_t error = soxr_process(soxr_, input, in.size(), &step.used, out.data(), out.size(), &step.made);
+  if (error != nullptr) throw std::runtime_error(error);
   return step;
 }
 

@@ -1,5 +1,5 @@
 // Band-limited conversion of stereo sound to 44100 Hz with libsoxr, aligned: what went in at time t comes out at time
-// t. Used by one thread at a time.
+// t. Used by one thread at a time. Throws std::bad_alloc if there is no memory.
 #pragma once
 
 #include <cstddef>
@@ -25,7 +25,7 @@ class Resampler {
 
   void reset();  // forgets all sound
 
-  // An empty `in` tells that the sound has ended: then what is still held back comes out.
+  // An empty `in` means that the sound has ended: then what is still held back comes out. Throws if the library fails.
   Step process(std::span<const StereoFrame> in, std::span<StereoFrame> out);
 
  private:

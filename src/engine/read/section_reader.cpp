@@ -4,6 +4,8 @@
 #include <array>
 #include <numeric>
 
+#include "engine/decode/section.h"
+
 namespace tandem {
 namespace {
 
@@ -42,7 +44,7 @@ void SectionReader::rewind() {
 }
 
 void SectionReader::seek(std::size_t section, Frames frame) {
-  const Frames rate = decoder_.sections()[section].rate;
+  const Frames rate = decoder_.rate_of(section);
   // Where both rates have a frame at the same time, the resampler can begin as if it had been at work all along.
   const Frames common = std::gcd<Frames, Frames>(rate, kSampleRate);
   const Frames step = kSampleRate / common;
@@ -89,7 +91,7 @@ std::size_t SectionReader::convert(std::span<StereoFrame> out) {
 
 // The resampler may come out a frame short of the rounded length; then silence makes it up.
 std::size_t SectionReader::convert_rest(std::span<StereoFrame> out) {
-  const Frames left = length_at_sample_rate({rate_, taken_}) - given_;
+  const Frames left = length_at_sample_rate(taken_, rate_) - given_;
   out = out.first(static_cast<std::size_t>(std::clamp<Frames>(left, 0, static_cast<Frames>(out.size()))));
   if (out.empty()) return 0;
   const std::size_t made = resampler_->process({}, out).made;

@@ -19,7 +19,8 @@ class SectionReader {
   // Returns how many frames were read: fewer than asked only at the end of the section.
   std::size_t read(std::span<StereoFrame> out);
 
-  // The next frame read is frame `frame` (at 44100 Hz) of section number `section`, exactly as if read up to there.
+  // The next frame read is frame `frame` (at 44100 Hz) of section number `section`, exactly as if read up to there. It
+  // lies within the section, and the decoder knows the section.
   void seek(std::size_t section, Frames frame);
 
   void rewind();  // as seek(0, 0), without a look at the rest of the file

@@ -5,18 +5,17 @@
 #include <utility>
 
 #include "engine/decode/open_decoder.h"
+#include "engine/decode/section.h"
 #include "engine/decode/song_file.h"
 #include "engine/read/song_name.h"
 
 namespace tandem {
 
-std::unique_ptr<SongSource> SongSource::open(const std::string& path, std::string& accepted_name) {
-  const std::string name = existing_song_name(path);
-  const auto file = SongFile::open(name);
+std::unique_ptr<SongSource> SongSource::open(const std::string& path, WalkGuard guard) {
+  const auto file = SongFile::open(existing_song_name(path));
   if (file == nullptr) return nullptr;
-  auto decoder = open_decoder(file);
+  auto decoder = open_decoder(file, std::move(guard));
   if (decoder == nullptr) return nullptr;
-  accepted_name = name;
   return std::make_unique<SongSource>(std::move(decoder));
 }
 
@@ -32,19 +31,21 @@ std::size_t SongSource::read(std::span<StereoFrame> out) noexcept {
   }
 }
 
-void SongSource::seek(Frames frame) noexcept {
+Frames SongSource::seek(Frames frame) noexcept {
   try {
-    seek_sections(frame);
     broken_ = false;
+    return seek_sections(frame);
   } catch (const std::exception&) {
     broken_ = true;
+    return frame;
   }
 }
 
 Frames SongSource::length() noexcept {
   try {
     Frames length = 0;
-    for (const Section& section : decoder_->sections()) length += length_at_sample_rate(section);
+    for (std::size_t section = 0; decoder_->rate_of(section) > 0; ++section)
+      length += length_at_sample_rate(decoder_->length(section), decoder_->rate_of(section));
     return length;
   } catch (const std::exception&) {
     return 0;
@@ -60,24 +61,23 @@ std::size_t SongSource::read_sections(std::span<StereoFrame> out) {
   }
 }
 
-void SongSource::seek_sections(Frames frame) {
-  if (frame <= 0) return reader_.rewind();
-  const auto& sections = decoder_->sections();
-  std::size_t section = 0;
-  for (; section + 1 < sections.size(); ++section) {
-    const Frames length = length_at_sample_rate(sections[section]);
-    if (frame < length) break;
-    frame -= length;
+Frames SongSource::seek_sections(Frames frame) {
+  if (frame <= 0) {
+    reader_.rewind();
+    return 0;
   }
-  reader_.seek(section, std::min(frame, length_at_sample_rate(sections[section])));
-}
-
-std::optional<SongInfo> probe_song(const std::string& path) {
-  SongInfo info;
-  const auto source = SongSource::open(path, info.name);
-  if (source == nullptr) return std::nullopt;
-  info.length = source->length();
-  return info;
+  Frames before = 0;  // length of the sections before
+  for (std::size_t section = 0;; ++section) {
+    const int rate = decoder_->rate_of(section);
+    const Frames wanted = frame - before;
+    const Frames there =
+        std::min(wanted, length_at_sample_rate(decoder_->reach(section, length_at_rate(wanted, rate)), rate));
+    if (there == wanted || decoder_->rate_of(section + 1) == 0) {
+      reader_.seek(section, there);
+      return before + there;
+    }
+    before += there;
+  }
 }
 
 }  // namespace tandem
