@@ -63,8 +63,8 @@ class BandEqualizer {
   std::size_t block_ = kPastBlocks;  // number of the block being filled
   std::size_t transformed_ = 0;      // all blocks before this one that a filter reaches have their spectrum
 
-  std::array<Block, kPastBlocks> past_{};  // the last input, block n in n mod 33
-  SpectrumTable spectra_;                  // the spectrum of blocks n - 1 and n in slot n mod 32
+  std::array<Block, kPastBlocks> past_{};  // the last input, block n in n mod 21
+  SpectrumTable spectra_;                  // the spectrum of blocks n - 1 and n in slot n mod 20
 
   std::array<ActiveFilter, 2> voices_{};
   std::size_t current_ = 0;     // the voice that sounds, or fades in

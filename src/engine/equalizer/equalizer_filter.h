@@ -1,4 +1,4 @@
-// One finished equalizer filter: a minimum-phase impulse response of 8193 taps, as the spectra of 32 partitions.
+// One finished equalizer filter: a minimum-phase impulse response of 5121 taps, as the spectra of 20 partitions.
 // Immutable once made; made on any thread, read by the render thread, freed on any thread.
 #pragma once
 
@@ -10,7 +10,7 @@ namespace tandem {
 
 class EqualizerFilter {
  public:
-  // 31 partitions of 256 taps and a last one of 257: overlap-save with 512 points has room for one more.
+  // 19 partitions of 256 taps and a last one of 257: overlap-save with 512 points has room for one more.
   static constexpr std::size_t kTaps = kPartitions * kPartition + 1;
 
   explicit EqualizerFilter(std::span<const float> taps);  // at most kTaps

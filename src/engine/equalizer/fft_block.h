@@ -12,7 +12,7 @@ namespace tandem {
 
 inline constexpr std::size_t kPartition = 256;             // frames of sound in one block, and taps in one partition
 inline constexpr std::size_t kTransform = 2 * kPartition;  // points of a transform
-inline constexpr std::size_t kPartitions = 32;             // partitions of a filter
+inline constexpr std::size_t kPartitions = 20;             // partitions of a filter
 
 // One block of both channels. Not set by its definition alone; Block{} is silence.
 struct alignas(64) Block {
@@ -29,7 +29,7 @@ struct alignas(64) Spectrum {
 inline constexpr std::size_t kAhead = 4;  // blocks whose sums are made at once
 using SpectraAhead = std::array<Spectrum, kAhead>;
 
-// The spectra of 32 blocks or partitions, stored so that one group of bins of all 32 is contiguous.
+// The spectra of 20 blocks or partitions, stored so that one group of bins of all of them is contiguous.
 // Behind the last entry some more read as zero.
 class SpectrumTable {
  public:
@@ -55,8 +55,8 @@ void transform_forward(const Block& earlier, const Block& later, SpectrumTable& 
 // The later half of the inverse transform, times 512: with overlap-save the half that is free of wrap-around.
 void transform_back(const Spectrum& spectrum, Block& later_half) noexcept;
 
-// With x(b) the spectrum of block b, stored in slot b mod 32, and h(p) that of partition p:
-//   sums[k] = sum over p = k .. 31 of h(p) x(newest + k - p),
+// With x(b) the spectrum of block b, stored in slot b mod 20, and h(p) that of partition p:
+//   sums[k] = sum over p = k .. 19 of h(p) x(newest + k - p),
 // the whole output of the newest block, and what is already known of the three that follow. All are made in one go
 // because every spectrum is then fetched once for four blocks: memory, not arithmetic, is what this waits for.
 void convolve_ahead(const SpectrumTable& x, std::size_t newest, const SpectrumTable& h, SpectraAhead& sums) noexcept;
