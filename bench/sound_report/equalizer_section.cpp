@@ -1,0 +1,162 @@
+// The equalizer's curve, its ringing and its delay.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <random>
+
+#include "engine/equalizer/filter_design.h"
+#include "engine/equalizer/real_fft.h"
+#include "sound_report/sections.h"
+#include "sound_report/sound.h"
+#include "sound_report/svg_plot.h"
+
+namespace tandem::report {
+
+namespace {
+
+constexpr std::array<double, 16> kEdges{0,    32,   64,   130,  260,  470,  540,   630,
+                                        1200, 2500, 4000, 5400, 6300, 8300, 12000, 20000};
+using Gains = std::array<double, 15>;
+
+std::vector<EqualizerBand> bands_of(const Gains& gains) {
+  std::vector<EqualizerBand> bands;
+  for (std::size_t i = 0; i < gains.size(); ++i) bands.push_back({kEdges[i], kEdges[i + 1], gains[i]});
+  return bands;
+}
+
+Gains even(double gain) {
+  Gains gains;
+  gains.fill(gain);
+  return gains;
+}
+
+Gains alternating(double gain) {
+  Gains gains;
+  for (std::size_t i = 0; i < gains.size(); ++i) gains[i] = i % 2 == 0 ? gain : -gain;
+  return gains;
+}
+
+Gains one_band(std::size_t band, double gain) {
+  Gains gains{};
+  gains[band] = gain;
+  return gains;
+}
+
+struct Response {
+  std::vector<double> level_db;
+  std::vector<double> delay_ms;
+  double spacing_hz;
+  double at(double hz) const {
+    const double place = hz / spacing_hz;
+    const auto bin = static_cast<std::size_t>(place);
+    return std::lerp(level_db[bin], level_db[bin + 1], place - static_cast<double>(bin));
+  }
+};
+
+Response response_of(const std::vector<float>& taps) {
+  const RealFft fft(65536);
+  std::vector<float> time(fft.points(), 0.0F);
+  std::vector<float> ramp(fft.points(), 0.0F);
+  for (std::size_t n = 0; n < taps.size(); ++n) {
+    time[n] = taps[n];
+    ramp[n] = taps[n] * static_cast<float>(n);
+  }
+  std::vector<RealFft::Complex> bins(fft.bins());
+  std::vector<RealFft::Complex> slopes(fft.bins());
+  fft.forward(time, bins);
+  fft.forward(ramp, slopes);
+  Response response{{}, {}, kSampleRate / 65536.0};
+  for (std::size_t k = 0; k < bins.size(); ++k) {
+    response.level_db.push_back(decibels(static_cast<double>(std::norm(bins[k]))));
+    response.delay_ms.push_back(static_cast<double>((slopes[k] / bins[k]).real()) * 1000.0 / kSampleRate);
+  }
+  return response;
+}
+
+double centre_error(const Response& response, const Gains& gains) {
+  double worst = 0.0;
+  for (std::size_t i = 0; i < gains.size(); ++i) {
+    worst = std::max(worst, std::abs(response.at((kEdges[i] + kEdges[i + 1]) / 2.0) - gains[i]));
+    if (i > 0) worst = std::max(worst, std::abs(response.at(std::sqrt(kEdges[i] * kEdges[i + 1])) - gains[i]));
+  }
+  return worst;
+}
+
+double ringing_ms(const std::vector<float>& taps) {
+  float peak = 0.0F;
+  for (const float tap : taps) peak = std::max(peak, std::abs(tap));
+  std::size_t last = 0;
+  for (std::size_t n = 0; n < taps.size(); ++n)
+    if (std::abs(taps[n]) > peak / 1000.0F) last = n;
+  return static_cast<double>(last) * 1000.0 / kSampleRate;
+}
+
+double greatest_delay_ms(const Response& response) {
+  double greatest = 0.0;
+  for (const double delay : response.delay_ms) greatest = std::max(greatest, std::abs(delay));
+  return greatest;
+}
+
+Line print(const std::string& name, const Gains& gains) {
+  const auto taps = design_taps(bands_of(gains));
+  const Response response = response_of(taps);
+  std::printf("  %-22s centres within %4.2f dB, impulse -60 dB after %4.1f ms, group delay at most %4.1f ms\n",
+              name.c_str(), centre_error(response, gains), ringing_ms(taps), greatest_delay_ms(response));
+  Line line{name, {}};
+  for (double hz = 10.0; hz < 22000.0; hz *= 1.01) line.points.emplace_back(hz, response.at(hz));
+  return line;
+}
+
+void print_random() {
+  std::mt19937 random(1);
+  double centre = 0.0;
+  double delay = 0.0;
+  for (int set = 0; set < 100; ++set) {
+    Gains gains;
+    for (double& gain : gains)
+      gain = set % 2 == 0 ? static_cast<double>(random() % 25) - 12.0 : (random() % 2 == 0 ? 12.0 : -12.0);
+    const Response response = response_of(design_taps(bands_of(gains)));
+    centre = std::max(centre, centre_error(response, gains));
+    delay = std::max(delay, greatest_delay_ms(response));
+  }
+  std::printf("  %-22s centres within %4.2f dB, group delay at most %4.1f ms\n", "100 random settings", centre, delay);
+}
+
+void print_ripple() {
+  const auto levels = response_of(design_taps(bands_of(even(12.0)))).level_db;
+  const auto [least, most] = std::minmax_element(levels.begin(), levels.end());
+  std::printf("  %-22s ripple %.3f dB\n", "all +12", *most - *least);
+}
+
+}  // namespace
+
+void report_equalizer(const std::string& folder) {
+  std::printf("Equalizer\n");
+  const Gains smile{12, 10, 8, 6, 3, 1, 0, -2, -2, 0, 2, 4, 7, 10, 12};
+  std::vector<Line> lines{print("alternating +-12", alternating(12.0))};
+  print("alternating -+12", alternating(-12.0));
+  lines.push_back(print("smile", smile));
+  lines.push_back(print("470-540 Hz +12", one_band(5, 12.0)));
+  lines.push_back(print("4000-5400 Hz -12", one_band(10, -12.0)));
+  print_random();
+  print_ripple();
+  const Axis x{"Hz",
+               10.0,
+               22000.0,
+               {{20, "20"},
+                {50, "50"},
+                {100, "100"},
+                {200, "200"},
+                {500, "500"},
+                {1000, "1k"},
+                {2000, "2k"},
+                {5000, "5k"},
+                {10000, "10k"},
+                {20000, "20k"}},
+               true};
+  const Axis y{"dB", -18.0, 18.0, {{-12, "-12"}, {-6, "-6"}, {0, "0"}, {6, "6"}, {12, "12"}}, false};
+  write_plot(folder + "/equalizer.svg", "Equalizer: level over frequency", x, y, lines);
+}
+
+}  // namespace tandem::report

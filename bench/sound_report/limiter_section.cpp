@@ -1,0 +1,185 @@
+// The limiter on hot MP3s and on two songs at once.
+#include "engine/render/limiter.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <complex>
+#include <cstdio>
+#include <numbers>
+#include <numeric>
+#include <random>
+#include <span>
+
+#include "sound_report/sections.h"
+#include "sound_report/sound.h"
+
+namespace tandem::report {
+
+namespace {
+
+constexpr std::size_t kSongSeconds = 10;
+constexpr double kCeiling = 0.9705;  // -0.26 dBFS
+
+// A dense song: kick, snare, hats, bass and a chord of saws.
+Sound song(unsigned seed) {
+  std::mt19937 random(seed);
+  std::normal_distribution<double> noise(0.0, 1.0);
+  const double beat = 60.0 / (118.0 + 7.0 * seed);
+  const auto saw = [](double hz, double time) { return 2.0 * (hz * time - std::floor(hz * time)) - 1.0; };
+  return mono(kSongSeconds * kSecond, [&, last = 0.0](std::size_t n) mutable {
+    const double time = static_cast<double>(n) / kSampleRate;
+    const double in_beat = std::fmod(time, beat);
+    const double in_half = std::fmod(time, beat / 2.0);
+    const double root = std::array{55.0, 65.4, 49.0, 73.4}.at(static_cast<std::size_t>(time / (4.0 * beat)) % 4);
+    const double hiss = noise(random);
+    double value = 0.9 * std::sin(2.0 * std::numbers::pi * (50.0 * in_beat - 1.2 * std::exp(-30.0 * in_beat))) *
+                   std::exp(-9.0 * in_beat);
+    if (static_cast<int>(time / beat) % 2 == 1) value += 0.5 * hiss * std::exp(-22.0 * in_beat);
+    value += 0.2 * (hiss - last) * std::exp(-70.0 * in_half);
+    last = hiss;
+    value += 0.3 * saw(root, time);
+    for (const double partial : {4.0, 5.0, 6.0, 8.0}) value += 0.08 * saw(root * partial * 1.003, time);
+    return value;
+  });
+}
+
+double power_of(const Sound& sound) {
+  double sum = 0.0;
+  for (const StereoFrame& f : sound) sum += double{f.left} * double{f.left} + double{f.right} * double{f.right};
+  return sum / (2.0 * static_cast<double>(sound.size()));
+}
+
+// A look-ahead limiter of 3 ms, as in a mastering chain: nothing exceeds the ceiling.
+void hold_below_ceiling(Sound& sound) {
+  constexpr std::size_t kReach = 66;
+  std::vector<double> needed(sound.size() + 2 * kReach, 1.0);
+  for (std::size_t n = 0; n < sound.size(); ++n)
+    needed[n + kReach] = std::min(1.0, kCeiling / std::max(std::abs(double{sound[n].left}), 1e-9));
+  std::vector<double> least(needed);
+  for (std::size_t n = kReach; n + kReach < needed.size(); ++n)
+    least[n] = *std::min_element(needed.begin() + static_cast<std::ptrdiff_t>(n - kReach),
+                                 needed.begin() + static_cast<std::ptrdiff_t>(n + kReach + 1));
+  std::array<double, 2 * kReach> window{};
+  for (std::size_t k = 0; k < window.size(); ++k)
+    window.at(k) = (1.0 - std::cos(std::numbers::pi * static_cast<double>(k) / kReach)) / (2.0 * kReach);
+  for (std::size_t n = 0; n < sound.size(); ++n) {
+    const double gain =
+        std::inner_product(window.begin(), window.end(), least.begin() + static_cast<std::ptrdiff_t>(n), 0.0);
+    const double value = std::clamp(double{sound[n].left} * gain, -kCeiling, kCeiling);
+    sound[n] = {static_cast<float>(value), static_cast<float>(value)};
+  }
+}
+
+// Driven until its rms is -9 dBFS.
+Sound master(unsigned seed, double saturation) {
+  const Sound raw = song(seed);
+  double drive = 1.0;
+  Sound result;
+  for (int round = 0; round < 6; ++round) {
+    result = mono(raw.size(),
+                  [&](std::size_t n) { return saturation * std::tanh(drive * double{raw[n].left} / saturation); });
+    hold_below_ceiling(result);
+    drive *= std::pow(10.0, (-9.0 - decibels(power_of(result))) / 20.0);
+  }
+  return result;
+}
+
+Sound limited(Sound sound) {
+  Limiter limiter;
+  sound.resize(sound.size() + Limiter::kDelay);
+  limiter.process(sound);
+  sound.erase(sound.begin(), sound.begin() + Limiter::kDelay);
+  return sound;
+}
+
+struct Work {
+  double at_work = 0.0;  // share of the samples lowered by more than 0.1 dB
+  double error_db = 0.0;
+};
+
+Work compared(const Sound& before, const Sound& after) {
+  double error = 0.0;
+  std::size_t lowered = 0;
+  for (std::size_t n = 0; n < before.size(); ++n) {
+    error += std::pow(double{after[n].left} - double{before[n].left}, 2);
+    lowered += std::abs(after[n].left) < 0.9886F * std::abs(before[n].left) ? 1U : 0U;
+  }
+  return {static_cast<double>(lowered) / static_cast<double>(before.size()),
+          decibels(error / static_cast<double>(before.size()) / power_of(before))};
+}
+
+void print_mp3(const char* name, const Sound& source, int kilobits) {
+  const Sound sound = through(source, "sox -D IN -b 16 IN.16.wav && lame --quiet -b " + std::to_string(kilobits) +
+                                          " IN.16.wav IN.mp3 && mpg123 -q -e f32 -w OUT IN.mp3");
+  if (sound.empty()) return;
+  float peak = 0.0F;
+  std::size_t beyond = 0;
+  Sound clipped(sound);
+  for (StereoFrame& f : clipped) {
+    peak = std::max(peak, std::abs(f.left));
+    beyond += std::abs(f.left) > 1.0F ? 1U : 0U;
+    f = {std::clamp(f.left, -1.0F, 1.0F), std::clamp(f.right, -1.0F, 1.0F)};
+  }
+  const Work ours = compared(sound, limited(sound));
+  std::printf("  %s, MP3 %3d: peak %+.1f dBFS, %.3f %% beyond: at work %5.2f %%, error %.1f dB (plain clipping %.1f)\n",
+              name, kilobits, 2.0 * decibels(double{peak}),
+              100.0 * static_cast<double>(beyond) / static_cast<double>(sound.size()), 100.0 * ours.at_work,
+              ours.error_db, compared(sound, clipped).error_db);
+}
+
+// THD+N of the tones' second second.
+double residue_db(const Sound& sound, const std::vector<double>& tones) {
+  std::vector<double> left;
+  for (std::size_t n = kSecond; n < 2 * kSecond; ++n) left.push_back(double{sound[n].left});
+  double all = 0.0;
+  for (const double value : left) all += value * value;
+  for (const double hz : tones) {
+    const double turn = 2.0 * std::numbers::pi * hz / kSampleRate;
+    std::complex<double> sum;
+    for (std::size_t n = 0; n < left.size(); ++n) sum += left[n] * std::polar(1.0, -turn * static_cast<double>(n));
+    sum *= 2.0 / static_cast<double>(left.size());
+    for (std::size_t n = 0; n < left.size(); ++n)
+      left[n] -= (sum * std::polar(1.0, turn * static_cast<double>(n))).real();
+  }
+  double rest = 0.0;
+  for (const double value : left) rest += value * value;
+  return decibels(rest / all);
+}
+
+void print_tones(const std::vector<double>& tones, double gain) {
+  Sound sound(2 * kSecond + kSecond / 10);
+  for (const double hz : tones) {
+    const Sound one = tone(hz, 0.0, 2.2);
+    for (std::size_t n = 0; n < sound.size(); ++n) {
+      sound[n].left += static_cast<float>(gain) * one[n].left;
+      sound[n].right = sound[n].left;
+    }
+  }
+  const Sound out = limited(sound);
+  float peak = 0.0F;
+  for (const StereoFrame& f : out) peak = std::max(peak, std::abs(f.left));
+  std::string name;
+  for (const double hz : tones) name += (name.empty() ? "" : " + ") + std::to_string(static_cast<int>(hz));
+  std::printf("  %-12s Hz at %+.0f dBFS each: peak %.6f, THD+N %.1f dB\n", name.c_str(), 2.0 * decibels(gain),
+              double{peak}, residue_db(out, tones));
+}
+
+}  // namespace
+
+void report_limiter() {
+  std::printf("Limiter\n");
+  if (has("lame") && has("mpg123") && has("sox")) {
+    for (unsigned seed = 1; seed <= 3; ++seed) {
+      const Sound source = master(seed, 0.7 + 0.3 * seed);
+      const std::string name = "master " + std::to_string(seed);
+      print_mp3(name.c_str(), source, 128);
+      print_mp3(name.c_str(), source, 320);
+    }
+  }
+  for (const std::vector<double>& tones : {std::vector{1000.0, 1000.0}, {50.0, 1000.0}, {997.0, 1503.0}})
+    print_tones(tones, 1.0);
+  for (const double hz : {1000.0, 50.0, 36.0, 30.0, 20.0}) print_tones({hz}, 2.0);
+}
+
+}  // namespace tandem::report
