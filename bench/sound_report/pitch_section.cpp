@@ -56,7 +56,7 @@ struct Peer {
 
 const std::vector<Peer>& peers() {
   static const std::vector<Peer> list{
-      {"SoundTouch", "soundstretch", "soundstretch IN OUT -pitch=SEMITONES"},
+      {"SoundTouch", "soundstretch", "sox -D IN -b 16 IN.16.wav && soundstretch IN.16.wav OUT -pitch=SEMITONES"},
       {"Rubber Band R2", "rubberband", "rubberband -2 -p SEMITONES IN OUT"},
       {"Rubber Band R3", "rubberband", "rubberband -3 -p SEMITONES IN OUT"},
       {"sox", "sox", "sox IN OUT pitch CENTS"},
