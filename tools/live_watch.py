@@ -111,8 +111,9 @@ class Desk:
             self.screen = self.child('Xvfb', '-displayfd', str(writing), '-screen', '0', '1920x1080x24', '-noreset',
                                      '-nolisten', 'tcp', pass_fds=(writing,))
             os.close(writing)
-            self.environment['DISPLAY'] = ':' + os.read(reading, 16).decode().strip()
-            os.close(reading)
+            # It writes its number and the end of the line apart, and ends if they are not both read.
+            with os.fdopen(reading, encoding='ascii') as number:
+                self.environment['DISPLAY'] = ':' + number.readline().strip()
             time.sleep(0.3)
             if self.screen.poll() is None and self.asks('xdotool', 'getdisplaygeometry'):
                 return
