@@ -12,9 +12,11 @@ namespace {
 
 constexpr std::size_t kRamp = kStepFrames;  // what fades, fades for one step
 
-// Whether the frame of the sound is this frame of the song, to the rounding of 16 bits.
+// Whether the frame of the sound is this frame of the song, to the dither (a step at most) and rounding of 16 bits.
 bool is_frame(const Sample16& heard, const StereoFrame& frame) {
-  return std::abs(heard.left - frame.left * 32768.0F) <= 1.0F && std::abs(heard.right - frame.right * 32768.0F) <= 1.0F;
+  constexpr float kMost = 1.51F;
+  return std::abs(heard.left - frame.left * 32768.0F) <= kMost &&
+         std::abs(heard.right - frame.right * 32768.0F) <= kMost;
 }
 
 // How many of `count` frames of the sound from `at` on are not those of the song from `frame` on.
