@@ -45,7 +45,7 @@ MixTick Engine::mix_tick() {
 void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
   auto mixer = std::make_unique<MixerControl>(decks_, orders_);
   auto device = std::make_unique<DeviceControl>(output_, orders_);
-  auto mix_clock = std::make_unique<MixClock>(timers);
+  auto mix_clock = std::make_unique<MixTimer>(timers);
   mixer_ = mixer.get();
   device_ = device.get();
   mix_clock_ = mix_clock.get();
@@ -57,7 +57,7 @@ void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
         std::make_unique<DeckFile>(deck, [this, i](std::int32_t ms) { song_end_->finish(i, ms); });
     graph.Pitch[static_cast<std::size_t>(i)] = std::make_unique<DeckPitch>(deck);
   }
-  graph.TempFile = std::make_unique<ProbeFile>();
+  graph.TempFile = std::make_unique<ProbeFile>(measured_songs_);
   graph.WaveMixer = std::move(mixer);
   graph.MMRingBufferX1 = std::make_unique<PassingRingBuffer>();
   graph.EQ = std::make_unique<EqualizerControl>(designer_);
@@ -95,8 +95,9 @@ void Engine::deliver() {
   take_news();
   while (song_end_->deliver_one()) {
   }
-  const bool playing = mix_clock_->running() && device_->playing();
-  if (silence_guard_.due(playing, chain_.steps(), chain_.last_live_step())) song_end_->break_silence();
+  const SilenceGuard::State now{mix_clock_->running() && device_->playing(), mixer_->Mute(0) && mixer_->Mute(1),
+                                chain_.steps(), chain_.last_live_step()};
+  if (silence_guard_.due(now)) song_end_->break_silence();
   device_->watch_device();
   wake();
 }

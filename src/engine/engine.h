@@ -15,9 +15,11 @@
 #include "audio/sound_graph.h"
 #include "engine/components/deck_control.h"
 #include "engine/components/device_control.h"
+#include "engine/components/mix_timer.h"
 #include "engine/components/mixer_control.h"
+#include "engine/components/null_components.h"
+#include "engine/components/probe_file.h"
 #include "engine/components/silence_guard.h"
-#include "engine/components/small_components.h"
 #include "engine/components/song_end.h"
 #include "engine/device/output.h"
 #include "engine/device/step_clock.h"
@@ -65,6 +67,8 @@ class Engine {
   // Simulated time: the disk under a deck hangs, or goes on.
   void stall_reader(std::size_t deck, bool stalled) { stalled_.at(deck) = stalled; }
 
+  // What TempFile answers from. Any thread; may outlive the engine.
+  const std::shared_ptr<MeasuredSongs>& measured_songs() const { return measured_songs_; }
   SilenceGuard& silence_guard() { return silence_guard_; }
   const DisplayFeed& display_feed() const { return chain_.display_feed(); }
   const FlightRecorder& flight_recorder() const { return ring_.flight_recorder(); }
@@ -95,10 +99,11 @@ class Engine {
   // Owned by the graph.
   MixerControl* mixer_ = nullptr;
   DeviceControl* device_ = nullptr;
-  MixClock* mix_clock_ = nullptr;
+  MixTimer* mix_clock_ = nullptr;
 
   std::unique_ptr<SongEnd> song_end_;
   SilenceGuard silence_guard_;
+  std::shared_ptr<MeasuredSongs> measured_songs_ = std::make_shared<MeasuredSongs>();
   bool deep_queue_ = false;
   std::array<std::unique_ptr<ReaderThread>, 2> reader_threads_;
   std::unique_ptr<RenderThread> render_thread_;

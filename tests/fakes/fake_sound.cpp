@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 
+#include "engine/components/hi_timer.h"
 #include "logged_graph/logged_graph.h"
 
 namespace tandem::test {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "audio/sound_graph.h"
+#include "base/timer_queue.h"
 #include "fakes/fake_audio_file.h"
 #include "fakes/fake_displays.h"
 #include "fakes/fake_stages.h"

@@ -1,7 +1,8 @@
-// The last resort of an unattended list: while the panel plays and the output runs, half a second without any unmuted
-// song that goes on (quiet music is not meant) makes one mix tick see all songs as ended, and one end is notified.
-// A panel that was held up, with ends of songs yet to be delivered, is no silence: steps count only up to kAsked since
-// the last question. UI thread. A class of its own, so that tests can switch it off.
+// The last resort of an unattended list: while the panel plays and the output runs, a time without any unmuted song
+// that goes on (quiet music is not meant) makes one mix tick see all songs as ended, and one end is notified. The time
+// is 30 ms where both inputs are muted, for only a user's action leaves them so, and half a second where one is open
+// and its song may still be about to sound. A panel that was held up, with ends of songs yet to be delivered, is no
+// silence: steps count only up to kAsked since the last question. UI thread; nothing fails.
 #pragma once
 
 #include <algorithm>
@@ -11,33 +12,49 @@ namespace tandem {
 
 class SilenceGuard {
  public:
-  static constexpr std::uint64_t kSteps = 50;  // of 10 ms
+  // Steps of 10 ms.
+  struct Patience {
+    std::uint64_t all_muted = 3;
+    std::uint64_t one_open = 50;
+  };
   static constexpr std::uint64_t kAsked = 25;  // at most so many between two questions while all is well
 
+  SilenceGuard() = default;
+  explicit SilenceGuard(const Patience& patience) : patience_(patience) {}  // for tests that compare
   void switch_off() { on_ = false; }
 
-  // To be asked once per step or less often: true if the silence is to be broken now. `playing`: the panel's mix timer
-  // runs and the output too. `step`: the mixer's steps so far; `live_step`: the last one with a song that goes on.
-  bool due(bool playing, std::uint64_t step, std::uint64_t live_step) {
-    if (!playing) {
+  struct State {
+    bool playing = false;         // the panel's mix timer runs and the output too
+    bool all_muted = false;       // both inputs of the mixer
+    std::uint64_t step = 0;       // the mixer's steps so far
+    std::uint64_t live_step = 0;  // the last one with a song that goes on
+  };
+  // To be asked once per step or less often: true if the silence is to be broken now.
+  bool due(const State& now) {
+    if (!now.playing) {
       watching_ = false;
       return false;
     }
-    const std::uint64_t held_up = watching_ && step - asked_ > kAsked ? step - asked_ - kAsked : 0;
-    since_ = watching_ ? since_ + held_up : step;
-    watching_ = true;
-    asked_ = step;
-    since_ = std::max(since_, live_step);
-    if (!on_ || step - since_ < kSteps) return false;
-    since_ = step;
+    count_to(now);
+    const std::uint64_t patience = now.all_muted ? patience_.all_muted : patience_.one_open;
+    if (!on_ || now.step - since_ < patience) return false;
+    since_ = now.step;
     return true;
   }
 
  private:
+  void count_to(const State& now) {
+    const std::uint64_t held_up = watching_ && now.step - asked_ > kAsked ? now.step - asked_ - kAsked : 0;
+    since_ = std::max(watching_ ? since_ + held_up : now.step, now.live_step);
+    watching_ = true;
+    asked_ = now.step;
+  }
+
+  Patience patience_;
   bool on_ = true;
   bool watching_ = false;
   std::uint64_t asked_ = 0;  // the step of the last question
-  std::uint64_t since_ = 0;
+  std::uint64_t since_ = 0;  // the step since which it has been silent
 };
 
 }  // namespace tandem

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "engine/components/small_components.h"
+#include "engine/components/mix_timer.h"
 
 namespace tandem {
 namespace {
@@ -11,7 +11,7 @@ struct Clock : testing::Test {
   TimerQueue::Milliseconds next() const { return queue.next_due().value_or(-1); }
 
   TimerQueue queue;
-  MixClock clock{queue};
+  MixTimer clock{queue};
 };
 
 TEST_F(Clock, RestsAndTicksOnEveryTenMillisecondsAfterwards) {

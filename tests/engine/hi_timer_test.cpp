@@ -1,4 +1,4 @@
-#include "audio/mm_hi_timer.h"
+#include "engine/components/hi_timer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,27 @@
+// What is known of songs that were measured, so that the same file is not measured twice. Any thread.
+#pragma once
+
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "engine/read/song_measure.h"
+
+namespace tandem {
+
+class MeasuredSongs {
+ public:
+  static constexpr std::size_t kMost = 4096;  // songs; the next one makes room by forgetting all
+
+  void keep(const std::string& path, const MeasuredSong& song);
+  // Nothing if the song was not measured, or if its file is another one since (device, inode, size, time of change).
+  // Looks at the folder once, which blocks for as long as the disk does.
+  std::optional<MeasuredSong> find(const std::string& path) const;
+
+ private:
+  mutable std::mutex mutex_;
+  std::map<std::string, MeasuredSong> songs_;
+};
+
+}  // namespace tandem
