@@ -1,12 +1,11 @@
 #include "app/dropped_songs.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <system_error>
 
 #include "base/natural_order.h"
-#include "controls/chosen_files.h"
+#include "base/song_endings.h"
 
 namespace tandem {
 
@@ -14,44 +13,72 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool is_song(const fs::path& path) {
-  std::string extension = path.extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-  return extension == ".mp3" || extension == ".wav";
-}
+class Collector {
+ public:
+  Collector(std::size_t most, const std::function<bool(const std::string&)>& has_sound, const std::stop_token& stop)
+      : most_(most), has_sound_(has_sound), stop_(stop) {}
 
-bool is_hidden(const fs::path& path) { return path.filename().string().starts_with('.'); }
-
-// A folder that cannot be read, wholly or in part, gives what could be read.
-void add_folder(const fs::path& folder, std::vector<std::string>& songs) {
-  std::error_code error;
-  std::vector<fs::path> entries;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
-    entries.push_back(entry->path());
-  std::sort(entries.begin(), entries.end(),
-            [](const fs::path& a, const fs::path& b) { return natural_less(a.string(), b.string()); });
-  for (const fs::path& entry : entries) {
-    if (is_hidden(entry)) continue;
-    if (fs::is_regular_file(entry, error) && is_song(entry)) songs.push_back(entry.string());
+  void take(const std::string& path) {
+    std::error_code error;
+    if (fs::is_directory(path, error)) return take_folder(path);
+    if (!fs::is_regular_file(path, error)) return;
+    if (ends_as_list(path)) {
+      found_.list = path;
+    } else if (ends_as_song(path) || has_sound_(path)) {
+      add(path);
+    }
   }
-  for (const fs::path& entry : entries)
-    if (!is_hidden(entry) && fs::is_directory(entry, error) && !fs::is_symlink(entry, error)) add_folder(entry, songs);
-}
+  bool full() const { return found_.more || stop_.stop_requested(); }
+  Dropped found() { return std::move(found_); }
+
+ private:
+  void add(const std::string& path) {
+    if (found_.songs.size() < most_) {
+      found_.songs.push_back(path);
+    } else {
+      found_.more = true;
+    }
+  }
+
+  void take_folder(const fs::path& folder) {
+    const std::vector<fs::path> entries = entries_of(folder);
+    std::error_code error;
+    for (const fs::path& entry : entries) {
+      if (full()) return;
+      if (ends_as_song(entry.native()) && fs::is_regular_file(entry, error)) add(entry.native());
+    }
+    for (const fs::path& entry : entries) {
+      if (full()) return;
+      if (fs::is_directory(entry, error) && !fs::is_symlink(entry, error)) take_folder(entry);
+    }
+  }
+
+  std::vector<fs::path> entries_of(const fs::path& folder) const {
+    std::error_code error;
+    std::vector<fs::path> entries;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator() && !stop_.stop_requested(); entry.increment(error))
+      if (!entry->path().filename().native().starts_with('.')) entries.push_back(entry->path());
+    std::sort(entries.begin(), entries.end(),
+              [](const fs::path& a, const fs::path& b) { return natural_less(a.native(), b.native()); });
+    return entries;
+  }
+
+  std::size_t most_;
+  const std::function<bool(const std::string&)>& has_sound_;
+  const std::stop_token& stop_;
+  Dropped found_;
+};
 
 }  // namespace
 
-std::vector<std::string> dropped_songs(const std::vector<std::string>& paths) {
-  std::vector<std::string> songs;
-  for (const std::string& path : paths) {
-    std::error_code error;
-    if (fs::is_directory(path, error)) {
-      add_folder(path, songs);
-    } else {
-      songs.push_back(path);
-    }
-  }
-  return dialog_results(songs);
+Dropped dropped_songs(std::vector<std::string> paths, std::size_t most,
+                      const std::function<bool(const std::string&)>& has_sound, const std::stop_token& stop) {
+  std::sort(paths.begin(), paths.end(), [](const std::string& a, const std::string& b) { return natural_less(a, b); });
+  Collector collector(most, has_sound, stop);
+  for (const std::string& path : paths)
+    if (!collector.full()) collector.take(path);
+  return collector.found();
 }
 
 }  // namespace tandem

@@ -1,13 +1,25 @@
-// Files and folders dropped on the window, as results of the song dialog.
+// What was dropped on the window: songs, folders of songs, a saved list. Any thread; blocks for as long as the disk
+// does, a folder that cannot be read gives what could be read.
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
 namespace tandem {
 
-// Files as they are; folders as the MP3 and WAV files in them and below (hidden ones left out), in natural order of
-// their directories. One result for each directory.
-std::vector<std::string> dropped_songs(const std::vector<std::string>& paths);
+struct Dropped {
+  std::vector<std::string> songs;  // full paths in the order of the list to be
+  std::string list;                // a saved list, the last one that was dropped; "" for none
+  bool more = false;               // there were more songs than asked for
+};
+
+// In natural order of the paths. Of files those that are songs by their ending, or by content (asked of `has_sound`);
+// of folders the songs by their ending in them and below, hidden ones left out, each folder's own files first, in
+// natural order. Looks no further once there are more than `most`, or when it is stopped.
+Dropped dropped_songs(std::vector<std::string> paths, std::size_t most,
+                      const std::function<bool(const std::string& path)>& has_sound, const std::stop_token& stop = {});
 
 }  // namespace tandem

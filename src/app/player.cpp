@@ -6,7 +6,6 @@
 #include <chrono>
 #include <thread>
 
-#include "app/dropped_songs.h"
 #include "displays/display_set.h"
 #include "engine/core/frames.h"
 #include "platform/system/program_directory.h"
@@ -34,7 +33,12 @@ Player::Player()
     : output_(ring_),
       engine_(output_, ring_, Engine::Threads{step_clock_, [this] { bell_.ring(); }}),
       program_([this](TimerQueue& timers) { return make_graph(timers); }, environment()),
-      pump_(engine_.display_feed()) {
+      pump_(engine_.display_feed()),
+      intake_(program_, engine_.measured_songs(), {[this] { bell_.ring(); }, show_message}) {
+  dialog_.fit = [this](std::vector<std::string> paths) { return intake_.that_fit(std::move(paths)); };
+  dialog_.prepare = [this](const std::string& result) {
+    return intake_.prepare(result, dialog_.asks_for_lists() ? IntakeJob::Kind::List : IntakeJob::Kind::Songs);
+  };
   program_.panel.load();
   engine_.deliver();
 }
@@ -66,13 +70,14 @@ void Player::show() {
     clock_->reschedule();
   };
   hooks.user_acts = [this] { user_acts(); };
-  hooks.drop = [this](const std::vector<std::string>& paths) { drop(paths); };
+  hooks.drop = [this](const std::vector<std::string>& paths) { intake_.drop(paths); };
   if (ShmPresenter::is_possible())
     hooks.present = [this](const QImage& picture, std::span<const QRect> boxes) {
       return presenter_ && presenter_->present(picture, boxes);
     };
   window_ = std::make_unique<PanelWindow>(program_.controls, displays(), std::move(hooks));
   dialog_.set_parent(window_.get());
+  intake_.set_parent(window_.get());
   window_->show();
   presenter_ = std::make_unique<ShmPresenter>(*window_->windowHandle());
   cover_watch_ = std::make_unique<OcclusionWatch>(*window_->windowHandle(),
@@ -112,6 +117,8 @@ void Player::ask_the_system() {
 
 std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   engine_.deliver();
+  const auto look_again = intake_.look(now);
+  if (intake_.is_returning()) return now;
   program_.timers.advance(now);
   engine_.deliver();
   attend(now);
@@ -121,6 +128,7 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   const auto sooner = [&next](std::optional<Milliseconds> due) {
     if (due && (!next || *due < *next)) next = due;
   };
+  sooner(look_again);
   if (!engine_.device_idle()) sooner(now + kPoll);
   sooner(draw_frame(now));
   return next;
@@ -138,11 +146,6 @@ std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   return frames_.next();
 }
 
-void Player::drop(const std::vector<std::string>& paths) {
-  for (const std::string& result : dropped_songs(paths)) program_.controls.Painel.files_dropped.raise(result);
-  clock_->reschedule();
-}
-
 // The last sound is faded and played before the program ends, but nothing is waited for long.
 void Player::play_out() {
   constexpr Milliseconds kPatience = 300;
@@ -155,6 +158,7 @@ void Player::play_out() {
 
 void Player::close() {
   if (std::exchange(closed_, true)) return;
+  intake_.leave_desktop();
   try {
     program_.panel.unload();
   } catch (const RuntimeError& error) {

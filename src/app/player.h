@@ -8,6 +8,7 @@
 #include "app/display_pump.h"
 #include "app/frame_pacer.h"
 #include "app/latency_policy.h"
+#include "app/song_intake.h"
 #include "desktop/desktop_services.h"
 #include "desktop/panel_menu.h"
 #include "engine/device/output_ring.h"
@@ -62,7 +63,6 @@ class Player {
   void join_desktop();
   void come_to_front(const std::string& token);
   void show_name(const std::string& name);
-  void drop(const std::vector<std::string>& paths);
   void play_out();
 
   OutputRing ring_;
@@ -73,6 +73,7 @@ class Player {
   QtFileDialog dialog_;
   Program program_;
   DisplayPump pump_;
+  SongIntake intake_;
 
   std::unique_ptr<QtClock> clock_;
   std::unique_ptr<UserInputWatch> hand_watch_;

@@ -53,4 +53,17 @@ std::vector<std::string> dialog_results(const std::vector<std::string>& paths) {
   return results;
 }
 
+std::vector<std::string> chosen_paths(const std::string& result) {
+  std::size_t nul = result.find('\0');
+  if (nul == std::string::npos) return {result};
+  const std::string directory = result.substr(0, nul) + kPathSeparator;
+  std::vector<std::string> paths;
+  while (nul != std::string::npos) {
+    const std::size_t begin = nul + 1;
+    nul = result.find('\0', begin);
+    paths.push_back(directory + result.substr(begin, nul == std::string::npos ? nul : nul - begin));
+  }
+  return paths;
+}
+
 }  // namespace tandem

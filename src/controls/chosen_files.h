@@ -14,5 +14,7 @@ std::vector<std::string> that_fit(std::vector<std::string> paths, std::size_t li
 // directory, NUL, name, NUL, name in descending natural order, so that the lines, which are added from the last name to
 // the first, stand ascending.
 std::vector<std::string> dialog_results(const std::vector<std::string>& paths);
+// The full paths of one result.
+std::vector<std::string> chosen_paths(const std::string& result);
 
 }  // namespace tandem

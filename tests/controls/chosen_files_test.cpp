@@ -44,6 +44,13 @@ TEST(ChosenFiles, OfTooManyTheFirstInNaturalOrderFit) {
   EXPECT_THAT(that_fit({"/m/10.mp3"}, 0), IsEmpty());
 }
 
+TEST(ChosenFiles, AResultNamesItsPathsAsTheSongHandlerReadsThem) {
+  for (const std::vector<std::string>& paths :
+       {std::vector<std::string>{"/m/a.mp3"}, std::vector<std::string>{"/m/2.mp3", "/m/1.mp3"}})
+    EXPECT_EQ(chosen_paths(dialog_results(paths).front()), paths);
+  EXPECT_THAT(chosen_paths(dialog_results({"/b.mp3", "/a.mp3"}).front()), ElementsAre("//b.mp3", "//a.mp3"));
+}
+
 TEST(ChosenFiles, TheRootKeepsItsSeparator) {
   EXPECT_THAT(results({"/a.mp3", "/b.mp3"}), ElementsAre("/|b.mp3|a.mp3"));
 }

@@ -31,6 +31,7 @@ class PlayerRig {
   std::string file(const std::string& name) const { return directory_.file(name); }
   std::string make_file(const std::string& name, const std::vector<std::uint8_t>& bytes) const;
 
+  static void press(Button& button);  // unless it is disabled
   void play() { press(controls().PLAY); }
   void pause() { press(controls().PAUSE); }
   void stop() { press(controls().STOPBtn); }
@@ -66,7 +67,6 @@ class PlayerRig {
   std::size_t next_start() const { return sound_.size() + kChainDelay; }
 
  private:
-  static void press(Button& button);
   void hook();
 
   TempDirectory directory_;

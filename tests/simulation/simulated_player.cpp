@@ -7,6 +7,7 @@
 #include "displays/display_set.h"
 #include "logged_graph/logged_graph.h"
 #include "platform/system/upper_case.h"
+#include "shell/overlap.h"
 
 namespace tandem {
 
@@ -27,7 +28,37 @@ std::string ScriptedDialog::take() {
 SimulatedPlayer::SimulatedPlayer(const Options& options)
     : output(ring, options.sink),
       engine(output, ring, std::nullopt),
-      program([this, &options](TimerQueue& timers) { return make_graph(timers, options); }, environment(options)) {}
+      program([this, &options](TimerQueue& timers) { return make_graph(timers, options); }, environment(options)) {
+  dialog.prepare = [this](const std::string&) { return hold(); };
+}
+
+// Between the end of a song and the panel's next tick, as in the player: with short songs the next mix begins there.
+bool SimulatedPlayer::hold() {
+  for (std::int64_t t = 0; songs_overlap(program.sound); t += kStepMilliseconds) {
+    if (t >= kLongestHold) return false;
+    advance_timers();
+    make_step();
+  }
+  return true;
+}
+
+void SimulatedPlayer::make_step() {
+  now_ += kStepMilliseconds;  // notifications and ticks come at the end of the step
+  engine.step();
+  output.drain();
+  ticks_due_ = true;
+}
+
+void SimulatedPlayer::advance_timers() {
+  if (std::exchange(ticks_due_, false)) program.timers.advance(now_);
+}
+
+void SimulatedPlayer::drop(const std::string& list, const std::vector<std::string>& songs) {
+  if (dialog.prepare && !dialog.prepare({})) return;
+  WindowFrame& window = program.controls.Painel;
+  if (!list.empty()) window.list_dropped.raise(list);
+  for (const std::string& song : songs) window.files_dropped.raise(song);
+}
 
 SoundGraph SimulatedPlayer::make_graph(TimerQueue& timers, const Options& options) {
   SoundGraph graph;
@@ -53,10 +84,9 @@ Environment SimulatedPlayer::environment(const Options& options) {
 
 void SimulatedPlayer::run(std::int64_t milliseconds) {
   for (owed_ += milliseconds; owed_ >= kStepMilliseconds; owed_ -= kStepMilliseconds) {
-    now_ += kStepMilliseconds;  // notifications and ticks come at the end of the step
-    engine.step();
-    output.drain();
-    program.timers.advance(now_);
+    advance_timers();
+    make_step();
+    advance_timers();
   }
 }
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/file_dialog.h"
 #include "engine/device/output_ring.h"
@@ -46,15 +47,25 @@ class SimulatedPlayer {
   void run_with_busy_panel(std::int64_t milliseconds);
   std::int64_t now() const { return now_; }
 
+  // Files dropped on the window: results of the song dialog, and of the lists one that is opened first ("" for none).
+  // What changes the list waits until no two songs overlap, as what the dialog returns does, by letting time pass: at
+  // most kLongestHold, then it is given up (the output is paused).
+  void drop(const std::string& list, const std::vector<std::string>& songs);
+  static constexpr std::int64_t kLongestHold = 8000;  // milliseconds
+
   // A panel that is loaded sounds until it is unloaded; unloading plays out what is fading.
   void load() { program.panel.load(); }
   void unload();
 
  private:
   SoundGraph make_graph(TimerQueue& timers, const Options& options);
+  bool hold();
+  void make_step();
+  void advance_timers();
   std::string time_of_day() const;
   Environment environment(const Options& options);
 
+  bool ticks_due_ = false;  // the timers have not been advanced since the last step
   std::int64_t now_ = 0;   // simulated milliseconds
   std::int64_t owed_ = 0;  // asked for and not yet run: less than a step
 

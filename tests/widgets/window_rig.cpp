@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 
 #include "app/dropped_songs.h"
+#include "engine/read/song_measure.h"
 #include "settings/settings_file.h"
 #include "support/bytes.h"
 #include "support/signal.h"
@@ -52,7 +53,9 @@ WindowRig::WindowRig() : watch_(std::make_unique<PaintWatch>()) {
     if (user_acts) user_acts();
   };
   hooks.drop = [this](const std::vector<std::string>& paths) {
-    for (const std::string& result : dropped_songs(paths)) controls().Painel.files_dropped.raise(result);
+    const auto has_sound = [](const std::string& path) { return measure_song(path).value_or(MeasuredSong{}).opens; };
+    const Dropped found = dropped_songs(paths, SongEntries::kLastSong, has_sound);
+    player->drop(found.list, found.songs);
   };
   window = std::make_unique<PanelWindow>(controls(), displays_of(player->program.sound), std::move(hooks));
   window->installEventFilter(watch_.get());

@@ -142,12 +142,22 @@ class FilesDialog final : public QFileDialog {
  protected:
   void accept() override {
     if (tree_ != nullptr) leave_out_folders(*tree_->selectionModel());
+    if (acceptMode() == QFileDialog::AcceptSave) complete_name();
     QFileDialog::accept();
   }
 
  private:
   static constexpr int kWidth = 860;
   static constexpr int kHeight = 480;
+
+  // Before the question whether a file of that name is to be replaced.
+  void complete_name() {
+    QLineEdit* line = name_line(*this);
+    if (line == nullptr) return;
+    const std::string name = QFile::encodeName(line->text()).toStdString();
+    const bool goes_to_folder = name.empty() || name.ends_with('/') || QFileInfo(directory(), line->text()).isDir();
+    if (!goes_to_folder && !ends_as_list(name)) line->setText(line->text() + kListEnding.data());
+  }
 
   void make_room_for_names() {
     if (tree_ == nullptr) return;
@@ -182,7 +192,9 @@ std::unique_ptr<QFileDialog> QtFileDialog::made(QFileDialog::AcceptMode mode, co
   if (!kept.state.isEmpty()) dialog->restoreState(kept.state);
   if (kept.size.isValid()) dialog->resize(kept.size);
   dialog->setAcceptMode(mode);
-  dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
+  dialog->setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
+                      : asks_for_lists()              ? QFileDialog::ExistingFile
+                                                      : QFileDialog::ExistingFiles);
   if (mode == QFileDialog::AcceptSave) dialog->setDefaultSuffix("m3l");
   if (parent_ != nullptr) dialog->setParent(parent_, dialog->windowFlags());
   dialog->setNameFilter(name_filter(Filter));
@@ -206,9 +218,13 @@ std::optional<std::vector<std::string>> QtFileDialog::ask_portal(bool save) {
   return FileChooserPortal::ask({save, save ? "Save the list" : "Add songs", InitDir, Filter}, parent_);
 }
 
+bool QtFileDialog::asks_for_lists() const { return Filter.find(kListEnding) != std::string::npos; }
+
 std::string QtFileDialog::ask_open() {
-  const auto paths = ask_portal(false);
-  return first_or_empty(dialog_results(paths ? *paths : ask_here(QFileDialog::AcceptOpen)));
+  const auto answer = ask_portal(false);
+  auto paths = answer ? *answer : ask_here(QFileDialog::AcceptOpen);
+  if (fit && !asks_for_lists()) paths = fit(std::move(paths));
+  return first_or_empty(dialog_results(paths));
 }
 
 // The portal asks before it overwrites the name that was typed, but not the name that it becomes.

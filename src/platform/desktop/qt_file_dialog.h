@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QFileDialog>
 #include <QSize>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,6 +22,10 @@ class QtFileDialog final : public FileDialog {
  public:
   QtFileDialog();
   ~QtFileDialog() override;
+
+  // Of the songs chosen, which ones are returned: those for which the list has room.
+  std::function<std::vector<std::string>(std::vector<std::string>)> fit;
+  bool asks_for_lists() const;  // the filter is that of saved lists
 
   void set_parent(QWidget* parent) { parent_ = parent; }  // the window that it belongs to
   void leave_desktop();                                   // before that window and the QApplication end

@@ -1,0 +1,50 @@
+// Finds and measures songs on a thread of its own, so that the panel goes on meanwhile: TempFile then answers at once.
+// UI thread, but for what is said otherwise.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/dropped_songs.h"
+#include "engine/components/measured_songs.h"
+
+namespace tandem {
+
+class IntakeJob {
+ public:
+  enum class Kind {
+    Songs,  // chosen in the dialog
+    List,   // a saved list, one path: what it names
+    Drop    // files and folders
+  };
+  struct Request {
+    Kind kind = Kind::Songs;
+    std::vector<std::string> paths;
+    std::size_t most = 0;  // Drop: how many songs are wanted
+  };
+  struct Progress {
+    std::size_t done = 0;  // songs
+    std::size_t all = 0;   // 0 while they are looked for
+    double current = 0;    // share of the present song's file that has been looked at, 0 to 1
+  };
+
+  // Begins at once. `finished` is called on the job's thread at its end, not if it was given up before.
+  IntakeJob(Request request, std::shared_ptr<MeasuredSongs> songs, std::function<void()> finished);
+  // Gives the work up. Waits for its thread no longer than 0.2 s: one that hangs in a read ends by itself some day.
+  ~IntakeJob();
+  IntakeJob(const IntakeJob&) = delete;
+  IntakeJob& operator=(const IntakeJob&) = delete;
+
+  bool finished() const;
+  Progress progress() const;
+  Dropped found() const;  // Drop, once it has finished
+
+ private:
+  struct Work;
+  std::shared_ptr<Work> work_;  // with the thread
+};
+
+}  // namespace tandem
