@@ -11,17 +11,13 @@ namespace tandem {
 
 class Button : public Control {
  public:
-  explicit Button(Colour back_colour, std::string caption = {}, std::string tool_tip = {}, int picture = kNoPicture)
-      : BackColor(view_changed, back_colour),
-        Picture(view_changed, picture),
-        Caption(std::move(caption)),
-        ToolTip(std::move(tool_tip)) {}
+  explicit Button(Colour back_colour, std::string caption = {}, int picture = kNoPicture)
+      : BackColor(view_changed, back_colour), Picture(view_changed, picture), Caption(std::move(caption)) {}
 
   static constexpr int kNoPicture = -1;
   Property<Colour> BackColor;
   Property<int> Picture;  // index of the face in Icone, or kNoPicture
   const std::string Caption;
-  const std::string ToolTip;
 
   Notification<> click;
   Notification<> press;

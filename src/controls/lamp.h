@@ -11,10 +11,8 @@ namespace tandem {
 
 class Lamp : public Control {  // lamp, lamp button or lead-time LED
  public:
-  explicit Lamp(Colour colour, std::string tool_tip = {})
-      : LEDColor(view_changed, colour), ToolTip(std::move(tool_tip)) {}
+  explicit Lamp(Colour colour) : LEDColor(view_changed, colour) {}
   Property<Colour> LEDColor;
-  const std::string ToolTip;
   Notification<> click;
 };
 

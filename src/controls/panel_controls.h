@@ -1,4 +1,5 @@
-// Every control of the panel by its own name, with its design values. Made once, before start-up; UI thread only.
+// Every control of the panel by its own name, with its design values (places, tips and keys: layout/). Made once,
+// before start-up; UI thread only.
 #pragma once
 
 #include <array>
@@ -58,19 +59,19 @@ struct PanelControls {
   Lamp LED3{clMaroon};
 
   // Transport. The faces: 0 PLAY at rest, 1 active; 2 PAUSE at rest, 3 engaged; 4 STOPBtn at rest, 5 active.
-  Button PLAY{kKeyNeutral, "", "", 0};
-  Button PAUSE{clOlive, "", "", 2};
-  Button STOPBtn{kKeyNeutral, "", " Stop ", 5};
+  Button PLAY{kKeyNeutral, "", 0};
+  Button PAUSE{clOlive, "", 2};
+  Button STOPBtn{kKeyNeutral, "", 5};
   Button NextBtn{kNextRest};
-  Button LoadSong{clGrey, "SONG", " Load a Song "};
+  Button LoadSong{clGrey, "SONG"};
   Slider Slider1{0, 100, NotifyOnPut::Never};
   Wheel Volume{32768, 32768};
 
-  // Automatic mix. The tips do not match the values; they are kept so.
-  Lamp AMLedOff{kLeadDark, " 2,5 seg. "};
-  Lamp AMLed1{kLeadDark, " 0,5 seg. "};
-  Lamp AMLed2{kLeadLit, " 1,5 seg. "};
-  Lamp AMLed3{kLeadDark, " 2,5 seg. "};
+  // Automatic mix.
+  Lamp AMLedOff{kLeadDark};
+  Lamp AMLed1{kLeadDark};
+  Lamp AMLed2{kLeadLit};
+  Lamp AMLed3{kLeadDark};
   Switch BufferSwitch{2, 0, NotifyOnPut::OnChange};
   Switch Bypass{2, 1, NotifyOnPut::Never};
 
@@ -91,8 +92,8 @@ struct PanelControls {
   Button DownList{kKeyNeutral};
   Button LoadList{kKeyNeutral, "Open"};
   Button SaveList{kKeyNeutral, "Save"};
-  Button ShowPlayList{clAqua, "Playlist", " Show Playlist "};
-  Button ShowControls{clGreen, "Controls", " Show Controls "};
+  Button ShowPlayList{clAqua, "Playlist"};
+  Button ShowControls{clGreen, "Controls"};
   FileDialog& CommonDialog;
 
   // The analyser's board.

@@ -19,7 +19,6 @@ class Properties {
       return button->Picture == Button::kNoPicture ? "None" : "Icone(" + std::to_string(button->Picture) + ")";
     });
     add_constant("Caption", button->Caption);
-    add_constant("ToolTip", button->ToolTip);
     common(button);
   }
   void operator()(const Panel* panel) const {
@@ -32,7 +31,6 @@ class Properties {
   }
   void operator()(const Lamp* lamp) const {
     add("LEDColor", lamp->LEDColor);
-    add_constant("ToolTip", lamp->ToolTip);
     common(lamp);
   }
   void operator()(const LedLabel* label) const {

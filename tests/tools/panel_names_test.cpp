@@ -22,7 +22,6 @@ TEST_F(Names, ControlsPrintTheirProperties) {
   EXPECT_EQ(value("PLAY.Picture"), "Icone(0)");
   EXPECT_EQ(value("NextBtn.Picture"), "None");
   EXPECT_EQ(value("PAUSE.BackColor"), "32896");
-  EXPECT_EQ(value("STOPBtn.ToolTip"), "\" Stop \"");
   EXPECT_EQ(value("NextBtn.Enabled"), "True");
   EXPECT_EQ(value("MMPanelX1(0).Visible"), "False");
   EXPECT_EQ(value("MMPanelX1(0).Caption"), "\"10 BANDS EQUALIZER\"");
