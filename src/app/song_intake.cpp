@@ -79,12 +79,12 @@ std::optional<SongIntake::Milliseconds> SongIntake::look(Milliseconds now) {
     waiting_.pop_front();
     add(found);
   }
+  returning_ = !waiting_.empty() && waiting_.front().loop != nullptr && is_ready(waiting_.front());
   if (waiting_.empty()) {
     progress_.reset();
     return std::nullopt;
   }
   Waiting& first = waiting_.front();
-  returning_ = is_ready(first);
   if (returning_) first.loop->quit();
   if (!first.since) first.since = now;
   const Milliseconds waited = now - *first.since;
@@ -109,6 +109,7 @@ void SongIntake::cancel_first() {
   if (waiting_.empty()) return;
   const Waiting first = std::move(waiting_.front());
   waiting_.pop_front();
+  returning_ = false;
   if (first.loop != nullptr) {
     *first.cancelled = true;
     first.loop->quit();

@@ -24,6 +24,7 @@ constexpr unsigned kSessions = 700;
 constexpr unsigned kParts = 4;
 constexpr std::int64_t kLimit = 120'000;      // ms; longer than every session
 constexpr std::int64_t kDeadAirAllowed = 50;  // ms
+constexpr std::int64_t kForEmptyEntry = 10;   // ms, for each entry without a song that the list passes over
 
 // Noise files of their own, for all sessions.
 class Songs {
@@ -53,7 +54,8 @@ enum class Rules { kNow, kWithout };
 
 struct Heard {
   bool stopped = false;
-  std::int64_t dead_air = 0;  // ms, the longest before the panel stopped
+  std::int64_t dead_air = 0;       // ms, the longest before the panel stopped
+  std::int64_t empty_entries = 0;  // that had their turn
   std::set<std::string> songs;
 };
 
@@ -65,6 +67,9 @@ class Session {
       rig_.player().dialog.prepare = nullptr;
     }
     rig_.hooks.after_mix_tick.push_back([this] { listen(); });
+    rig_.hooks.before_finished.push_back([this](int input) {
+      heard_.empty_entries += rig_.deck(static_cast<std::size_t>(input)).FileName().empty() ? 1 : 0;
+    });
   }
 
   Heard play(int acts) {
@@ -130,6 +135,7 @@ class Session {
     for (std::size_t deck = 0; deck < 2; ++deck)
       if (!rig_.mixer().Mute(static_cast<int>(deck)) && rig_.deck(deck).Position() > 0)
         heard_.songs.insert(rig_.deck(deck).FileName());
+    heard_.songs.erase(std::string());
   }
 
   // Songs that have not been in the list yet, as long as there are any.
@@ -158,8 +164,8 @@ TEST_P(OverlapActs, NeverLeaveTheListSilentForLong) {
   for (unsigned k = 1 + GetParam() * kSessions / kParts; k <= (GetParam() + 1) * kSessions / kParts; ++k) {
     const Heard now = heard_in(k, Rules::kNow);
     EXPECT_TRUE(now.stopped) << "session " << k;
-    EXPECT_LE(now.dead_air, kDeadAirAllowed) << "session " << k;
-    dead_air = std::max(dead_air, now.dead_air);
+    EXPECT_LE(now.dead_air, kDeadAirAllowed + kForEmptyEntry * now.empty_entries) << "session " << k;
+    if (now.empty_entries == 0) dead_air = std::max(dead_air, now.dead_air);
     if (k % 2 != 0) continue;  // after several acts the two have other lists
     const Heard before = heard_in(k, Rules::kWithout);
     without = std::max(without, before.dead_air);

@@ -1,6 +1,8 @@
 // Names of every kind come back as they are: from the dialog in both forms, and from a playlist file.
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "program/player_rig.h"
 #include "program/signatures.h"
 #include "program/songs.h"
@@ -97,11 +99,11 @@ TEST_F(SongNames, ACommaIsTwoSongsAfterAPlaylistFile) {
   EXPECT_THAT(lines(), ElementsAre(comma.path, songs[0].path));
   save_and_open(rig.file("comma.m3l"));
   EXPECT_THAT(lines(), ElementsAre(rig.file("one"), "two.wav", songs[0].path));
-  EXPECT_EQ(rig.state().SongCount, 1);
-  EXPECT_THAT(table(), ElementsAre(songs[0].path));
+  EXPECT_EQ(rig.state().SongCount, 2);  // "one" has no song's name
+  EXPECT_THAT(table(), ElementsAre("two.wav", songs[0].path));
 }
 
-// Songs 100 to 200 are saved with "- " before their paths, found without it, and named as they were saved.
+// Songs 100 to 200 are saved with "- " before their paths, are opened without it and read back with it.
 TEST_F(SongNames, ALongListComesBackWhole) {
   for (int i = 0; i < 120; ++i) rig.add(songs[static_cast<std::size_t>(i) % songs.size()].path);
   auto expected = table();
@@ -109,6 +111,28 @@ TEST_F(SongNames, ALongListComesBackWhole) {
   save_and_open(rig.file("long.m3l"));
   EXPECT_EQ(rig.state().SongCount, 120);
   EXPECT_THAT(table(), ElementsAreArray(expected));
+  EXPECT_EQ(rig.player().program.SongTable.at(110).SongLength, 60);
+}
+
+TEST(LongLists, ALineFromOneHundredOnIsFoundAgainAfterAnEdit) {
+  PlayerRig rig;
+  const AddedSong song = make_song(rig, "song.wav", constant(0.1, 20'000));
+  std::string text;
+  for (int i = 1; i <= 105; ++i) {
+    const std::string path = rig.file(std::to_string(i) + ".wav");
+    std::filesystem::create_symlink(song.path, path);
+    text += (i < 100 ? " " : "- ") + path + "\r\n";
+  }
+  write_file(rig.file("long.m3l"), text_bytes(text));
+  rig.player().dialog.answers = {rig.file("long.m3l")};
+  rig.controls().LoadList.click.raise();
+  rig.controls().PlayList.user_select(103);
+  rig.play();
+  rig.controls().PlayList.user_double_click(0);
+  rig.run(3000);
+  EXPECT_EQ(rig.controls().PlayList.ListIndex(), 102);
+  EXPECT_EQ(rig.state().CurrentSong, 103);
+  EXPECT_FALSE(rig.sound_graph().ListTimer->Enabled());
 }
 
 }  // namespace
