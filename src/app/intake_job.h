@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/dropped_songs.h"
-#include "engine/components/measured_songs.h"
+#include "engine/engine.h"
 
 namespace tandem {
 
