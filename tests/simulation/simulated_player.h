@@ -66,8 +66,8 @@ class SimulatedPlayer {
   Environment environment(const Options& options);
 
   bool ticks_due_ = false;  // the timers have not been advanced since the last step
-  std::int64_t now_ = 0;   // simulated milliseconds
-  std::int64_t owed_ = 0;  // asked for and not yet run: less than a step
+  std::int64_t now_ = 0;    // simulated milliseconds
+  std::int64_t owed_ = 0;   // asked for and not yet run: less than a step
 
  public:
   std::function<std::string()> wall_clock;  // "HH:MM"; if empty, the simulated time from noon on
