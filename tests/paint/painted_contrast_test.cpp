@@ -123,8 +123,8 @@ TEST(PaintedContrast, OfPrintedCaptions) {
 // The parts of a row: number, the begin of the directory, and the file at its end.
 struct Columns {
   explicit Columns(const QRectF& row)
-      : number(row.left() + 7, row.top(), 22, row.height()),
-        directory(row.left() + 33, row.top(), caption_width(u"/home/ana/"_s), row.height()),
+      : number(row.left() + 8, row.top(), 22, row.height()),
+        directory(row.left() + 34, row.top(), caption_width(u"/home/ana/"_s), row.height()),
         line(row) {}
   QRectF number;
   QRectF directory;

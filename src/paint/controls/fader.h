@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QString>
 #include <array>
+#include <optional>
 
 #include "paint/strokes/interaction_state.h"
 
@@ -24,7 +25,9 @@ double fader_value(const QRectF& box, const FaderState& look, double y);
 void paint_fader(QPainter& painter, const QRectF& box, const FaderState& look);
 
 struct SliderState {
-  double share = 0;  ///< 0..1 from left to right
+  double share = 0;                     ///< 0..1 from left to right
+  std::optional<double> next_start{};   ///< where the next song starts, 0..1: a mark; none while nothing plays
+  std::optional<double> overlapping{};  ///< place of the other song that sounds, 0..1; the mark is lit meanwhile
   InteractionState interaction{};
 };
 

@@ -13,14 +13,26 @@ namespace {
 
 constexpr double kRadius = 4;
 
+void paint_lamp_glow(QPainter& painter, const QPointF& centre, const LampState& look) {
+  if (!look.breath) {
+    fill_disc(painter, centre, kRadius + 4, faded(look.colour, .08));
+    fill_disc(painter, centre, kRadius + 2.6, faded(look.colour, .16));
+    return;
+  }
+  const double breath = *look.breath;
+  fill_disc(painter, centre, kRadius + 4 + breath, faded(look.colour, .08 + .04 * breath));
+  fill_disc(painter, centre, kRadius + 3.4 + .8 * breath, faded(look.colour, .14 * breath));
+  fill_disc(painter, centre, kRadius + 2.6 + .5 * breath, faded(look.colour, .16 + .10 * breath));
+}
+
 void paint_round_lamp(QPainter& painter, const QPointF& centre, const LampState& look) {
   fill_disc(painter, centre + QPointF(0, .8), kRadius + 1.6, faded(kWhite, .15));
   fill_disc(painter, centre, kRadius + 1.6, QColor::fromRgb(0xFF040505));
-  if (look.lit) {
-    fill_disc(painter, centre, kRadius + 4, faded(look.colour, .08));
-    fill_disc(painter, centre, kRadius + 2.6, faded(look.colour, .16));
-  }
+  if (look.lit) paint_lamp_glow(painter, centre, look);
   fill_disc(painter, centre, kRadius, QColor::fromRgb(look.colour));
+  if (look.lit && look.breath) {
+    fill_disc(painter, centre, kRadius * .62, faded(palette::kBreathCore, .55 * *look.breath));
+  }
   draw_ring(painter, centre, kRadius - .5, faded(kBlack, look.lit ? .14 : .34), 1);
   fill_disc(painter, centre - QPointF(kRadius * .34, kRadius * .4), kRadius * .34, faded(kWhite, look.lit ? .85 : .22));
   if (look.interaction.hover > 0)

@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QString>
+#include <optional>
 
 #include "paint/strokes/interaction_state.h"
 
@@ -11,6 +12,7 @@ namespace tandem {
 struct LampState {
   QRgb colour = 0;  ///< the lamp's own colour, shown exact
   bool lit = false;
+  std::optional<double> breath{};  ///< of a lit lead lamp while two songs overlap: 0 calm .. 1 brightest
   QString caption{};
   InteractionState interaction{};
 };

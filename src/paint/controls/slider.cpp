@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "paint/controls/fader.h"
 #include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
@@ -11,15 +13,50 @@ using palette::kWhite;
 
 namespace {
 
-void paint_track(QPainter& painter, const QRectF& box, double cap_x) {
+constexpr QRgb kGroove = 0xFF0F1113;
+
+double place_x(const QRectF& box, double share) {
+  return box.left() + kSliderCapWidth / 2 + (box.width() - kSliderCapWidth) * std::clamp(share, 0.0, 1.0);
+}
+
+void paint_groove(QPainter& painter, const QRectF& box) {
+  const double y = box.center().y();
+  fill_box(painter, {box.left() + 1, y - 2, box.width() - 2, 5}, faded(kWhite, .10), 2.5);
+  fill_box(painter, {box.left() + 1, y - 2.5, box.width() - 2, 5}, QColor::fromRgb(kBlack), 2.5);
+  fill_box(painter, {box.left() + 2, y - 1.5, box.width() - 4, 3}, QColor::fromRgb(kGroove), 1.5);
+}
+
+// The groove is deeper while two songs sound, and the other song has a thin line of its own in it.
+void paint_overlapping(QPainter& painter, const QRectF& box, double share) {
   const double y = box.center().y();
   const double left = box.left();
   const double width = box.width();
-  fill_box(painter, {left + 1, y - 2, width - 2, 5}, faded(kWhite, .10), 2.5);
-  fill_box(painter, {left + 1, y - 2.5, width - 2, 5}, QColor::fromRgb(kBlack), 2.5);
-  fill_box(painter, {left + 2, y - 1.5, width - 4, 3}, QColor::fromRgb(0xFF0F1113), 1.5);
-  fill_box(painter, {left + 3, y - 2.5, cap_x - left - 3, 5}, faded(palette::kLime, .14), 2);
-  fill_box(painter, {left + 3, y - 1, cap_x - left - 3, 2}, faded(palette::kLime, .95), 1);
+  const double end = place_x(box, share);
+  fill_box(painter, {left + 1, y + 1, width - 2, 5.5}, faded(kWhite, .10), 2);
+  fill_box(painter, {left + 1, y, width - 2, 5.5}, QColor::fromRgb(kBlack), 2);
+  fill_box(painter, {left + 1, y - 2, width - 2, 4}, QColor::fromRgb(kBlack));
+  fill_box(painter, {left + 2, y - 1.5, width - 4, 6}, QColor::fromRgb(kGroove), 1.5);
+  fill_box(painter, {left + 3, y + 1.25, end - left - 3, 4}, faded(palette::kOrange, .16), 2);
+  fill_box(painter, {left + 3, y + 2.5, end - left - 3, 1.5}, faded(palette::kOrange, .95), .75);
+  fill_disc(painter, {end, y + 3.25}, 3.4, faded(palette::kOrange, .22));
+  fill_disc(painter, {end, y + 3.25}, 1.9, QColor::fromRgb(palette::kOverlapDot));
+}
+
+void paint_played(QPainter& painter, const QRectF& box, double cap_x) {
+  const double y = box.center().y();
+  const double left = box.left() + 3;
+  fill_box(painter, {left, y - 2.5, cap_x - left, 5}, faded(palette::kLime, .14), 2);
+  fill_box(painter, {left, y - 1, cap_x - left, 2}, faded(palette::kLime, .95), 1);
+}
+
+void paint_next_start(QPainter& painter, const QRectF& box, double share, bool lit) {
+  const QPointF middle(place_x(box, share), box.center().y());
+  const QRgb colour = lit ? palette::kOrange : palette::kMixMark;
+  const QPainterPath flag =
+      polygon_path({middle + QPointF(-2.6, -7), middle + QPointF(2.6, -7), middle + QPointF(0, -2.8)});
+  if (lit) stroke_path(painter, flag, faded(colour, .25), 3);
+  fill_path(painter, flag, QColor::fromRgb(colour));
+  fill_box(painter, snapped(painter, {middle.x() - .5, middle.y() - 2.5, 1, 5}), faded(colour, .9));
 }
 
 void paint_shadow(QPainter& painter, const QRectF& cap) {
@@ -63,9 +100,12 @@ void paint_switch_cap(QPainter& painter, const QRectF& box, double place, double
 }  // namespace
 
 void paint_slider(QPainter& painter, const QRectF& box, const SliderState& look) {
-  const double x = box.left() + kSliderCapWidth / 2 + (box.width() - kSliderCapWidth) * look.share;
+  const double x = place_x(box, look.share);
   const QRectF cap(x - kSliderCapWidth / 2, box.top() + .5, kSliderCapWidth, box.height() - 1);
-  paint_track(painter, box, x);
+  paint_groove(painter, box);
+  if (look.overlapping) paint_overlapping(painter, box, *look.overlapping);
+  paint_played(painter, box, x);
+  if (look.next_start) paint_next_start(painter, box, *look.next_start, look.overlapping.has_value());
   paint_slider_cap(painter, cap, look.interaction.hover);
   if (look.interaction.focused) paint_focus_ring(painter, cap, 2);
 }

@@ -1,13 +1,12 @@
 #include "paint/controls/song_list.h"
 
-#include <QHash>
 #include <algorithm>
-#include <utility>
 
+#include "paint/controls/song_list_row.h"
 #include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
+#include "paint/surfaces/panels.h"
 #include "paint/text/caption.h"
-#include "paint/text/elide.h"
 
 namespace tandem {
 
@@ -15,69 +14,18 @@ using palette::kWhite;
 
 namespace {
 
-constexpr double kTextInset = 7;
-constexpr double kBaseline = 10.2;
 constexpr double kThumbLeast = 16;
+constexpr double kScrollBar = 9;  // that rows leave free, with the gap
+constexpr QRgb kHintTray = 0xFF7D858D;
 
-struct RowColours {
-  QRgb number;
-  QRgb directory;
-  QRgb file;
-};
-
-constexpr RowColours kPlain{palette::kLegendUnchosen, palette::kListDirectory, palette::kListFile};
-constexpr RowColours kChosen{palette::kWhite, palette::kListSelectedDirectory, palette::kWhite};
-
-void paint_row_ground(QPainter& painter, const QRectF& row, bool chosen, bool odd) {
-  if (chosen) {
-    fill_box(painter, row, QColor::fromRgb(palette::kListSelected), 2);
-    fill_box(painter, row, downward(row, {{0, kWhite, .16}, {1, kWhite, 0}}), 2);
-    fill_box(painter, {row.left(), row.top() + 1.5, 2, row.height() - 3}, QColor::fromRgb(palette::kAqua), 1);
-  } else if (odd) {
-    fill_box(painter, row, faded(kWhite, .025));
-  }
-}
-
-struct RowText {
-  QString number;
-  QString directory;
-  QString file;
-  double column;  // where the directory begins, px from the row's left
-  double name;    // and the file
-};
-
-// A line is "number - path"; three-digit numbers need a wider column.
-RowText fitted(const QString& line, double row_width) {
-  const qsizetype dash = line.indexOf(QStringLiteral(" - "));
-  const qsizetype cut = dash < 0 ? 0 : dash + 3;
-  const double column = cut > 5 ? 39 : 33;
-  const double room = row_width - column - 3;
-  const auto width = [](const QString& text) { return caption_width(text); };
-  const QString path = elide_directories(line.mid(cut), room, width);
-  const qsizetype name = path.lastIndexOf(u'/') + 1;
-  const QString directory = path.left(name);
-  return {line.left(cut), directory, name > 0 ? path.mid(name) : elide_file_name(path, room, width), column,
-          column + caption_width(directory)};
-}
-
-// Finding what fits takes far longer than drawing it, and a line is drawn many times: at every turn of the wheel that
-// leaves it in view, and at every move of the selection.
-const RowText& kept_text(const QString& line, double row_width) {
-  constexpr qsizetype kMost = 8 * kListRows;
-  using Key = std::pair<QString, double>;
-  static QHash<Key, RowText> texts;
-  const auto found = texts.constFind({line, row_width});
-  if (found != texts.cend()) return *found;
-  if (texts.size() >= kMost) texts.clear();
-  return *texts.insert({line, row_width}, fitted(line, row_width));
-}
-
-void paint_row_text(QPainter& painter, const QRectF& row, const QString& line, const RowColours& colours) {
-  const RowText& text = kept_text(line, row.width());
-  const double baseline = row.top() + kBaseline;
-  draw_caption(painter, {row.left() + kTextInset, baseline}, text.number, {.colour = colours.number});
-  draw_caption(painter, {row.left() + text.column, baseline}, text.directory, {.colour = colours.directory});
-  draw_caption(painter, {row.left() + text.name, baseline}, text.file, {.colour = colours.file});
+SongListRow row_of(const SongListState& look, int row) {
+  const int index = look.top + row;
+  return {.line = look.rows[row],
+          .length = look.lengths.value(row),
+          .selected = index == look.selected,
+          .odd = row % 2 != 0,
+          .playing = index == look.playing,
+          .overlapping = index == look.overlapping};
 }
 
 void paint_scroll_bar(QPainter& painter, const QRectF& box, const SongListState& look) {
@@ -89,10 +37,69 @@ void paint_scroll_bar(QPainter& painter, const QRectF& box, const SongListState&
   fill_box(painter, sheen, rightward(sheen, {{0, kWhite, .22}, {1, palette::kBlack, .2}}), 3);
 }
 
+// A tray with an arrow into it, and two words.
+void paint_hint(QPainter& painter, const QRectF& box) {
+  const QPointF at(box.center().x(), box.top() + 58);
+  QPainterPath tray(at + QPointF(0, -18));
+  tray.lineTo(at + QPointF(0, -5));
+  tray.moveTo(at + QPointF(-5.5, -10.5));
+  tray.lineTo(at + QPointF(0, -5));
+  tray.lineTo(at + QPointF(5.5, -10.5));
+  tray.moveTo(at + QPointF(-12, -4));
+  tray.lineTo(at + QPointF(-12, 3));
+  tray.quadTo(at + QPointF(-12, 5), at + QPointF(-10, 5));
+  tray.lineTo(at + QPointF(10, 5));
+  tray.quadTo(at + QPointF(12, 5), at + QPointF(12, 3));
+  tray.lineTo(at + QPointF(12, -4));
+  stroke_path(painter, tray, QColor::fromRgb(kHintTray), 1.6, Qt::RoundCap);
+  draw_caption(painter, at + QPointF(0, 22), QStringLiteral("Drop songs here"),
+               {.size = 11, .colour = palette::kLegendUnchosen, .bold = true}, Anchor::Middle);
+  draw_caption(painter, at + QPointF(0, 36), QStringLiteral("or press SONG"), {.colour = palette::kListLength},
+               Anchor::Middle);
+}
+
+void paint_drop_frame(QPainter& painter, const QRectF& box) {
+  const QRectF frame = box.adjusted(4, 4, -4, -4);
+  fill_box(painter, box.adjusted(2, 2, -2, -2), faded(palette::kFocus, .05));
+  frame_box(painter, frame, faded(palette::kFocus, .14), 3, 2);
+  frame_box(painter, frame, faded(palette::kFocus, .9), 1.2, 2);
+}
+
+// Below the line where the songs will go, or on a plate above it where there is no room.
+void paint_drop_count(QPainter& painter, const QRectF& box, double line, const QString& count) {
+  const CaptionStyle style{.colour = palette::kListDrop};
+  if (line + 22 < box.bottom()) {
+    draw_caption(painter, {box.left() + 17, line + 14}, count, style);
+    return;
+  }
+  const double width = caption_width(count, style) + 12;
+  const QRectF plate(box.right() - 20 - width, line - 18, width, 15);
+  fill_box(painter, plate, faded(palette::kGlassTop, .94), 3);
+  frame_box(painter, plate.adjusted(.5, .5, -.5, -.5), faded(palette::kFocus, .5), 1, 2.5);
+  draw_caption(painter, plate.bottomLeft() + QPointF(6, -4), count, style);
+}
+
+// A frame while files are dragged over the list, and a line with a dot where they will go.
+void paint_drop(QPainter& painter, const QRectF& box, const SongListState& look) {
+  paint_drop_frame(painter, box);
+  const double below =
+      box.top() + 8 + static_cast<double>(std::min<qsizetype>(look.rows.size(), kListRows)) * kListRowHeight;
+  const double line = std::min(below, box.bottom() - 7);
+  if (look.count > 0) {
+    const double left = box.left() + 9;
+    const double width = box.width() - 18;
+    fill_box(painter, {left, line - .5, width, 3}, faded(palette::kFocus, .16), 1.5);
+    fill_box(painter, {left, line + .4, width, 1.2}, QColor::fromRgb(palette::kFocus));
+    fill_disc(painter, {left + 1, line + 1}, 2.6, QColor::fromRgb(palette::kFocus));
+  }
+  paint_drop_count(painter, box, line, *look.drop);
+}
+
 }  // namespace
 
-QRectF list_row_box(const QRectF& box, int row) {
-  return {box.left() + 3, box.top() + 5 + row * kListRowHeight, box.width() - 15, kListRowHeight};
+QRectF list_row_box(const QRectF& box, int row, int count) {
+  const double bar = count > kListRows ? kScrollBar : 0;
+  return {box.left() + 2, box.top() + 5 + row * kListRowHeight, box.width() - 4 - bar, kListRowHeight};
 }
 
 QRectF list_track_box(const QRectF& box) { return {box.right() - 11, box.top() + 4, 7, box.height() - 8}; }
@@ -105,16 +112,15 @@ QRectF list_thumb_box(const QRectF& box, int top, int count) {
 }
 
 void paint_song_list(QPainter& painter, const QRectF& box, const SongListState& look) {
-  for (int i = 0; i < kListRows && i < look.rows.size(); ++i) {
-    const QRectF row = snapped(painter, list_row_box(box, i));
-    const bool chosen = look.top + i == look.selected;
-    painter.save();
-    painter.setClipRect(row, Qt::IntersectClip);
-    paint_row_ground(painter, row, chosen, i % 2 != 0);
-    paint_row_text(painter, row, look.rows[i], chosen ? kChosen : kPlain);
-    painter.restore();
-  }
+  for (int i = 0; i < kListRows && i < look.rows.size(); ++i)
+    paint_song_list_row(painter, snapped(painter, list_row_box(box, i, look.count)), row_of(look, i));
   paint_scroll_bar(painter, box, look);
+  if (look.drop) {
+    paint_drop(painter, box, look);
+  } else if (look.count == 0) {
+    paint_hint(painter, box);
+  }
+  paint_glass_shine(painter, box);
   if (look.interaction.focused) paint_focus_ring(painter, box, 3);
 }
 

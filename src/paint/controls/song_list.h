@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QStringList>
+#include <optional>
 
 #include "paint/strokes/interaction_state.h"
 
@@ -12,17 +13,22 @@ inline constexpr int kListRows = 10;
 inline constexpr double kListRowHeight = 13;
 
 struct SongListState {
-  QStringList rows;   ///< the lines in view, from `top` on, at most ten; each "number - path"
-  int top = 0;        ///< index of the first line in view
-  int count = 0;      ///< lines in the whole list
-  int selected = -1;  ///< index in the whole list
+  QStringList rows;               ///< the lines in view, from `top` on, at most ten; each "number - path"
+  QStringList lengths{};          ///< "m:ss" of these lines, empty where it is not known; may be shorter than `rows`
+  int top = 0;                    ///< index of the first line in view
+  int count = 0;                  ///< lines in the whole list; a list without lines says how to fill it
+  int selected = -1;              ///< indices in the whole list, -1 for none
+  int playing = -1;               ///< the song of the counter
+  int overlapping = -1;           ///< the other one while two sound
+  std::optional<QString> drop{};  ///< while files are dragged over the list: how many, for example "3 songs"
   InteractionState interaction{};
 };
 
-/// Rows and scroll bar (hidden when all lines fit) over glass that is painted already; the list has no shine.
+/// Rows, scroll bar (hidden when all lines fit) and shine over glass that is painted already.
 void paint_song_list(QPainter& painter, const QRectF& box, const SongListState& look);
-/// Box of row 0..9 of the view, and of the scroll bar's track and thumb.
-QRectF list_row_box(const QRectF& box, int row);
+/// Box of row 0..9 of the view of a list of `count` lines: from edge to edge of the glass, or up to the scroll bar.
+QRectF list_row_box(const QRectF& box, int row, int count = kListRows + 1);
+/// Boxes of the scroll bar's track and thumb.
 QRectF list_track_box(const QRectF& box);
 QRectF list_thumb_box(const QRectF& box, int top, int count);
 

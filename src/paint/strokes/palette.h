@@ -38,8 +38,8 @@ inline constexpr QRgb kWhite = 0xFFFFFFFF;
 inline constexpr QRgb kCap[] = {0xFFC9CFD6, 0xFF8E959D, 0xFF5A6067, 0xFF34383D};
 inline constexpr QRgb kTileTop = 0xFF30353B;
 inline constexpr QRgb kTileBottom = 0xFF1A1D20;
-inline constexpr QRgb kTileHoverTop = 0xFF3D434A;
-inline constexpr QRgb kTileHoverBottom = 0xFF24282C;
+inline constexpr QRgb kTileHoverTop = 0xFF4A525B;
+inline constexpr QRgb kTileHoverBottom = 0xFF2C3137;
 inline constexpr QRgb kTileFlatTop = 0xFF3A3E43;  // of a disabled key
 inline constexpr QRgb kTileFlatBottom = 0xFF34383C;
 inline constexpr QRgb kDisabledCaption = 0xFF9AA0A6;
@@ -52,6 +52,8 @@ inline constexpr QRgb kListDirectory = 0xFF8D969F;
 inline constexpr QRgb kListFile = 0xFFE6EAEE;
 inline constexpr QRgb kListSelected = 0xFF0B4A78;
 inline constexpr QRgb kListSelectedDirectory = 0xFFC9E6FA;
+inline constexpr QRgb kListLength = 0xFF7D858D;
+inline constexpr QRgb kListDrop = 0xFFBFE6FF;
 
 inline constexpr QRgb kLimeSpinnerTop = 0xFF021402;
 inline constexpr QRgb kLimeSpinnerBottom = 0xFF042304;
@@ -72,8 +74,14 @@ inline constexpr QRgb kSilver = 0xFFC0C0C0;
 inline constexpr QRgb kOrange = 0xFFFF8000;
 inline constexpr QRgb kBrown = 0xFF804000;
 inline constexpr QRgb kGauge = 0xFFC0C000;
+inline constexpr QRgb kMixMark = 0xFFC06A14;     // where the next song will start
+inline constexpr QRgb kOverlapDot = 0xFFFFC080;  // place of the other song while two sound
+inline constexpr QRgb kBreathCore = 0xFFFFD9A8;  // of a lamp at the top of its breath
 inline constexpr QRgb kStopRed = 0xFFFF3B30;
-inline constexpr QRgb kNeedle = 0xFFFF7A38;
+inline constexpr QRgb kNeedle = 0xFFFFE9CC;
+inline constexpr QRgb kNeedleGlow = 0xFFFFD9A8;
+inline constexpr QRgb kRedZone = 0xFFE8301C;
+inline constexpr QRgb kRedZoneGlow = 0xFFFF3A20;
 
 // Key frames without a colour of the panel's own.
 inline constexpr QRgb kNeutralKey = 0xFF4C5259;

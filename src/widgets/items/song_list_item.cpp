@@ -66,13 +66,14 @@ void SongListItem::follow_selection() {
 
 int SongListItem::row_at(const QPointF& at) const {
   for (int row = 0; row < kListRows; ++row)
-    if (list_row_box(box(), row).contains(at)) return top_ + row < list_.ListCount() ? top_ + row : -1;
+    if (list_row_box(box(), row, list_.ListCount()).contains(at))
+      return top_ + row < list_.ListCount() ? top_ + row : -1;
   return -1;
 }
 
 QRect SongListItem::line_on_screen(int index) const {
   if (index < top_ || index >= top_ + kListRows) return {};
-  const QRectF row = list_row_box(box(), index - top_);
+  const QRectF row = list_row_box(box(), index - top_, list_.ListCount());
   return row.translated(window()->mapToGlobal(QPoint())).toAlignedRect();
 }
 
