@@ -86,10 +86,11 @@ const RowText& kept_text(const SongListRow& row, double row_width) {
   using Key = std::pair<std::pair<QString, QString>, double>;
   static QHash<Key, RowText> texts;
   const Key key{{row.line, row.length}, row_width};
-  const auto found = texts.constFind(key);
-  if (found != texts.cend()) return *found;
-  if (texts.size() >= kMost) texts.clear();
-  return *texts.insert(key, fitted(row.line, row.length, row_width));
+  if (!texts.contains(key)) {
+    if (texts.size() >= kMost) texts.clear();
+    texts.insert(key, fitted(row.line, row.length, row_width));
+  }
+  return texts[key];
 }
 
 void paint_play_mark(QPainter& painter, const QPointF& at, QRgb colour) {

@@ -1,0 +1,80 @@
+// What sounds, read from a whole player: for the marks in the list and on the position slider.
+
+#include "shell/mix_view.h"
+
+#include <gtest/gtest.h>
+
+#include "program/player_rig.h"
+#include "program/songs.h"
+#include "support/wav_writer.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr int kLead = 1000;
+
+class MixViewTest : public testing::Test {
+ protected:
+  MixViewTest() {
+    rig_.choose_lead(kLead);
+    for (const char* name : {"a.wav", "b.wav", "c.wav"})
+      rig_.add(rig_.make_file(name, wav_file(tones(5.0, 440, 0.3), Encoding::kInt16)));
+  }
+  MixView look() { return mix_view(rig_.player().program); }
+
+  PlayerRig rig_;
+};
+
+TEST_F(MixViewTest, StoppedNothingSoundsButLengthsAreKnown) {
+  const MixView view = look();
+  EXPECT_FALSE(view.counted);
+  EXPECT_FALSE(view.other);
+  EXPECT_FALSE(view.mix_at);
+  EXPECT_EQ(view.lengths, (std::vector<std::int32_t>{5000, 5000, 5000}));
+  EXPECT_EQ(view.songs_left, 0);
+}
+
+TEST_F(MixViewTest, OneSongSoundsWithItsMixPointAndWhatIsLeft) {
+  rig_.play();
+  rig_.run(2000);
+  const MixView view = look();
+  ASSERT_TRUE(view.counted);
+  EXPECT_EQ(view.counted->line, 0);
+  EXPECT_EQ(view.counted->name, "a.wav");
+  EXPECT_FALSE(view.other);
+  EXPECT_EQ(view.mix_at, 5000 - kLead);
+  EXPECT_EQ(view.songs_left, 3);
+  EXPECT_EQ(view.left, 15000 - view.counted->position);
+}
+
+TEST_F(MixViewTest, InAnOverlapTheCounterStaysWithTheOutgoingSong) {
+  rig_.play();
+  ASSERT_TRUE(rig_.run_until([this] { return look().other.has_value(); }, 6000));
+  rig_.run(300);
+  const MixView view = look();
+  ASSERT_TRUE(view.counted && view.other);
+  EXPECT_EQ(view.counted->line, 0);
+  EXPECT_EQ(view.other->line, 1);
+  EXPECT_NEAR(view.other->position, 300, 50);
+  EXPECT_GT(view.counted->position, 5000 - kLead);
+  rig_.run(kLead);
+  EXPECT_FALSE(look().other);
+  EXPECT_EQ(look().counted->line, 1);
+}
+
+TEST_F(MixViewTest, TheLastSongHasNoMixPoint) {
+  rig_.play();
+  ASSERT_TRUE(rig_.run_until([this] { return look().counted && look().counted->line == 2 && !look().other; }, 15000));
+  EXPECT_FALSE(look().mix_at);
+  EXPECT_EQ(look().songs_left, 1);
+}
+
+TEST_F(MixViewTest, ASongIsMarkedAtItsOwnLineWhateverIsSelected) {
+  rig_.play();
+  rig_.run(500);
+  rig_.controls().PlayList.user_select(2);
+  EXPECT_EQ(look().counted->line, 0);
+}
+
+}  // namespace
+}  // namespace tandem::test
