@@ -108,7 +108,7 @@ class Desk:
     def start_display(self):
         for _ in range(10):
             reading, writing = os.pipe()
-            self.screen = self.child('Xvfb', '-displayfd', str(writing), '-screen', '0', '1920x1080x24', '-noreset',
+            self.screen = self.child('Xvfb', '-displayfd', str(writing), '-screen', '0', '1152x864x24', '-noreset',
                                      '-nolisten', 'tcp', pass_fds=(writing,))
             os.close(writing)
             # It writes its number and the end of the line apart, and ends if they are not both read.

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <unistd.h>
+#include <cerrno>
 #include <csignal>
 
 namespace tandem {
@@ -10,14 +11,18 @@ namespace {
 
 int pipe_ends[2] = {-1, -1};
 
+// On any thread, in the middle of anything: it must not see another errno afterwards.
 extern "C" void write_to_pipe(int) {
+  const int kept = errno;
   const char byte = 0;
   static_cast<void>(!write(pipe_ends[1], &byte, 1));
+  errno = kept;
 }
 
+// A signal that was ignored when the program started stays ignored, as SIGHUP is under nohup.
 void handle(void (*handler)(int)) {
-  std::signal(SIGTERM, handler);
-  std::signal(SIGINT, handler);
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    if (std::signal(signal, handler) == SIG_IGN) std::signal(signal, SIG_IGN);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// SIGTERM and SIGINT as an event of the UI thread. One of it at most.
+// SIGTERM, SIGINT and SIGHUP (the terminal is closed) as an event of the UI thread. One of it at most.
 #pragma once
 
 #include <QSocketNotifier>

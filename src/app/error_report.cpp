@@ -20,8 +20,10 @@ std::unique_ptr<QApplication> made_quietly(int& count, char** arguments) {
 
 bool has_display() { return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"); }
 
+void print_error(const std::string& text) { std::fprintf(stderr, "tandem: %s\n", text.c_str()); }
+
 void report_error(const std::string& text) {
-  std::fprintf(stderr, "tandem: %s\n", text.c_str());
+  print_error(text);
   if (!has_display()) return;
   int count = 1;
   char name[] = "tandem";

@@ -8,6 +8,9 @@ namespace tandem {
 
 void report_error(const std::string& text);
 
+// The line on standard error alone.
+void print_error(const std::string& text);
+
 // Whether the environment names a display at all.
 bool has_display();
 

@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QIcon>
 #include <QPixmap>
-#include <QSessionManager>
 #include <cstdio>
 #include <optional>
 #include <stdexcept>
@@ -13,6 +12,7 @@
 #include "app/command_words.h"
 #include "app/display_guard.h"
 #include "app/error_report.h"
+#include "app/exit_guard.h"
 #include "app/player.h"
 #include "desktop/names.h"
 #include "desktop/panel_palette.h"
@@ -58,12 +58,20 @@ int play(int argc, char** argv) {
   QApplication::setPalette(tandem::panel_palette());
   tandem::install_accessibility();
   player.show();
-  const tandem::CloseSignals close_signals([&player] { player.close(); });
-  QObject::connect(&application, &QGuiApplication::commitDataRequest, [&player](QSessionManager&) { player.close(); });
+  // A session manager that saves its session, or a logout that is cancelled, leaves the player as it is; the session's
+  // real end closes its window.
+  bool by_signal = false;
+  const tandem::CloseSignals close_signals([&] {
+    by_signal = true;
+    player.close();
+  });
+  const tandem::ExitGuard exit_guard([&player] { player.save_at_exit(); });
   const int status = QApplication::exec();
   player.leave_desktop();
-  if (player.failure()) throw *player.failure();
-  return status;
+  if (!player.failure()) return status;
+  if (!by_signal) throw *player.failure();
+  tandem::print_error(player.failure()->what());  // no box: a signal waits for no user
+  return 1;
 }
 
 }  // namespace

@@ -6,12 +6,16 @@
 #include <chrono>
 #include <thread>
 
+#include "app/error_report.h"
 #include "displays/display_set.h"
 #include "engine/core/frames.h"
+#include "platform/desktop/window_outline.h"
 #include "platform/system/program_directory.h"
 #include "platform/system/time_of_day.h"
 #include "platform/system/upper_case.h"
 #include "shell/mix_forecast.h"
+#include "shell/mix_view.h"
+#include "widgets/display_area/display_views.h"
 
 namespace tandem {
 
@@ -54,13 +58,6 @@ SoundGraph Player::make_graph(TimerQueue& timers) {
 
 Environment Player::environment() { return {program_directory(), time_of_day, upper_case, show_message, dialog_}; }
 
-Displays Player::displays() {
-  SoundGraph& sound = program_.sound;
-  return {static_cast<SpectrumAnalyser&>(*sound.MMSpectrum1), static_cast<NeedleMeter&>(*sound.MMMeterX1),
-          static_cast<NeedleMeter&>(*sound.MMMeterX2), static_cast<LevelBar&>(*sound.MMLevelX1),
-          static_cast<Oscilloscope&>(*sound.MMOscopeX1)};
-}
-
 void Player::show() {
   clock_ = std::make_unique<QtClock>([this](Milliseconds now) { return work(now); });
   PanelWindow::Hooks hooks;
@@ -75,7 +72,9 @@ void Player::show() {
     hooks.present = [this](const QImage& picture, std::span<const QRect> boxes) {
       return presenter_ && presenter_->present(picture, boxes);
     };
-  window_ = std::make_unique<PanelWindow>(program_.controls, displays(), std::move(hooks));
+  const bool composited = desktop_composites();
+  if (composited) hooks.outline = [this](const QRect& panel) { set_window_outline(*window_->windowHandle(), panel); };
+  window_ = std::make_unique<PanelWindow>(program_.controls, views_of(program_.sound), std::move(hooks), composited);
   dialog_.set_parent(window_.get());
   intake_.set_parent(window_.get());
   window_->show();
@@ -137,6 +136,7 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
 // Nothing is drawn while nobody could see it; what comes to rest is looked at again at the panel's next tick.
 std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   if (!window_->exposed()) return std::nullopt;
+  show_mix(now);
   const Milliseconds before = frames_.last();
   if (frames_.take(now, window_->attended() ? kAttendedFrame : kUnattendedFrame)) {
     window_->visual().feed(pump_.take(output_.frames_played()));
@@ -144,6 +144,14 @@ std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   }
   if (!moving_) return std::nullopt;
   return frames_.next();
+}
+
+// As often as the counter: what sounds is looked up in the list.
+void Player::show_mix(Milliseconds now) {
+  constexpr Milliseconds kPeriod = 200;
+  if (now < mix_shown_ + kPeriod) return;
+  mix_shown_ = now;
+  window_->show_mix(mix_view(program_));
 }
 
 // The last sound is faded and played before the program ends, but nothing is waited for long.
@@ -167,6 +175,15 @@ void Player::close() {
   window_->hide();
   play_out();
   QApplication::quit();
+}
+
+void Player::save_at_exit() {
+  if (std::exchange(closed_, true)) return;
+  try {
+    program_.panel.unload();
+  } catch (const RuntimeError& error) {
+    print_error(error.what());
+  }
 }
 
 void Player::leave_desktop() {

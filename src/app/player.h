@@ -41,6 +41,8 @@ class Player {
   void close();
   // Everything that needs the QApplication ends here, before it does; the panel is closed if it was not.
   void leave_desktop();
+  // The program is in exit(): the settings are saved without Qt.
+  void save_at_exit();
   // What shut-down could not do, if anything.
   const std::optional<RuntimeError>& failure() const { return failure_; }
 
@@ -53,7 +55,6 @@ class Player {
 
   SoundGraph make_graph(TimerQueue& timers);
   Environment environment();
-  Displays displays();
   std::optional<Milliseconds> work(Milliseconds now);
   std::optional<Milliseconds> draw_frame(Milliseconds now);
   void attend(Milliseconds now);
@@ -63,6 +64,7 @@ class Player {
   void join_desktop();
   void come_to_front(const std::string& token);
   void show_name(const std::string& name);
+  void show_mix(Milliseconds now);
   void play_out();
 
   OutputRing ring_;
@@ -88,6 +90,7 @@ class Player {
   std::optional<RuntimeError> failure_;
   FramePacer frames_;
   LatencyPolicy queue_depth_;
+  Milliseconds mix_shown_ = 0;
   bool moving_ = true;  // the last frame said that something moves
   bool closed_ = false;
 };

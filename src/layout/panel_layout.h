@@ -16,6 +16,7 @@ enum class WindowSize { Full, Compact, Board };
 struct WindowState {
   WindowSize size = WindowSize::Full;
   bool song_list = true;  ///< the list lies in front, else the equalizer
+  bool round = true;      ///< its corners, where the desktop shows what lies under them
   bool operator==(const WindowState&) const = default;
 };
 
@@ -64,7 +65,6 @@ struct ControlBox {
   std::string_view caption;
   int tab;                      ///< place in the tab chain, 0 = none
   std::string_view tip;         ///< blanks belong to it; empty = no tip
-  std::string_view keys;        ///< what the keyboard does, for the manual
   std::string_view accessible;  ///< a text in round brackets is no name of its own
   int count = 0;                ///< cells of a label, digits of a spinner
   int pitch = 0;                ///< dot pitch of a label

@@ -85,7 +85,7 @@ TEST_F(Managed, IsDraggedByItsHeadWithoutBeingLeftBehind) {
   EXPECT_TRUE(wait_until([this] { return player->panel_width() == 262; }));
   EXPECT_EQ(player->place(), corner);
   player->double_click(100, 7);  // full, in the middle of the screen
-  EXPECT_TRUE(wait_until([this] { return player->place() == std::pair((1280 - 607) / 2, (1024 - 258) / 2); }));
+  EXPECT_TRUE(wait_until([this] { return player->place() == std::pair((1152 - 607) / 2, (1024 - 258) / 2); }));
 }
 
 TEST_F(Managed, IsMinimisedPlaysOnAndComesBack) {

@@ -63,7 +63,7 @@ class TheProgram : public testing::Test {
   }
   void set_two_bands_by_keys() const {
     player->key("F2");
-    for (int i = 0; i < 18; ++i) player->key("Tab");  // from PLAY, which has the focus, to the equalizer
+    for (int i = 0; i < 19; ++i) player->key("Tab");  // to PLAY, and on to the equalizer
     for (const char* key : {"Up", "Up", "Right", "Next", "F2"}) player->key(key);
   }
   void expect_songs_in(const std::string& list) const {

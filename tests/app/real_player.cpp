@@ -53,7 +53,7 @@ void set_home(const std::string& path) {
 
 Desktop::Desktop(const std::vector<std::string>& screen_options) {
   std::vector<std::string> command = {"Xvfb",         "-displayfd", "1",         "-screen", "0",
-                                      "1280x1024x24", "-noreset",   "-nolisten", "tcp"};
+                                      "1152x1024x24", "-noreset",   "-nolisten", "tcp"};
   command.insert(command.end(), screen_options.begin(), screen_options.end());
   screen_ = ChildProcess(command, files_.file("display"));
   const auto number = [this] { return text_of(files_.file("display")); };
@@ -70,10 +70,13 @@ Desktop::Desktop(const std::vector<std::string>& screen_options) {
 }
 
 // A kind end: the server then removes its lock.
-Desktop::~Desktop() {
+void Desktop::end_screen() {
+  if (!screen_.running()) return;
   screen_.send(SIGTERM);
   screen_.wait();
 }
+
+Desktop::~Desktop() { end_screen(); }
 
 std::string Desktop::do_tool(const std::vector<std::string>& words) const {
   std::vector<std::string> command = {"xdotool"};
@@ -188,6 +191,11 @@ std::optional<int> RealPlayer::exit_status() {
 
 std::string RealPlayer::settings() const { return text_of(file("TP.inf")); }
 std::string RealPlayer::errors() const { return text_of(file("errors")); }
+
+void RealPlayer::make_settings_unwritable() const {
+  std::filesystem::remove(file("TP.inf"));
+  std::filesystem::create_directory(file("TP.inf"));
+}
 
 std::string RealPlayer::write_song(const std::string& name, double hertz, double seconds) const {
   Signal song = tones(seconds, hertz, 0.25);

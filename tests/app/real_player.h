@@ -23,6 +23,7 @@ class Desktop {
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;
   const TempDirectory& home() const { return home_; }
+  void end_screen();
   std::string do_tool(const std::vector<std::string>& words) const;  // xdotool; its output, empty if it fails
 
   OutputTestServer sound;  // not started
@@ -64,8 +65,9 @@ class RealPlayer {
   int panel_width() const { return number_of(panel_, "WIDTH="); }
   int panel_height() const { return number_of(panel_, "HEIGHT="); }
   std::pair<int, int> place() const { return {number_of(panel_, "X="), number_of(panel_, "Y=")}; }
-  std::string settings() const;  // what TP.inf holds now, "" if there is none
-  std::string errors() const;    // what it wrote on standard error
+  std::string settings() const;           // what TP.inf holds now, "" if there is none
+  std::string errors() const;             // what it wrote on standard error
+  void make_settings_unwritable() const;  // a folder stands in place of TP.inf
   std::string file(const std::string& name) const { return folder_.file(name); }
   std::string write_song(const std::string& name, double hertz, double seconds) const;
 

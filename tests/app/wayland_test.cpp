@@ -26,7 +26,7 @@ class OnWayland : public testing::Test {
     std::filesystem::permissions(runtime.path(), std::filesystem::perms::owner_all);
     ::setenv("XDG_RUNTIME_DIR", runtime.path().c_str(), 1);
     compositor = ChildProcess({"weston", "--no-config", "--backend=x11-backend.so", "--use-pixman", "--idle-time=0",
-                               "--width=1200", "--height=1000", "--socket=desk", "--log=" + runtime.file("log")},
+                               "--width=1152", "--height=1000", "--socket=desk", "--log=" + runtime.file("log")},
                               runtime.file("output"));
     ASSERT_TRUE(wait_until([this] { return std::filesystem::exists(runtime.file("desk")); }));
     ::setenv("WAYLAND_DISPLAY", "desk", 1);

@@ -5,7 +5,7 @@
 #include <QAccessible>
 #include <QCoreApplication>
 
-#include "widgets/accessibility/panel_accessible.h"
+#include "widgets/accessibility/accessible_events.h"
 #include "widgets/window_rig.h"
 
 namespace tandem::test {

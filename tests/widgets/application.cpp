@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTemporaryFile>
 #include <cstdio>
 #include <memory>
 
@@ -14,17 +15,28 @@ void print_message(QtMsgType, const QMessageLogContext&, const QString& text) {
   if (!text.startsWith("This plugin does not support")) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
 }
 
+// Three screens side by side. The first one is so small that the window's scale is 100 %; the third one is of scale 2.
+constexpr const char* kScreens = R"({"screens": [
+  {"name": "first", "x": 0, "y": 0, "width": 800, "height": 800, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
+  {"name": "second", "x": 800, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
+  {"name": "third", "x": 2080, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 2}
+]})";
+
 class ApplicationEnvironment : public ::testing::Environment {
  public:
   void SetUp() override {
     qInstallMessageHandler(print_message);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    screens_.open();
+    screens_.write(kScreens);
+    screens_.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens_.fileName().toUtf8());
     application_ = std::make_unique<QApplication>(count_, arguments_);
     tandem::install_accessibility();
   }
   void TearDown() override { application_.reset(); }
 
  private:
+  QTemporaryFile screens_;
   int count_ = 1;
   char name_[13] = "widgets_test";
   char* arguments_[2] = {name_, nullptr};

@@ -5,6 +5,10 @@
 #include <numbers>
 #include <utility>
 
+#include "displays/spectrum/spectrum_analyser.h"
+#include "paint/displays/spectrum.h"
+#include "paint/displays/spectrum_backdrop.h"
+
 namespace tandem::test {
 
 namespace {

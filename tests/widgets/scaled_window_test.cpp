@@ -115,7 +115,7 @@ TEST_F(ScaledWindow, EveryControlIsHitWhereItIsDrawn) {
 
 TEST_F(ScaledWindow, ClicksDoWhatTheyDoAtOneHundred) {
   rig.add_songs(4);
-  const QPointF third = list_row_box(control_box("PlayList").box(), 2).center();
+  const QPointF third = list_row_box(control_box("PlayList").box(), 2, 0).center();
   rig.click(third.toPoint());
   EXPECT_EQ(rig.controls().PlayList.ListIndex(), 2);
   rig.click(rig.caption("MMSwitchX1", 2));
@@ -158,7 +158,7 @@ TEST_F(ScaledWindow, TheSelectedRowBeginsAndEndsOnAWholePixel) {
   rig.add_songs(3);
   rig.controls().PlayList.user_select(1);
   const QImage picture = shown();
-  const QRectF row = list_row_box(control_box("PlayList").box(), 1);
+  const QRectF row = list_row_box(control_box("PlayList").box(), 1, 0);
   const int x = pixel(row.right() - 12);
   const int first = pixel(row.top());
   const int beyond = pixel(row.bottom());

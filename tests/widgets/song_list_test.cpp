@@ -23,7 +23,7 @@ class SongList : public testing::Test {
   ListBox& list() { return rig.controls().PlayList; }
   int top() const { return static_cast<SongListItem&>(rig.item("PlayList")).top(); }
   QPoint row(int index) const {
-    return list_row_box(control_box("PlayList").box(), index).center().toPoint() - QPoint(60, 0);
+    return list_row_box(control_box("PlayList").box(), index, 0).center().toPoint() - QPoint(60, 0);
   }
   QRectF thumb() { return list_thumb_box(control_box("PlayList").box(), top(), list().ListCount()); }
   WindowRig rig;

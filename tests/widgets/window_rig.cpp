@@ -16,6 +16,7 @@
 #include "support/bytes.h"
 #include "support/signal.h"
 #include "support/wav_writer.h"
+#include "widgets/display_area/display_views.h"
 
 namespace tandem::test {
 
@@ -30,16 +31,6 @@ class WindowRig::PaintWatch : public QObject {
     return false;
   }
 };
-
-namespace {
-
-Displays displays_of(SoundGraph& sound) {
-  return {static_cast<SpectrumAnalyser&>(*sound.MMSpectrum1), static_cast<NeedleMeter&>(*sound.MMMeterX1),
-          static_cast<NeedleMeter&>(*sound.MMMeterX2), static_cast<LevelBar&>(*sound.MMLevelX1),
-          static_cast<Oscilloscope&>(*sound.MMOscopeX1)};
-}
-
-}  // namespace
 
 WindowRig::WindowRig() : watch_(std::make_unique<PaintWatch>()) {
   write_file(directory.file("TP.inf"), text_bytes(factory_settings()));
@@ -57,7 +48,7 @@ WindowRig::WindowRig() : watch_(std::make_unique<PaintWatch>()) {
     const Dropped found = dropped_songs(paths, SongEntries::kLastSong, has_sound);
     player->drop(found.list, found.songs);
   };
-  window = std::make_unique<PanelWindow>(controls(), displays_of(player->program.sound), std::move(hooks));
+  window = std::make_unique<PanelWindow>(controls(), views_of(player->program.sound), std::move(hooks));
   window->installEventFilter(watch_.get());
   window->show();
   window->activateWindow();
@@ -124,9 +115,9 @@ void WindowRig::move(QPoint at, Qt::KeyboardModifiers with) {
   QCoreApplication::sendEvent(native(), &event);
 }
 
-void WindowRig::wheel(QPoint at, int notches) {
-  QWheelEvent event(at, native()->mapToGlobal(QPointF(at)), {}, {0, 120 * notches}, Qt::NoButton, {}, Qt::NoScrollPhase,
-                    false);
+void WindowRig::wheel(QPoint at, int notches, Qt::KeyboardModifiers with) {
+  QWheelEvent event(at, native()->mapToGlobal(QPointF(at)), {}, {0, 120 * notches}, Qt::NoButton, with,
+                    Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(native(), &event);
 }
 

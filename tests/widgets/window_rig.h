@@ -38,7 +38,7 @@ class WindowRig {
   void press(QPoint at, Qt::KeyboardModifiers with = {});
   void move(QPoint at, Qt::KeyboardModifiers with = {});
   void release(QPoint at, Qt::KeyboardModifiers with = {});
-  void wheel(QPoint at, int notches);
+  void wheel(QPoint at, int notches, Qt::KeyboardModifiers with = {});
   void wheel(const std::string& name, int notches) { wheel(middle(name), notches); }
   void key(Qt::Key key, Qt::KeyboardModifiers with = {});
   void key_down(Qt::Key key);

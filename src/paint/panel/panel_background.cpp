@@ -89,7 +89,7 @@ void paint_board(QPainter& painter) {
 }  // namespace
 
 void paint_background(QPainter& painter, const WindowState& window) {
-  paint_faceplate(painter, window_size(window.size));
+  paint_faceplate(painter, window_size(window.size), window.round ? 5 : 0);
   paint_name(painter);
   paint_display(painter);
   paint_wheel_marks(painter, control_box("Volume").box());

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QLinearGradient>
+#include <algorithm>
 #include <cmath>
 
 #include "paint/strokes/ink.h"
@@ -52,25 +53,26 @@ QImage make_tile(double scale) {
   return tile;
 }
 
-QPainterPath upper_edge(const QSizeF& window) {
-  const double w = window.width();
-  const double h = window.height();
-  QPainterPath path(QPointF(1.5, h - 5));
-  path.lineTo(1.5, 5.5);
-  path.arcTo(QRectF(1.5, 1.5, 8, 8), 180, -90);
-  path.lineTo(w - 5.5, 1.5);
-  path.arcTo(QRectF(w - 9.5, 1.5, 8, 8), 90, -90);
-  path.lineTo(w - 1.5, h - 5);
+// The lines of light and shadow run along the middle of the plate's second px.
+QPainterPath upper_edge(const QSizeF& window, double radius) {
+  const double right = window.width() - 1.5;
+  const double bottom = window.height() - 1.5;
+  QPainterPath path(QPointF(1.5, bottom - 3.5));
+  path.lineTo(1.5, 1.5 + radius);
+  if (radius > 0) path.arcTo(QRectF(1.5, 1.5, 2 * radius, 2 * radius), 180, -90);
+  path.lineTo(right - radius, 1.5);
+  if (radius > 0) path.arcTo(QRectF(right - 2 * radius, 1.5, 2 * radius, 2 * radius), 90, -90);
+  path.lineTo(right, bottom - 3.5);
   return path;
 }
 
-QPainterPath lower_edge(const QSizeF& window) {
-  const double w = window.width();
-  const double h = window.height();
-  QPainterPath path(QPointF(1.5, h - 5.5));
-  path.arcTo(QRectF(1.5, h - 9.5, 8, 8), 180, 90);
-  path.lineTo(w - 5.5, h - 1.5);
-  path.arcTo(QRectF(w - 9.5, h - 9.5, 8, 8), 270, 90);
+QPainterPath lower_edge(const QSizeF& window, double radius) {
+  const double right = window.width() - 1.5;
+  const double bottom = window.height() - 1.5;
+  QPainterPath path(QPointF(1.5, bottom - radius));
+  if (radius > 0) path.arcTo(QRectF(1.5, bottom - 2 * radius, 2 * radius, 2 * radius), 180, 90);
+  path.lineTo(right - radius, bottom);
+  if (radius > 0) path.arcTo(QRectF(right - 2 * radius, bottom - 2 * radius, 2 * radius, 2 * radius), 270, 90);
   return path;
 }
 
@@ -89,20 +91,21 @@ QBrush brushed_texture(const QPainter& painter) {
   return brush;
 }
 
-void paint_faceplate(QPainter& painter, const QSizeF& window) {
+void paint_faceplate(QPainter& painter, const QSizeF& window, double radius) {
+  const double inner = std::max(0.0, radius - 1);
   const QRectF plate(1, 1, window.width() - 2, window.height() - 2);
   QLinearGradient metal(0, 0, 0, kGradientHeight);
   const double stops[] = {0, .10, .55, 1};
   for (std::size_t i = 0; i < 4; ++i) metal.setColorAt(stops[i], QColor::fromRgb(palette::kFaceplate[i]));
-  fill_box(painter, QRectF(QPointF(0, 0), window), QColor::fromRgb(palette::kOuterEdge), 5);
-  fill_box(painter, plate, metal, 4);
-  fill_box(painter, plate, brushed_texture(painter), 4);
+  fill_box(painter, QRectF(QPointF(0, 0), window), QColor::fromRgb(palette::kOuterEdge), radius);
+  fill_box(painter, plate, metal, inner);
+  fill_box(painter, plate, brushed_texture(painter), inner);
 
   const QRectF edge_box(1.5, 1.5, window.width() - 3, window.height() - 6.5);
   const QBrush light =
       downward(edge_box, {{0, palette::kWhite, .42}, {.2, palette::kWhite, .16}, {1, palette::kWhite, .05}});
-  painter.strokePath(upper_edge(window), QPen(light, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  stroke_path(painter, lower_edge(window), faded(palette::kBlack, .45), 1, Qt::RoundCap);
+  painter.strokePath(upper_edge(window, inner), QPen(light, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  stroke_path(painter, lower_edge(window, inner), faded(palette::kBlack, .45), 1, Qt::RoundCap);
 }
 
 }  // namespace tandem

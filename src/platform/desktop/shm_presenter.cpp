@@ -19,7 +19,6 @@ namespace tandem {
 
 namespace {
 
-constexpr std::uint8_t kDepth = 24;
 constexpr int kPixelBits = 32;
 constexpr std::size_t kPixel = sizeof(QRgb);
 
@@ -46,17 +45,19 @@ bool takes_descriptors(xcb_connection_t* server) {
 }
 
 // Pixels as an image of ours has them.
-bool has_our_pixels(xcb_connection_t* server, xcb_window_t window) {
+// The window's depth if it has them, else 0: 24, or 32 for one with transparency.
+std::uint8_t depth_of_our_pixels(xcb_connection_t* server, xcb_window_t window) {
   const xcb_setup_t* setup = xcb_get_setup(server);
   const bool little = setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
-  if (little != (std::endian::native == std::endian::little)) return false;
-  const std::span formats(xcb_setup_pixmap_formats(setup), setup->pixmap_formats_len);
-  const bool words = std::any_of(formats.begin(), formats.end(), [](const xcb_format_t& format) {
-    return format.depth == kDepth && format.bits_per_pixel == kPixelBits;
-  });
+  if (little != (std::endian::native == std::endian::little)) return 0;
   const auto cookie = xcb_get_geometry(server, window);
   const Answer<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(server, cookie, nullptr));
-  return words && geometry && geometry->depth == kDepth;
+  if (!geometry || (geometry->depth != 24 && geometry->depth != 32)) return 0;
+  const std::span formats(xcb_setup_pixmap_formats(setup), setup->pixmap_formats_len);
+  const bool words = std::any_of(formats.begin(), formats.end(), [&geometry](const xcb_format_t& format) {
+    return format.depth == geometry->depth && format.bits_per_pixel == kPixelBits;
+  });
+  return words ? geometry->depth : std::uint8_t{0};
 }
 
 std::span<std::byte> map(int fd, std::size_t bytes) {
@@ -80,7 +81,9 @@ void ShmPresenter::find_server() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   xcb_connection_t* server = x11 == nullptr ? nullptr : x11->connection();
   const auto window = static_cast<xcb_window_t>(window_.winId());
-  if (server == nullptr || !is_local(server) || !takes_descriptors(server) || !has_our_pixels(server, window)) return;
+  if (server == nullptr || !is_local(server) || !takes_descriptors(server)) return;
+  depth_ = depth_of_our_pixels(server, window);
+  if (depth_ == 0) return;
   server_ = server;
   context_ = xcb_generate_id(server_);
   const std::uint32_t no_exposures = 0;
@@ -136,7 +139,7 @@ void ShmPresenter::show_box(const QImage& picture, const QRect& box, std::size_t
   const auto place = [](int coordinate) { return static_cast<std::int16_t>(coordinate); };
   xcb_shm_put_image(server_, static_cast<xcb_window_t>(window_.winId()), context_, size(picture.width()),
                     size(picture.height()), size(box.left()), size(box.top()), size(box.width()), size(box.height()),
-                    place(box.left()), place(box.top()), kDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, segment_,
+                    place(box.left()), place(box.top()), depth_, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, segment_,
                     static_cast<std::uint32_t>(at));
 }
 

@@ -6,15 +6,29 @@
 #include <string_view>
 #include <utility>
 
-#include "widgets/accessibility/panel_accessible.h"
+#include "widgets/accessibility/accessible_events.h"
 
 namespace tandem {
+
+namespace {
+
+QString sound_text(LineSound sound) {
+  if (sound == LineSound::None) return {};
+  return sound == LineSound::Counted ? QStringLiteral("playing") : QStringLiteral("overlapping");
+}
+
+}  // namespace
 
 class AccessibleRow final : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
   AccessibleRow(SongListItem& list, int index) : list_(list), index_(index) {}
   int index() const { return index_; }
   void set_index(int index) { index_ = index; }
+  // Whether its song sounds otherwise than at the last call.
+  bool sound_changed() {
+    const LineSound sound = list_.sound_of(index_);
+    return std::exchange(sound_, sound) != sound;
+  }
   void leave() { leaving_ = true; }  // its end is told: it is still there for those who are told
 
   bool isValid() const override { return leaving_ || index_ < list_.list().ListCount(); }
@@ -29,7 +43,8 @@ class AccessibleRow final : public QAccessibleInterface, public QAccessibleActio
   QRect rect() const override { return list_.line_on_screen(index_); }
   void setText(QAccessible::Text, const QString&) override {}
   QString text(QAccessible::Text what) const override {
-    return what == QAccessible::Name ? QString::fromStdString(list_.list().List(index_)) : QString();
+    if (what == QAccessible::Name) return QString::fromStdString(list_.list().List(index_));
+    return what == QAccessible::Description ? sound_text(list_.sound_of(index_)) : QString();
   }
 
   QAccessible::State state() const override {
@@ -56,6 +71,7 @@ class AccessibleRow final : public QAccessibleInterface, public QAccessibleActio
   SongListItem& list_;
   int index_;
   bool leaving_ = false;
+  LineSound sound_ = LineSound::None;
 };
 
 namespace {
@@ -135,6 +151,11 @@ void AccessibleRows::list_changed() {
 void AccessibleRows::selection_changed() {
   selection_due_ = true;
   list_changed();
+}
+
+void AccessibleRows::sounds_changed() {
+  for (std::size_t i = 0; i < ids_.size(); ++i)
+    if (at(i)->isValid() && at(i)->sound_changed()) tell(at(i), QAccessible::DescriptionChanged);
 }
 
 void AccessibleRows::remove_lines(std::size_t from, std::size_t count) {

@@ -14,10 +14,10 @@ namespace tandem {
 
 class AccessibleRow;
 
-class AccessibleRows : public std::enable_shared_from_this<AccessibleRows> {
+class AccessibleRows final : public SongListFollower, public std::enable_shared_from_this<AccessibleRows> {
  public:
   explicit AccessibleRows(SongListItem& list);
-  ~AccessibleRows();
+  ~AccessibleRows() override;
   AccessibleRows(const AccessibleRows&) = delete;
   AccessibleRows& operator=(const AccessibleRows&) = delete;
 
@@ -26,8 +26,9 @@ class AccessibleRows : public std::enable_shared_from_this<AccessibleRows> {
   static int index_of(const QAccessibleInterface* line);
 
   // What has changed is told when the panel's act is over: it empties and fills the list to move one song.
-  void list_changed();
-  void selection_changed();  // after the lines themselves
+  void list_changed() override;
+  void selection_changed() override;  // after the lines themselves
+  void sounds_changed() override;
 
  private:
   void follow();

@@ -3,14 +3,12 @@
 #include <QAccessibleWidget>
 #include <utility>
 
+#include "widgets/accessibility/accessible_events.h"
 #include "widgets/accessibility/song_list_accessible.h"
-#include "widgets/window/panel_window.h"
 
 namespace tandem {
 
 namespace {
-
-AccessibilityHandler listens = QAccessible::updateAccessibility;
 
 QAccessible::Role role_of(ControlKind kind) {
   switch (kind) {
@@ -56,7 +54,9 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
   QString text(QAccessible::Text what) const override {
     if (what == QAccessible::Name) return item().accessible_name();
     if (what == QAccessible::Value) return item().accessible_value();
-    if (what == QAccessible::Description && is_described()) return item().accessible_value();
+    // What the screen readers' bus has no other place for: it carries a value as a number only.
+    if (what == QAccessible::Description && !item().accessible_description().isEmpty())
+      return item().accessible_description();
     return QAccessibleWidget::text(what);
   }
 
@@ -101,17 +101,14 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
   QVariant minimumStepSize() const override { return range().step; }
 
  private:
-  // What the screen readers' bus has no other place for: it carries a value as a number only.
-  bool is_described() const {
-    return item().place().kind == ControlKind::PitchLamp || item().place().kind == ControlKind::Slider;
-  }
   PanelItem& item() const { return item_; }
   ItemValue range() const { return item_.value_range().value_or(ItemValue{}); }
   PanelItem& item_;
 };
 
 QAccessibleInterface* interface_of(const QString&, QObject* object) {
-  if (auto* window = dynamic_cast<PanelWindow*>(object)) return new QAccessibleWidget(window, QAccessible::Window);
+  if (dynamic_cast<PanelCanvas*>(object) != nullptr && object->isWidgetType())
+    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
   if (auto* list = dynamic_cast<SongListItem*>(object)) return new SongListInterface(*list);
   auto* item = dynamic_cast<PanelItem*>(object);
   return item == nullptr ? nullptr : new ItemInterface(item);
@@ -120,12 +117,6 @@ QAccessibleInterface* interface_of(const QString&, QObject* object) {
 }  // namespace
 
 void install_accessibility() { QAccessible::installFactory(interface_of); }
-
-void post_accessibility_event(QAccessibleEvent& event) { listens(&event); }
-
-AccessibilityHandler set_accessibility_handler(AccessibilityHandler listener) {
-  return std::exchange(listens, listener);
-}
 
 void post_value_changed(PanelItem& item) {
   if (!item.notifies_accessibility()) return;

@@ -10,13 +10,7 @@ class PanelItem;
 // To be called once, before the window is made.
 void install_accessibility();
 
-// The item's value or state has changed under the user's hand.
+// The item's value or state has changed.
 void post_value_changed(PanelItem& item);
-
-// Every event goes this way. Another listener in place of the toolkit's, which hears nothing without a desktop; returns
-// the one before.
-void post_accessibility_event(QAccessibleEvent& event);
-using AccessibilityHandler = void (*)(QAccessibleEvent*);
-AccessibilityHandler set_accessibility_handler(AccessibilityHandler listener);
 
 }  // namespace tandem

@@ -8,7 +8,7 @@ SongListInterface::SongListInterface(SongListItem& list) : QAccessibleWidget(&li
 AccessibleRows& SongListInterface::lines() const {
   if (!lines_) {
     lines_ = std::make_shared<AccessibleRows>(list_);
-    list_.set_accessible_rows(lines_);
+    list_.set_follower(lines_);
   }
   return *lines_;
 }

@@ -1,5 +1,5 @@
-// The needle meters and the oscilloscope as images at device resolution, kept up to date from the displays' numbers.
-// Each is made anew for another scale. UI thread.
+// The needle meters and the oscilloscope as images in device pixels, kept up to date from the displays' numbers. Each
+// is made again for another scale. UI thread.
 #pragma once
 
 #include <QImage>
@@ -10,24 +10,23 @@
 #include "displays/scope/oscilloscope.h"
 #include "paint/displays/needle_meter.h"
 #include "paint/displays/oscilloscope.h"
-#include "widgets/display_area/changed_picture.h"
+#include "widgets/display_area/display_view.h"
 
 namespace tandem {
 
 // Reading of the scale in dB for a deflection of 0 .. 1.
 double scale_db(double deflection);
 
-class NeedleView {
+class NeedleView final : public ViewOf<NeedleMeter> {
  public:
-  NeedleView(const QRectF& box, bool right) : box_(box), right_(right) {}
-
-  // Draws the needle where it stands now.
-  ChangedPicture update(const NeedleMeter& meter, double scale);
-  void draw(QPainter& painter) const;
-  bool fits(double scale) const { return scale == scale_; }
+  NeedleView(NeedleMeter& meter, std::string_view name, const QRectF& box, bool right)
+      : ViewOf(meter, name, box), right_(right) {}
+  ChangedPicture update(double scale) override;
+  void draw(QPainter& painter) const override { draw_picture(painter, area().topLeft(), image_); }
+  std::optional<ItemValue> value() const override;  // whole dB of the scale
+  QString value_text() const override;
 
  private:
-  QRectF box_;
   bool right_;
   double scale_ = 0;
   std::unique_ptr<NeedleBackdrop> face_;
@@ -35,11 +34,11 @@ class NeedleView {
   QRect standing_;
 };
 
-class ScopeView {
+class ScopeView final : public ViewOf<Oscilloscope> {
  public:
-  ChangedPicture update(const Oscilloscope& scope, double scale);
-  void draw(QPainter& painter) const;
-  bool fits(double scale) const { return scale == scale_; }
+  explicit ScopeView(Oscilloscope& scope);
+  ChangedPicture update(double scale) override;
+  void draw(QPainter& painter) const override { draw_picture(painter, area().topLeft(), image_); }
 
  private:
   double scale_ = 0;

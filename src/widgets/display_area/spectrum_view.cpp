@@ -9,11 +9,6 @@ namespace tandem {
 
 namespace {
 
-const QRectF& area() {
-  static const QRectF box = control_box("MMSpectrum1").box();
-  return box;
-}
-
 SpectrumStyle style_of(const SpectrumReading& picture) {
   SpectrumStyle style;
   style.kind = static_cast<SpectrumKind>(picture.kind);
@@ -29,18 +24,25 @@ SpectrumStyle style_of(const SpectrumReading& picture) {
 
 }  // namespace
 
+SpectrumView::SpectrumView(SpectrumAnalyser& analyser)
+    : ViewOf(analyser, "MMSpectrum1", control_box("MMSpectrum1").box()) {}
+
+void SpectrumView::reset() {
+  ViewOf::reset();
+  face_.reset();  // all of it is drawn again
+}
+
 // A new face, and with it a new image, for another scale or style.
-bool SpectrumView::fit(SpectrumAnalyser& analyser, double scale) {
+bool SpectrumView::fit(double scale) {
   if (scale != scale_) {
     scale_ = scale;
-    analyser.fit(static_cast<int>(std::floor(SpectrumAnalyser::kHalfPixels * scale)), scale);
+    display().fit(static_cast<int>(std::floor(SpectrumAnalyser::kHalfPixels * scale)), scale);
     face_.reset();
   }
-  const SpectrumStyle style = style_of(analyser.picture());
+  const SpectrumStyle style = style_of(display().picture());
   if (face_ && face_->style() == style) return false;
   face_ = std::make_unique<SpectrumBackdrop>(style, scale, area(), QRectF(control_box("Display well").box()));
   image_ = QImage(face_->size(), QImage::Format_RGB32);
-  image_.setDevicePixelRatio(scale);
   standing_ = {};
   return true;
 }
@@ -74,20 +76,16 @@ SpectrumPicture SpectrumView::look_of(const SpectrumReading& picture) {
           roll_of(picture.roll)};
 }
 
-ChangedPicture SpectrumView::update(SpectrumAnalyser& analyser, double scale) {
-  const bool fresh = fit(analyser, scale);
-  const ChangedRects changed = update_spectrum(image_, {0, 0}, *face_, look_of(analyser.picture()), standing_);
+ChangedPicture SpectrumView::update(double scale) {
+  const bool fresh = fit(scale);
+  const ChangedRects changed = update_spectrum(image_, {0, 0}, *face_, look_of(display().picture()), standing_);
   ChangedPicture picture{&image_, area().topLeft(), {}};
   if (fresh) {
-    picture.boxes.append(area());
+    picture.boxes.append(image_.rect());
   } else {
-    for (const QRect& rect : changed) picture.add(rect);
+    for (const QRect& rect : changed) picture.boxes.append(rect);
   }
   return picture;
-}
-
-void SpectrumView::draw(QPainter& painter) const {
-  if (!image_.isNull()) painter.drawImage(area().topLeft(), image_);
 }
 
 }  // namespace tandem

@@ -10,19 +10,19 @@
 #include "displays/spectrum/spectrum_analyser.h"
 #include "paint/displays/spectrum.h"
 #include "paint/displays/spectrum_backdrop.h"
-#include "widgets/display_area/changed_picture.h"
+#include "widgets/display_area/display_view.h"
 
 namespace tandem {
 
-class SpectrumView {
+class SpectrumView final : public ViewOf<SpectrumAnalyser> {
  public:
-  // Brings the image up to date for a screen of this scale (1 = 100 %).
-  ChangedPicture update(SpectrumAnalyser& analyser, double scale);
-  void draw_anew() { face_.reset(); }  // with the next update()
-  void draw(QPainter& painter) const;
+  explicit SpectrumView(SpectrumAnalyser& analyser);
+  void reset() override;
+  ChangedPicture update(double scale) override;
+  void draw(QPainter& painter) const override { draw_picture(painter, area().topLeft(), image_); }
 
  private:
-  bool fit(SpectrumAnalyser& analyser, double scale);
+  bool fit(double scale);
   SpectrumPicture look_of(const SpectrumReading& picture);
   void lay_out_marks(const SpectrumReading& picture, std::size_t side);
   RollHistory roll_of(const RollCells& roll);

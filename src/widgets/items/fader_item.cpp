@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "widgets/items/time_text.h"
 #include "widgets/items/wheel_steps.h"
 
 namespace tandem {
@@ -14,10 +15,12 @@ namespace {
 
 constexpr double kSecond = 1000;  // milliseconds
 
-// As one says it: minutes without a nought before them.
-QString time_text(std::int32_t milliseconds) {
-  const std::int32_t seconds = milliseconds / 1000;
-  return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
+QString mixing_text(const SoundingSong& ending, const SoundingSong& begun) {
+  const int left = (std::max(0, ending.length - ending.position) + 999) / 1000;
+  return QStringLiteral("Mixing: %1 ends in %2 s, %3")
+      .arg(QString::fromStdString(ending.name))
+      .arg(left)
+      .arg(QString::fromStdString(begun.name));
 }
 
 }  // namespace
@@ -120,6 +123,13 @@ std::optional<std::int32_t> FaderItem::value_after(int key) const {
   }
 }
 
+// Its second press and release bring the fader to 0, wherever the first ones have left it.
+void FaderItem::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  slider().user_press();
+  move_to(0);
+}
+
 BandItem::BandItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Slider& slider, int band)
     : FaderItem(panel, canvas, place, slider, QSizeF(14, 12), 0xFF00FF00, 3), band_(band) {}
 
@@ -145,7 +155,12 @@ double PositionItem::share() const {
 
 // Where it was last painted: what is painted beside it must not draw a part of the cap elsewhere.
 void PositionItem::draw(QPainter& painter) const {
-  paint_slider(painter, box(), {drawn_share_ < 0 ? share() : drawn_share_, touch()});
+  SliderState state;
+  state.share = drawn_share_ < 0 ? share() : drawn_share_;
+  state.next_start = mark_;
+  state.overlapping = second_;
+  state.interaction = touch();
+  paint_slider(painter, box(), state);
 }
 
 // The cap and, outside of it, no more than the focus ring.
@@ -156,13 +171,28 @@ QRect PositionItem::drawn_box() const {
 
 // A song that plays moves the cap by a part of a pixel five times a second: it is drawn anew where that can be seen.
 void PositionItem::model_changed() {
-  const double moved = std::abs(share() - drawn_share_) * box().width() * devicePixelRatioF();
+  const double moved = std::abs(share() - drawn_share_) * box().width() * device_scale();
   const bool usual = drawn_share_ >= 0 && isEnabled() == slider().Enabled.get();
   if (usual && moved < 0.5) return;
   const QRectF ways = cap_box(drawn_share_) | cap_box(share());
   drawn_share_ = share();
   if (!usual) return changed();
   if (isVisible()) canvas().repaint_box(ways.toAlignedRect() & drawn_box());
+}
+
+// The mark is where the cap's middle is when the next song begins.
+void PositionItem::show_mix(const MixView& view) {
+  const double range = slider().maximum() - slider().minimum();
+  const auto share_of = [](std::int32_t at, double of) { return of > 0 ? std::clamp(at / of, 0.0, 1.0) : 0.0; };
+  std::optional<double> mark;
+  if (view.mix_at && range > 0) mark = share_of(*view.mix_at, range);
+  std::optional<double> second;
+  if (view.other) second = share_of(view.other->position, view.other->length);
+  mixing_ = view.counted && view.other ? mixing_text(*view.counted, *view.other) : QString();
+  if (mark == mark_ && second == second_) return;
+  mark_ = mark;
+  second_ = second;
+  if (isVisible()) canvas().repaint_box(drawn_box());
 }
 
 // What the cap covers with the light about it and the lit end of its groove.
@@ -172,8 +202,10 @@ QRectF PositionItem::cap_box(double share) const {
   return {left - kAbout, box().top() - kAbout, kSliderCapWidth + 2 * kAbout, box().height() + 2 * kAbout};
 }
 
+QString PositionItem::accessible_description() const { return mixing_.isEmpty() ? accessible_value() : mixing_; }
+
 QString PositionItem::accessible_value() const {
-  return time_text(slider().value()) + " of " + time_text(slider().maximum());
+  return minutes_and_seconds(slider().value()) + " of " + minutes_and_seconds(slider().maximum());
 }
 
 std::optional<ItemValue> PositionItem::value_range() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/dial.h"
+#include "controls/mix_view.h"
 #include "controls/slider.h"
 #include "paint/controls/fader.h"
 #include "widgets/items/panel_item.h"
@@ -32,9 +33,9 @@ class SlidingItem : public PanelItem {
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void cancel_press() override;
+  void move_to(std::int32_t value);
 
  private:
-  void move_to(std::int32_t value);
   void let_go();
 
   Slider& slider_;
@@ -52,6 +53,7 @@ class FaderItem : public SlidingItem {
  protected:
   std::int32_t value_at(const QPointF& panel_position) const override;
   std::optional<std::int32_t> value_after(int key) const override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;  // to the middle
 
  private:
   FaderState look() const;
@@ -84,6 +86,8 @@ class PositionItem final : public SlidingItem {
   using SlidingItem::SlidingItem;
   void draw(QPainter& painter) const override;
   QString accessible_value() const override;  // "1:23 of 3:45"
+  QString accessible_description() const override;
+  void show_mix(const MixView& view);  // the mark where the next song begins, and the other song that sounds
   std::optional<ItemValue> value_range() const override;
 
  protected:
@@ -98,6 +102,9 @@ class PositionItem final : public SlidingItem {
   double share() const;
   QRectF cap_box(double share) const;
   double drawn_share_ = -1;
+  std::optional<double> mark_;
+  std::optional<double> second_;
+  QString mixing_;
 };
 
 class SlideSwitchItem final : public PanelItem {
@@ -113,6 +120,7 @@ class SlideSwitchItem final : public PanelItem {
   void press_by_key() override { move_to(1 - switch_.value()); }
   void model_changed() override;
   QRect drawn_box() const override;
+  QRect hit_area() const override;
   void mousePressEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -22,13 +22,6 @@ bool is_lit_colour(Colour colour) {
   return colour == clYellow || colour == clAqua || colour == clLime || colour == kNextAfter;
 }
 
-Icon face_of(std::string_view name, int picture) {
-  if (name == "NextBtn") return Icon::Next;
-  if (name == "UpList") return Icon::Up;
-  if (name == "DownList") return Icon::Down;
-  return icone(picture);
-}
-
 QRgb frame_of(Icon face, Colour back_colour) {
   if (back_colour != kKeyNeutral) return from_bgr(static_cast<std::uint32_t>(back_colour)).rgb();
   if (face == Icon::PlayActive) return palette::kPlayingKey;
@@ -83,22 +76,19 @@ void PushItem::keyReleaseEvent(QKeyEvent* event) {
 
 KeyState KeyItem::look() const {
   KeyState look;
-  look.face = face_of(place().name, button().Picture);
+  look.face = traits_.picture.value_or(icone(button().Picture));
   look.back_colour = frame_of(look.face, button().BackColor);
   look.lit = is_lit_colour(button().BackColor) || look.face == Icon::PlayActive || look.face == Icon::StopActive;
   look.caption = QString::fromStdString(button().Caption);
-  look.bold = place().name == "LoadSong";
+  look.bold = traits_.bold;
   look.interaction = touch();
   look.interaction.pressed = shown_pressed();
   return look;
 }
 
 std::optional<bool> KeyItem::checked() const {
-  const std::string_view name = place().name;
-  if (name == "PAUSE") return button().BackColor == clYellow;
-  if (name == "ShowPlayList") return button().BackColor == clAqua;
-  if (name == "ShowControls") return button().BackColor == clLime;
-  return std::nullopt;
+  if (!traits_.engaged) return std::nullopt;
+  return button().BackColor == *traits_.engaged;
 }
 
 void KeyItem::draw(QPainter& painter) const { paint_key(painter, box(), look()); }
@@ -112,11 +102,11 @@ void StudItem::draw(QPainter& painter) const {
 void ChromeItem::draw(QPainter& painter) const {
   InteractionState chrome = touch();
   chrome.pressed = shown_pressed();
-  paint_chrome_button(painter, geometry(), face_, chrome);
+  paint_chrome_button(painter, hit_area(), face_, chrome);
 }
 
 QRect ChromeItem::drawn_box() const {
-  return geometry().adjusted(-kPaintMargin, -kPaintMargin, kPaintMargin, kPaintMargin);
+  return hit_area().adjusted(-kPaintMargin, -kPaintMargin, kPaintMargin, kPaintMargin);
 }
 
 }  // namespace tandem

@@ -9,9 +9,14 @@ namespace tandem {
 
 // A push of mouse button, Space or Return; a click is a push that is let go on the item. The click comes before the
 // release.
+//
+// A click gives it no keyboard focus: Space after it goes where it went before.
 class PushItem : public PanelItem {
  public:
-  using PanelItem::PanelItem;
+  PushItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model)
+      : PanelItem(panel, canvas, place, model) {
+    if (place.tab > 0) setFocusPolicy(Qt::TabFocus);
+  }
   bool can_press() const override { return true; }
 
  protected:
@@ -49,14 +54,23 @@ class ButtonItem : public PushItem {
   Button& button_;
 };
 
+// What sets one key apart from another.
+struct KeyTraits {
+  std::optional<Icon> picture{};    // where it is not the model's own
+  std::optional<Colour> engaged{};  // the back colour that says so, of a key that has two states
+  bool bold = false;                // its caption
+};
+
 class KeyItem final : public ButtonItem {
  public:
-  using ButtonItem::ButtonItem;
+  KeyItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Button& button, const KeyTraits& traits = {})
+      : ButtonItem(panel, canvas, place, button), traits_(traits) {}
   void draw(QPainter& painter) const override;
-  std::optional<bool> checked() const override;  // of Pause, Playlist and Controls
+  std::optional<bool> checked() const override;
 
  private:
   KeyState look() const;
+  KeyTraits traits_;
 };
 
 class StudItem final : public ButtonItem {
@@ -69,18 +83,21 @@ class StudItem final : public ButtonItem {
 class ChromeItem final : public PushItem {
  public:
   ChromeItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Icon face, std::function<void()> act)
-      : PushItem(panel, canvas, place, nullptr), face_(face), act_(std::move(act)) {
-    setFocusPolicy(Qt::TabFocus);  // whoever minimises by mouse comes back to where he was
-  }
+      : PushItem(panel, canvas, place, nullptr), face_(face), act_(std::move(act)) {}
   void draw(QPainter& painter) const override;
-  void hang_on(WindowSize size) { setGeometry(chrome_box(place(), size)); }
+  void hang_on(WindowSize size) {
+    size_ = size;
+    follow_transform();
+  }
 
  protected:
   void clicked() override { act_(); }
   QRect drawn_box() const override;
+  QRect hit_area() const override { return chrome_box(place(), size_); }
 
  private:
   Icon face_;
+  WindowSize size_ = WindowSize::Full;
   std::function<void()> act_;
 };
 

@@ -14,6 +14,8 @@ class WheelItem final : public PanelItem {
   void draw(QPainter& painter) const override;
   std::optional<ItemValue> value_range() const override;
   QString accessible_value() const override;
+  static constexpr std::int32_t kStep = 328;  // one per cent
+  void turn(std::int32_t by);                 // an act of the user
 
  protected:
   void put_value(double value) override;

@@ -99,10 +99,7 @@ bool LedLabelItem::advance(double seconds) {
 void GaugeItem::draw(QPainter& painter) const { paint_gauge(painter, box(), gauge_.Progress); }
 
 void PitchLampItem::draw(QPainter& painter) const {
-  if (place().name != "LED3") {
-    const QRectF next = place().name == "LED1" ? control_box("LED2").box() : control_box("LED3").box();
-    paint_lamp_link(painter, box(), next);
-  }
+  if (next_ != nullptr) paint_lamp_link(painter, box(), next_->box());
   paint_pitch_lamp(painter, box(), from_bgr(static_cast<std::uint32_t>(lamp_.LEDColor.get())).rgb(), lit());
 }
 

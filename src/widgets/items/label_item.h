@@ -70,10 +70,12 @@ class GaugeItem final : public ClickItem {
 
 class PitchLampItem final : public PanelItem {
  public:
-  PitchLampItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Lamp& lamp)
-      : PanelItem(panel, canvas, place, &lamp), lamp_(lamp) {}
+  // A hair line links it with the lamp to its right, if there is one.
+  PitchLampItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Lamp& lamp, const ControlBox* next)
+      : PanelItem(panel, canvas, place, &lamp), lamp_(lamp), next_(next) {}
   void draw(QPainter& painter) const override;
   QString accessible_value() const override { return lit() ? "on" : "off"; }
+  QString accessible_description() const override { return accessible_value(); }
   std::optional<bool> checked() const override { return lit(); }
 
  protected:
@@ -82,6 +84,7 @@ class PitchLampItem final : public PanelItem {
  private:
   bool lit() const { return lamp_.LEDColor == clRed || lamp_.LEDColor == clAqua; }
   Lamp& lamp_;
+  const ControlBox* next_;
 };
 
 // A panel's free area. Its light is on over what lies on it and is pressed for the same, too.

@@ -1,6 +1,9 @@
 #include "widgets/items/lamp_item.h"
 
 #include <QKeyEvent>
+#include <cmath>
+#include <numbers>
+#include <utility>
 
 #include "paint/strokes/palette.h"
 
@@ -8,38 +11,60 @@ namespace tandem {
 
 namespace {
 
-QString lead_caption(std::string_view name) {
-  if (name == "AMLed1") return "1,0";
-  if (name == "AMLed2") return "2,5";
-  return name == "AMLed3" ? "3,5" : "0";
+constexpr double kStillBreath = 0.5;  // where nothing is to move
+
+QString text_of(const ControlBox& row) {
+  return QString::fromUtf8(row.caption.data(), static_cast<qsizetype>(row.caption.size()));
 }
 
 }  // namespace
 
 LampState LampItem::look(const QString& caption) const {
-  return {from_bgr(static_cast<std::uint32_t>(lamp_.LEDColor.get())).rgb(), lit(), caption, touch()};
+  return {.colour = from_bgr(static_cast<std::uint32_t>(lamp_.LEDColor.get())).rgb(),
+          .lit = lit(),
+          .caption = caption,
+          .interaction = touch()};
 }
 
-void LampButtonItem::draw(QPainter& painter) const {
-  const auto& caption = place().caption;
-  paint_lamp_button(painter, box(), look(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()))));
-}
+void LampButtonItem::draw(QPainter& painter) const { paint_lamp_button(painter, box(), look(text_of(place()))); }
 
 QRect LampButtonItem::drawn_box() const { return LampItem::drawn_box().adjusted(0, 0, 20, 0); }
 
-void LeadLampItem::draw(QPainter& painter) const { paint_lead_lamp(painter, box(), look(lead_caption(place().name))); }
+void LeadLampItem::draw(QPainter& painter) const {
+  LampState lamp = look(text_of(caption_));
+  if (breathing_) lamp.breath = breath();
+  paint_lead_lamp(painter, box(), lamp);
+}
 
 // The caption stands in front of the lamp.
 QRect LeadLampItem::drawn_box() const { return LampItem::drawn_box().adjusted(-20, 0, 0, 0); }
 
+void LeadLampItem::set_breathing(bool breathing) {
+  if (std::exchange(breathing_, breathing) == breathing) return;
+  seconds_ = 0;
+  changed();
+  if (breathing) start_moving();
+}
+
+// Once a second, a raised cosine that begins and ends as the lamp always is.
+double LeadLampItem::breath() const {
+  if (!breathing_ || !lit()) return 0;
+  if (canvas().reduced_motion()) return kStillBreath;
+  return (1 - std::cos(2 * std::numbers::pi * seconds_)) / 2;
+}
+
+bool LeadLampItem::advance(double seconds) {
+  const bool hovering = LampItem::advance(seconds);
+  if (!breathing_ || canvas().reduced_motion()) return hovering;
+  seconds_ = std::fmod(seconds_ + seconds, 1.0);
+  if (lit()) canvas().repaint_box(drawn_box());
+  return true;
+}
+
 void LeadLampItem::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Right) {
-    if (place().name != "AMLed3") focusNextChild();
-  } else if (event->key() == Qt::Key_Left) {
-    if (place().name != "AMLedOff") focusPreviousChild();
-  } else {
-    LampItem::keyPressEvent(event);
-  }
+  const bool left = event->key() == Qt::Key_Left;
+  if (!left && event->key() != Qt::Key_Right) return LampItem::keyPressEvent(event);
+  if (PanelItem* to = left ? before_ : after_) to->setFocus(Qt::TabFocusReason);
 }
 
 }  // namespace tandem

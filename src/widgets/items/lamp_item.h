@@ -33,15 +33,33 @@ class LampButtonItem final : public LampItem {
   QRect drawn_box() const override;
 };
 
-// Left and Right move the focus along the row.
+// One of the row of lead times. Left and Right move the focus along the row. The lit one breathes while two songs
+// sound.
 class LeadLampItem final : public LampItem {
  public:
-  using LampItem::LampItem;
+  // `caption` is the row of the layout that says its lead time; its neighbours are the items before and after it.
+  LeadLampItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Lamp& lamp, const ControlBox& caption)
+      : LampItem(panel, canvas, place, lamp, kLeadLit), caption_(caption) {}
+  void set_neighbours(PanelItem* before, PanelItem* after) {
+    before_ = before;
+    after_ = after;
+  }
+  void set_breathing(bool breathing);
   void draw(QPainter& painter) const override;
+  bool advance(double seconds) override;
 
  protected:
   QRect drawn_box() const override;
   void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  double breath() const;  // 0 as the lamp always is .. 1 brightest
+
+  const ControlBox& caption_;
+  PanelItem* before_ = nullptr;
+  PanelItem* after_ = nullptr;
+  bool breathing_ = false;
+  double seconds_ = 0;  // since it began to breathe
 };
 
 }  // namespace tandem

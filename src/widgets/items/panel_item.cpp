@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "widgets/accessibility/panel_accessible.h"
-
 namespace tandem {
 
 namespace {
@@ -29,7 +27,6 @@ bool is_for_a_while(Qt::FocusReason reason) {
 PanelItem::PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model)
     : QWidget(panel), canvas_(canvas), place_(place), model_(model) {
   setObjectName(text_of(place.name));
-  setGeometry(hit_box(place));
   setAttribute(Qt::WA_NoSystemBackground);
   setAttribute(Qt::WA_NoMousePropagation);
   setFocusPolicy(place.tab > 0 ? Qt::StrongFocus : Qt::NoFocus);
@@ -45,8 +42,10 @@ void PanelItem::follow_model() {
     canvas_.visibilities_changed();
   }
   model_changed();
-  post_value_changed(*this);
+  canvas_.value_changed(*this);
 }
+
+void PanelItem::follow_transform() { setGeometry(canvas_.transform().whole(hit_area())); }
 
 void PanelItem::set_scene_visible(bool visible) { setVisible(visible); }
 
@@ -94,7 +93,7 @@ void PanelItem::set_pressed(bool pressed) {
 }
 
 QRect PanelItem::drawn_box() const {
-  return place_.box().united(geometry()).adjusted(-kPaintMargin, -kPaintMargin, kPaintMargin, kPaintMargin);
+  return place_.box().united(hit_area()).adjusted(-kPaintMargin, -kPaintMargin, kPaintMargin, kPaintMargin);
 }
 
 void PanelItem::changed() {
@@ -138,6 +137,14 @@ void PanelItem::show_focus() {
   changed();
 }
 
+void PanelItem::end_hover() {
+  if (std::exchange(hovered_, false)) start_moving();
+}
+
+void PanelItem::hide_focus() {
+  if (std::exchange(focus_shown_, false)) changed();
+}
+
 bool PanelItem::is_beyond_reach(const QEvent& event) const {
   return event.type() == QEvent::Hide || (event.type() == QEvent::EnabledChange && !isEnabled());
 }
@@ -153,12 +160,17 @@ bool PanelItem::event(QEvent* event) {
   if (is_beyond_reach(*event)) cancel_press();
   switch (event->type()) {
     case QEvent::MouseButtonPress:
+      canvas_.mouse_pressed();
+      [[fallthrough]];
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::Wheel: {
+    case QEvent::MouseMove: {
       const UserActionScope act(canvas_);
       return QWidget::event(event);
+    }
+    case QEvent::Wheel: {
+      const UserActionScope act(canvas_);
+      return canvas_.take_wheel(*this, static_cast<QWheelEvent&>(*event)) || QWidget::event(event);
     }
     case QEvent::KeyPress:
     case QEvent::KeyRelease:

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QImage>
+#include <QWheelEvent>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "controls/control.h"
 #include "layout/panel_layout.h"
 #include "paint/strokes/interaction_state.h"
+#include "widgets/items/panel_transform.h"
 
 namespace tandem {
 
@@ -21,13 +23,19 @@ class PanelItem;
 class PanelCanvas {
  public:
   virtual ~PanelCanvas() = default;
+  virtual const PanelTransform& transform() const = 0;
   virtual void repaint_box(const QRect& box) = 0;      // px of the panel
   virtual void repaint_at_once(const QRect& box) = 0;  // the same, cheaper for what moves by itself again and again
-  // The changed boxes of an opaque picture that stands at a point, all in px of the panel: on the screen at once.
-  virtual void show_picture(const QImage& picture, const QPointF& at, std::span<const QRectF> changed) = 0;
-  virtual void start_moving(PanelItem& item) = 0;  // advance() is called at every frame until it returns false
-  virtual void visibilities_changed() = 0;         // a control's Visible has changed
-  virtual void user_acts() = 0;                    // before and after every act of the user: sound follows at once
+  // The changed boxes, in pixels of an opaque picture in device pixels that stands at a point of the panel: on the
+  // screen at once.
+  virtual void show_picture(const QImage& picture, const QPointF& at, std::span<const QRect> changed) = 0;
+  virtual void start_moving(PanelItem& item) = 0;   // advance() is called at every frame until it returns false
+  virtual void visibilities_changed() = 0;          // a control's Visible has changed
+  virtual void value_changed(PanelItem& item) = 0;  // what assistive technology says of the item may have changed
+  // The wheel over an item, before the item gets it: true if the turn is the window's.
+  virtual bool take_wheel(const PanelItem& over, QWheelEvent& event) = 0;
+  virtual void mouse_pressed() = 0;  // somewhere: the focus ring is for the keyboard alone
+  virtual void user_acts() = 0;      // before and after every act of the user: sound follows at once
   virtual bool reduced_motion() const = 0;
 };
 
@@ -60,7 +68,10 @@ class PanelItem : public QWidget {
   Control* model() const { return model_; }
   void set_scene_visible(bool visible);  // as the window's size and the model's Visible have it
   void set_enabled_by_model();
+  void follow_transform();  // takes its place in the window
   bool shows_focus() const { return focus_shown_; }
+  void end_hover();                             // the pointer has left without a word
+  void hide_focus();                            // the focus stays, its ring goes until the next key
   virtual bool in_use() const { return true; }  // false: not shown whatever its model says
 
   // Draws in px of the panel, within painted_box().
@@ -73,6 +84,7 @@ class PanelItem : public QWidget {
   // Assistive technology.
   QString accessible_name() const;  // the table's name with the value in its place
   virtual QString accessible_value() const { return {}; }
+  virtual QString accessible_description() const { return {}; }         // empty: it has none
   virtual std::optional<bool> checked() const { return std::nullopt; }  // nothing: has no two states
   virtual bool can_press() const { return false; }
   virtual std::optional<ItemValue> value_range() const { return std::nullopt; }  // nothing: is no number
@@ -87,10 +99,13 @@ class PanelItem : public QWidget {
 
  protected:
   QRectF box() const { return place_.box(); }
+  double device_scale() const { return canvas_.transform().factor() * devicePixelRatioF(); }
   InteractionState touch() const;
   bool is_pressed() const { return pressed_; }
   void set_pressed(bool pressed);
-  QPointF panel_position(const QPointF& local) const { return local + pos(); }
+  QPointF panel_position(const QPointF& local) const { return canvas_.transform().to_panel(local + pos()); }
+  // px of the panel that the mouse may press.
+  virtual QRect hit_area() const { return hit_box(place_); }
   void changed();  // something that is drawn has changed
   void start_moving() { canvas_.start_moving(*this); }
   PanelCanvas& canvas() const { return canvas_; }

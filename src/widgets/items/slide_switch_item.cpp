@@ -18,12 +18,16 @@ QString caption(const ControlBox& place, int position) {
 
 }  // namespace
 
-// The captions belong to what can be pressed.
 SlideSwitchItem::SlideSwitchItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Switch& model)
     : PanelItem(panel, canvas, place, &model), switch_(model), cap_(model.value()) {
+  setFocusPolicy(Qt::TabFocus);
+}
+
+// The captions belong to what can be pressed.
+QRect SlideSwitchItem::hit_area() const {
   QRectF area = box();
-  for (const PositionCaption& text : position_captions(place.name)) area = area.united(text.box());
-  setGeometry(area.toAlignedRect());
+  for (const PositionCaption& text : position_captions(place().name)) area = area.united(text.box());
+  return area.toAlignedRect();
 }
 
 QString SlideSwitchItem::accessible_value() const { return caption(place(), switch_.value()); }
@@ -33,7 +37,7 @@ void SlideSwitchItem::draw(QPainter& painter) const {
 }
 
 QRect SlideSwitchItem::drawn_box() const {
-  return geometry().adjusted(-kPaintMargin, -kPaintMargin, kPaintMargin, kPaintMargin);
+  return hit_area().adjusted(-kPaintMargin, -kPaintMargin, kPaintMargin, kPaintMargin);
 }
 
 void SlideSwitchItem::model_changed() {

@@ -7,8 +7,9 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
-#include "widgets/accessibility/accessible_rows.h"
+#include "widgets/items/time_text.h"
 #include "widgets/items/wheel_steps.h"
 
 namespace tandem {
@@ -17,18 +18,54 @@ namespace {
 constexpr int kRowsPerNotch = 3;
 }
 
-SongListItem::SongListItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, ListBox& list)
-    : PanelItem(panel, canvas, place, &list), list_(list) {}
+SongListItem::SongListItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, ListBox& list,
+                           std::function<void()> play_selected)
+    : PanelItem(panel, canvas, place, &list), list_(list), play_selected_(std::move(play_selected)) {}
 
 void SongListItem::draw(QPainter& painter) const {
   SongListState look;
-  for (int i = top_; i < std::min(top_ + kListRows, list_.ListCount()); ++i)
+  for (int i = top_; i < std::min(top_ + kListRows, list_.ListCount()); ++i) {
     look.rows << QString::fromStdString(list_.List(i));
+    look.lengths << length_of(i);
+  }
   look.top = top_;
   look.count = list_.ListCount();
   look.selected = list_.ListIndex();
+  look.playing = counted_line_;
+  look.overlapping = other_line_;
+  look.drop = drop_;
   look.interaction = touch();
   paint_song_list(painter, box(), look);
+}
+
+LineSound SongListItem::sound_of(int index) const {
+  if (index < 0) return LineSound::None;
+  if (index == counted_line_) return LineSound::Counted;
+  return index == other_line_ ? LineSound::Other : LineSound::None;
+}
+
+QString SongListItem::length_of(int index) const {
+  const auto line = static_cast<std::size_t>(index);
+  if (line >= lengths_.size() || lengths_[line] <= 0) return {};
+  return minutes_and_seconds(lengths_[line]);
+}
+
+void SongListItem::show_mix(const MixView& view) {
+  const int counted = view.counted ? view.counted->line : -1;
+  const int other = view.other ? view.other->line : -1;
+  const bool other_lines = counted != counted_line_ || other != other_line_;
+  if (!other_lines && view.lengths == lengths_) return;
+  counted_line_ = counted;
+  other_line_ = other;
+  lengths_ = view.lengths;
+  changed();
+  if (const auto follower = follower_.lock(); follower && other_lines) follower->sounds_changed();
+}
+
+void SongListItem::set_drop(const std::optional<QString>& what) {
+  if (drop_ == what) return;
+  drop_ = what;
+  changed();
 }
 
 QString SongListItem::accessible_value() const { return QString::fromStdString(list_.List(list_.ListIndex())); }
@@ -49,7 +86,8 @@ void SongListItem::show_line(int index) {
 }
 
 void SongListItem::model_changed() {
-  if (const auto lines = accessible_rows_.lock()) lines->list_changed();
+  if (const auto follower = follower_.lock()) follower->list_changed();
+  follow_additions_soon();
   scroll_to(top_);
   if (list_.ListCount() == 0) last_selection_ = 0;
   if (list_.ListIndex() != seen_selection_) follow_selection();
@@ -61,7 +99,21 @@ void SongListItem::follow_selection() {
   seen_selection_ = list_.ListIndex();
   if (seen_selection_ >= 0) last_selection_ = seen_selection_;
   show_line(seen_selection_);
-  if (const auto lines = accessible_rows_.lock()) lines->selection_changed();
+  if (const auto follower = follower_.lock()) follower->selection_changed();
+}
+
+// When the panel's act is over: it empties and fills the list to move one song.
+void SongListItem::follow_additions_soon() {
+  if (!std::exchange(additions_due_, true))
+    QMetaObject::invokeMethod(
+        this, [this] { follow_additions(); }, Qt::QueuedConnection);
+}
+
+// The first line that was added is brought to the top, or as near to it as the list goes.
+void SongListItem::follow_additions() {
+  additions_due_ = false;
+  const int before = std::exchange(settled_count_, list_.ListCount());
+  if (settled_count_ > before && settled_count_ > top_ + kListRows) scroll_to(before);
 }
 
 int SongListItem::row_at(const QPointF& at) const {
@@ -74,7 +126,7 @@ int SongListItem::row_at(const QPointF& at) const {
 QRect SongListItem::line_on_screen(int index) const {
   if (index < top_ || index >= top_ + kListRows) return {};
   const QRectF row = list_row_box(box(), index - top_, list_.ListCount());
-  return row.translated(window()->mapToGlobal(QPoint())).toAlignedRect();
+  return canvas().transform().whole(row).translated(window()->mapToGlobal(QPoint()));
 }
 
 void SongListItem::select_line(int index) {
@@ -128,8 +180,10 @@ void SongListItem::mouseMoveEvent(QMouseEvent* event) {
 void SongListItem::mouseReleaseEvent(QMouseEvent*) { dragging_thumb_ = false; }
 
 void SongListItem::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
   const int row = row_at(panel_position(event->position()));
-  if (event->button() == Qt::LeftButton && row >= 0) list_.user_double_click(row);
+  if (row < 0) return mousePressEvent(event);  // a fast second press on the scroll bar
+  list_.user_second_press(row);
 }
 
 void SongListItem::wheelEvent(QWheelEvent* event) {
@@ -151,6 +205,10 @@ void SongListItem::keyPressEvent(QKeyEvent* event) {
       return select(0);
     case Qt::Key_End:
       return select(list_.ListCount() - 1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (!event->isAutoRepeat()) play_selected_();
+      return;
     case Qt::Key_Delete:
       if (list_.ListIndex() >= 0) list_.user_double_click(list_.ListIndex());
       return;

@@ -15,8 +15,8 @@ constexpr double kFirstRepeat = 0.4;  // seconds
 constexpr double kRepeat = 0.08;
 }  // namespace
 
-SpinnerItem::SpinnerItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Spinner& spinner)
-    : PanelItem(panel, canvas, place, &spinner), spinner_(spinner) {
+SpinnerItem::SpinnerItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Spinner& spinner, Digits digits)
+    : PanelItem(panel, canvas, place, &spinner), spinner_(spinner), lime_(digits == Digits::Lime) {
   setMouseTracking(true);
 }
 
@@ -40,9 +40,8 @@ InteractionState SpinnerItem::touch_of(Part part) const {
 }
 
 void SpinnerItem::draw(QPainter& painter) const {
-  const bool lime = place().name != "MMLEDSpin5" && place().name != "MMLEDSpin4" && place().name != "MMLEDSpin8";
   paint_spinner(painter, box(),
-                {spinner_.value(), spinner_.Digits, lime, touch_of(Part::Up), touch_of(Part::Down), touch().focused});
+                {spinner_.value(), spinner_.Digits, lime_, touch_of(Part::Up), touch_of(Part::Down), touch().focused});
 }
 
 std::optional<ItemValue> SpinnerItem::value_range() const {

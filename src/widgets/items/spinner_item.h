@@ -9,7 +9,8 @@ namespace tandem {
 
 class SpinnerItem final : public PanelItem {
  public:
-  SpinnerItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Spinner& spinner);
+  enum class Digits { Lime, White };
+  SpinnerItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Spinner& spinner, Digits digits);
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
   std::optional<ItemValue> value_range() const override;
@@ -34,6 +35,7 @@ class SpinnerItem final : public PanelItem {
   InteractionState touch_of(Part part) const;
 
   Spinner& spinner_;
+  bool lime_;
   Part held_ = Part::None;
   Part under_ = Part::None;
   double until_repeat_ = 0;  // seconds

@@ -11,7 +11,6 @@ namespace tandem {
 
 namespace {
 constexpr double kDragLength = 150;  // px for the full range
-constexpr std::int32_t kStep = 328;  // one per cent
 constexpr std::int32_t kPage = 3277;
 }  // namespace
 
@@ -32,18 +31,21 @@ void WheelItem::put_value(double value) {
   if (wanted != wheel_.value()) wheel_.move(wanted);
 }
 
+void WheelItem::turn(std::int32_t by) { put_value(wheel_.value() + double{1} * by); }
+
 void WheelItem::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   set_pressed(true);
-  last_ = event->position();
+  last_ = panel_position(event->position());
   turned_ = wheel_.value();
 }
 
 void WheelItem::mouseMoveEvent(QMouseEvent* event) {
   if (!is_pressed()) return;
   const bool fine = (event->modifiers() & Qt::ShiftModifier) != 0;
-  const double way = (last_.y() - event->position().y()) * wheel_.maximum() / kDragLength;
-  last_ = event->position();
+  const QPointF at = panel_position(event->position());
+  const double way = (last_.y() - at.y()) * wheel_.maximum() / kDragLength;
+  last_ = at;
   turned_ = std::clamp(turned_ + (fine ? way / 10 : way), 0.0, static_cast<double>(wheel_.maximum()));
   put_value(turned_);
 }
@@ -53,7 +55,7 @@ void WheelItem::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void WheelItem::wheelEvent(QWheelEvent* event) {
-  put_value(wheel_.value() + double{kStep} * whole_wheel_steps(*event, wheel_rest_));
+  turn(kStep * whole_wheel_steps(*event, wheel_rest_));
   event->accept();
 }
 

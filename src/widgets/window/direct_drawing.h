@@ -3,8 +3,8 @@
 #pragma once
 
 #include <QImage>
-#include <QPointF>
-#include <QRectF>
+#include <QPoint>
+#include <QRect>
 #include <QWidget>
 #include <functional>
 #include <span>
@@ -16,12 +16,13 @@ namespace tandem {
 using Present = std::function<bool(const QImage& picture, std::span<const QRect> boxes)>;
 
 // Copies the `changed` boxes of `picture`, whose top left stands at `at`, into what the window keeps for the screen and
-// shows them at once, through `present` where it can; both in px of the window. The picture is opaque, has the screen's
-// scale, and is what the window would paint there: it stays true when the window is painted again.
+// shows them at once, through `present` where it can. Boxes are pixels of the picture, the picture and `at` device
+// pixels. The picture is opaque and is what the window would paint there: it stays true when the window is painted
+// again.
 //
-// False where that cannot be: the window is not on a screen yet or has been resized since, its store is no image, or
-// the picture does not begin on a whole device pixel. Nothing is shown then, and the boxes are to be painted as usual.
-bool draw_directly(const QWidget& window, const QImage& picture, const QPointF& at, std::span<const QRectF> changed,
+// False where that cannot be: the window is not on a screen yet or has been resized since, or its store is no image.
+// Nothing is shown then, and the boxes are to be painted as usual.
+bool draw_directly(const QWidget& window, const QImage& picture, const QPoint& at, std::span<const QRect> changed,
                    const Present& present);
 
 }  // namespace tandem

@@ -17,20 +17,19 @@ namespace tandem {
 template <class Item, class... Arguments>
 Item* PanelWindow::add(std::string_view name, Arguments&&... arguments) {
   auto* item = new Item(this, *this, control_box(name), std::forward<Arguments>(arguments)...);
+  item->follow_transform();
   items_.push_back(item);
   by_name_.emplace(name, item);
   return item;
 }
 
-void PanelWindow::add_items(Displays displays) {
+void PanelWindow::add_items(DisplayViews displays) {
   add_display_panel();
   minimise_ = add<ChromeItem>("Minimise", Icon::Minimise, [this] { showMinimized(); });
   close_ = add<ChromeItem>("Close", Icon::Close, [this] { close(); });
   add_transport();
   add_mix_strip();
-  visual_ = add<DisplayAreaItem>("MMSpectrum1", displays);
-  add<LevelItem>("MMLevelX1", displays);
-  add<LevelItem>("MMMeterX2", displays);
+  add_display_area(std::move(displays));
   add_equalizer();
   add_song_list();
   add_board();
@@ -48,40 +47,57 @@ void PanelWindow::add_display_panel() {
   add_label("SongLabel", c.SongLabel, palette::kWhiteDots);
   add_label("MMLEDLABELX2", c.MMLEDLABELX2, std::nullopt);
   add_label("LblPosition", c.LblPosition, palette::kLimeDots);
-  add_label("LblTempTot", c.LblTempTot, palette::kWhiteDots);
+  total_ = add<LedLabelItem>("LblTempTot", c.LblTempTot, true, palette::kWhiteDots);
+  area->shine_over(*total_);
   add<LedLabelItem>("INDIC", c.INDIC, false, palette::kReadOutDots);
   add_label("MMLEDLABELX3", c.MMLEDLABELX3, std::nullopt);
   add_label("ClockLabel", c.ClockLabel, palette::kOrangeDots);
   area->shine_over(*add<GaugeItem>("MeterVol", c.MeterVol));
-  add<PitchLampItem>("LED1", c.LED1);
-  add<PitchLampItem>("LED2", c.LED2);
-  add<PitchLampItem>("LED3", c.LED3);
+  add<PitchLampItem>("LED1", c.LED1, &control_box("LED2"));
+  add<PitchLampItem>("LED2", c.LED2, &control_box("LED3"));
+  add<PitchLampItem>("LED3", c.LED3, nullptr);
 }
 
 void PanelWindow::add_transport() {
   PanelControls& c = controls_;
-  add<PositionItem>("Slider1", c.Slider1);
+  position_ = add<PositionItem>("Slider1", c.Slider1);
   add<KeyItem>("PLAY", c.PLAY);
-  add<KeyItem>("PAUSE", c.PAUSE);
+  add<KeyItem>("PAUSE", c.PAUSE, KeyTraits{.engaged = clYellow});
   add<KeyItem>("STOPBtn", c.STOPBtn);
-  add<KeyItem>("NextBtn", c.NextBtn);
-  add<KeyItem>("LoadSong", c.LoadSong);
-  add<WheelItem>("Volume", c.Volume);
+  add<KeyItem>("NextBtn", c.NextBtn, KeyTraits{.picture = Icon::Next});
+  add<KeyItem>("LoadSong", c.LoadSong, KeyTraits{.bold = true});
+  volume_ = add<WheelItem>("Volume", c.Volume);
 }
 
 void PanelWindow::add_mix_strip() {
   PanelControls& c = controls_;
-  add<LeadLampItem>("AMLedOff", c.AMLedOff, kLeadLit);
-  add<LeadLampItem>("AMLed1", c.AMLed1, kLeadLit);
-  add<LeadLampItem>("AMLed2", c.AMLed2, kLeadLit);
-  add<LeadLampItem>("AMLed3", c.AMLed3, kLeadLit);
+  add_lead_lamps();
   add<RotaryItem>("MMSwitchX1", c.MMSwitchX1);
   add<SlideSwitchItem>("BufferSwitch", c.BufferSwitch);
   add<SlideSwitchItem>("Bypass", c.Bypass);
-  add<KeyItem>("ShowPlayList", c.ShowPlayList);
-  add<KeyItem>("ShowControls", c.ShowControls);
+  add<KeyItem>("ShowPlayList", c.ShowPlayList, KeyTraits{.engaged = clAqua});
+  add<KeyItem>("ShowControls", c.ShowControls, KeyTraits{.engaged = clLime});
   add<FaderItem>("SliderP", c.SliderP, QSizeF(18, 13), palette::kAqua, c.SliderP.LineSize);
   add<StudItem>("Command2", c.Command2);
+}
+
+// The row of lead times: each lamp with the caption before it.
+void PanelWindow::add_lead_lamps() {
+  PanelControls& c = controls_;
+  const std::pair<const char*, Lamp&> lamps[] = {
+      {"AMLedOff", c.AMLedOff}, {"AMLed1", c.AMLed1}, {"AMLed2", c.AMLed2}, {"AMLed3", c.AMLed3}};
+  for (const auto& [name, lamp] : lamps)
+    lead_lamps_.push_back(
+        add<LeadLampItem>(name, lamp, control_box("Label3", static_cast<int>(lead_lamps_.size()) + 1)));
+  for (std::size_t i = 0; i < lead_lamps_.size(); ++i)
+    lead_lamps_[i]->set_neighbours(i > 0 ? lead_lamps_[i - 1] : nullptr,
+                                   i + 1 < lead_lamps_.size() ? lead_lamps_[i + 1] : nullptr);
+}
+
+// One item for all displays. Those that never are the first one in view have an item to speak for them.
+void PanelWindow::add_display_area(DisplayViews displays) {
+  visual_ = add<DisplayAreaItem>("MMSpectrum1", std::move(displays));
+  for (const char* beside : {"MMLevelX1", "MMMeterX2"}) add<LevelItem>(beside, *visual_->view(beside));
 }
 
 void PanelWindow::add_equalizer() {
@@ -109,9 +125,9 @@ void PanelWindow::use_band(BandItem& band) {
 
 void PanelWindow::add_song_list() {
   PanelControls& c = controls_;
-  add<SongListItem>("PlayList", c.PlayList);
-  add<KeyItem>("UpList", c.UpList);
-  add<KeyItem>("DownList", c.DownList);
+  list_ = add<SongListItem>("PlayList", c.PlayList, [this] { item("PLAY")->press(); });
+  add<KeyItem>("UpList", c.UpList, KeyTraits{.picture = Icon::Up});
+  add<KeyItem>("DownList", c.DownList, KeyTraits{.picture = Icon::Down});
   add<KeyItem>("LoadList", c.LoadList);
   add<KeyItem>("SaveList", c.SaveList);
 }
@@ -128,14 +144,14 @@ void PanelWindow::add_board() {
   add<RotaryItem>("MMSwitch2", c.MMSwitch2);
   add<RotaryItem>("MMSwitch3", c.MMSwitch3);
   add<RotaryItem>("MMSwitch4", c.MMSwitch4);
-  add<SpinnerItem>("MMLEDSpin7", c.MMLEDSpin7);
-  add<SpinnerItem>("MMLEDSpin2", c.MMLEDSpin2);
-  add<SpinnerItem>("MMLEDSpin3", c.MMLEDSpin3);
-  add<SpinnerItem>("MMLEDSpin6", c.MMLEDSpin6);
-  add<SpinnerItem>("MMLEDSpin1", c.MMLEDSpin1);
-  add<SpinnerItem>("MMLEDSpin5", c.MMLEDSpin5);
-  add<SpinnerItem>("MMLEDSpin4", c.MMLEDSpin4);
-  add<SpinnerItem>("MMLEDSpin8", c.MMLEDSpin8);
+  add<SpinnerItem>("MMLEDSpin7", c.MMLEDSpin7, SpinnerItem::Digits::Lime);
+  add<SpinnerItem>("MMLEDSpin2", c.MMLEDSpin2, SpinnerItem::Digits::Lime);
+  add<SpinnerItem>("MMLEDSpin3", c.MMLEDSpin3, SpinnerItem::Digits::Lime);
+  add<SpinnerItem>("MMLEDSpin6", c.MMLEDSpin6, SpinnerItem::Digits::Lime);
+  add<SpinnerItem>("MMLEDSpin1", c.MMLEDSpin1, SpinnerItem::Digits::Lime);
+  add<SpinnerItem>("MMLEDSpin5", c.MMLEDSpin5, SpinnerItem::Digits::White);
+  add<SpinnerItem>("MMLEDSpin4", c.MMLEDSpin4, SpinnerItem::Digits::White);
+  add<SpinnerItem>("MMLEDSpin8", c.MMLEDSpin8, SpinnerItem::Digits::White);
 }
 
 void PanelWindow::chain_tabs() {

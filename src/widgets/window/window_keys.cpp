@@ -1,35 +1,39 @@
-// The keys that work wherever the focus is. A control that is disabled, hidden or outside the small window does
-// nothing.
+// The keys that work wherever the focus is, from the layout's table of them. A control that is disabled, hidden or
+// outside the small window does nothing.
 
+#include <QKeyEvent>
 #include <QShortcut>
 
+#include "layout/shortcuts.h"
 #include "widgets/window/panel_window.h"
 
 namespace tandem {
 
-void PanelWindow::add_shortcut(const char* keys, const char* name) {
-  auto* shortcut = new QShortcut(QKeySequence(keys), this);
+void PanelWindow::add_shortcut(std::string_view keys, const std::function<void()>& act) {
+  auto* shortcut =
+      new QShortcut(QKeySequence(QString::fromLatin1(keys.data(), static_cast<qsizetype>(keys.size()))), this);
   shortcut->setAutoRepeat(false);
-  connect(shortcut, &QShortcut::activated, this, [this, name] { item(name)->press(); });
+  connect(shortcut, &QShortcut::activated, this, act);
 }
 
 void PanelWindow::add_shortcuts() {
-  add_shortcut("Ctrl+Q", "Close");
-  add_shortcut("Alt+F4", "Close");
-  add_shortcut("Ctrl+M", "MMPanelX1(1)");
-  add_shortcut("Ctrl+P", "PLAY");
-  add_shortcut("Ctrl+Space", "PAUSE");
-  add_shortcut("Ctrl+.", "STOPBtn");
-  add_shortcut("Ctrl+N", "NextBtn");
-  add_shortcut("Ctrl+O", "LoadSong");
-  add_shortcut("F2", "ShowPlayList");
-  add_shortcut("F3", "ShowControls");
-  add_shortcut("Ctrl+0", "Command2");
-  add_shortcut("Ctrl+Up", "UpList");
-  add_shortcut("Ctrl+Down", "DownList");
-  add_shortcut("Ctrl+L", "LoadList");
-  add_shortcut("Ctrl+S", "SaveList");
-  add_shortcut("F4", "MMSwitchX1");
+  for (const Shortcut& shortcut : panel_shortcuts())
+    add_shortcut(shortcut.keys, [this, name = shortcut.control] { item(name)->press(); });
+  for (const std::string_view keys : kLargerKeys) add_shortcut(keys, [this] { step_scale(1); });
+  for (const std::string_view keys : kSmallerKeys) add_shortcut(keys, [this] { step_scale(-1); });
+}
+
+// Space where the focused control has no use for it. PAUSE with nothing playing would leave the next PLAY silent: the
+// stopped panel plays.
+void PanelWindow::pause_or_play() {
+  constexpr int kStopped = 5;  // STOPBtn's picture
+  const bool begins = controls_.STOPBtn.Picture == kStopped && controls_.PAUSE.BackColor == clOlive;
+  item(begins ? "PLAY" : "PAUSE")->press();
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Space || event->modifiers() != Qt::NoModifier) return QWidget::keyPressEvent(event);
+  if (!event->isAutoRepeat()) pause_or_play();
 }
 
 }  // namespace tandem

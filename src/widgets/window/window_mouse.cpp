@@ -1,4 +1,5 @@
-// The window under the hand: dragged by its bare parts, toggled by a double-click on its head, files dropped on it.
+// The window under the mouse: dragged by its bare parts, toggled by a double-click on its head, files dropped on it,
+// the wheel over its displays and, with Ctrl, anywhere else.
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -6,24 +7,36 @@
 #include <QMouseEvent>
 #include <QUrl>
 #include <QWindow>
+#include <algorithm>
 
+#include "widgets/items/knob_item.h"
+#include "widgets/items/song_list_item.h"
+#include "widgets/items/wheel_steps.h"
+#include "widgets/window/dropped_names.h"
 #include "widgets/window/panel_window.h"
 
 namespace tandem {
 
 namespace {
-// px: a hand that clicks twice may tremble, but the desktop leaves the window behind by this way.
+// px the pointer may move before a press becomes a drag, so that a double click is not one. The window trails the
+// pointer by as much.
 constexpr int kDragDistance = 4;
+constexpr int kVolumeSteps = 3;  // per cent a notch of the wheel over a display
 }  // namespace
 
+void PanelWindow::mouse_pressed() {
+  if (auto* focused = dynamic_cast<PanelItem*>(focusWidget())) focused->hide_focus();
+}
+
 void PanelWindow::mousePressEvent(QMouseEvent* event) {
+  mouse_pressed();
   if (event->button() != Qt::LeftButton) return;
   const UserActionScope act(*this);
   pressed_at_ = event->globalPosition().toPoint();
   drag_from_ = pressed_at_ - pos();
 }
 
-// The desktop moves the window where it can, but only once it is dragged: a double-click must come through.
+// The window manager moves the window where it can, but only once it is dragged: a double-click must come through.
 void PanelWindow::mouseMoveEvent(QMouseEvent* event) {
   if (!drag_from_) return;
   const QPoint at = event->globalPosition().toPoint();
@@ -40,21 +53,58 @@ void PanelWindow::mouseReleaseEvent(QMouseEvent*) {
 
 void PanelWindow::mouseDoubleClickEvent(QMouseEvent* event) {
   const UserActionScope act(*this);
-  const bool on_head = event->position().y() < control_box("Window grip").h;
+  const bool on_head = transform_.to_panel(event->position()).y() < control_box("Window grip").h;
   if (event->button() == Qt::LeftButton && on_head) controls_.MMPanelX1[1].click.raise();
 }
 
-void PanelWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+// 3 % a notch, 1 % with Ctrl.
+void PanelWindow::turn_volume(const QWheelEvent& event) {
+  const bool fine = (event.modifiers() & Qt::ControlModifier) != 0;
+  volume_->turn(whole_wheel_steps(event, wheel_rest_) * WheelItem::kStep * (fine ? 1 : kVolumeSteps));
 }
 
+bool PanelWindow::take_wheel(const PanelItem& over, QWheelEvent& event) {
+  const ControlGroup group = over.place().group;
+  if (group == ControlGroup::Display || group == ControlGroup::Visual) {
+    turn_volume(event);
+  } else if ((event.modifiers() & Qt::ControlModifier) != 0 && &over != volume_) {
+    step_scale(whole_wheel_steps(event, wheel_rest_));
+  } else {
+    return false;
+  }
+  event.accept();
+  return true;
+}
+
+void PanelWindow::wheelEvent(QWheelEvent* event) {
+  if ((event->modifiers() & Qt::ControlModifier) == 0) return event->ignore();
+  step_scale(whole_wheel_steps(*event, wheel_rest_));
+  event->accept();
+}
+
+void PanelWindow::show_drop(const std::optional<QString>& what) {
+  drop_ = what;
+  list_->set_drop(what);
+  for (PanelItem* item : items_) item->end_hover();  // nothing is left by the pointer while files are dragged
+  update();
+}
+
+// Only what has a path here can be added. A source that offers to move its files keeps them.
+void PanelWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const std::vector<std::string> paths = local_paths(*event->mimeData());
+  if (paths.empty() || (event->possibleActions() & Qt::CopyAction) == 0) return event->ignore();
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  show_drop(names_in_words(paths));
+}
+
+void PanelWindow::dragLeaveEvent(QDragLeaveEvent*) { show_drop(std::nullopt); }
+
 void PanelWindow::dropEvent(QDropEvent* event) {
-  std::vector<std::string> paths;
-  for (const QUrl& url : event->mimeData()->urls())
-    // The bytes of the path as they were dropped, whether they are valid UTF-8 or not.
-    if (url.isLocalFile())
-      paths.push_back(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString());
-  event->acceptProposedAction();
+  const std::vector<std::string> paths = local_paths(*event->mimeData());
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  show_drop(std::nullopt);
   const UserActionScope act(*this);
   if (!paths.empty()) hooks_.drop(paths);
 }
