@@ -1,7 +1,7 @@
 // What painting costs: microseconds of CPU for one picture of each display, moving, and for the whole panel.
 // Usage: paint_bench [--only NAME] [pictures, default 2000]
 // With --only one line is measured, for a profiler: bench/paint_instructions counts the instructions of every line.
-#include <QGuiApplication>
+#include <QApplication>
 #include <QImage>
 #include <algorithm>
 #include <array>
@@ -15,10 +15,19 @@
 #include <utility>
 #include <vector>
 
+#include "paint/controls/song_list.h"
+#include "paint/displays/level_bar.h"
+#include "paint/displays/needle_meter.h"
+#include "paint/displays/oscilloscope.h"
+#include "paint/displays/spectrum.h"
+#include "paint/displays/spectrum_backdrop.h"
 #include "paint/panel/panel_background.h"
 #include "paint/strokes/ink.h"
+#include "paint/strokes/palette.h"
 #include "paint/surfaces/panels.h"
-#include "tools/pictures/sample_panels.h"
+#include "paint/text/led_label.h"
+#include "tools/pictures/panel_scene.h"
+#include "tools/pictures/sample_signals.h"
 
 namespace tandem {
 namespace {
@@ -68,8 +77,8 @@ void measure_spectrum(const Bench& bench, SpectrumKind kind, const char* name, i
   std::vector<std::vector<float>> heights;
   std::vector<float> ring;
   for (int i = 0; i < kPictures; ++i) {
-    heights.push_back(specimen_spectrum(32, static_cast<std::uint32_t>(i) + 1, 1));
-    const std::vector<float> rows = specimen_spectrum(kSpectrumRows, static_cast<std::uint32_t>(i) + 1, 1);
+    heights.push_back(sample_spectrum(32, static_cast<std::uint32_t>(i) + 1, 1));
+    const std::vector<float> rows = sample_spectrum(kSpectrumRows, static_cast<std::uint32_t>(i) + 1, 1);
     ring.insert(ring.end(), rows.begin(), rows.end());
   }
   SpectrumStyle style;
@@ -103,7 +112,7 @@ void measure_scope(const Bench& bench, int percent) {
   ScopeBackdrop face(percent / 100., display_area(), display_well());
   QImage image(face.size(), QImage::Format_RGB32);
   std::vector<std::vector<float>> traces;
-  for (int i = 0; i < kPictures; ++i) traces.push_back(specimen_trace(i * .4, 1, static_cast<std::uint32_t>(i) + 1));
+  for (int i = 0; i < kPictures; ++i) traces.push_back(sample_trace(i * .4, 1, static_cast<std::uint32_t>(i) + 1));
   measure(bench, "oscilloscope", percent, 1, [&](int i) {
     const auto at = static_cast<std::size_t>(i);
     face.draw(image, {0, 0}, {traces[at % kPictures], traces[(at + 5) % kPictures]});
@@ -160,9 +169,9 @@ void measure_all(const Bench& bench, int percent) {
   measure_painted(bench, "level bar", percent, 1, [](QPainter& painter, int i) {
     paint_level_bar(painter, control_box("MMLevelX1").box(), {i % kLevelRows, (i + 4) % kLevelRows});
   });
-  auto specimen = sample_panel("board-open");
+  PanelScene scene("board-open", percent / 100.0);
   measure_painted(bench, "title, one step", percent, 4, [&](QPainter& painter, int i) {
-    LedLabelState look = specimen->look.display.song;
+    LedLabelState look{QStringLiteral("HARBOUR.MP3"), 15, 2, palette::kWhite, palette::kWhiteDots, {}};
     look.scroll = i % 90;
     paint_led_label(painter, control_box("SongLabel").box().topLeft(), look);
   });
@@ -175,7 +184,7 @@ void measure_all(const Bench& bench, int percent) {
     paint_background(painter, {WindowSize::Board, false});
   });
   measure_painted(bench, "whole panel, board open", percent, 40,
-                  [&](QPainter& painter, int) { paint_panel(painter, specimen->look); });
+                  [&](QPainter&, int) { static_cast<void>(scene.picture()); });
 }
 
 }  // namespace
@@ -183,7 +192,7 @@ void measure_all(const Bench& bench, int percent) {
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QGuiApplication application(argc, argv);
+  const QApplication application(argc, argv);
   tandem::Bench bench;
   for (int i = 1; i < argc; ++i) {
     if (std::string_view(argv[i]) == "--only" && i + 1 < argc) {

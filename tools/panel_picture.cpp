@@ -1,7 +1,7 @@
 // Draws the panel in a named state, or a sheet of specimens, to a PNG, without a screen:
 //   panel_picture NAME PERCENT FILE.png
 // NAME is one of those that the program lists when called without arguments.
-#include <QGuiApplication>
+#include <QApplication>
 #include <cstdio>
 #include <cstdlib>
 
@@ -22,11 +22,11 @@ int show_usage() {
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QGuiApplication application(argc, argv);
+  const QApplication application(argc, argv);
   if (argc != 4) return show_usage();
   const double scale = std::atof(argv[2]) / 100;
   if (scale < .5 || scale > 8) return show_usage();
-  const QImage picture = tandem::specimen_picture(argv[1], scale);
+  const QImage picture = tandem::sample_picture(argv[1], scale);
   if (picture.isNull()) return show_usage();
   if (picture.save(QString::fromLocal8Bit(argv[3]))) return 0;
   std::fprintf(stderr, "cannot write %s\n", argv[3]);

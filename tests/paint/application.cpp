@@ -1,7 +1,7 @@
 // Painting text needs an application object; one for the whole test program, without a screen.
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <memory>
 
 namespace {
@@ -10,7 +10,7 @@ class ApplicationEnvironment : public ::testing::Environment {
  public:
   void SetUp() override {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    application_ = std::make_unique<QGuiApplication>(count_, arguments_);
+    application_ = std::make_unique<QApplication>(count_, arguments_);
   }
   void TearDown() override { application_.reset(); }
 
@@ -18,7 +18,7 @@ class ApplicationEnvironment : public ::testing::Environment {
   int count_ = 1;
   char name_[11] = "paint_test";
   char* arguments_[2] = {name_, nullptr};
-  std::unique_ptr<QGuiApplication> application_;
+  std::unique_ptr<QApplication> application_;
 };
 
 [[maybe_unused]] const auto* const kEnvironment = ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);

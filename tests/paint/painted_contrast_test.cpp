@@ -6,12 +6,14 @@
 #include <vector>
 
 #include "contrast.h"
+#include "controls/panel_groups.h"
 #include "paint/controls/head_strip.h"
+#include "paint/controls/key.h"
+#include "paint/controls/song_list.h"
 #include "paint/strokes/palette.h"
 #include "paint/text/caption.h"
 #include "sketch.h"
-#include "tools/pictures/panel_painter.h"
-#include "tools/pictures/sample_panels.h"
+#include "tools/pictures/panel_scene.h"
 
 namespace tandem {
 namespace {
@@ -58,26 +60,19 @@ void expect_text(const QImage& picture, const QRectF& box, QRgb ink, double leas
   expect_ink(picture, box, ink, what);
 }
 
-QImage painted(const PanelState& look) {
-  return sketch(window_size(look.window.size), kScale, [&](QPainter& painter) { paint_panel(painter, look); });
-}
-
-int chosen_position(const PanelState& look, std::string_view control) {
-  if (control == "MMSwitchX1") return look.mix.meter.position;
-  if (control == "BufferSwitch") return look.mix.buffer.position;
-  if (control == "Bypass") return look.mix.bypass.position;
-  const std::string_view switches[] = {"MMSwitch1", "MMSwitch2", "MMSwitch3", "MMSwitch4"};
-  const auto* found = std::find(std::begin(switches), std::end(switches), control);
-  return look.board.switches.at(static_cast<std::size_t>(found - std::begin(switches))).position;
+std::int32_t chosen_position(const PanelControls& c, std::string_view control) {
+  if (control == "MMSwitchX1") return c.MMSwitchX1.value();
+  if (control == "BufferSwitch") return c.BufferSwitch.value();
+  if (control == "Bypass") return c.Bypass.value();
+  return (c.*kBoardSwitches.at(static_cast<std::size_t>(control.back() - '1'))).value();
 }
 
 TEST(PaintedContrast, OfPositionCaptions) {
-  const auto specimen = sample_panel("board-open");  // the look points into it
-  const PanelState& look = specimen->look;
-  const QImage picture = painted(look);
+  PanelScene scene("board-open", kScale);
+  const QImage picture = scene.picture();
   for (const PositionCaption& caption : position_captions()) {
     const bool faceplate = control_box(caption.control).group == ControlGroup::Mix;
-    const bool chosen = chosen_position(look, caption.control) == caption.position;
+    const bool chosen = chosen_position(scene.controls(), caption.control) == caption.position;
     const std::string what = std::string(caption.control) + " " + std::string(caption.caption);
     expect_contrast(picture, caption.box(), palette::kLegendUnchosen, faceplate ? 5.9 : 7.1, what);
     expect_contrast(picture, caption.box(), palette::kWhite, faceplate ? 8.7 : 10.5, what + ", chosen");
@@ -86,32 +81,32 @@ TEST(PaintedContrast, OfPositionCaptions) {
 }
 
 // A lamp's caption is white while it is lit.
-QRgb caption_ink(const PanelState& look, std::string_view name) {
-  for (std::size_t i = 0; i < look.mix.lead.size(); ++i)
+QRgb caption_ink(const PanelControls& c, std::string_view name) {
+  for (std::size_t i = 0; i < kLeadTimes.size(); ++i)
     if (name == control_box("Label3", static_cast<int>(i) + 1).name)
-      return look.mix.lead[i].lit ? palette::kWhite : palette::kLegendUnchosen;
-  for (std::size_t i = 0; i < look.board.lamps.size(); ++i)
+      return (c.*kLeadTimes[i].lamp).LEDColor == kLeadLit ? palette::kWhite : palette::kLegendUnchosen;
+  for (std::size_t i = 0; i < kOptionLamps.size(); ++i)
     if (name == control_box("Label5", static_cast<int>(i)).name)
-      return look.board.lamps[i].lit ? palette::kWhite : palette::kLegend;
+      return (c.*kOptionLamps[i]).LEDColor == clLime ? palette::kWhite : palette::kLegend;
+  if (name == "Label5(5)") return c.MMLEDX6.LEDColor == clYellow ? palette::kWhite : palette::kLegend;
   return palette::kLegend;
 }
 
 TEST(PaintedContrast, OfPrintedCaptions) {
-  const auto specimen = sample_panel("board-open");  // the look points into it
-  const PanelState& look = specimen->look;
-  const QImage board = painted(look);
+  PanelScene scene("board-open", kScale);
+  const QImage board = scene.picture();
   int seen = 0;
   for (const ControlBox& control : panel_layout()) {
     if (control.kind != ControlKind::Caption) continue;
     const bool faceplate = control.name == "Label3(5)" || control.name == "PITCH legend";
     expect_contrast(board, control.box(), palette::kLegend, faceplate ? 8.7 : 10.5, std::string(control.name));
-    expect_ink(board, control.box(), caption_ink(look, control.name), std::string(control.name));
+    expect_ink(board, control.box(), caption_ink(scene.controls(), control.name), std::string(control.name));
     ++seen;
   }
   EXPECT_GT(seen, 30);
-  for (std::size_t band = 0; band < look.equalizer.gains.size(); ++band) {
+  for (std::size_t band = 0; band < kBands; ++band) {
     const QRectF box = control_box("dbLabel0", static_cast<int>(band)).box().adjusted(2, 2, -2, -2);
-    const bool flat = look.equalizer.gains[band].trimmed() == u"0"_s;
+    const bool flat = scene.controls().dbLabel0[band].Caption.get() == " 0";
     expect_contrast(board, box, palette::kLegendUnchosen, 8.7, "a gain");
     expect_ink(board, box, flat ? palette::kLegendUnchosen : palette::kWhite, "a gain");
   }
@@ -132,20 +127,20 @@ struct Columns {
 };
 
 TEST(PaintedContrast, OfTheList) {
-  const QImage picture = painted(sample_panel("full-playlist")->look);
+  const QImage picture = PanelScene("full-playlist", kScale).picture();
   const QRectF box = control_box("PlayList").box();
   for (int row = 0; row < 9; ++row) {
-    const Columns columns(list_row_box(box, row).adjusted(0, 1, 0, -1));
+    const Columns columns(list_row_box(box, row, 0).adjusted(0, 1, 0, -1));
     const double shade = row % 2 == 0 ? 1 : .95;  // every second row is a little lighter
     expect_text(picture, columns.number, palette::kLegendUnchosen, 9.9 * shade, "number");
     expect_text(picture, columns.directory, palette::kListDirectory, 6.4 * shade, "directory");
     expect_text(picture, columns.line, palette::kListFile, 15.9 * shade, "file");
   }
-  const QRectF row = list_row_box(box, 9).adjusted(4, 1, -2, -1);
+  const QRectF row = list_row_box(box, 9, 0).adjusted(4, 1, -2, -1);
   const QRectF lightest(row.left(), row.top(), row.width(), 1);
   expect_contrast(picture, lightest, palette::kListSelectedDirectory, 4.7, "directory of the selected file");
   expect_contrast(picture, lightest, palette::kWhite, 6.0, "selected file");
-  const Columns selected(list_row_box(box, 9).adjusted(0, 1, 0, -1));
+  const Columns selected(list_row_box(box, 9, 0).adjusted(0, 1, 0, -1));
   expect_ink(picture, selected.number, palette::kWhite, "number of the selected file");
   expect_ink(picture, selected.directory, palette::kListSelectedDirectory, "directory of the selected file");
   expect_ink(picture, selected.line, palette::kWhite, "selected file");
@@ -159,7 +154,7 @@ int nearest(const QImage& picture, const QRectF& box, QRgb ink) {
 }
 
 TEST(PaintedContrast, OfTheNeedleMeters) {
-  const QImage picture = painted(sample_panel("full-vu")->look);
+  const QImage picture = PanelScene("full-vu", kScale).picture();
   for (const QRectF& meter : {left_meter_box(), right_meter_box()}) {
     const QRectF foot(meter.left(), meter.bottom() - 18, meter.width(), 12);
     expect_text(picture, {foot.left() + 6, foot.top(), 12, 12}, palette::kSilver, 7, "L and R");
@@ -196,14 +191,12 @@ TEST(PaintedContrast, OfAKeysCaptionIsKeptBesideEveryColour) {
 
 // The ring lies outside the control, on what is there without it.
 TEST(PaintedContrast, OfTheFocusRing) {
-  const auto specimen = sample_panel("full-equalizer");
-  PanelState& look = specimen->look;
-  const QImage without = painted(look);
-  look.transport.play.interaction.focused = true;
-  look.transport.load.interaction.focused = true;
-  look.mix.show_list.interaction.focused = true;
-  const QImage picture = painted(look);
+  PanelScene scene("full-equalizer", kScale);
+  const QImage without = scene.picture();
+  scene.window().activateWindow();
   for (const char* name : {"PLAY", "LoadSong", "ShowPlayList"}) {
+    scene.window().item(name)->setFocus(Qt::TabFocusReason);
+    const QImage picture = scene.picture();
     const QRectF box = control_box(name).box();
     const QRectF below(box.left() + 4, box.bottom() + 1, box.width() - 8, 1);
     expect_contrast(without, below, palette::kFocus, 6.7, name);

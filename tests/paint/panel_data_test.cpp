@@ -78,7 +78,7 @@ constexpr int kScale = 4;
 
 /// The light dots within a box of the open panel, px at 100 %; empty where nothing is printed.
 QRectF ink_in(const QRectF& box) {
-  static const QImage picture = specimen_picture("board-open", kScale);
+  static const QImage picture = sample_picture("board-open", kScale);
   constexpr int kLight = 115;
   QRect ink;
   for (int y = static_cast<int>(box.top() * kScale); y < box.bottom() * kScale; ++y) {

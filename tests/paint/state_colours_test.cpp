@@ -4,9 +4,7 @@
 #include <cstdlib>
 
 #include "paint/strokes/palette.h"
-#include "sketch.h"
-#include "tools/pictures/sample_panels.h"
-#include "tools/pictures/sample_picture.h"
+#include "tools/pictures/panel_scene.h"
 
 namespace tandem {
 namespace {
@@ -14,7 +12,7 @@ namespace {
 struct StateColour {
   const char* what;
   const char* control;
-  void (*change)(PanelState& look);
+  void (*change)(PanelControls& c);
   QPointF place;  ///< from the control's top left, px
   QRgb colour;
 };
@@ -27,59 +25,61 @@ constexpr QPointF kListKey(1.5, 14);
 constexpr QPointF kLead(9.2, 9.2);
 constexpr QPointF kLens(2, 6);
 
-#define STATE(expression) []([[maybe_unused]] PanelState& look) { expression; }
+void show_list(PanelControls& c) {
+  c.MMPanelX1[0].Visible = false;
+  c.PlayList.Visible = true;
+  for (Button* key : {&c.UpList, &c.DownList, &c.LoadList, &c.SaveList}) key->Visible = true;
+}
+
+void show_pitch(PanelControls& c, int pitch) {
+  c.MeterVol.Visible = false;
+  for (Lamp* lamp : {&c.LED1, &c.LED2, &c.LED3}) lamp->Visible = true;
+  c.LED1.LEDColor = pitch < 0 ? clRed : clMaroon;
+  c.LED2.LEDColor = pitch == 0 ? clAqua : clTeal;
+  c.LED3.LEDColor = pitch > 0 ? clRed : clMaroon;
+}
+
+#define STATE(expression) []([[maybe_unused]] PanelControls& c) { expression; }
 
 const StateColour kStates[] = {
     {"playing", "PLAY", STATE(), kKey, 0xFF1F7A33},
-    {"not playing", "PLAY", STATE(look.transport.play = {}), kKey, 0xFF4C5259},
-    {"stopped", "STOPBtn", STATE((look.transport.stop = {.back_colour = palette::kStoppedKey, .lit = true})), kKey,
-     0xFF7A2A20},
+    {"not playing", "PLAY", STATE(c.PLAY.Picture = 0), kKey, 0xFF4C5259},
+    {"stopped", "STOPBtn", STATE(c.STOPBtn.Picture = 5), kKey, 0xFF7A2A20},
     {"not stopped", "STOPBtn", STATE(), kKey, 0xFF4C5259},
-    {"paused", "PAUSE", STATE((look.transport.pause = {.back_colour = palette::kYellow, .lit = true})), kKey,
-     0xFFFFFF00},
+    {"paused", "PAUSE", STATE(c.PAUSE.BackColor = clYellow), kKey, 0xFFFFFF00},
     {"not paused", "PAUSE", STATE(), kKey, 0xFF808000},
     {"first", "NextBtn", STATE(), kKey, 0xFFC04000},
-    {"skipping", "NextBtn",
-     STATE(look.transport.next.back_colour = palette::kSilver; look.transport.next.interaction.enabled = false), kKey,
-     0xFFC0C0C0},
-    {"after a skip", "NextBtn", STATE((look.transport.next = {.back_colour = 0xFF8080FF, .lit = true})), kKey,
-     0xFF8080FF},
+    {"skipping", "NextBtn", STATE(c.NextBtn.BackColor = clSilver; c.NextBtn.Enabled = false), kKey, 0xFFC0C0C0},
+    {"after a skip", "NextBtn", STATE(c.NextBtn.BackColor = kNextAfter), kKey, 0xFF8080FF},
     {"released", "LoadSong", STATE(), kKey, 0xFF808080},
-    {"pressed", "LoadSong",
-     STATE(look.transport.load.back_colour = 0xFFE0E0E0; look.transport.load.interaction.pressed = true), kKey,
-     0xFFE0E0E0},
+    {"pressed", "LoadSong", STATE(c.LoadSong.BackColor = 0xE0E0E0), kKey, 0xFFE0E0E0},
     {"released", "Command2", STATE(), {6.5, 6.5}, 0xFFC0C0C0},
-    {"pressed", "Command2", STATE(look.mix.reset_pitch.pressed = true), {6.5, 6.5}, 0xFF808080},
+    {"pressed", "Command2", STATE(c.Command2.BackColor = clGrey), {6.5, 6.5}, 0xFF808080},
     {"list hidden", "ShowPlayList", STATE(), kLowKey, 0xFF0000FF},
-    {"list shown", "ShowPlayList", STATE((look.mix.show_list = {.back_colour = palette::kAqua, .lit = true})), kLowKey,
-     0xFF00FFFF},
-    {"board hidden", "ShowControls", STATE((look.mix.show_board = {.back_colour = palette::kGreen})), kLowKey,
-     0xFF008000},
-    {"board shown", "ShowControls", STATE((look.mix.show_board = {.back_colour = palette::kLime, .lit = true})),
-     kLowKey, 0xFF00FF00},
-    {"rest", "UpList", STATE(look.window.song_list = true), kListKey, 0xFF4C5259},
-    {"disabled", "DownList", STATE(look.window.song_list = true; look.list.down.interaction.enabled = false), kListKey,
-     0xFF4C5259},
+    {"list shown", "ShowPlayList", STATE(c.ShowPlayList.BackColor = clAqua), kLowKey, 0xFF00FFFF},
+    {"board hidden", "ShowControls", STATE(c.ShowControls.BackColor = clGreen), kLowKey, 0xFF008000},
+    {"board shown", "ShowControls", STATE(c.ShowControls.BackColor = clLime), kLowKey, 0xFF00FF00},
+    {"rest", "UpList", STATE(show_list(c)), kListKey, 0xFF4C5259},
+    {"disabled", "DownList", STATE(show_list(c); c.DownList.Enabled = false), kListKey, 0xFF4C5259},
     {"lit", "AMLed2", STATE(), kLead, 0xFFFF8000},
     {"dark", "AMLed1", STATE(), kLead, 0xFF804000},
-    {"pitch below zero", "LED1", STATE(look.display.pitch_mode = true; look.display.pitch = -5), {15, 4}, 0xFFFF0000},
-    {"pitch zero", "LED2", STATE(look.display.pitch_mode = true; look.display.pitch = 0), {15, 4}, 0xFF00FFFF},
-    {"pitch above zero", "LED3", STATE(look.display.pitch_mode = true; look.display.pitch = 5), {15, 4}, 0xFFFF0000},
-    {"dark", "LED1", STATE(look.display.pitch_mode = true; look.display.pitch = 5), {15, 3}, 0xFF800000},
-    {"dark", "LED2", STATE(look.display.pitch_mode = true; look.display.pitch = 5), {15, 3}, 0xFF008080},
+    {"pitch below zero", "LED1", STATE(show_pitch(c, -5)), {15, 4}, 0xFFFF0000},
+    {"pitch zero", "LED2", STATE(show_pitch(c, 0)), {15, 4}, 0xFF00FFFF},
+    {"pitch above zero", "LED3", STATE(show_pitch(c, 5)), {15, 4}, 0xFFFF0000},
+    {"dark", "LED1", STATE(show_pitch(c, 5)), {15, 3}, 0xFF800000},
+    {"dark", "LED2", STATE(show_pitch(c, 5)), {15, 3}, 0xFF008080},
     {"on", "MMLEDX2", STATE(), kLens, 0xFF00FF00},
     {"off", "MMLEDX1", STATE(), kLens, 0xFF008000},
     {"default", "MMLEDX6", STATE(), kLens, 0xFFFFFF00},
-    {"changed", "MMLEDX6", STATE((look.board.lamps[5] = {palette::kOlive, false})), kLens, 0xFF808000},
+    {"changed", "MMLEDX6", STATE(c.MMLEDX6.LEDColor = clOlive), kLens, 0xFF808000},
 };
 
 #undef STATE
 
 QImage picture_in(const StateColour& state, double scale) {
-  const auto specimen = sample_panel("board-open");
-  state.change(specimen->look);
-  return sketch(window_size(WindowSize::Board), scale,
-                [&](QPainter& painter) { paint_panel(painter, specimen->look); });
+  PanelScene scene("board-open", scale);
+  state.change(scene.controls());
+  return scene.picture();
 }
 
 // The display's glass lays its sheen, at most 5 % white, over what it covers.
@@ -118,7 +118,7 @@ TEST(StateColours, AreExactInThePanel) {
 TEST(StateColours, ReadOutIsYellowAndInPitchModeAqua) {
   const QRect box = control_box("INDIC").box();
   const auto dots = [&](const char* name, QRgb colour) {
-    const QImage picture = specimen_picture(name, 3).copy(QRect(box.topLeft() * 3, box.size() * 3));
+    const QImage picture = PanelScene(name, 3).picture().copy(QRect(box.topLeft() * 3, box.size() * 3));
     int count = 0;
     for (int y = 0; y < picture.height(); ++y)
       for (int x = 0; x < picture.width(); ++x) count += is_close(picture.pixel(x, y), colour, kSheen) ? 1 : 0;

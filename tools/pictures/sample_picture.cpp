@@ -1,10 +1,11 @@
 #include "tools/pictures/sample_picture.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 
 #include "paint/strokes/ink.h"
-#include "tools/pictures/sample_panels.h"
+#include "tools/pictures/panel_scene.h"
 #include "tools/pictures/sample_sheets.h"
 
 namespace tandem {
@@ -33,19 +34,18 @@ std::span<const SpecimenSheet> specimen_sheets() {
 }
 
 std::vector<std::string_view> picture_names() {
-  std::vector<std::string_view> names = specimen_names();
+  std::vector<std::string_view> names = panel_states();
   for (const SpecimenSheet& sheet : specimen_sheets()) names.push_back(sheet.name);
   return names;
 }
 
-QImage specimen_picture(std::string_view name, double scale) {
+QImage sample_picture(std::string_view name, double scale) {
   for (const SpecimenSheet& sheet : specimen_sheets()) {
     if (sheet.name == name) return drawn({sheet.width, sheet.height}, scale, sheet.paint);
   }
-  const auto specimen = sample_panel(name);
-  if (!specimen) return {};
-  return drawn(window_size(specimen->look.window.size), scale,
-               [&](QPainter& painter) { paint_panel(painter, specimen->look); });
+  const auto states = panel_states();
+  if (std::find(states.begin(), states.end(), name) == states.end()) return {};
+  return PanelScene(name, scale).picture();
 }
 
 }  // namespace tandem

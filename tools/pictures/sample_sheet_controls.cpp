@@ -31,13 +31,13 @@ void paint_lamps(QPainter& painter) {
   paint_well(painter, {kLeft, 30, 240, 24}, 3);
   const LampState lead[] = {{palette::kBrown},
                             {palette::kOrange, true},
-                            {palette::kBrown, false, {}, kHover},
-                            {palette::kOrange, true, {}, kFocus}};
+                            {.colour = palette::kBrown, .lit = false, .interaction = kHover},
+                            {.colour = palette::kOrange, .lit = true, .interaction = kFocus}};
   for (int i = 0; i < 4; ++i) paint_lead_lamp(painter, {kLeft + 12 + 40 * i, 34, 16, 16}, lead[i]);
   const LampState buttons[] = {{palette::kGreen},
                                {palette::kLime, true},
-                               {palette::kGreen, false, {}, kHover},
-                               {palette::kLime, true, {}, kFocus},
+                               {.colour = palette::kGreen, .lit = false, .interaction = kHover},
+                               {.colour = palette::kLime, .lit = true, .interaction = kFocus},
                                {palette::kOlive},
                                {palette::kYellow, true}};
   for (int i = 0; i < 6; ++i) paint_lamp_button(painter, {kLeft + 8 + 40 * i, 66, 22, 11}, buttons[i]);
@@ -62,8 +62,8 @@ void paint_faders(QPainter& painter) {
   paint_fader(painter, {kLeft + 68, 194, 22, 84}, {.value = -8, .interaction = kFocus});
   paint_fader(painter, {kLeft + 108, 200, 20, 73}, {10, -20, 20, {18, 13}, palette::kAqua});
   paint_slider(painter, {kLeft + 140, 200, 100, 14}, {.3});
-  paint_slider(painter, {kLeft + 140, 224, 100, 14}, {.5, kHover});
-  paint_slider(painter, {kLeft + 140, 248, 100, 14}, {.7, kFocus});
+  paint_slider(painter, {kLeft + 140, 224, 100, 14}, {.share = .5, .interaction = kHover});
+  paint_slider(painter, {kLeft + 140, 248, 100, 14}, {.share = .7, .interaction = kFocus});
 }
 
 void paint_knobs(QPainter& painter) {

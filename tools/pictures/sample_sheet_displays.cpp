@@ -3,13 +3,15 @@
 #include <array>
 #include <cmath>
 
+#include "layout/panel_layout.h"
 #include "paint/displays/needle_meter.h"
+#include "paint/displays/spectrum.h"
 #include "paint/strokes/ink.h"
 #include "paint/surfaces/faceplate.h"
 #include "paint/surfaces/panels.h"
 #include "paint/text/caption.h"
-#include "tools/pictures/sample_panels.h"
 #include "tools/pictures/sample_sheets.h"
+#include "tools/pictures/sample_signals.h"
 
 namespace tandem {
 
@@ -33,8 +35,8 @@ std::vector<float> roll_values() {
 }
 
 struct Signals {
-  std::vector<float> left = specimen_spectrum(32, 11, 1);
-  std::vector<float> right = specimen_spectrum(32, 23, 1.06);
+  std::vector<float> left = sample_spectrum(32, 11, 1);
+  std::vector<float> right = sample_spectrum(32, 23, 1.06);
   std::vector<float> left_marks = raised(left);
   std::vector<float> right_marks = raised(right);
   std::vector<float> roll = roll_values();

@@ -1,9 +1,10 @@
-// Made-up signals for example pictures.
+#include "tools/pictures/sample_signals.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-#include "tools/pictures/sample_panels.h"
+#include "paint/displays/oscilloscope.h"
 
 namespace tandem {
 
@@ -25,7 +26,7 @@ double bump(double at, double centre, double width) { return std::exp(-std::pow(
 
 }  // namespace
 
-std::vector<float> specimen_trace(double phase, double amplitude, std::uint32_t seed) {
+std::vector<float> sample_trace(double phase, double amplitude, std::uint32_t seed) {
   Sequence noise(seed);
   std::vector<float> values;
   for (int i = 0; i < kScopeValues; ++i) {
@@ -38,7 +39,7 @@ std::vector<float> specimen_trace(double phase, double amplitude, std::uint32_t 
   return values;
 }
 
-std::vector<float> specimen_spectrum(int columns, std::uint32_t seed, double tilt) {
+std::vector<float> sample_spectrum(int columns, std::uint32_t seed, double tilt) {
   Sequence noise(seed * 7919U);
   std::vector<float> heights;
   for (int i = 0; i < columns; ++i) {

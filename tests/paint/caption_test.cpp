@@ -1,4 +1,4 @@
-#include "tools/pictures/panel_painter.h"
+#include "paint/text/caption.h"
 
 #include <gtest/gtest.h>
 
@@ -7,18 +7,12 @@
 
 #include "paint/panel/panel_background.h"
 #include "paint/strokes/palette.h"
-#include "paint/text/caption.h"
 #include "sketch.h"
-#include "tools/pictures/sample_panels.h"
 
 namespace tandem {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-QImage panel_picture(const PanelState& look, double scale) {
-  return sketch(window_size(look.window.size), scale, [&](QPainter& painter) { paint_panel(painter, look); });
-}
 
 TEST(Caption, FontIsTheProgramsOwn) {
   EXPECT_EQ(QFontInfo(caption_font(10.5)).family(), u"Roboto Condensed"_s);
@@ -85,58 +79,7 @@ TEST(Caption, ItsLastLetterStandsInProportionAtEveryScale) {
   for (const double scale : {1., 1.25, 1.5, 2., 3.}) EXPECT_NEAR(right_edge(scale), at_full_resolution, .8) << scale;
 }
 
-TEST(PanelPainter, EveryExampleHasItsWindowSize) {
-  for (const std::string_view name : specimen_names()) {
-    const auto specimen = sample_panel(name);
-    ASSERT_TRUE(specimen);
-    const QImage picture = panel_picture(specimen->look, 1.25);
-    const QSize size = window_size(specimen->look.window.size);
-    EXPECT_EQ(picture.width(), std::lround(size.width() * 1.25)) << name;
-  }
-  EXPECT_FALSE(sample_panel("no such state"));
-}
-
-TEST(PanelPainter, EveryExampleLooksDifferent) {
-  QList<QImage> pictures;
-  for (const std::string_view name : specimen_names()) {
-    const QImage picture = panel_picture(sample_panel(name)->look, 1);
-    EXPECT_FALSE(pictures.contains(picture)) << name;
-    pictures.append(picture);
-  }
-}
-
-TEST(PanelPainter, CornersOfTheWindowStayFree) {
-  const QImage picture = [] {
-    QImage image(262, 165, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    set_up(painter, 1);
-    paint_panel(painter, sample_panel("compact")->look);
-    return image;
-  }();
-  for (const QPoint corner : {QPoint(0, 0), QPoint(261, 0), QPoint(0, 164), QPoint(261, 164)}) {
-    EXPECT_LT(qAlpha(picture.pixel(corner)), 80);
-  }
-  EXPECT_EQ(qAlpha(picture.pixel(5, 5)), 255);
-}
-
-// The small window is the top left part of the large one, unchanged.
-TEST(PanelPainter, CompactShowsThePartOfTheFullWindow) {
-  const QImage full = panel_picture(sample_panel("full-equalizer")->look, 2);
-  const QImage compact = panel_picture(sample_panel("compact")->look, 2);
-  const QRect common(2 * 4, 2 * 15, 2 * 254, 2 * 147);
-  EXPECT_EQ(full.copy(common), compact.copy(common));
-}
-
-TEST(PanelPainter, TheBoardLeavesTheRestAlone) {
-  const QImage full = panel_picture(sample_panel("full-equalizer")->look, 1);
-  auto board = sample_panel("full-equalizer");
-  board->look.window.size = WindowSize::Board;
-  const QRect common(4, 4, 599, 248);
-  EXPECT_EQ(full.copy(common), panel_picture(board->look, 1).copy(common));
-}
-
-TEST(PanelPainter, BackgroundDependsOnTheWindowStateAlone) {
+TEST(PanelBackground, DependsOnTheWindowStateAlone) {
   const auto background = [](WindowState state) {
     return sketch(window_size(state.size), 1, [&](QPainter& painter) { paint_background(painter, state); });
   };
@@ -146,14 +89,6 @@ TEST(PanelPainter, BackgroundDependsOnTheWindowStateAlone) {
   const QRect left(0, 0, 260, 258);
   EXPECT_EQ(list.copy(left), equalizer.copy(left));
   EXPECT_EQ(background({WindowSize::Full, true}), list) << "caches do not show";
-}
-
-TEST(PanelPainter, HeadKeepsItsButtonsInEveryWindow) {
-  for (const std::string_view name : {"compact", "full-vu", "board-open"}) {
-    const QImage picture = panel_picture(sample_panel(name)->look, 2);
-    const int x = picture.width() - 2 * 11;
-    EXPECT_GT(qGray(picture.pixel(x, 15)), 150) << "the middle of the cross, " << name;
-  }
 }
 
 }  // namespace

@@ -1,0 +1,85 @@
+#include "tools/pictures/panel_scene.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <stdexcept>
+
+#include "displays/display_set.h"
+#include "tools/pictures/panel_states.h"
+#include "widgets/display_area/display_views.h"
+
+namespace tandem {
+
+namespace {
+
+constexpr std::size_t kFrame = 735;  // frames of sound to a picture: a 60th of a second
+
+const NamedState& state_of(std::string_view name) {
+  const auto& all = named_states();
+  const auto found =
+      std::find_if(all.begin(), all.end(), [name](const NamedState& state) { return state.name == name; });
+  if (found == all.end()) throw std::invalid_argument("no state " + std::string(name));
+  return *found;
+}
+
+// A chord, the left channel a little louder and without its highest tone.
+SoundFrame chord(std::size_t frame) {
+  constexpr double kTones[] = {110, 440, 1000, 3000, 7000};
+  double left = 0;
+  double right = 0;
+  double level = .3;
+  for (const double tone : kTones) {
+    const double wave = level * std::sin(2 * std::numbers::pi * tone * static_cast<double>(frame) / 44100);
+    left += tone > 5000 ? 0 : wave;
+    right += .7 * wave;
+    level *= .6;
+  }
+  return {static_cast<float>(left), static_cast<float>(right)};
+}
+
+}  // namespace
+
+std::vector<std::string_view> panel_states() {
+  std::vector<std::string_view> names;
+  for (const NamedState& state : named_states()) names.push_back(state.name);
+  return names;
+}
+
+PanelScene::PanelScene(std::string_view name, double scale) {
+  const NamedState& state = state_of(name);
+  add_displays(sound_);
+  controls_ = std::make_unique<PanelControls>(dialog_, timers_);
+  PanelWindow::Hooks hooks;
+  hooks.close = [] {};
+  hooks.frame_wanted = [] {};
+  hooks.user_acts = [] {};
+  hooks.drop = [](const auto&) {};
+  window_ = std::make_unique<PanelWindow>(*controls_, views_of(sound_), std::move(hooks), state.shadow);
+  window_->set_reduced_motion(true);
+  window_->begin_with_scale(scale);
+  MixView mix;
+  PanelStateParts parts{*controls_, sound_, mix};
+  state.put(parts);
+  window_->show();
+  window_->show_mix(mix);
+  hear_a_second();
+}
+
+PanelScene::~PanelScene() = default;
+
+void PanelScene::hear_a_second() {
+  for (std::size_t begin = 0; begin < 44100; begin += kFrame) {
+    std::vector<SoundFrame> sound(kFrame);
+    for (std::size_t i = 0; i < kFrame; ++i) sound[i] = chord(begin + i);
+    window_->visual().feed(sound);
+    window_->frame(1.0 / 60);
+  }
+}
+
+QImage PanelScene::picture() { return window_->grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied); }
+
+}  // namespace tandem
