@@ -80,6 +80,12 @@ void PanelScene::hear_a_second() {
   }
 }
 
-QImage PanelScene::picture() { return window_->grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied); }
+// An opaque widget's grab() leaves what it does not paint as it was in memory: beside the shadow there is nothing.
+QImage PanelScene::picture() {
+  QImage picture(window_->size(), QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::transparent);
+  window_->render(&picture);
+  return picture;
+}
 
 }  // namespace tandem

@@ -25,10 +25,10 @@ double fader_value(const QRectF& box, const FaderState& look, double y);
 void paint_fader(QPainter& painter, const QRectF& box, const FaderState& look);
 
 struct SliderState {
-  double share = 0;                     ///< 0..1 from left to right
+  double share = 0;  ///< 0..1 from left to right
+  InteractionState interaction{};
   std::optional<double> next_start{};   ///< where the next song starts, 0..1: a mark; none while nothing plays
   std::optional<double> overlapping{};  ///< place of the other song that sounds, 0..1; the mark is lit meanwhile
-  InteractionState interaction{};
 };
 
 inline constexpr double kSliderCapWidth = 18;

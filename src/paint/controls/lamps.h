@@ -12,9 +12,9 @@ namespace tandem {
 struct LampState {
   QRgb colour = 0;  ///< the lamp's own colour, shown exact
   bool lit = false;
-  std::optional<double> breath{};  ///< of a lit lead lamp while two songs overlap: 0 calm .. 1 brightest
   QString caption{};
   InteractionState interaction{};
+  std::optional<double> breath{};  ///< of a lit lead lamp while two songs overlap: 0 calm .. 1 brightest
 };
 
 /// A round lamp in the middle of its 16 x 16 box, its caption ending 1 px before the box.
