@@ -24,7 +24,10 @@ void Player::join_desktop() {
   hooks.quit = [this] { QTimer::singleShot(0, window_.get(), [this] { close(); }); };
   hooks.named = [this](const std::string& name) { show_name(name); };
   services_.emplace(*remote_, std::move(hooks));
-  menu_.emplace(*window_, *remote_, PanelMenu::Hooks{{}, {}, {}, [this] { close(); }});
+  menu_.emplace(
+      *window_, *remote_,
+      PanelMenu::Hooks{[this] { return window_->scale(); }, [this](double scale) { window_->set_scale(scale); },
+                       [this] { return window_->greatest_scale(); }, [this] { close(); }});
 }
 
 void Player::come_to_front(const std::string& token) {

@@ -64,6 +64,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void set_scale(double scale);
   void begin_with_scale(double scale);  // any, before it is shown
   void step_scale(int steps);           // of 25 %
+  double greatest_scale() const;
 
   // PanelCanvas.
   const PanelTransform& transform() const override { return transform_; }

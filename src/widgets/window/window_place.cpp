@@ -109,9 +109,12 @@ void PanelWindow::lay_out() {
   follow_frame();
 }
 
+double PanelWindow::greatest_scale() const {
+  return screen() == nullptr ? 1 : tandem::greatest_scale(screen()->availableGeometry().size(), 1);
+}
+
 void PanelWindow::set_scale(double scale) {
-  const double most = screen() == nullptr ? scale : greatest_scale(screen()->availableGeometry().size(), 1);
-  const double wanted = std::clamp(std::round(scale / kScaleStep) * kScaleStep, 1.0, most);
+  const double wanted = std::clamp(std::round(scale / kScaleStep) * kScaleStep, 1.0, greatest_scale());
   if (wanted == this->scale()) return;
   const QPoint corner = pos() + QPoint(transform_.margin(), transform_.margin()) - screen_origin();
   transform_ = PanelTransform(wanted, composited_ ? margin_for(wanted) : 0);
