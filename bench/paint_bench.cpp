@@ -34,12 +34,12 @@ namespace {
 
 constexpr int kPictures = 16;  // different ones, shown in turn
 constexpr int kWarmUp = 400;
-constexpr std::array<std::pair<SpectrumKind, const char*>, 6> kKinds = {{{SpectrumKind::Points, "points"},
-                                                                         {SpectrumKind::Lines, "lines"},
-                                                                         {SpectrumKind::Stems, "stems"},
-                                                                         {SpectrumKind::Bars, "bars"},
-                                                                         {SpectrumKind::Picks, "picks"},
-                                                                         {SpectrumKind::Roll, "roll"}}};
+constexpr std::array<std::pair<AnalyserKind, const char*>, 6> kKinds = {{{AnalyserKind::Points, "points"},
+                                                                         {AnalyserKind::Lines, "lines"},
+                                                                         {AnalyserKind::VLines, "stems"},
+                                                                         {AnalyserKind::Bar, "bars"},
+                                                                         {AnalyserKind::Picks, "picks"},
+                                                                         {AnalyserKind::Roll, "roll"}}};
 
 double cpu_microseconds() {
   timespec now{};
@@ -73,17 +73,21 @@ void measure(const Bench& bench, const std::string& what, int percent, int share
 QRectF display_area() { return control_box("MMSpectrum1").box(); }
 QRectF display_well() { return control_box("Display well").box(); }
 
-void measure_spectrum(const Bench& bench, SpectrumKind kind, const char* name, int percent) {
+int rows_at(int percent) { return spectrum_grid(64, percent / 100.).rows; }
+
+void measure_spectrum(const Bench& bench, AnalyserKind kind, bool solid, const char* name, int percent) {
   std::vector<std::vector<float>> heights;
   std::vector<float> ring;
   for (int i = 0; i < kPictures; ++i) {
-    heights.push_back(sample_spectrum(32, static_cast<std::uint32_t>(i) + 1, 1));
-    const std::vector<float> rows = sample_spectrum(kSpectrumRows, static_cast<std::uint32_t>(i) + 1, 1);
+    heights.push_back(sample_spectrum(33, static_cast<std::uint32_t>(i) + 1, 1));
+    const std::vector<float> rows = sample_spectrum(rows_at(percent), static_cast<std::uint32_t>(i) + 1, 1);
     ring.insert(ring.end(), rows.begin(), rows.end());
   }
   SpectrumStyle style;
   style.kind = kind;
-  const SpectrumBackdrop face(style, percent / 100., display_area(), display_well());
+  style.solid = solid;
+  style.grid = spectrum_grid(64, percent / 100.);
+  const SpectrumBackdrop face(style, display_area(), display_well());
   QImage image(face.size(), QImage::Format_RGB32);
   SpectrumTrace standing;
   std::uint64_t written = kPictures;
@@ -91,7 +95,7 @@ void measure_spectrum(const Bench& bench, SpectrumKind kind, const char* name, i
     SpectrumPicture picture;
     picture.left = heights[static_cast<std::size_t>(i) % kPictures];
     picture.right = heights[static_cast<std::size_t>(i + 3) % kPictures];
-    picture.roll = {ring, ring, kPictures, ++written};
+    picture.roll = {ring, ring, kPictures, rows_at(percent), ++written};
     update_spectrum(image, {0, 0}, face, picture, standing);
   });
 }
@@ -163,7 +167,8 @@ void measure_list(const Bench& bench, int percent) {
 }
 
 void measure_all(const Bench& bench, int percent) {
-  for (const auto& [kind, name] : kKinds) measure_spectrum(bench, kind, name, percent);
+  for (const auto& [kind, name] : kKinds) measure_spectrum(bench, kind, false, name, percent);
+  measure_spectrum(bench, AnalyserKind::Bar, true, "solid bars", percent);
   measure_needles(bench, percent);
   measure_scope(bench, percent);
   measure_painted(bench, "level bar", percent, 1, [](QPainter& painter, int i) {

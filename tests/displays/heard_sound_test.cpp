@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "displays/meters/block_peaks.h"
+#include "displays/meters/block_levels.h"
 #include "displays/tones.h"
 
 namespace tandem {
@@ -54,45 +54,56 @@ TEST(HeardSound, BecomesSilentAfterFiftyMillisecondsWithoutSound) {
   EXPECT_FALSE(heard.advance(1.0));
 }
 
-TEST(BlockPeaks, FindsTheGreatestSampleOfEachTenMilliseconds) {
-  Sound sound(2 * BlockPeaks::kBlock + 100);
+TEST(BlockLevels, FindsTheGreatestSampleOfEachTenMilliseconds) {
+  Sound sound(2 * BlockLevels::kBlock + 100);
   sound[17] = {-0.5F, 0.25F};
   sound[440] = {0.125F, 0.0F};
   sound[441] = {0.0F, -0.75F};
-  BlockPeaks peaks;
+  BlockLevels peaks;
   peaks.feed(std::span(sound).first(500));
   peaks.feed(std::span(sound).subspan(500));
   const auto blocks = peaks.advance(0.02);
   ASSERT_EQ(blocks.size(), 2U);
-  EXPECT_EQ(blocks[0], (SoundFrame{0.5F, 0.25F}));
-  EXPECT_EQ(blocks[1], (SoundFrame{0.0F, 0.75F}));
+  EXPECT_EQ(blocks[0].greatest, (SoundFrame{0.5F, 0.25F}));
+  EXPECT_EQ(blocks[1].greatest, (SoundFrame{0.0F, 0.75F}));
   EXPECT_TRUE(peaks.advance(0.0).empty());
 }
 
-TEST(BlockPeaks, KeepsTheNewestOfALongTime) {
-  Sound sound(100 * BlockPeaks::kBlock);
+TEST(BlockLevels, TheAverageOfASineIsItsAmplitude) {
+  for (const double hz : {50.0, 100.0, 1000.0, 12000.0}) {
+    BlockLevels levels;
+    levels.feed(sine(BlockLevels::kBlock, hz, 0.5));
+    EXPECT_NEAR(levels.advance(0.01)[0].average.left, 0.5, 0.005) << hz;
+  }
+  BlockLevels levels;
+  levels.feed(both(BlockLevels::kBlock, [](double t) { return t < 0.005 ? 1.0 : 0.0; }));
+  EXPECT_NEAR(levels.advance(0.01)[0].average.right, 0.785, 0.005) << "half of pi / 2, though the peak is 1";
+}
+
+TEST(BlockLevels, KeepsTheNewestOfALongTime) {
+  Sound sound(100 * BlockLevels::kBlock);
   sound.back() = {1.0F, 1.0F};
-  BlockPeaks peaks;
+  BlockLevels peaks;
   peaks.feed(sound);
   auto blocks = peaks.advance(1.0);
   EXPECT_EQ(blocks.size(), 32U);
-  EXPECT_EQ(blocks.back().left, 1.0F);
-  for (int i = 0; i < 100; ++i) peaks.feed(std::span(sound).last(BlockPeaks::kBlock));
+  EXPECT_EQ(blocks.back().greatest.left, 1.0F);
+  for (int i = 0; i < 100; ++i) peaks.feed(std::span(sound).last(BlockLevels::kBlock));
   blocks = peaks.advance(1.0);
   EXPECT_EQ(blocks.size(), 32U);
-  EXPECT_EQ(blocks.front().left, 1.0F);
+  EXPECT_EQ(blocks.front().greatest.left, 1.0F);
 }
 
-TEST(BlockPeaks, GivesOneSilentBlockWhenSoundIsHeldBack) {
+TEST(BlockLevels, GivesOneSilentBlockWhenSoundIsHeldBack) {
   const Sound sound = sine(600, 1000.0);
-  BlockPeaks peaks;
+  BlockLevels peaks;
   peaks.feed(sound);
   EXPECT_EQ(peaks.advance(0.01).size(), 1U);
   EXPECT_TRUE(peaks.advance(0.049).empty());
   EXPECT_FALSE(peaks.silent());
   const auto blocks = peaks.advance(0.002);
   ASSERT_EQ(blocks.size(), 1U);
-  EXPECT_EQ(blocks[0], SoundFrame{});
+  EXPECT_EQ(blocks[0], BlockLevel{});
   EXPECT_TRUE(peaks.silent());
 }
 

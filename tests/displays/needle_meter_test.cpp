@@ -123,7 +123,7 @@ TEST(NeedleMeter, MovesAlikeAtEveryFrameRate) {
 TEST(NeedleMeter, StandsStillOnASteadyToneAtEveryFrameRate) {
   for (const double rate : {24.0, 30.0, 60.0, 75.0, 144.0}) {
     NeedleMeter meter = enabled_meter();
-    const Sound tone = sine(frames_in(4.0), 997.0, 0.5);
+    const Sound tone = sine(frames_in(4.0), 1000.0, 0.5);
     Screen screen(meter, tone);
     screen.run(3.0, rate);
     EXPECT_NEAR(meter.deflection(), 0.5, 0.001);

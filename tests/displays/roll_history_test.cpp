@@ -44,7 +44,7 @@ TEST(RollRecorder, MovesAsFastAtAnyRate) {
     for (int i = 0; i < static_cast<int>(rate) * 2; ++i) history.move(cells, sound, 1.0 / rate);
     std::size_t lit = 0;
     while (lit < 100 && cells.step(0, lit)[0] > 0.0F) ++lit;
-    EXPECT_NEAR(static_cast<double>(lit), 60.0, 1.0) << rate;
+    EXPECT_NEAR(static_cast<double>(lit), 30.0, 1.0) << rate;
   }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <numeric>
 
 #include "displays/tones.h"
 
@@ -14,15 +15,14 @@ constexpr std::array kWindows{FftWindow::Rectang,   FftWindow::Hamming, FftWindo
 
 double db(float power) { return 10.0 * std::log10(static_cast<double>(power) + 1e-30); }
 
-// The greatest bin of a full-scale sine at `bin` bins.
+// The power of all bins of a full-scale sine at `bin` bins.
 double level_at(FftWindow window, std::size_t length, double bin, double phase = 0.3) {
-  HeardSound heard(4096);
-  heard.feed(sine(length, bin * kHeardRate / static_cast<double>(length), 1.0, phase));
+  const Sound tone = sine(length, bin * kHeardRate / static_cast<double>(length), 1.0, phase);
   StereoSpectrum spectrum;
   spectrum.prepare(length, window);
-  spectrum.analyse(heard);
+  spectrum.analyse(tone, 0, length / 2);
   const auto power = spectrum.power(0);
-  return db(*std::max_element(power.begin(), power.end()));
+  return db(std::accumulate(power.begin(), power.end(), 0.0F));
 }
 
 TEST(FftWindow, HasItsCoherentGain) {
@@ -37,40 +37,14 @@ TEST(FftWindow, HasItsCoherentGain) {
   }
 }
 
-// How much of the mirror image at the negative frequency, length / 2 bins away, the window lets through.
-double image_share(FftWindow window, std::size_t length) {
-  std::vector<float> points(length);
-  fill_window(window, points);
-  double image = 0.0;
-  for (std::size_t i = 0; i < length; ++i) image += i % 2 == 0 ? points[i] : -points[i];
-  return std::abs(image) / (coherent_gain(points) * static_cast<double>(length));
-}
-
-TEST(StereoSpectrum, FullScaleSineIsZeroDecibels) {
+TEST(StereoSpectrum, APowerOfOneIsAFullScaleSineForEveryWindow) {
   for (const FftWindow window : kWindows)
-    for (std::size_t length = 4; length <= 4096; length *= 2) {
-      const double image = image_share(window, length);
-      // From 16 points on the image lies outside the main lobe of every window.
-      EXPECT_TRUE(length < 16 || image < 0.012) << length;
+    for (const std::size_t length : {64U, 128U, 256U, 1024U, 2048U})
       for (const double phase : {0.0, 0.7, 1.9, 2.6}) {
-        const double level = level_at(window, length, static_cast<double>(length) / 4.0, phase);
-        EXPECT_LE(level, 20.0 * std::log10(1.0 + image) + 0.001) << length << " " << static_cast<int>(window);
-        EXPECT_GE(level, 20.0 * std::log10(1.0 - image) - 0.001) << length << " " << static_cast<int>(window);
-        EXPECT_NEAR(level, 0.0, length < 32 ? 4.0 : 0.1);
+        const double quarter = static_cast<double>(length) / 4.0;
+        EXPECT_NEAR(level_at(window, length, quarter, phase), 0.0, 0.1) << length << " " << static_cast<int>(window);
+        EXPECT_NEAR(level_at(window, length, quarter + 0.5, phase), 0.0, 0.1) << "between two bins";
       }
-    }
-}
-
-TEST(StereoSpectrum, EveryBinIsCorrected) {
-  for (const FftWindow window : kWindows)
-    for (double bin = 6.0; bin <= 58.0; bin += 4.0) EXPECT_NEAR(level_at(window, 128, bin), 0.0, 0.1) << bin;
-}
-
-TEST(StereoSpectrum, LosesTheWindowsShareBetweenTwoBins) {
-  // Harris 1978, table I: the scallop loss; that of the bell cut at 2.5 deviations by numeric integration.
-  const std::array<double, 7> losses{3.92, 1.75, 1.42, 1.10, 1.58, 2.22, 0.90};
-  for (std::size_t i = 0; i < losses.size(); ++i)
-    EXPECT_NEAR(level_at(kWindows[i], 1024, 200.5), -losses[i], 0.06) << i;
 }
 
 TEST(StereoSpectrum, KeepsTheSidesApart) {
@@ -79,24 +53,26 @@ TEST(StereoSpectrum, KeepsTheSidesApart) {
   const Sound right = sine(kLength, 90.0 * kHeardRate / kLength, 0.1, 1.0);
   Sound sound(kLength);
   for (std::size_t i = 0; i < kLength; ++i) sound[i] = {left[i].left, right[i].right};
-  HeardSound heard(kLength);
-  heard.feed(sound);
   StereoSpectrum spectrum;
   spectrum.prepare(kLength, FftWindow::Blackman);
-  spectrum.analyse(heard);
-  EXPECT_NEAR(db(spectrum.power(0)[40]), 0.0, 0.01);
-  EXPECT_NEAR(db(spectrum.power(1)[90]), -20.0, 0.01);
-  EXPECT_LT(db(spectrum.power(1)[40]), -110.0);
-  EXPECT_LT(db(spectrum.power(0)[90]), -110.0);
+  spectrum.analyse(sound, 1, kLength / 2);
+  const auto about = [&](std::size_t side, std::size_t bin) {
+    const auto power = spectrum.power(side).subspan(bin - 4, 9);
+    return db(std::accumulate(power.begin(), power.end(), 0.0F));
+  };
+  EXPECT_NEAR(about(0, 40), 0.0, 0.01);
+  EXPECT_NEAR(about(1, 90), -20.0, 0.01);
+  EXPECT_LT(about(1, 40), -100.0);
+  EXPECT_LT(about(0, 90), -100.0);
 }
 
-TEST(StereoSpectrum, ConstantStandsInBinZero) {
-  HeardSound heard(64);
-  heard.feed(both(64, [](double) { return 0.5; }));
+TEST(StereoSpectrum, GivesOnlyTheBinsThatAreAskedFor) {
   StereoSpectrum spectrum;
   spectrum.prepare(64, FftWindow::Hanning);
-  spectrum.analyse(heard);
-  EXPECT_NEAR(db(spectrum.power(0)[0]), -6.02, 0.01);
+  spectrum.analyse(both(64, [](double) { return 0.5; }), 0, 8);
+  EXPECT_EQ(spectrum.power(0)[0], 0.0F) << "nothing of 0 Hz";
+  EXPECT_GT(spectrum.power(0)[1], 0.0F);
+  EXPECT_EQ(spectrum.power(0)[8], 0.0F);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// How well a colour can be told from another, as the Web Content Accessibility Guidelines 2 define it.
+// How well a colour stands out from another, as the Web Content Accessibility Guidelines 2 define it.
 #pragma once
 
 #include <QColor>

@@ -1,4 +1,4 @@
-// The palette's colours of texts and lamps can be told from what they stand on.
+// The palette's colours of texts and lamps stand out from their ground.
 #include "contrast.h"
 
 #include <gtest/gtest.h>

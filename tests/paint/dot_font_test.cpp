@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+
 namespace tandem {
 namespace {
-
-constexpr DotGlyph kHollow = {0x7F, 0x41, 0x41, 0x41, 0x7F};
 
 TEST(DotFont, HasLettersAndFigures) {
   EXPECT_EQ(dot_glyph(U'A'), (DotGlyph{0x7E, 0x11, 0x11, 0x11, 0x7E}));
@@ -16,7 +16,6 @@ TEST(DotFont, HasLettersAndFigures) {
 
 TEST(DotFont, EveryPrintableAsciiCharacterHasItsOwn) {
   for (char32_t c = 33; c < 127; ++c) {
-    EXPECT_NE(dot_glyph(c), kHollow) << static_cast<int>(c);
     EXPECT_NE(dot_glyph(c), dot_glyph(U' ')) << static_cast<int>(c);
   }
 }
@@ -28,21 +27,43 @@ TEST(DotFont, SmallLettersShowAsCapitals) {
   EXPECT_NE(dot_glyph(U'Ã'), dot_glyph(U'A')) << "an accent of its own";
 }
 
+TEST(DotFont, GreekAndCyrillicHaveTheirLetters) {
+  for (char32_t c = U'Α'; c <= U'Ω'; ++c)
+    EXPECT_TRUE(c == 0x3A2 || has_dot_glyph(c)) << static_cast<int>(c);  // which is not a letter
+  for (char32_t c = U'А'; c <= U'Я'; ++c) EXPECT_TRUE(has_dot_glyph(c)) << static_cast<int>(c);
+  EXPECT_EQ(dot_glyph(U'д'), dot_glyph(U'Д'));
+  EXPECT_NE(dot_glyph(U'Д'), dot_glyph(U'Л'));
+  EXPECT_EQ(dot_glyph(U'ή'), dot_glyph(U'Η')) << "an accented vowel shows its letter";
+  EXPECT_EQ(dot_glyph(U'ς'), dot_glyph(U'Σ'));
+  EXPECT_EQ(dot_glyph(U'Н'), dot_glyph(U'H')) << "the same shape";
+}
+
 TEST(DotFont, OtherAccentsShowTheBaseLetter) {
-  EXPECT_EQ(dot_glyph(U'ő'), dot_glyph(U'O'));
-  EXPECT_EQ(dot_glyph(U'č'), dot_glyph(U'C'));
+  EXPECT_EQ(dot_glyph(U'ǫ'), dot_glyph(U'O'));
   EXPECT_EQ(dot_glyph(U'ß'), dot_glyph(U'S'));
   EXPECT_EQ(dot_glyph(U'\uFF21'), dot_glyph(U'A')) << "the wide form of A";
 }
 
-TEST(DotFont, WhatIsLeftShowsAHollowBox) {
-  EXPECT_EQ(dot_glyph(U'\u65E5'), kHollow);
-  EXPECT_EQ(dot_glyph(U'\U0001F3B5'), kHollow);
-  EXPECT_EQ(dot_glyph(U'\uFFFD'), kHollow);
+TEST(DotFont, KnowsWhatItLacks) {
+  for (const char32_t c : {U'\u65E5', U'\U0001F3B5', U'\uFFFD', U'\u05D0'}) EXPECT_FALSE(has_dot_glyph(c));
+  EXPECT_TRUE(has_dot_glyph(U' '));
+}
+
+TEST(FineGlyph, IsNeitherEmptyNorABoxAndStaysInItsRows) {
+  for (const char32_t c : {U'\u65E5', U'\U0001F3B5', U'\uFDD0', U'\u05D0', U'\u0645'}) {
+    const FineGlyph& glyph = fine_glyph(c);
+    int dots = 0;
+    for (const auto column : glyph) {
+      EXPECT_LT(column, 1 << 14);
+      dots += std::popcount(column);
+    }
+    EXPECT_GT(dots, 5) << static_cast<int>(c);
+    EXPECT_FALSE(glyph.front() == glyph.back() && std::popcount(glyph.front()) > 9) << "a hollow box";
+  }
 }
 
 TEST(DotFont, NoGlyphLeavesItsSevenRows) {
-  for (char32_t c = 32; c < 256; ++c) {
+  for (char32_t c = 32; c < 0x500; ++c) {
     for (const auto column : dot_glyph(c)) EXPECT_LT(column, 0x80) << static_cast<int>(c);
   }
 }

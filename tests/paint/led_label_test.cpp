@@ -54,7 +54,10 @@ TEST(LedLabel, CutsWhatHasNoCell) {
 }
 
 TEST(LedLabel, CountsCodePoints) {
-  EXPECT_EQ(picture_of(label_of(u"\U0001F3B5B"_s, 2)), picture_of(label_of(u"\u65E5B"_s, 2)));
+  const QImage picture = picture_of(label_of(u"\U0001F3B5B"_s, 2));
+  for (int column = 0; column < 5; ++column)
+    EXPECT_EQ(dots_at(picture, 6 + column), dot_glyph(U'B')[static_cast<std::size_t>(column)]);
+  EXPECT_EQ(led_text_columns(u"\U0001F3B5B"_s), 12);
 }
 
 TEST(LedLabel, SmallCaptionsHaveNoDarkDotsAndNoGlow) {
@@ -106,6 +109,53 @@ TEST(LedLabel, AnyScaleShowsAllDots) {
     EXPECT_FALSE(picture.isNull());
     const QImage dark = picture_of(label_of(u"    "_s, 4), scale);
     EXPECT_NE(picture, dark) << scale;
+  }
+}
+
+LedLabelState title_of(const QString& text, int scroll) {
+  LedLabelState look = label_of(text, 4);
+  look.unbroken = true;
+  look.scroll = scroll;
+  return look;
+}
+
+bool is_dark_dot(const QImage& picture, int column, int row) {
+  const QPointF middle((4 + column * 2 + .86) * kScale, (4 + row * 2 + .86) * kScale);
+  const QRgb pixel = picture.pixel(middle.toPoint());
+  return pixel != palette::kWhite && qRed(pixel) >= qRed(palette::kWhiteDots);
+}
+
+TEST(RunningTitle, TheDarkMatrixStandsStillAndHasNoGaps) {
+  for (const int scroll : {0, 1, 4, 17}) {
+    const QImage picture = picture_of(title_of(u"-       "_s, scroll));
+    for (int column = 0; column < 4 * 6 - 1; ++column)
+      EXPECT_TRUE(is_dark_dot(picture, column, 0)) << column << " moved " << scroll;
+  }
+}
+
+TEST(RunningTitle, TheLightRunsByWholeColumns) {
+  const QString ring = u"SONG  "_s;
+  for (int moved = 0; moved < 36; ++moved) {
+    const QImage picture = picture_of(title_of(ring, moved));
+    for (int column = 0; column < 4 * 6 - 1; ++column) {
+      const int at = (column + moved) % 36;
+      const DotGlyph& glyph = dot_glyph(ring[at / 6].unicode());
+      const int wanted = at % 6 == 5 ? 0 : glyph[static_cast<std::size_t>(at % 6)];
+      EXPECT_EQ(dots_at(picture, column), wanted) << "moved " << moved << " column " << column;
+    }
+  }
+}
+
+TEST(RunningTitle, BeginsWithItsFirstLetter) {
+  EXPECT_EQ(picture_of(title_of(u"   SONG"_s, 0)), picture_of(title_of(u"SONG   "_s, 0)));
+}
+
+TEST(RunningTitle, ShowsLettersThatTheDotFontLacks) {
+  const QImage blank = picture_of(title_of(u"        "_s, 0));
+  for (const QString& text : {u"\u65E5       "_s, u"\u05D0       "_s, u"\u0645       "_s}) {
+    const QImage picture = picture_of(title_of(text, 0));
+    EXPECT_NE(picture, blank);
+    EXPECT_EQ(picture.copy(76, 0, 300, 88), blank.copy(76, 0, 300, 88)) << "within its cell";
   }
 }
 

@@ -1,4 +1,4 @@
-// Texts are painted in their full colour, and can be told from what is painted behind them.
+// Texts are painted in their full colour, and stand out from their ground.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -72,7 +72,7 @@ TEST(Ink, RoundsAlikeFromEveryOrigin) {
   EXPECT_NEAR(nearest(68).y(), nearest(0).y(), 1e-9);
 }
 
-// A part that is painted anew is cut out by a clip: a line in it is the same line.
+// A part that is painted again is cut out by a clip: a line in it is the same line.
 TEST(Ink, LinesAreTheSameUnderEveryClip) {
   const auto cross = [](const QRect& clip) {
     return sketch({20, 20}, 1.75, [&clip](QPainter& painter) {

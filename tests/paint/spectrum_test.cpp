@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 
 #include "paint/strokes/palette.h"
@@ -12,20 +13,24 @@ namespace {
 const QRectF kArea(264, 16, 337, 91);
 const QRectF kWell(262, 14, 341, 95);
 
-SpectrumBackdrop face_of(SpectrumKind kind, double scale = 1, int columns = 32, bool led = true, bool grid = false) {
+SpectrumStyle style_of(AnalyserKind kind, double scale = 1, bool solid = false) {
   SpectrumStyle style;
   style.kind = kind;
-  style.columns = columns;
-  style.led_style = led;
-  style.grid = grid;
-  return {style, scale, kArea, kWell};
+  style.solid = solid;
+  style.grid = spectrum_grid(64, scale);
+  return style;
+}
+
+SpectrumBackdrop face_of(const SpectrumStyle& style) { return {style, kArea, kWell}; }
+SpectrumBackdrop face_of(AnalyserKind kind, double scale = 1, bool solid = false) {
+  return face_of(style_of(kind, scale, solid));
 }
 
 struct Frame {
   std::vector<float> left, right, left_peaks, right_peaks, roll;
 
   SpectrumPicture picture(int marks, std::uint64_t written) const {
-    return {left, right, left_peaks, right_peaks, marks, {roll, roll, 20, written}};
+    return {left, right, left_peaks, right_peaks, marks, {roll, roll, 20, 28, written}};
   }
 };
 
@@ -40,7 +45,7 @@ Frame random_frame(std::minstd_rand& random, int columns, int marks) {
     frame.left_peaks.push_back(height(random) - .2F);
     frame.right_peaks.push_back(height(random));
   }
-  for (int i = 0; i < 20 * kSpectrumRows; ++i) frame.roll.push_back(height(random));
+  for (int i = 0; i < 20 * 28; ++i) frame.roll.push_back(height(random));
   return frame;
 }
 
@@ -62,28 +67,30 @@ void expect_changes_within(const QImage& before, const QImage& now, const Change
   for (int y = 0; y < now.height(); ++y) {
     for (int x = 0; x < now.width(); ++x) {
       if (before.pixel(x, y) == now.pixel(x, y)) continue;
-      const bool told = std::any_of(rects.begin(), rects.end(), [&](const QRect& r) { return r.contains(x, y); });
-      ASSERT_TRUE(told) << x << ' ' << y;
+      const bool reported = std::any_of(rects.begin(), rects.end(), [&](const QRect& r) { return r.contains(x, y); });
+      ASSERT_TRUE(reported) << x << ' ' << y;
     }
   }
 }
 
 class EveryKind : public ::testing::TestWithParam<std::tuple<int, double>> {
  protected:
-  SpectrumKind kind() const { return static_cast<SpectrumKind>(std::get<0>(GetParam())); }
+  AnalyserKind kind() const { return static_cast<AnalyserKind>(std::get<0>(GetParam())); }
   double scale() const { return std::get<1>(GetParam()); }
 };
 
 TEST_P(EveryKind, StepByStepGivesThePictureDrawnAtOnce) {
   constexpr int kMarks = 3;
   const QPoint origin(7, 5);
-  for (const bool led : {true, false}) {
-    const SpectrumBackdrop face = face_of(kind(), scale(), 32, led, true);
+  for (const bool solid : {true, false}) {
+    SpectrumStyle style = style_of(kind(), scale(), solid);
+    style.grid_lines = true;
+    const SpectrumBackdrop face = face_of(style);
     std::minstd_rand random(5);
     QImage image = blank(face, origin);
     SpectrumTrace standing;
     for (std::uint64_t step = 1; step < 12; ++step) {
-      const Frame frame = random_frame(random, 32, kMarks);
+      const Frame frame = random_frame(random, 33, kMarks);
       const SpectrumPicture picture = frame.picture(kMarks, step);
       const QImage before = image.copy();
       const ChangedRects rects = update_spectrum(image, origin, face, picture, standing);
@@ -97,7 +104,7 @@ TEST_P(EveryKind, StepByStepGivesThePictureDrawnAtOnce) {
 TEST_P(EveryKind, APictureThatStandsStillChangesNothing) {
   const SpectrumBackdrop face = face_of(kind(), scale());
   std::minstd_rand random(9);
-  const Frame frame = random_frame(random, 32, 1);
+  const Frame frame = random_frame(random, 33, 1);
   QImage image = blank(face, {0, 0});
   SpectrumTrace standing;
   EXPECT_EQ(update_spectrum(image, {0, 0}, face, frame.picture(1, 3), standing).size(), 1);
@@ -109,11 +116,11 @@ INSTANTIATE_TEST_SUITE_P(Spectrum, EveryKind,
 
 QRgb middle_of_spot(const QImage& image, const SpectrumBackdrop& face, int column, int row) {
   const SpectrumGrid& grid = face.grid();
-  return image.pixel(grid.column_x(0, column) + 1, grid.row_top[static_cast<std::size_t>(row)]);
+  return image.pixel(grid.column_x(0, column) + 1, grid.row_top(row));
 }
 
 TEST(Spectrum, LightsTheRoundedRowsInTheirColours) {
-  const SpectrumBackdrop face = face_of(SpectrumKind::Bars);
+  const SpectrumBackdrop face = face_of(AnalyserKind::Bar);
   const std::vector<float> heights = {.25F, .5F, 1};
   SpectrumPicture picture;
   picture.left = heights;
@@ -130,29 +137,29 @@ TEST(Spectrum, LightsTheRoundedRowsInTheirColours) {
 }
 
 TEST(Spectrum, SpotsOutOfTheSheenAreExact) {
-  const SpectrumBackdrop face = face_of(SpectrumKind::Bars, 2);
-  const std::vector<float> heights(32, .1F);
+  const SpectrumBackdrop face = face_of(AnalyserKind::Bar, 2);
+  const std::vector<float> heights(33, .1F);
   SpectrumPicture picture;
   picture.right = heights;
   const QImage image = drawn_at_once(face, {0, 0}, picture);
   const int x = face.grid().column_x(1, 20) + 2;
-  EXPECT_EQ(image.pixel(x, face.grid().row_top[0]), palette::kLime);
-  EXPECT_EQ(image.pixel(x, face.grid().row_top[8] + 2), palette::kGreen) << "a dark spot is its lowest pixel";
-  EXPECT_NE(image.pixel(x, face.grid().row_top[8]), palette::kGreen);
+  EXPECT_EQ(image.pixel(x, face.grid().row_top(0)), palette::kLime);
+  EXPECT_EQ(image.pixel(x, face.grid().row_top(8) + 2), palette::kGreen) << "a dark spot is its lowest px";
+  EXPECT_NE(image.pixel(x, face.grid().row_top(8)), palette::kGreen);
   EXPECT_EQ(image.pixel(x, 87 * 2 + 1), palette::kTeal);
 }
 
 TEST(Spectrum, InactiveSpotsCanBeHidden) {
   SpectrumStyle style;
   style.inactive = false;
-  const SpectrumBackdrop face(style, 1, kArea, kWell);
+  const SpectrumBackdrop face(style, kArea, kWell);
   const QImage image = drawn_at_once(face, {0, 0}, {});
   const int x = face.grid().column_x(1, 20) + 1;
-  EXPECT_LT(qGreen(image.pixel(x, face.grid().row_top[8] + 1)), 20);
+  EXPECT_LT(qGreen(image.pixel(x, face.grid().row_top(8) + 1)), 20);
 }
 
 TEST(Spectrum, PeakMarksFadeWithAge) {
-  const SpectrumBackdrop face = face_of(SpectrumKind::Bars);
+  const SpectrumBackdrop face = face_of(AnalyserKind::Bar);
   const std::vector<float> peaks = {.9F, .6F, .3F};
   SpectrumPicture picture;
   picture.left_peaks = peaks;
@@ -164,38 +171,8 @@ TEST(Spectrum, PeakMarksFadeWithAge) {
   EXPECT_NEAR(mark(8), 89, 12);
 }
 
-TEST(Spectrum, ColumnsFillTheHalfAtTheDesignLength) {
-  const SpectrumGrid grid = face_of(SpectrumKind::Bars).grid();
-  EXPECT_EQ(grid.pitch, 5);
-  EXPECT_EQ(grid.width, 4);
-  EXPECT_EQ(grid.left[0], 4);
-  EXPECT_EQ(grid.left[1], 4 + 160 + 9);
-  EXPECT_EQ(face_of(SpectrumKind::Bars, 1.25).grid().pitch, 6);
-}
-
-TEST(Spectrum, ColumnsFillTheHalfAtAnyScale) {
-  // 64 columns have no whole px each at 100 %, but whole device pixels at 200 %.
-  EXPECT_EQ(face_of(SpectrumKind::Bars, 2, 64).grid().half_width(), 320);
-  EXPECT_EQ(face_of(SpectrumKind::Bars, 1, 53).grid().pitch, 3);
-  EXPECT_EQ(face_of(SpectrumKind::Bars, 1, 80).grid().width, 2) << "no gap between columns of 2 px";
-}
-
-TEST(Spectrum, AnyLengthStaysInTheArea) {
-  for (const int bins : {2, 4, 8, 16, 32, 64, 128, 256, 1024, 2048}) {
-    for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
-      const int columns = spectrum_columns(bins);
-      const SpectrumBackdrop face = face_of(SpectrumKind::Bars, scale, columns);
-      const SpectrumGrid& grid = face.grid();
-      EXPECT_GE(grid.left[0], 0);
-      EXPECT_GT(grid.width, 0);
-      EXPECT_LE(grid.left[0] + grid.half_width(), grid.left[1]);
-      EXPECT_LE(grid.left[1] + grid.half_width(), face.size().width()) << bins << ' ' << scale;
-    }
-  }
-}
-
 TEST(Spectrum, MissingAndWildValuesAreHarmless) {
-  const SpectrumBackdrop face = face_of(SpectrumKind::Bars);
+  const SpectrumBackdrop face = face_of(AnalyserKind::Bar);
   const std::vector<float> wild = {-3, 7};
   SpectrumPicture picture;
   picture.left = wild;
@@ -206,32 +183,82 @@ TEST(Spectrum, MissingAndWildValuesAreHarmless) {
   EXPECT_LT(qGreen(middle_of_spot(image, face, 0, 0)), 140);
 }
 
-TEST(Spectrum, NotchesTheScaleStripAtTheOctaves) {
-  const auto notches = [](int columns, double low, double high) {
-    SpectrumStyle style;
-    style.columns = columns;
-    style.low = low;
-    style.high = high;
-    const SpectrumBackdrop face(style, 1, kArea, kWell);
-    std::vector<int> found;
-    for (int x = 0; x < 158; ++x) {
-      if (qBlue(face.dark().pixel(face.grid().left[1] + x, 88)) < 60) found.push_back(x);
-    }
-    return found;
-  };
-  EXPECT_EQ(notches(32, 0, 1), (std::vector{4, 9, 19, 39, 79}));
-  EXPECT_EQ(notches(80, 0, 1), (std::vector{2, 4, 9, 19, 39, 79})) << "wherever the columns are";
-  EXPECT_EQ(notches(32, .25, .75), (std::vector{79}));
-  EXPECT_EQ(notches(32, .1, .35), (std::vector{15, 95})) << "a closer look has its own";
+QImage solid_bars(float height) {
+  const SpectrumBackdrop face = face_of(AnalyserKind::Bar, 1, true);
+  const std::vector<float> heights(33, height);
+  SpectrumPicture picture;
+  picture.right = heights;
+  return drawn_at_once(face, {0, 0}, picture);
 }
 
-TEST(Spectrum, MarksTheReferenceFrequency) {
-  SpectrumStyle style;
-  style.reference = .5;
-  const SpectrumBackdrop face(style, 2, kArea, kWell);
-  int white = 0;
-  for (int x = 0; x < face.size().width() / 2; ++x) white += face.dark().pixel(x, 176) == palette::kWhite ? 1 : 0;
-  EXPECT_EQ(white, 2) << "1 px at 200 %";
+TEST(Spectrum, SolidBarsFallByPartsOfAPixel) {
+  const SpectrumGrid grid = spectrum_grid(64, 1);
+  const int x = grid.column_x(1, 20) + 1;
+  const int y = grid.baseline - 11;  // the topmost line of a bar of 10.5 px
+  const int whole = qGreen(solid_bars(11.F / 84).pixel(x, y));
+  const int half = qGreen(solid_bars(10.5F / 84).pixel(x, y));
+  const int quarter = qGreen(solid_bars(10.25F / 84).pixel(x, y));
+  const int none = qGreen(solid_bars(10.F / 84).pixel(x, y));
+  EXPECT_LT(none, quarter);
+  EXPECT_LT(quarter, half);
+  EXPECT_LT(half, whole);
+}
+
+TEST(Spectrum, SolidBarsRunFromGreenOverYellowToRedUnderALightEdge) {
+  const SpectrumGrid grid = spectrum_grid(64, 1);
+  const QImage image = solid_bars(.95F);
+  const int x = grid.column_x(1, 20) + 1;
+  const auto at = [&](double share) {
+    return image.pixel(x, grid.baseline - 1 - static_cast<int>(share * grid.height()));
+  };
+  EXPECT_LT(qGreen(at(.05)), 140) << "dark at the foot";
+  EXPECT_GT(qGreen(at(.64)), 240);
+  EXPECT_GT(qRed(at(.755)), 240);
+  EXPECT_GT(qGreen(at(.755)), 230);
+  EXPECT_LT(qGreen(at(.88)), 40);
+  EXPECT_GT(qBlue(image.pixel(x, grid.baseline - static_cast<int>(.95 * grid.height()) - 1)), 60) << "the edge";
+  EXPECT_LT(qBlue(at(.90)), 30);
+}
+
+TEST(Spectrum, TheLineIsSmoothAndInTheGradientsColours) {
+  const SpectrumBackdrop face = face_of(AnalyserKind::Lines, 2);
+  std::vector<float> heights(33, .2F);
+  heights[16] = .95F;
+  SpectrumPicture picture;
+  picture.right = heights;
+  const QImage image = drawn_at_once(face, {0, 0}, picture);
+  const SpectrumGrid& grid = face.grid();
+  const auto brightest = [&](int x) {
+    int best = 0;
+    int at = 0;
+    for (int y = grid.top(); y < grid.baseline; ++y) {
+      const int light = qRed(image.pixel(x, y)) + qGreen(image.pixel(x, y));
+      if (light > best) {
+        best = light;
+        at = y;
+      }
+    }
+    return at;
+  };
+  const int peak = grid.column_x(1, 16) + grid.column_width() / 2;
+  EXPECT_NEAR(brightest(peak), grid.baseline - .95 * grid.height(), 3);
+  EXPECT_GT(qRed(image.pixel(peak, brightest(peak))), 200);
+  EXPECT_LT(qGreen(image.pixel(peak, brightest(peak))), 60);
+  for (int x = peak - grid.pitch; x < peak; ++x) EXPECT_GE(brightest(x), brightest(x + 1) - 1) << "rises all the way";
+  EXPECT_LT(qRed(image.pixel(peak - 3 * grid.pitch, brightest(peak - 3 * grid.pitch))), 60) << "green where low";
+}
+
+TEST(Spectrum, EveryKindOfDrawingLooksDifferent) {
+  std::minstd_rand random(3);
+  const Frame frame = random_frame(random, 33, 1);
+  std::vector<QImage> images;
+  for (int kind = 0; kind < 6; ++kind)
+    for (const bool solid : {false, true}) {
+      if (solid && (kind == 1 || kind == 4 || kind == 5)) continue;  // these have neither rows nor bars, or rows always
+      images.push_back(drawn_at_once(face_of(static_cast<AnalyserKind>(kind), 1, solid), {0, 0}, frame.picture(0, 9)));
+    }
+  for (std::size_t a = 0; a < images.size(); ++a)
+    for (std::size_t b = 0; b < a; ++b) EXPECT_NE(images[a], images[b]) << a << ' ' << b;
 }
 
 }  // namespace

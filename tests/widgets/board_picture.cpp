@@ -17,12 +17,6 @@ constexpr double kFrame = 1.0 / 60;
 
 QRect area() { return control_box("MMSpectrum1").box(); }
 
-SpectrumGrid grid_of(int columns) {
-  SpectrumStyle style;
-  style.columns = columns;
-  return SpectrumBackdrop(style, 1, area(), control_box("Display well").box()).grid();
-}
-
 }  // namespace
 
 bool is_lit(QRgb pixel) { return std::max(qRed(pixel), qGreen(pixel)) > 200 && qBlue(pixel) < 60; }
@@ -35,25 +29,25 @@ bool is_silver(QRgb pixel) {
   return std::abs(qRed(pixel) - qBlue(pixel)) < 8 && qBlue(pixel) > 180 && qBlue(pixel) < 215;
 }
 
-BoardPicture::BoardPicture(QImage image, int columns) : image_(std::move(image)), grid_(grid_of(columns)) {}
+BoardPicture::BoardPicture(QImage image, const SpectrumGrid& grid) : image_(std::move(image)), grid_(grid) {}
 
 std::vector<int> BoardPicture::rows_where(int column, const std::function<bool(QRgb)>& is_meant) const {
   std::vector<int> rows;
-  const int x = grid_.column_x(0, column) + grid_.width / 2;
-  for (int row = 1; row <= kSpectrumRows; ++row) {
-    if (is_meant(image_.pixel(x, grid_.row_top[static_cast<std::size_t>(row) - 1]))) rows.push_back(row);
+  const int x = grid_.column_x(0, column) + grid_.column_width() / 2;
+  for (int row = 1; row <= grid_.rows; ++row) {
+    if (is_meant(image_.pixel(x, grid_.row_top(row - 1)))) rows.push_back(row);
   }
   return rows;
 }
 
-int BoardPicture::rows(int column, int side) const {
-  const int x = grid_.column_x(side, column) + grid_.width / 2;
+int BoardPicture::rows(int column, std::size_t side) const {
+  const int x = grid_.column_x(side, column) + grid_.column_width() / 2;
   int row = 0;
-  while (row < kSpectrumRows && is_lit(image_.pixel(x, grid_.row_top[static_cast<std::size_t>(row)]))) ++row;
+  while (row < grid_.rows && is_lit(image_.pixel(x, grid_.row_top(row)))) ++row;
   return row;
 }
 
-int BoardPicture::highest_column(int side) const {
+int BoardPicture::highest_column(std::size_t side) const {
   int highest = 0;
   for (int column = 1; column < grid_.columns; ++column) {
     if (rows(column, side) > rows(highest, side)) highest = column;
@@ -63,7 +57,7 @@ int BoardPicture::highest_column(int side) const {
 
 int BoardPicture::count(const std::function<bool(QRgb)>& is_meant) const {
   int found = 0;
-  for (int y = grid_.baseline - grid_.height; y < grid_.baseline; ++y) {
+  for (int y = grid_.top(); y < grid_.baseline; ++y) {
     for (int x = 0; x < image_.width(); ++x) found += is_meant(image_.pixel(x, y)) ? 1 : 0;
   }
   return found;
@@ -96,7 +90,7 @@ void BoardRig::hear(const std::vector<Tone>& tones, double seconds) {
 
 BoardPicture BoardRig::picture() {
   const auto& analyser = static_cast<SpectrumAnalyser&>(*player->program.sound.MMSpectrum1);
-  return {window->grab(area()).toImage().convertToFormat(QImage::Format_RGB32), analyser.picture().columns.columns};
+  return {window->grab(area()).toImage().convertToFormat(QImage::Format_RGB32), analyser.picture().grid};
 }
 
 BoardPicture BoardRig::picture_of(const std::vector<Tone>& tones) {

@@ -1,4 +1,4 @@
-// The spectrum as the window shows it, read spot by spot, while the board's controls are moved as a hand moves them.
+// The spectrum as the window shows it, read spot by spot, while the board's controls are moved as a user moves them.
 #pragma once
 
 #include <QImage>
@@ -19,14 +19,16 @@ struct Tone {
 // A picture of the display area at 100 %.
 class BoardPicture {
  public:
-  BoardPicture(QImage image, int columns);
+  BoardPicture(QImage image, const SpectrumGrid& grid);
   const QImage& image() const { return image_; }
   int columns() const { return grid_.columns; }
+  // The column of a frequency at the horizontal scale 1.
+  int column_of(double hz) const { return static_cast<int>(FrequencyAxis{}.position(hz) * columns()); }
   // Lit rows of a column, from the lowest up without a gap.
-  int rows(int column, int side = 0) const;
+  int rows(int column, std::size_t side = 0) const;
   // The rows of a column, from the lowest up from 1, whose spots the condition takes.
   std::vector<int> rows_where(int column, const std::function<bool(QRgb)>& is_meant) const;
-  int highest_column(int side = 0) const;
+  int highest_column(std::size_t side = 0) const;
   // Pixels that the condition takes, in the columns of both halves.
   int count(const std::function<bool(QRgb)>& is_meant) const;
   const SpectrumGrid& grid() const { return grid_; }

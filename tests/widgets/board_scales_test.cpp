@@ -9,9 +9,7 @@
 namespace tandem::test {
 namespace {
 
-constexpr double kBin = kHeardRate / 64;  // at the design FFT length
-
-std::vector<Tone> tone(double bin, double db) { return {{bin * kBin, db}}; }
+std::vector<Tone> tone(double hz, double db) { return {{hz, db}}; }
 
 class BoardScales : public testing::Test {
  protected:
@@ -26,111 +24,119 @@ TEST_F(BoardScales, EveryWindowHasItsOwnSkirts) {
   std::vector<QImage> pictures;
   for (int window = 0; window < 7; ++window) {
     rig.controls().MMSwitch2.move(window);
-    const BoardPicture picture = rig.picture_of(tone(8.5, 0));  // between two columns
-    for (int column = 14; column < 32; ++column) skirt[static_cast<std::size_t>(window)] += picture.rows(column);
+    const BoardPicture picture = rig.picture_of(tone(310, 0));
+    for (int column = picture.column_of(450); column < 30; ++column)
+      skirt[static_cast<std::size_t>(window)] += picture.rows(column);
     for (const QImage& other : pictures) EXPECT_NE(other, picture.image()) << window;
     pictures.push_back(picture.image());
   }
-  const auto least = std::min_element(skirt.begin(), skirt.end());
   EXPECT_EQ(std::max_element(skirt.begin(), skirt.end()), skirt.begin()) << "a rectangle leaks most";
-  EXPECT_GT(skirt[0], *least + 100);
-  EXPECT_LT(skirt[3], skirt[1]) << "Blackman's skirts lie below Hamming's";
+  EXPECT_GT(skirt[0], skirt[3] + 10) << "and Blackman's window much less";
 }
 
-TEST_F(BoardScales, GainLiftsEveryBarByThreeDecibels) {
+TEST_F(BoardScales, GainTiltsTheSpectrumAboutTheReference) {
+  int before = -100;
   for (int gain = 0; gain < 4; ++gain) {
     rig.controls().MMSwitch4.move(gain);
-    EXPECT_NEAR(rig.picture_of(tone(8, -30)).rows(8), kSpectrumRows * (30 + 3 * gain) / 60., .6) << gain;
+    const BoardPicture picture = rig.picture_of({{250, -30}, {4000, -30}});
+    const int tilt = picture.rows(picture.column_of(4000)) - picture.rows(picture.column_of(250));
+    EXPECT_GT(tilt, before + 3) << gain;
+    before = tilt;
   }
 }
 
 TEST_F(BoardScales, FftLengthGivesFinerColumns) {
+  const int design = rig.picture_of({{5000, -6}}).columns();
+  EXPECT_EQ(design, 33);
   push(rig.controls().MMLEDSpin2, 2);  // 256
   EXPECT_EQ(rig.controls().MMLEDSpin2.value(), 256);
   const BoardPicture fine = rig.picture_of({{5000, -6}});
-  EXPECT_EQ(fine.columns(), 80);
-  EXPECT_NEAR(fine.highest_column(), 5000 / 22050. * 80, 1);
+  EXPECT_EQ(fine.columns(), 82);
+  EXPECT_NEAR(fine.highest_column(), fine.column_of(5000), 1);
   push(rig.controls().MMLEDSpin2, -4);  // 16
   const BoardPicture coarse = rig.picture_of({{5000, -6}});
   EXPECT_EQ(coarse.columns(), 8);
-  EXPECT_NEAR(coarse.highest_column(), 5000 / 22050. * 8, 1);
-  EXPECT_GT(coarse.grid().width, 4 * fine.grid().width);
-  push(rig.controls().MMLEDSpin2, 6);  // 1024
-  EXPECT_NEAR(rig.picture_of({{5000, -6}}).highest_column(), 5000 / 22050. * 80, 1);
+  EXPECT_EQ(coarse.highest_column(), coarse.column_of(5000));
+  EXPECT_GT(coarse.grid().column_width(), 8 * fine.grid().column_width());
 }
 
 TEST_F(BoardScales, VerticalScaleChangesTheRange) {
-  const int design = rig.picture_of(tone(8, -20)).rows(8);
-  EXPECT_NEAR(design, kSpectrumRows * 43 / 60., .6);
-  push(rig.controls().MMLEDSpin3, -2);  // 20: 120 dB
-  EXPECT_NEAR(rig.picture_of(tone(8, -20)).rows(8), kSpectrumRows * 103 / 120., .6);
-  push(rig.controls().MMLEDSpin3, 6);  // 80: 30 dB
-  EXPECT_NEAR(rig.picture_of(tone(8, -20)).rows(8), kSpectrumRows * 13 / 30., .6);
+  const auto rows = [&] {
+    const BoardPicture picture = rig.picture_of(tone(1000, -35));
+    return picture.rows(picture.column_of(1000));
+  };
+  const int design = rows();
+  push(rig.controls().MMLEDSpin3, -2);  // 20: a wider range
+  const int wider = rows();
+  EXPECT_GT(wider, design + 1);
+  push(rig.controls().MMLEDSpin3, 8);  // 100: a narrower one
+  EXPECT_LT(rows(), design - 1);
 }
 
-// The white mark on the scale strip, px from the left end of the strip.
+// The bright mark on the scale strip, px from the left end of the strip to its middle.
 int reference_mark(const BoardPicture& picture) {
-  const int y = picture.image().height() - 2;
-  for (int x = 0; x < 160; ++x) {
-    if (qRed(picture.image().pixel(picture.grid().left[0] + x, y)) > 200) return x;
+  const int y = picture.grid().strip_top + 1;
+  for (int x = 0; x < 164; ++x) {
+    if (qRed(picture.image().pixel(picture.grid().left[0] + x, y)) > 150) return x + 1;
   }
   return -1;
 }
 
 TEST_F(BoardScales, HorizontalScaleLooksCloserAboutTheReference) {
-  rig.controls().MMLEDSpin7.move(8000);
-  push(rig.controls().MMLEDSpin2, 4);  // 1024, so that every column has bins of its own
-  const std::vector<Tone> sound = {{8500, -6}};
+  rig.controls().MMLEDSpin7.move(2000);
+  const std::vector<Tone> sound = {{2400, -6}};
   const BoardPicture whole = rig.picture_of(sound);
-  EXPECT_NEAR(whole.highest_column(), 8500 / 22050. * 80, 1);
-  EXPECT_NEAR(reference_mark(whole), 8000 / 22050. * 160, 2);
-  push(rig.controls().MMLEDSpin6, 2);  // 4: 5512 Hz about 8000
+  EXPECT_NEAR(whole.highest_column(), whole.column_of(2400), 1);
+  EXPECT_NEAR(reference_mark(whole), FrequencyAxis{}.position(2000) * 165, 2);
+  push(rig.controls().MMLEDSpin6, 2);  // 4
   const BoardPicture close = rig.picture_of(sound);
-  EXPECT_NEAR(close.highest_column(), (.5 + 500 / 5512.5) * 80, 1);
-  EXPECT_NEAR(reference_mark(close), 80, 2);
-  rig.controls().MMLEDSpin7.move(8500);
-  const BoardPicture moved = rig.picture_of(sound);
-  EXPECT_NEAR(moved.highest_column(), 40, 1) << "the reference is the middle";
+  EXPECT_NEAR(close.highest_column(), shown_axis(4, 2000).position(2400) * 33, 1);
+  EXPECT_NEAR(reference_mark(close), 82, 2);
+  rig.controls().MMLEDSpin7.move(2400);
+  EXPECT_NEAR(rig.picture_of(sound).highest_column(), 16, 1) << "the reference is the middle";
 }
 
 TEST_F(BoardScales, ReferenceFrequencyIsMarked) {
-  EXPECT_NEAR(reference_mark(rig.picture_of({})), 1000 / 22050. * 160, 2);
-  rig.controls().MMLEDSpin7.move(11025);
-  EXPECT_NEAR(reference_mark(rig.picture_of({})), 80, 2);
+  EXPECT_NEAR(reference_mark(rig.picture_of({})), FrequencyAxis{}.position(1000) * 165, 2);
+  rig.controls().MMLEDSpin7.move(10000);
+  EXPECT_NEAR(reference_mark(rig.picture_of({})), FrequencyAxis{}.position(10000) * 165, 2);
 }
 
-// Rows of a full bar and of a half one, 0.25 s after the sound's end.
+// Rows that a high bar and a lower one have fallen between 0.1 s and 0.3 s after the sound's end.
 std::array<int, 2> fallen(BoardRig& rig) {
-  rig.picture_of({{8 * kBin, -3}, {20 * kBin, -33}});
-  rig.hear_silence(.25);
-  const BoardPicture picture = rig.picture();
-  return {picture.rows(8), picture.rows(20)};
+  rig.picture_of({{3000, -10}, {12000, -25}});
+  rig.hear_silence(.1);
+  const BoardPicture before = rig.picture();
+  rig.hear_silence(.2);
+  const BoardPicture after = rig.picture();
+  const auto rows = [&](double hz) { return before.rows(before.column_of(hz)) - after.rows(after.column_of(hz)); };
+  return {rows(3000), rows(12000)};
 }
 
 TEST_F(BoardScales, DecayKindsFallInTheirWays) {
-  rig.controls().MMLEDSpin1.move(4);  // 48 % of the height a second
-  rig.controls().MMSwitch3.move(0);
-  EXPECT_EQ(fallen(rig), (std::array{0, 0})) << "none: down at once";
-  // 50 ms pass until the analyser takes the silence for one; 0.2 s of fall remain.
+  rig.controls().MMLEDSpin1.move(8);  // 96 % of the height a second
   rig.controls().MMSwitch3.move(3);
   const auto uniform = fallen(rig);
-  EXPECT_NEAR(uniform[0], kSpectrumRows * (1 - .48 * .22), 1.1);
-  EXPECT_NEAR(uniform[1], kSpectrumRows * (.5 - .48 * .22), 1.1) << "the same way down as the high one";
+  EXPECT_NEAR(uniform[0], 28 * .96 * .2, 1.1);
+  EXPECT_NEAR(uniform[1], uniform[0], 1.1) << "the same way down as the high one";
   rig.controls().MMSwitch3.move(2);
   const auto exponential = fallen(rig);
-  EXPECT_LT(14 - exponential[1], 28 - exponential[0]) << "in proportion to its height";
+  EXPECT_LT(exponential[1], exponential[0]) << "in proportion to its height";
   rig.controls().MMSwitch3.move(1);
-  EXPECT_NEAR(fallen(rig)[0], uniform[0], 1) << "as fast, by whole spots";
+  EXPECT_NEAR(fallen(rig)[0], uniform[0], 1.1) << "as fast, by whole spots";
+  rig.controls().MMSwitch3.move(0);
+  rig.picture_of({{3000, -10}});
+  rig.hear_silence(.1);
+  const BoardPicture none = rig.picture();
+  EXPECT_EQ(none.rows(none.column_of(3000)), 0) << "none: down at once";
 }
 
 TEST_F(BoardScales, VelocityIsTheSpeedOfTheFall) {
   rig.controls().MMSwitch3.move(3);
-  rig.controls().MMLEDSpin1.move(2);
-  const int slow = fallen(rig)[0];
-  rig.controls().MMLEDSpin1.move(16);
-  const int fast = fallen(rig)[0];
-  EXPECT_NEAR(slow, kSpectrumRows * (1 - .24 * .22), 1.1);
-  EXPECT_NEAR(fast, kSpectrumRows * (1 - 1.92 * .22), 1.6);
+  for (const int speed : {2, 12}) {
+    rig.controls().MMLEDSpin1.move(speed);
+    EXPECT_NEAR(fallen(rig)[0], 28 * .12 * speed * .2, 1.1) << speed;
+  }
 }
 
 class BoardMarks : public BoardScales {
@@ -139,18 +145,25 @@ class BoardMarks : public BoardScales {
     rig.controls().MMLEDX5.click.raise();
     rig.controls().MMSwitch3.move(0);  // the bars are down at once, only marks remain
   }
-  std::vector<int> marks() { return rig.picture().rows_where(8, is_white); }
+  std::vector<int> marks() {
+    const BoardPicture picture = rig.picture();
+    return picture.rows_where(picture.column_of(3000), is_white);
+  }
+  int top() {
+    const BoardPicture picture = rig.picture_of(tone(3000, -10));
+    return picture.rows(picture.column_of(3000));
+  }
 };
 
 TEST_F(BoardMarks, DelayIsHowLongAMarkStands) {
   rig.controls().MMLEDSpin8.move(20);  // 60 % a second
   for (const int delay : {5, 50}) {
     rig.controls().MMLEDSpin4.move(delay);
-    rig.picture_of(tone(8, -3));
+    const int from = top();
     rig.hear_silence(.6);
     ASSERT_EQ(marks().size(), 1U) << delay;
     const double fell = delay == 50 ? 0 : .6 - delay * .02;  // 50 of them are a second
-    EXPECT_NEAR(marks()[0], kSpectrumRows * (1 - .6 * fell), 2) << delay;
+    EXPECT_NEAR(marks()[0], from - 28 * .6 * fell, 2) << delay;
   }
 }
 
@@ -158,10 +171,10 @@ TEST_F(BoardMarks, VelocityIsHowFastItFalls) {
   rig.controls().MMLEDSpin4.move(0);
   for (const int speed : {10, 25}) {
     rig.controls().MMLEDSpin8.move(speed);
-    rig.picture_of(tone(8, -3));
+    const int from = top();
     rig.hear_silence(.6);
     ASSERT_EQ(marks().size(), 1U) << speed;
-    EXPECT_NEAR(marks()[0], kSpectrumRows * (1 - .03 * speed * .56), 2) << speed;
+    EXPECT_NEAR(marks()[0], from - 28 * .03 * speed * .56, 2) << speed;
   }
 }
 
@@ -172,7 +185,7 @@ TEST_F(BoardMarks, PicksIsTheirNumber) {
     rig.controls().MMLEDSpin5.move(number);
     rig.hear_silence(3);
     for (const double db : {-3., -3., -3.}) {
-      rig.hear(tone(8, db), .15);
+      rig.hear(tone(3000, db), .15);
       rig.hear_silence(.35);
     }
     EXPECT_EQ(marks().size(), static_cast<std::size_t>(number));

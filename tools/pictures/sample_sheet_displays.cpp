@@ -20,13 +20,14 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kRollSteps = 90;
+constexpr int kRows = 28;
 
 /// A made-up roll: a beat in the low rows that fades upward.
 std::vector<float> roll_values() {
   std::vector<float> values;
   for (int step = 0; step < kRollSteps; ++step) {
     const double beat = std::abs(std::sin(step * .17));
-    for (int row = 0; row < kSpectrumRows; ++row) {
+    for (int row = 0; row < kRows; ++row) {
       const double fall = std::exp(-row * .11);
       values.push_back(static_cast<float>(std::clamp(.15 + beat * fall, 0., 1.)));
     }
@@ -35,8 +36,8 @@ std::vector<float> roll_values() {
 }
 
 struct Signals {
-  std::vector<float> left = sample_spectrum(32, 11, 1);
-  std::vector<float> right = sample_spectrum(32, 23, 1.06);
+  std::vector<float> left = sample_spectrum(33, 11, 1);
+  std::vector<float> right = sample_spectrum(33, 23, 1.06);
   std::vector<float> left_marks = raised(left);
   std::vector<float> right_marks = raised(right);
   std::vector<float> roll = roll_values();
@@ -55,14 +56,14 @@ struct SpectrumSpecimen {
 
 std::array<SpectrumSpecimen, 8> spectrum_specimens() {
   return {{
-      {u"Points, grid"_s, {.kind = SpectrumKind::Points, .inactive = false, .grid = true}},
-      {u"Lines, grid"_s, {.kind = SpectrumKind::Lines, .inactive = false, .grid = true}},
-      {u"V.Lines"_s, {.kind = SpectrumKind::Stems, .inactive = false}},
-      {u"Bar, peak marks, reference"_s, {.reference = .4}, true},
-      {u"Picks"_s, {.kind = SpectrumKind::Picks}},
-      {u"Roll"_s, {.kind = SpectrumKind::Roll}},
-      {u"Bar, solid"_s, {.led_style = false}},
-      {u"Bar, no inactive spots, grid"_s, {.inactive = false, .grid = true}, true},
+      {u"Points, grid"_s, {.kind = AnalyserKind::Points, .inactive = false, .grid_lines = true}},
+      {u"Lines, grid"_s, {.kind = AnalyserKind::Lines, .inactive = false, .grid_lines = true}},
+      {u"V.Lines"_s, {.kind = AnalyserKind::VLines, .inactive = false}},
+      {u"Bar, peak marks, reference"_s, {.reference_hz = 440}, true},
+      {u"Picks"_s, {.kind = AnalyserKind::Picks}},
+      {u"Roll"_s, {.kind = AnalyserKind::Roll}},
+      {u"Bar, solid"_s, {.solid = true}},
+      {u"Bar, no inactive spots, grid"_s, {.inactive = false, .grid_lines = true}, true},
   }};
 }
 
@@ -75,7 +76,9 @@ void paint_spectrum_specimen(QPainter& painter, const QRectF& well, const Spectr
                              const Signals& made_up) {
   paint_glass(painter, well);
   const QRectF area = well.adjusted(2, 2, -2, -2);
-  const SpectrumBackdrop face(specimen.style, device_scale(painter), area, well);
+  SpectrumStyle style = specimen.style;
+  style.grid = spectrum_grid(64, device_scale(painter));
+  const SpectrumBackdrop face(style, area, well);
   SpectrumPicture picture;
   picture.left = made_up.left;
   picture.right = made_up.right;
@@ -84,7 +87,7 @@ void paint_spectrum_specimen(QPainter& painter, const QRectF& well, const Spectr
     picture.right_peaks = made_up.right_marks;
     picture.marks_per_column = 1;
   }
-  picture.roll = {made_up.roll, made_up.roll, kRollSteps, kRollSteps};
+  picture.roll = {made_up.roll, made_up.roll, kRollSteps, kRows, kRollSteps};
   QImage image(face.size(), QImage::Format_RGB32);
   SpectrumTrace nothing;
   update_spectrum(image, {0, 0}, face, picture, nothing);

@@ -1,4 +1,4 @@
-// Tells a picture that merely came between two lots of sound from sound that is held back.
+// Distinguishes a picture that merely came between two blocks of sound from sound that has stopped coming.
 #pragma once
 
 namespace tandem {

@@ -17,11 +17,11 @@ float height(float amplitude) noexcept {
   return std::clamp(1.0F + (20.0F * std::log10(amplitude) + kOffset + kGain) / kRange, 0.0F, 1.0F);
 }
 
-SoundFrame greatest(std::span<const SoundFrame> blocks) noexcept {
+SoundFrame greatest(std::span<const BlockLevel> blocks) noexcept {
   SoundFrame top;
-  for (const SoundFrame& block : blocks) {
-    top.left = std::max(top.left, block.left);
-    top.right = std::max(top.right, block.right);
+  for (const BlockLevel& block : blocks) {
+    top.left = std::max(top.left, block.greatest.left);
+    top.right = std::max(top.right, block.greatest.right);
   }
   return top;
 }
@@ -29,14 +29,14 @@ SoundFrame greatest(std::span<const SoundFrame> blocks) noexcept {
 }  // namespace
 
 void LevelBar::reset() {
-  peaks_ = {};
+  blocks_ = {};
   targets_ = {};
   levels_ = {};
   lit_ = {};
 }
 
 bool LevelBar::pass(double seconds) {
-  const std::span<const SoundFrame> blocks = peaks_.advance(seconds);
+  const std::span<const BlockLevel> blocks = blocks_.advance(seconds);
   if (!blocks.empty()) {
     const SoundFrame top = greatest(blocks);
     targets_ = {height(top.left), height(top.right)};
@@ -50,7 +50,7 @@ bool LevelBar::pass(double seconds) {
 }
 
 bool LevelBar::resting() const {
-  return peaks_.silent() && targets_ == BothSides<float>{} && levels_ == BothSides<float>{};
+  return blocks_.silent() && targets_ == BothSides<float>{} && levels_ == BothSides<float>{};
 }
 
 }  // namespace tandem

@@ -7,7 +7,7 @@
 
 #include "audio/mm_displays.h"
 #include "displays/core/sound_display.h"
-#include "displays/meters/block_peaks.h"
+#include "displays/meters/block_levels.h"
 
 namespace tandem {
 
@@ -20,11 +20,11 @@ class LevelBar final : public SwitchedDisplay<MMLevelX> {
 
  private:
   void reset() override;
-  void hear(std::span<const SoundFrame> frames) override { peaks_.feed(frames); }
+  void hear(std::span<const SoundFrame> frames) override { blocks_.feed(frames); }
   bool pass(double seconds) override;
   bool resting() const override;
 
-  BlockPeaks peaks_;
+  BlockLevels blocks_;
   BothSides<float> targets_{};  // heights 0 .. 1
   BothSides<float> levels_{};
   BothSides<int> lit_{};

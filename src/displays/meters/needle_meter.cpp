@@ -8,16 +8,21 @@ namespace {
 
 constexpr double kVisible = 0.0005;  // smaller moves are not worth a repaint
 
-double scale_db(float amplitude) noexcept {
-  return 20.0 * std::log10(static_cast<double>(amplitude)) + kNeedleOffset + kNeedleGain;
+constexpr double kOffset = 8.0;  // dB
+constexpr double kGain = -5.0;   // dB
+
+double reading_of(float amplitude) noexcept {
+  return 20.0 * std::log10(static_cast<double>(amplitude)) + kOffset + kGain;
 }
 
 }  // namespace
 
-double needle_deflection(double scale_db) noexcept { return std::pow(10.0, (scale_db - kNeedleTop) / 20.0); }
+double needle_deflection(double reading) noexcept { return std::pow(10.0, (reading - kNeedleTop) / 20.0); }
+
+double needle_reading(double deflection) noexcept { return 20.0 * std::log10(deflection) + kNeedleTop; }
 
 void NeedleMeter::reset() {
-  peaks_ = {};
+  levels_ = {};
   needle_ = {};
   target_ = 0.0;
   shown_ = 0.0;
@@ -25,11 +30,11 @@ void NeedleMeter::reset() {
 
 // The blocks that came for this picture share its time evenly: the sound's clock and the screen's need not agree.
 bool NeedleMeter::pass(double seconds) {
-  const std::span<const SoundFrame> blocks = peaks_.advance(seconds);
+  const std::span<const BlockLevel> blocks = levels_.advance(seconds);
   if (blocks.empty()) needle_.move(target_, seconds);
-  for (const SoundFrame& block : blocks) {
-    const float amplitude = side_ == 0 ? block.left : block.right;
-    target_ = amplitude > 0.0F ? needle_deflection(scale_db(amplitude)) : 0.0;
+  for (const BlockLevel& block : blocks) {
+    const float amplitude = side_ == 0 ? block.average.left : block.average.right;
+    target_ = amplitude > 0.0F ? needle_deflection(reading_of(amplitude)) : 0.0;
     needle_.move(target_, seconds / static_cast<double>(blocks.size()));
   }
   return show();
@@ -44,7 +49,7 @@ bool NeedleMeter::show() noexcept {
 }
 
 bool NeedleMeter::resting() const {
-  return peaks_.silent() && target_ <= 0.0 && needle_.deflection() <= 0.0 && shown_ <= 0.0;
+  return levels_.silent() && target_ <= 0.0 && needle_.deflection() <= 0.0 && shown_ <= 0.0;
 }
 
 }  // namespace tandem

@@ -1,4 +1,4 @@
-// The marks that stay behind above the bars for a while. UI thread only.
+// The marks that stay above the bars for a while after a peak. UI thread only.
 #pragma once
 
 #include <cstddef>

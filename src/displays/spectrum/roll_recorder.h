@@ -25,7 +25,8 @@ struct RollCells {
 // Moves the cells on.
 class RollRecorder {
  public:
-  static constexpr double kStep = 1.0 / 30.0;  // seconds
+  static constexpr int kStepsASecond = 15;
+  static constexpr double kStep = 1.0 / kStepsASecond;  // seconds
 
   void prepare(RollCells& cells, std::size_t steps, std::size_t rows);  // clears
 

@@ -1,16 +1,17 @@
 #include "displays/spectrum/spectrum_analyser.h"
 
 #include <algorithm>
+#include <cmath>
+#include <functional>
+#include <numeric>
 #include <utility>
 
 namespace tandem {
 
 namespace {
 
-constexpr std::size_t kLongest = 4096;
-constexpr double kGainStep = 3.0;  // dB
-
-int scaled(int pixels, double scale) { return std::max(1, static_cast<int>(pixels * scale)); }
+constexpr double kGainStep = 3.0;       // dB an octave
+constexpr double kDesignLength = 64.0;  // at which the transforms have their own lengths
 
 bool dark(const std::vector<float>& heights) {
   return std::all_of(heights.begin(), heights.end(), [](float height) { return height <= 0.0F; });
@@ -18,19 +19,17 @@ bool dark(const std::vector<float>& heights) {
 
 }  // namespace
 
-SpectrumAnalyser::SpectrumAnalyser() : heard_(kLongest) { prepare_transform(); }
+SpectrumAnalyser::SpectrumAnalyser() { prepare_bands(); }
 
 void SpectrumAnalyser::put(SpectrumSetting setting, std::int32_t value) {
   if (!settings_.put(setting, value)) return;
   switch (setting) {
     case SpectrumSetting::FFTLength:
     case SpectrumSetting::Window:
-      prepare_transform();
-      break;
     case SpectrumSetting::Kind:
     case SpectrumSetting::HorizontalScale:
     case SpectrumSetting::ReferenceFrequency:
-      prepare_columns();
+      prepare_bands();
       break;
     case SpectrumSetting::PeakCount:
     case SpectrumSetting::DrawPeaks:
@@ -42,30 +41,28 @@ void SpectrumAnalyser::put(SpectrumSetting setting, std::int32_t value) {
   }
 }
 
-void SpectrumAnalyser::fit(int half_px, double scale) {
-  if (half_px == half_px_ && scale == scale_) return;
-  half_px_ = std::max(1, half_px);
+void SpectrumAnalyser::fit(double scale) {
+  if (scale == scale_) return;
   scale_ = scale;
-  prepare_columns();
+  prepare_bands();
 }
 
-void SpectrumAnalyser::prepare_transform() {
-  spectrum_.prepare(length(), static_cast<FftWindow>(settings_[SpectrumSetting::Window]));
-  prepare_columns();
+double SpectrumAnalyser::sharpness() const {
+  return std::clamp(settings_[SpectrumSetting::FFTLength] / kDesignLength, 0.5, 2.0);
 }
 
-void SpectrumAnalyser::prepare_columns() {
-  const auto bins = static_cast<int>(length() / 2);
-  const std::int32_t reference = settings_[SpectrumSetting::ReferenceFrequency];
-  picture_.columns = fit_columns(half_px_, bins, scaled(kSmallestPitch, scale_));
-  picture_.range = shown_range(settings_[SpectrumSetting::HorizontalScale], reference);
-  picture_.reference = picture_.range.position(reference);
-  const auto bands = static_cast<std::size_t>(rolls() ? kRollRows : picture_.columns.columns);
-  bands_.prepare(picture_.range, bands, length() / 2);
+void SpectrumAnalyser::prepare_bands() {
+  picture_.reference_hz = settings_[SpectrumSetting::ReferenceFrequency];
+  picture_.grid = spectrum_grid(settings_[SpectrumSetting::FFTLength], scale_);
+  picture_.axis = shown_axis(settings_[SpectrumSetting::HorizontalScale], picture_.reference_hz);
+  const auto bands = static_cast<std::size_t>(rolls() ? picture_.grid.rows : picture_.grid.columns);
+  bands_.prepare(sharpness(), static_cast<FftWindow>(settings_[SpectrumSetting::Window]), picture_.axis, bands);
   for (std::size_t side = 0; side < kSides; ++side) {
+    powers_[side].assign(bands, 0.0F);
     targets_[side].assign(bands, 0.0F);
     levels_[side].assign(bands, 0.0F);
     picture_.heights[side].assign(rolls() ? 0 : bands, 0.0F);
+    decay_[side].prepare(bands);
   }
   prepare_history();
 }
@@ -74,58 +71,82 @@ void SpectrumAnalyser::prepare_history() {
   const bool marked = settings_.is_on(SpectrumSetting::DrawPeaks) && !rolls();
   picture_.peak_count = marked ? static_cast<std::size_t>(settings_[SpectrumSetting::PeakCount]) : 0;
   for (std::size_t side = 0; side < kSides; ++side) {
-    marks_[side].prepare(bands_.bands(), picture_.peak_count);
-    picture_.peaks[side].assign(bands_.bands() * picture_.peak_count, 0.0F);
+    marks_[side].prepare(powers_[side].size(), picture_.peak_count);
+    picture_.peaks[side].assign(powers_[side].size() * picture_.peak_count, 0.0F);
   }
-  const int steps = rolls() ? half_px_ / scaled(kRollPitch, scale_) : 0;
-  roll_.prepare(picture_.roll, static_cast<std::size_t>(steps), rolls() ? bands_.bands() : 0);
+  const int steps = rolls() ? picture_.grid.half_width() / picture_.grid.roll_step() : 0;
+  roll_.prepare(picture_.roll, static_cast<std::size_t>(steps), rolls() ? powers_[0].size() : 0);
   prepare_rules();
 }
 
 void SpectrumAnalyser::prepare_rules() {
-  rule_ = HeightRule(settings_.is_on(SpectrumSetting::LogAmp), kGainStep * settings_[SpectrumSetting::Gain],
-                     settings_[SpectrumSetting::VerticalScale]);
-  decay_ = BarDecay(static_cast<DecayKind>(settings_[SpectrumSetting::DecayMode]), settings_[SpectrumSetting::Decay]);
-  for (PeakMarks& marks : marks_)
-    marks.put_times(settings_[SpectrumSetting::PeakDelay], settings_[SpectrumSetting::PeakSpeed]);
+  law_ = HeightLaw(settings_.is_on(SpectrumSetting::LogAmp), settings_[SpectrumSetting::VerticalScale]);
+  for (std::size_t side = 0; side < kSides; ++side) {
+    decay_[side].put(static_cast<DecayKind>(settings_[SpectrumSetting::DecayMode]), settings_[SpectrumSetting::Decay],
+                     settings_.is_on(SpectrumSetting::SolidBars));
+    marks_[side].put_times(settings_[SpectrumSetting::PeakDelay], settings_[SpectrumSetting::PeakSpeed]);
+  }
+  prepare_tilt();
   prepare_style();
+}
+
+void SpectrumAnalyser::prepare_tilt() {
+  const double gain = kGainStep * settings_[SpectrumSetting::Gain];
+  tilt_.resize(powers_[0].size());
+  for (std::size_t i = 0; i < tilt_.size(); ++i) {
+    const double hz = picture_.axis.hz((static_cast<double>(i) + 0.5) / static_cast<double>(tilt_.size()));
+    tilt_[i] = static_cast<float>(std::pow(10.0, gain * std::log2(hz / picture_.reference_hz) / 10.0));
+  }
 }
 
 void SpectrumAnalyser::prepare_style() {
   picture_.kind = settings_.kind();
-  picture_.grid = settings_.is_on(SpectrumSetting::DrawGrid);
+  picture_.grid_lines = settings_.is_on(SpectrumSetting::DrawGrid);
   picture_.inactive = settings_.is_on(SpectrumSetting::DrawInactive);
   picture_.solid_bars = settings_.is_on(SpectrumSetting::SolidBars);
-  picture_.solid_marks = settings_.is_on(SpectrumSetting::SolidMarks);
-  picture_.draw_mode = settings_[SpectrumSetting::DrawMode];
   changed_ = true;
 }
 
 void SpectrumAnalyser::reset() {
-  heard_.clear();
-  prepare_columns();
+  level_.reset();
+  prepare_bands();
 }
 
-bool SpectrumAnalyser::resting() const { return still_ && !changed_ && heard_.silent(length()); }
+void SpectrumAnalyser::hear(std::span<const SoundFrame> frames) {
+  if (frames.empty()) return;
+  watch_.fed();
+  bands_.feed(frames);
+}
+
+bool SpectrumAnalyser::resting() const { return still_ && !changed_ && bands_.silent(); }
 
 bool SpectrumAnalyser::pass(double seconds) {
   if (resting()) return false;
-  if (heard_.advance(seconds) || changed_) listen();
+  if (watch_.advance(seconds) == FeedWatch::News::Gone) fall_silent();
+  if (bands_.take(powers_) || changed_) listen(seconds);
   const bool moved = move(seconds);
   still_ = all_dark();
   return std::exchange(changed_, false) || moved;
 }
 
-void SpectrumAnalyser::listen() noexcept {
-  const bool silent = heard_.silent(length());
-  if (!silent) spectrum_.analyse(heard_);
+void SpectrumAnalyser::fall_silent() noexcept {
+  bands_.clear();
+  level_.reset();
   for (std::size_t side = 0; side < kSides; ++side) {
-    auto& targets = targets_[side];
-    std::fill(targets.begin(), targets.end(), 0.0F);
-    if (silent) continue;
-    bands_.take_greatest(spectrum_.power(side), targets);
-    for (float& target : targets) target = rule_.height(target);
+    std::fill(powers_[side].begin(), powers_[side].end(), 0.0F);
+    std::fill(targets_[side].begin(), targets_[side].end(), 0.0F);
   }
+}
+
+void SpectrumAnalyser::listen(double seconds) noexcept {
+  for (std::size_t side = 0; side < kSides; ++side)
+    std::transform(powers_[side].begin(), powers_[side].end(), tilt_.begin(), targets_[side].begin(),
+                   std::multiplies());
+  const auto sum = [](const std::vector<float>& powers) { return std::accumulate(powers.begin(), powers.end(), 0.0); };
+  level_.follow((sum(targets_[0]) + sum(targets_[1])) / (2.0 * static_cast<double>(tilt_.size())), seconds);
+  const float factor = level_.factor();
+  for (auto& targets : targets_)
+    for (float& target : targets) target = law_.height(target * factor);
 }
 
 bool SpectrumAnalyser::move(double seconds) noexcept {
@@ -139,10 +160,10 @@ bool SpectrumAnalyser::move(double seconds) noexcept {
 }
 
 bool SpectrumAnalyser::move_bars(std::size_t side, double seconds) noexcept {
-  decay_.move(levels_[side], targets_[side], seconds);
+  decay_[side].move(levels_[side], targets_[side], seconds);
   bool moved = false;
   for (std::size_t i = 0; i < levels_[side].size(); ++i) {
-    const float height = decay_.shown(levels_[side][i]);
+    const float height = decay_[side].shown(levels_[side][i], picture_.grid.rows);
     moved = moved || height != picture_.heights[side][i];
     picture_.heights[side][i] = height;
   }

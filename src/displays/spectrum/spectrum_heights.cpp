@@ -5,17 +5,35 @@
 
 namespace tandem {
 
-HeightRule::HeightRule(bool logarithmic, double gain_db, std::int32_t vertical_scale)
-    : logarithmic_(logarithmic),
-      gain_db_(static_cast<float>(gain_db)),
-      range_db_(static_cast<float>(std::clamp(2400.0 / vertical_scale, 20.0, 120.0))),
-      factor_(static_cast<float>(std::pow(10.0, gain_db / 20.0) * vertical_scale / 40.0)) {}
+namespace {
 
-float HeightRule::height(float power) const noexcept {
+constexpr double kPower = 0.6;
+constexpr double kTop = 12.0;  // dB below full scale that reach the top
+constexpr double kRange = 120.0;
+constexpr double kRangeExponent = -0.338;
+constexpr double kDecibelsAnOctave = 3.0102999566398120;  // of power
+constexpr float kShoulder = 0.8F;
+constexpr float kOctavesANeper = 1.44269504F;
+
+// Bends towards the top, so that loud bands still move there.
+float shouldered(float height) noexcept {
+  if (height <= kShoulder) return height;
+  constexpr float kRest = 1.0F - kShoulder;
+  return 1.0F - kRest * std::exp2(-(height - kShoulder) / kRest * kOctavesANeper);
+}
+
+}  // namespace
+
+HeightLaw::HeightLaw(bool logarithmic, std::int32_t vertical_scale) : logarithmic_(logarithmic) {
+  const double range = kRange * std::pow(vertical_scale, kRangeExponent);
+  slope_ = static_cast<float>(logarithmic ? kDecibelsAnOctave / range : kPower / 2.0);
+  offset_ = static_cast<float>(logarithmic ? 1.0 + kTop / range : kPower / 2.0 * std::log2(vertical_scale));
+}
+
+float HeightLaw::height(float power) const noexcept {
   if (power <= 0.0F) return 0.0F;
-  const float height =
-      logarithmic_ ? 1.0F + (10.0F * std::log10(power) + gain_db_) / range_db_ : std::sqrt(power) * factor_;
-  return std::clamp(height, 0.0F, 1.0F);
+  const float value = offset_ + slope_ * std::log2(power);
+  return std::clamp(shouldered(logarithmic_ ? value : std::exp2(value)), 0.0F, 1.0F);
 }
 
 }  // namespace tandem

@@ -1,25 +1,26 @@
-// How high an amplitude stands in the spectrum.
+// How high a power stands in the spectrum.
 #pragma once
 
 #include <cstdint>
 
 namespace tandem {
 
-// Logarithmic: 1 + (20 log10 a + gain) / range, range = 2400 / vertical scale, kept to 20 .. 120 dB.
-// Linear: a x 10^(gain / 20) x vertical scale / 40.
-class HeightRule {
+// Y = vertical scale, a = amplitude, a full-scale sine is 1.
+// Linear: (a sqrt Y)^0.6; the root lets quiet bands be seen beside loud ones.
+// Logarithmic: 1 + (20 log10 a + 12) / range, range = 120 Y^-0.338 dB: 120 at 1, 34.5 at 40, 20 at 200.
+// Above 0.8 both bend and come near 1 only slowly.
+class HeightLaw {
  public:
-  HeightRule() = default;
-  HeightRule(bool logarithmic, double gain_db, std::int32_t vertical_scale);
+  HeightLaw() : HeightLaw(true, 40) {}
+  HeightLaw(bool logarithmic, std::int32_t vertical_scale);
 
-  // The height 0 .. 1 of a squared amplitude; a full-scale sine is 1.
+  // The height 0 .. 1 of a power, which is the square of the amplitude.
   float height(float power) const noexcept;
 
  private:
-  bool logarithmic_ = true;
-  float gain_db_ = 0.0F;
-  float range_db_ = 60.0F;
-  float factor_ = 1.0F;
+  bool logarithmic_;
+  float offset_;
+  float slope_;  // of the height, or of its base-2 logarithm, over the power's base-2 logarithm
 };
 
 }  // namespace tandem

@@ -5,23 +5,22 @@
 #include <vector>
 
 #include "displays/core/sound_frame.h"
+#include "displays/spectrum/frequency_axis.h"
 #include "displays/spectrum/roll_recorder.h"
-#include "displays/spectrum/spectrum_columns.h"
+#include "displays/spectrum/spectrum_grid.h"
 #include "displays/spectrum/spectrum_settings.h"
 
 namespace tandem {
 
 struct SpectrumReading {
   AnalyserKind kind = AnalyserKind::Bar;
-  bool grid = false;
-  bool inactive = true;  // unlit spots are drawn
-  bool solid_bars = false;
-  bool solid_marks = false;
-  int draw_mode = 1;
+  bool grid_lines = false;
+  bool inactive = true;     // unlit rows are drawn
+  bool solid_bars = false;  // without LED rows
 
-  ColumnFit columns;  // of each half
-  FrequencyRange range;
-  double reference = 0.0;  // where the reference frequency stands on the scale strip, 0 .. 1
+  SpectrumGrid grid;
+  FrequencyAxis axis;
+  double reference_hz = 1000.0;
 
   // One for each column. Empty for the kind Roll.
   BothSides<std::vector<float>> heights;

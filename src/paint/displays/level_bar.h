@@ -3,9 +3,11 @@
 
 #include <QPainter>
 
+#include "displays/meters/level_bar.h"
+
 namespace tandem {
 
-inline constexpr int kLevelRows = 22;
+inline constexpr int kLevelRows = LevelBar::kRows;
 
 struct LevelPicture {
   int left_rows = 0;  ///< lit rows from below, 0..kLevelRows

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "displays/meters/needle_meter.h"
 #include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
 #include "paint/surfaces/panels.h"
@@ -17,11 +18,9 @@ namespace {
 
 constexpr double kScaleRadius = 92;
 constexpr double kLineWidth = 1.1;
-constexpr double kSpan = 43;
 constexpr double kNeedleRadius = 95.5;
-constexpr double kRimRadius = 43.2;     // of the cover, with the needle's round end
-constexpr double kMostAngle = 47;       // a stop just beyond the scale
-constexpr double kFullScale = 1.41254;  // +3 dB as an amplitude
+constexpr double kRimRadius = 43.2;  // of the cover, with the needle's round end
+constexpr double kMostAngle = 47;    // a stop just beyond the scale
 
 QPointF pivot(const QRectF& box) { return {box.center().x(), box.bottom() + 30}; }
 
@@ -40,10 +39,16 @@ double line_radius(const QPainter& painter) {
   return (std::floor(kScaleRadius * scale - half_row) + half_row) / scale;
 }
 
+// The zone above 0 that a song should only touch.
+void paint_red_zone(QPainter& painter, const QPointF& centre) {
+  const QPainterPath zone = arc(centre, kScaleRadius - 2.6, needle_angle(0), kNeedleSwing);
+  stroke_path(painter, zone, faded(palette::kRedZoneGlow, .10), 9);
+  stroke_path(painter, zone, QColor::fromRgb(palette::kRedZone), 4.4);
+}
+
 void paint_scale(QPainter& painter, const QPointF& centre) {
   const QColor lime = QColor::fromRgb(palette::kLime);
-  stroke_path(painter, arc(centre, line_radius(painter), -kSpan, kSpan), lime, kLineWidth);
-  stroke_path(painter, arc(centre, kScaleRadius - 2.4, needle_angle(0), kSpan), lime, 4.4);
+  stroke_path(painter, arc(centre, line_radius(painter), -kNeedleSwing, kNeedleSwing), lime, kLineWidth);
   constexpr std::pair<double, bool> kMarks[] = {{-20, true}, {-10, true}, {-7, false}, {-5, true},
                                                 {-3, true},  {-2, false}, {-1, false}, {0, true},
                                                 {1, false},  {2, false},  {3, true}};
@@ -65,8 +70,8 @@ void paint_numbers(QPainter& painter, const QPointF& centre) {
 
 void paint_fine_marks(QPainter& painter, const QPointF& centre) {
   QPainterPath path;
-  for (int i = 0; i <= 10; ++i) {
-    const double angle = -kSpan + 2 * kSpan * i / 10 / kFullScale;
+  for (int i = 0; i < 10; ++i) {  // tenths of the deflection of 0 dB, where the red zone begins
+    const double angle = deflection_angle(needle_deflection(0) * i / 10);
     path.moveTo(on_circle(centre, kScaleRadius - 3, angle));
     path.lineTo(on_circle(centre, kScaleRadius - (i % 5 == 0 ? 7 : 5.5), angle));
   }
@@ -76,8 +81,23 @@ void paint_fine_marks(QPainter& painter, const QPointF& centre) {
 void paint_cover(QPainter& painter, const QPointF& centre) {
   fill_disc(painter, centre, 43.5, faded(palette::kBlack, .5));
   const QRectF disc(centre - QPointF(42, 42), QSizeF(84, 84));
-  fill_disc(painter, centre, 42, downward(disc, {{0, 0xFF3A4046}, {.12, 0xFF1B1E21}, {1, 0xFF0B0C0D}}));
-  draw_ring(painter, centre, 41.4, faded(palette::kMark, .55), .8);
+  fill_disc(painter, centre, 42, downward(disc, {{0, 0xFF4A3A2A}, {.10, 0xFF1F1A16}, {1, 0xFF0B0A09}}));
+  draw_ring(painter, centre, 41.4, faded(0xFFE0B070, .55), .8);
+}
+
+// A warm lamp below the lower edge shines through the face. Snapped, because the last column may be half a device
+// pixel, which nothing else would paint.
+void paint_backlight(QPainter& painter, const QRectF& box) {
+  const QRectF face = snapped(painter, box);
+  fill_box(painter, face, QColor::fromRgb(0xFF0A0705));
+  fill_box(painter, face,
+           glow(box, .5, 1.08, .98,
+                {{0, 0xFF8A4A12},
+                 {.30, 0xFF5E300C, .95},
+                 {.58, 0xFF2E1808, .85},
+                 {.82, 0xFF150B05, .7},
+                 {1, 0xFF0A0705, 0}}));
+  fill_box(painter, face, glow(box, .5, 1.02, .52, {{0, 0xFFFFC878, .34}, {.55, 0xFFFF9A3C, .07}, {1, 0xFFFF9A3C, 0}}));
 }
 
 QImage still_picture(double scale, const QRectF& box, const QRectF& well, bool right) {
@@ -93,13 +113,12 @@ QImage still_picture(double scale, const QRectF& box, const QRectF& well, bool r
 
 }  // namespace
 
-double needle_angle(double db) { return -kSpan + 2 * kSpan * std::pow(10, db / 20) / kFullScale; }
+double needle_angle(double db) { return deflection_angle(needle_deflection(db)); }
 
 void paint_needle_face(QPainter& painter, const QRectF& box, bool right) {
   const QPointF centre = pivot(box);
-  // Its last column may be half a device pixel, which nothing else would paint.
-  fill_box(painter, snapped(painter, box),
-           glow(box, .5, 1.02, .82, {{0, 0xFF1C4632}, {.45, 0xFF0D2118}, {.8, 0xFF050B08}, {1, 0xFF020403}}));
+  paint_backlight(painter, box);
+  paint_red_zone(painter, centre);
   paint_scale(painter, centre);
   paint_numbers(painter, centre);
   paint_fine_marks(painter, centre);
@@ -117,14 +136,14 @@ NeedleBackdrop::NeedleBackdrop(double scale, const QRectF& box, const QRectF& we
     : scale_(scale),
       pivot_((pivot(box) - box.topLeft()) * scale),
       still_(still_picture(scale, box, well, right)),
-      shadow_profile_(palette::kBlack, {{2.2 * scale, .55}}),
-      glow_profile_(0xFFFF5A1F, {{3.6 * scale, .18}}),
+      shadow_profile_(palette::kBlack, {{2.4 * scale, .5}}),
+      glow_profile_(palette::kNeedleGlow, {{3.6 * scale, .16}}),
       needle_profile_(palette::kNeedle, {{1.5 * scale, 1}}),
       shadow_(still_.size(), shadow_profile_.reach()),
       needle_(still_.size(), glow_profile_.reach()) {}
 
 QRect NeedleBackdrop::draw(QImage& image, const QPoint& origin, double db, QRect& standing) {
-  const double angle = std::clamp(needle_angle(db), -kSpan, kMostAngle);
+  const double angle = std::clamp(needle_angle(db), -kNeedleSwing, kMostAngle);
   const QPointF tip = on_circle(pivot_, kNeedleRadius * scale_, angle);
   // The cover is part of the still picture, so the needle begins at its rim.
   const QPointF root = on_circle(pivot_, kRimRadius * scale_, angle);

@@ -5,11 +5,12 @@
 #include <QPainter>
 #include <span>
 
+#include "displays/scope/oscilloscope.h"
 #include "paint/strokes/distance_field.h"
 
 namespace tandem {
 
-inline constexpr int kScopeValues = 337;
+inline constexpr int kScopeValues = static_cast<int>(kScopeWidth);
 
 struct ScopePicture {
   std::span<const float> left;  ///< up to kScopeValues values, one per px; 1 is the top of the area, -1 its bottom

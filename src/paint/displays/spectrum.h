@@ -1,4 +1,4 @@
-// The moving part of the spectrum display: copies only what changed into an image at device resolution. UI thread.
+// The moving part of the spectrum display: draws only what changed into an image at device resolution. UI thread.
 #pragma once
 
 #include <QImage>
@@ -16,11 +16,12 @@ namespace tandem {
 
 inline constexpr int kMostPeakMarks = 5;
 
-/// A ring of spectra for the roll, each kSpectrumRows values 0..1 from the lowest frequency up.
+/// A ring of spectra for the roll, each of `rows` values 0..1 from the lowest frequency up.
 struct RollHistory {
-  std::span<const float> left;  ///< `steps` x kSpectrumRows values
+  std::span<const float> left;  ///< `steps` x `rows` values
   std::span<const float> right;
   int steps = 0;              ///< spectra in the ring
+  int rows = 0;               ///< of the grid
   std::uint64_t written = 0;  ///< spectra ever written; the newest lies at (written - 1) % steps
 };
 
@@ -34,17 +35,19 @@ struct SpectrumPicture {
   RollHistory roll;
 };
 
-/// What stands in the image. Give a fresh one whenever the image or the face is new.
+/// What stands in the image. Give a fresh one whenever the image or the backdrop is new.
 struct SpectrumTrace {
+  /// Places in sixteenths of a device pixel from the top of the area.
   struct Column {
-    int top = 0;  ///< lit lines [top, bottom)
+    int top = 0;  ///< lit from here to the bottom
     int bottom = 0;
-    std::array<int, kMostPeakMarks> marks{};  ///< first line of each mark, -1 = none
+    std::array<int, kMostPeakMarks> marks{};  ///< top of each mark, -1 = none
     bool operator==(const Column&) const = default;
   };
   std::vector<Column> columns;  ///< left half, then right half; empty = nothing drawn yet
   std::uint64_t roll_steps = 0;
   std::optional<DistanceField> line{};  ///< room to draw the line kind in
+  std::vector<int> curve{};             ///< the line's height in each pixel of a half
 };
 
 using ChangedRects = QVarLengthArray<QRect, 8>;
@@ -52,7 +55,7 @@ using ChangedRects = QVarLengthArray<QRect, 8>;
 /// Brings the display area, whose top left is `origin` in the image, up to date and returns what changed in image
 /// pixels: at most eight rectangles, none if nothing moved. The image is RGB32 or premultiplied ARGB32 and holds the
 /// whole area. Allocates at the first call only.
-ChangedRects update_spectrum(QImage& image, const QPoint& origin, const SpectrumBackdrop& face,
+ChangedRects update_spectrum(QImage& image, const QPoint& origin, const SpectrumBackdrop& backdrop,
                              const SpectrumPicture& picture, SpectrumTrace& standing);
 
 }  // namespace tandem

@@ -2,86 +2,103 @@
 #include <algorithm>
 #include <cmath>
 
+#include "paint/displays/spectrum_colours.h"
 #include "paint/displays/spectrum_parts.h"
 
 namespace tandem {
 
 namespace {
 
-constexpr float kRollFloor = .12F;
-constexpr float kRollYellow = .7F;
-constexpr float kRollRed = .8F;
-
-QRect half_box(const SpectrumGrid& grid, int side) {
-  return {grid.column_x(side, 0), grid.baseline - grid.height, grid.half_width(), grid.height};
+QRect half_box(const SpectrumGrid& grid, std::size_t side) {
+  return {grid.left[side], grid.top(), grid.half_width(), grid.height()};
 }
 
-QPointF level_point(const SpectrumGrid& grid, std::span<const float> values, int side, int column) {
-  const double value = std::clamp(static_cast<double>(values[static_cast<std::size_t>(column)]), 0.0, 1.0);
-  return {grid.column_x(side, column) + grid.width / 2.0, grid.baseline - value * grid.height};
+/// y of the line in the pixel x of a half, from the half's top.
+double curve_at(const SpectrumBackdrop& backdrop, std::span<const float> values, int x) {
+  const SpectrumGrid& grid = backdrop.grid();
+  const int from_middle = std::max(x - grid.column_width() / 2, 0);
+  const auto value = [&](int column) {
+    const auto place = static_cast<std::size_t>(std::min(column, grid.columns - 1));
+    return place < values.size() ? std::clamp(values[place], 0.0F, 1.0F) : 0.0F;
+  };
+  const float before = value(from_middle / grid.pitch);
+  const float after = value(from_middle / grid.pitch + 1);
+  const float share = backdrop.line_shape()[static_cast<std::size_t>(from_middle % grid.pitch)];
+  return (1 - static_cast<double>(before + (after - before) * share)) * grid.height();
 }
 
-/// How a level shows on the roll.
-struct RollShade {
-  std::size_t image;  ///< of SpectrumBackdrop::lit()
-  unsigned share;     ///< 0 dark .. 256 lit
-};
-
-RollShade roll_shade(float value) {
-  if (value > kRollRed) return {2, 256};
-  if (value > kRollYellow) return {1, 256};
-  if (value <= kRollFloor) return {0, 0};
-  const float bright = .15F + .85F * (value - kRollFloor) / (kRollYellow - kRollFloor);
-  return {0, static_cast<unsigned>(bright * 256)};
+void lay_curve(const SpectrumBackdrop& backdrop, std::span<const float> values, SpectrumTrace& standing) {
+  const int width = backdrop.grid().half_width();
+  standing.curve.resize(static_cast<std::size_t>(width));
+  standing.line->clear();
+  QPointF before;
+  for (int x = 0; x < width; ++x) {
+    const QPointF at(x + .5, curve_at(backdrop, values, x));
+    standing.curve[static_cast<std::size_t>(x)] = static_cast<int>(std::lround(at.y()));
+    if (x > 0) standing.line->add_line(before, at);
+    before = at;
+  }
 }
 
-QRgb blended(QRgb dark, QRgb lit, unsigned share) {
-  // Two channels at a time: red and blue, then green.
-  const unsigned red_blue = ((dark & 0xFF00FF) * (256 - share) + (lit & 0xFF00FF) * share) >> 8 & 0xFF00FF;
-  const unsigned green = ((dark & 0xFF00) * (256 - share) + (lit & 0xFF00) * share) >> 8 & 0xFF00;
-  return 0xFF000000 | red_blue | green;
+void fill_below(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, const QRect& half,
+                const std::vector<int>& curve) {
+  for (int y = 0; y < half.height(); ++y) {
+    QRgb* pixels = target.line(half.top() + y, half.left());
+    const QRgb* dark = line_of(backdrop.dark(), half.top() + y, half.left());
+    const QRgb* lit = line_of(backdrop.lit(), half.top() + y, half.left());
+    for (std::size_t x = 0; x < curve.size(); ++x) pixels[x] = y >= curve[x] ? lit[x] : dark[x];
+  }
 }
 
-void fill_cell(const SpectrumTarget& target, const SpectrumBackdrop& face, const QRect& cell, RollShade shade) {
+/// A colour under the glass: between what black and what white look like there.
+QRgb under_glass(QRgb black, QRgb white, QRgb colour) {
+  const auto part = [=](int shift) {
+    const unsigned low = black >> shift & 0xFF;
+    const unsigned high = white >> shift & 0xFF;
+    return (low + (high - low) * (colour >> shift & 0xFF) / 255) << shift;
+  };
+  return 0xFF000000 | part(16) | part(8) | part(0);
+}
+
+void fill_cell(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, const QRect& cell, QRgb colour) {
   for (int y = cell.top(); y <= cell.bottom(); ++y) {
-    const auto* dark = reinterpret_cast<const QRgb*>(face.dark().constScanLine(y));
-    const auto* lit = reinterpret_cast<const QRgb*>(face.lit(shade.image).constScanLine(y));
-    QRgb* pixels = target.line(y, 0);
-    for (int x = cell.left(); x <= cell.right(); ++x) pixels[x] = blended(dark[x], lit[x], shade.share);
+    QRgb* pixels = target.line(y, cell.left());
+    const QRgb* black = line_of(backdrop.second(), y, cell.left());
+    const QRgb* white = line_of(backdrop.lit(), y, cell.left());
+    for (int x = 0; x < cell.width(); ++x) pixels[x] = under_glass(black[x], white[x], colour);
   }
 }
 
 }  // namespace
 
-void draw_line_half(const SpectrumTarget& target, const SpectrumBackdrop& face, std::span<const float> values, int side,
-                    DistanceField& field) {
-  const SpectrumGrid& grid = face.grid();
-  const QRect half = half_box(grid, side);
-  target.copy(face.dark(), half);
-  field.clear();
-  const QPointF corner = half.topLeft();
-  const int count = std::min(grid.columns, static_cast<int>(values.size()));
-  for (int i = 1; i < count; ++i) {
-    field.add_line(level_point(grid, values, side, i - 1) - corner, level_point(grid, values, side, i) - corner);
-  }
-  field.blend(target.image, target.origin + half.topLeft(), face.line());
+void draw_line_half(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, std::span<const float> values,
+                    std::size_t side, SpectrumTrace& standing) {
+  const QRect half = half_box(backdrop.grid(), side);
+  if (!standing.line) standing.line.emplace(half.size(), backdrop.line().reach());
+  lay_curve(backdrop, values, standing);
+  fill_below(target, backdrop, half, standing.curve);
+  standing.line->blend(target.image, target.origin + half.topLeft(), backdrop.line(), backdrop.line_colours());
 }
 
-void draw_roll_half(const SpectrumTarget& target, const SpectrumBackdrop& face, const RollHistory& roll, int side) {
-  const SpectrumGrid& grid = face.grid();
-  target.copy(face.dark(), half_box(grid, side));
+void draw_roll_half(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, const RollHistory& roll,
+                    std::size_t side) {
+  const SpectrumGrid& grid = backdrop.grid();
+  target.copy(backdrop.dark(), half_box(grid, side));
   const std::span<const float> values = side == 0 ? roll.left : roll.right;
-  const int step = std::max(1, static_cast<int>(2 * grid.scale));
+  const int width = grid.roll_step();
   const auto shown = std::min<std::uint64_t>({roll.written, static_cast<std::uint64_t>(std::max(roll.steps, 0)),
-                                              static_cast<std::uint64_t>(grid.half_width() / step)});
-  int x = grid.column_x(side, 0) + grid.half_width() - static_cast<int>(shown) * step;
-  for (std::uint64_t i = roll.written - shown; i < roll.written; ++i, x += step) {
-    const std::size_t first = static_cast<std::size_t>(i % static_cast<std::uint64_t>(roll.steps)) * kSpectrumRows;
-    if (first + kSpectrumRows > values.size()) continue;
-    for (int row = 0; row < kSpectrumRows; ++row) {
-      const RollShade shade = roll_shade(values[first + static_cast<std::size_t>(row)]);
-      const int top = grid.row_top[static_cast<std::size_t>(row)];
-      if (shade.share > 0) fill_cell(target, face, {x, top, step, grid.row_bottom(row) - top}, shade);
+                                              static_cast<std::uint64_t>(grid.half_width() / width)});
+  int x = grid.left[side] + grid.half_width() - static_cast<int>(shown) * width;
+  const auto rows = static_cast<std::size_t>(std::min(roll.rows, grid.rows));
+  for (std::uint64_t i = roll.written - shown; i < roll.written; ++i, x += width) {
+    const std::size_t first =
+        static_cast<std::size_t>(i % static_cast<std::uint64_t>(roll.steps)) * static_cast<std::size_t>(roll.rows);
+    if (first + rows > values.size()) continue;
+    for (std::size_t row = 0; row < rows; ++row) {
+      const float value = std::clamp(values[first + row], 0.0F, 1.0F);
+      if (value <= kRollFloor) continue;
+      const QRgb colour = roll_colours()[static_cast<std::size_t>(value * 255)];
+      fill_cell(target, backdrop, {x, grid.row_top(static_cast<int>(row)), width, grid.row_pitch}, colour);
     }
   }
 }

@@ -1,4 +1,4 @@
-// What the spectrum's kinds share; for spectrum*.cpp only.
+// What the spectrum's kinds share; for spectrum*.cpp only. UI thread.
 #pragma once
 
 #include "paint/displays/spectrum.h"
@@ -17,9 +17,30 @@ struct SpectrumTarget {
   void copy(const QImage& from, const QRect& box) const;
 };
 
-/// Redraw a whole half; the field has the size of a half.
-void draw_line_half(const SpectrumTarget& target, const SpectrumBackdrop& face, std::span<const float> values, int side,
-                    DistanceField& field);
-void draw_roll_half(const SpectrumTarget& target, const SpectrumBackdrop& face, const RollHistory& roll, int side);
+inline const QRgb* line_of(const QImage& image, int y, int x) {
+  return reinterpret_cast<const QRgb*>(image.constScanLine(y)) + x;
+}
+
+/// Where a column's parts lie for the picture.
+SpectrumTrace::Column spectrum_column(const SpectrumBackdrop& backdrop, const SpectrumPicture& picture,
+                                      std::size_t side, int index);
+/// The lines [top, bottom) of the area that may differ between two states of a column.
+struct SpectrumLines {
+  int top;
+  int bottom;
+};
+SpectrumLines changed_lines(const SpectrumGrid& grid, const SpectrumTrace::Column& before,
+                            const SpectrumTrace::Column& now);
+void draw_column(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, const SpectrumTrace::Column& column,
+                 int x, SpectrumLines lines);
+
+void draw_peak_marks(const SpectrumTarget& target, const SpectrumBackdrop& backdrop,
+                     const SpectrumTrace::Column& column, int x);
+
+/// Redraw a whole half; the trace has room for the line.
+void draw_line_half(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, std::span<const float> values,
+                    std::size_t side, SpectrumTrace& standing);
+void draw_roll_half(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, const RollHistory& roll,
+                    std::size_t side);
 
 }  // namespace tandem

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "paint/strokes/blend.h"
+
 namespace tandem {
 
 namespace {
@@ -29,13 +31,6 @@ bool none_below(const Four& values, float limit) {
   std::array<std::uint64_t, 2> bits{};
   std::memcpy(bits.data(), &below, sizeof bits);
   return (bits[0] | bits[1]) == 0;
-}
-
-QRgb blended(QRgb below, QRgb colour, unsigned share) {
-  // Two channels at a time: red and blue, then green.
-  const unsigned red_blue = ((below & 0xFF00FF) * (256 - share) + (colour & 0xFF00FF) * share) >> 8 & 0xFF00FF;
-  const unsigned green = ((below & 0xFF00) * (256 - share) + (colour & 0xFF00) * share) >> 8 & 0xFF00;
-  return 0xFF000000 | red_blue | green;
 }
 
 /// The lines of an image from a pixel of it on.
@@ -172,7 +167,8 @@ void DistanceField::mark(const Line& line, const QRect& box) {
   }
 }
 
-void DistanceField::blend(QImage& image, const QPoint& origin, const StrokeProfile& profile) const {
+void DistanceField::blend(QImage& image, const QPoint& origin, const StrokeProfile& profile,
+                          std::span<const QRgb> rows) const {
   const Pixels target(image, origin);
   const auto limit = static_cast<float>(profile.reach() * profile.reach());
   for (std::size_t block = 0; block < blocks_.size(); ++block) {
@@ -180,11 +176,12 @@ void DistanceField::blend(QImage& image, const QPoint& origin, const StrokeProfi
     const int right = std::min(left + kBlock, size_.width());
     for (int y = blocks_[block].top; y <= blocks_[block].bottom; ++y) {
       const float* distances = row(y);
+      const QRgb colour = rows.empty() ? profile.colour() : rows[static_cast<std::size_t>(y)];
       QRgb* pixels = target.row(y);
       for (int x = left; x < right; x += kLanes) {
         if (none_below(load(distances + x), limit)) continue;
         for (int i = x; i < std::min(x + kLanes, right); ++i) {
-          if (distances[i] < limit) pixels[i] = blended(pixels[i], profile.colour(), profile.share(distances[i]));
+          if (distances[i] < limit) pixels[i] = blended(pixels[i], colour, profile.share(distances[i]));
         }
       }
     }

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <initializer_list>
 #include <limits>
+#include <span>
 #include <vector>
 
 namespace tandem {
@@ -49,7 +50,11 @@ class DistanceField {
   void add_line(const QPointF& from, const QPointF& to);
   /// Blends what was added into an image whose pixel `origin` is the field's first. Only colours change, all pixels
   /// must be opaque.
-  void blend(QImage& image, const QPoint& origin, const StrokeProfile& profile) const;
+  void blend(QImage& image, const QPoint& origin, const StrokeProfile& profile) const {
+    blend(image, origin, profile, {});
+  }
+  /// The same in a colour of its own for each row of the field, instead of the profile's.
+  void blend(QImage& image, const QPoint& origin, const StrokeProfile& profile, std::span<const QRgb> rows) const;
   /// Takes what was added out of the image again, where it lies over a still picture of the field's size.
   void restore(QImage& image, const QPoint& origin, const QImage& still) const;
   /// Pixels that the strokes reach.

@@ -40,7 +40,7 @@ QRectF snapped(const QPainter& painter, const QRectF& box) {
 
 DevicePixels::DevicePixels(QPainter& painter) : painter_(painter), logical_(painter.deviceTransform()) {
   painter.save();
-  // What lies behind the painter's own transform (widget offset, pixel ratio) has to be undone as well.
+  // The device transform also holds the widget's offset and the pixel ratio, which have to be undone as well.
   painter.setWorldTransform((painter.worldTransform().inverted() * logical_).inverted());
 }
 
@@ -110,7 +110,7 @@ void draw_ring(QPainter& painter, const QPointF& centre, double radius, const QC
   painter.drawEllipse(centre, radius, radius);
 }
 
-// As a filled outline: the toolkit's own lines lose their ends where a clip cuts them, so that a part painted anew
+// As a filled outline: Qt's own lines lose their ends where a clip cuts them, so that a part painted again by itself
 // would not be what it is in the whole.
 void draw_line(QPainter& painter, const QPointF& from, const QPointF& to, const QColor& colour, double width,
                Qt::PenCapStyle cap) {

@@ -1,4 +1,4 @@
-// How the hand stands to a control; every look of a control that can be used holds one.
+// Interaction state of a control. The paint state of every interactive control has one.
 #pragma once
 
 namespace tandem {

@@ -91,6 +91,7 @@ inline constexpr QRgb kStoppedKey = 0xFF7A2A20;
 // Dark dots of the LED labels; the three small captions have none.
 inline constexpr QRgb kCaptionLed = 0xFFA9B9C4;
 inline constexpr QRgb kWhiteDots = 0xFF262B30;
+inline constexpr QRgb kTitleDots = 0xFF1F2429;  // in one unbroken field
 inline constexpr QRgb kLimeDots = 0xFF093512;
 inline constexpr QRgb kOrangeDots = 0xFF3D2004;
 inline constexpr QRgb kReadOutDots = 0xFF004000;

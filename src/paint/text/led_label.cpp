@@ -2,11 +2,14 @@
 
 #include <QHash>
 #include <QImage>
+#include <algorithm>
 #include <cmath>
 
 #include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
 #include "paint/text/dot_font.h"
+#include "paint/text/reading_order.h"
+#include "paint/text/running_text.h"
 
 namespace tandem {
 
@@ -42,7 +45,7 @@ struct Dots {
 
 bool lit_at(CellDots dots, int column, int row) { return (dots >> ((column + 1) * 8 + row) & 1) != 0; }
 
-/// What a pen with a round nib covers that is led about the dot: told as such it costs a tenth of the pen.
+/// The area that a round stroke about the dot covers. Filling it costs a tenth of stroking.
 void add_glow(QPainterPath& path, const QRectF& dot, double reach) {
   path.addRoundedRect(dot.adjusted(-reach, -reach, reach, reach), reach, reach);
 }
@@ -96,9 +99,10 @@ const QImage& cached_glyph(const GlyphKey& key) {
 /// A label's text as it stands in the cells, with its scroll resolved.
 class Cells {
  public:
-  explicit Cells(const LedLabelState& look) : letters_(look.text.toUcs4()), ring_(look.scroll && !letters_.isEmpty()) {
+  explicit Cells(const LedLabelState& look)
+      : letters_(reading_order(look.text)), ring_(look.scroll && !letters_.isEmpty()) {
     const auto columns = static_cast<int>(letters_.size()) * kCellColumns;
-    const int moved = ring_ ? *look.scroll % columns : 0;
+    const int moved = ring_ ? (*look.scroll + leading_blanks(letters_) * kCellColumns) % columns : 0;
     skipped_ = moved / kCellColumns;
     part_ = moved % kCellColumns;
     count_ = look.cells + (part_ > 0 ? 1 : 0);
@@ -151,6 +155,8 @@ void draw_cells(QPainter& painter, const QPointF& top_left, const LedLabelState&
 
 }  // namespace
 
+int led_text_columns(const QString& text) { return static_cast<int>(reading_order(text).size()) * kCellColumns; }
+
 void paint_led_label(QPainter& painter, const QPointF& top_left, const LedLabelState& look) {
   const bool cut = look.scroll.has_value();
   if (cut) {
@@ -159,7 +165,11 @@ void paint_led_label(QPainter& painter, const QPointF& top_left, const LedLabelS
     painter.setClipRect(QRectF(top_left.x(), top_left.y() - look.pitch, columns * look.pitch, 9.0 * look.pitch),
                         Qt::IntersectClip);
   }
-  draw_cells(painter, top_left, look);
+  if (look.unbroken) {
+    paint_running_text(painter, top_left, look);
+  } else {
+    draw_cells(painter, top_left, look);
+  }
   if (cut) painter.restore();
 }
 

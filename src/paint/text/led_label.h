@@ -10,14 +10,21 @@ namespace tandem {
 struct LedLabelState {
   QString text{};  ///< a scrolling text is a ring: it carries the blanks between its end and its next beginning
   int cells = 5;
-  int pitch = 2;  ///< px from dot to dot: 1, 2 or 3; at 1 the dots interaction and do not glow
+  int pitch = 2;  ///< px from dot to dot: 1, 2 or 3; at 1 the dots touch and do not glow
   QRgb colour = 0xFFFFFFFF;
   std::optional<QRgb> dark_dots{};  ///< none: unlit dots do not show
-  std::optional<int> scroll{};  ///< whole dot columns that the ring has moved left; none: the first cells stand still
+  bool unbroken = false;            ///< the dark dots are one field without gaps between cells, and never move
+  /// Whole dot columns that the ring has moved left from its first letter that is no blank; none: the first cells stand
+  /// still.
+  std::optional<int> scroll{};
 };
 
-/// Draws from the label's top-left dot. Cells stand on whole device pixels. Glyphs are cached per letter, pitch,
-/// colours and scale (whole cache dropped at 1024 glyphs).
+/// Dot columns of a whole text, blanks included: the length of the ring.
+int led_text_columns(const QString& text);
+
+/// Draws from the label's top-left dot. An unbroken label also shows letters that the dot font lacks, in half dots.
+/// Cells stand on whole device pixels. Glyphs are cached per letter, pitch, colours and scale (whole cache dropped at
+/// 1024 glyphs).
 void paint_led_label(QPainter& painter, const QPointF& top_left, const LedLabelState& look);
 
 }  // namespace tandem

@@ -11,8 +11,7 @@ namespace tandem {
 
 namespace {
 
-constexpr double kScaleTop = 1.41254;  // amplitude at the end of the needle's scale, +3 dB
-constexpr double kScaleBegin = -20;    // dB
+constexpr double kScaleBegin = -20;  // dB
 
 QRectF well() { return control_box("Display well").box(); }
 
@@ -26,7 +25,7 @@ std::array<float, kScopeValues> on_pixels(const ScopeReading::Trace& trace, floa
 
 }  // namespace
 
-double scale_db(double deflection) { return deflection > 1e-5 ? 20 * std::log10(deflection * kScaleTop) : -100.0; }
+double scale_db(double deflection) { return deflection > 1e-5 ? needle_reading(deflection) : -100.0; }
 
 ChangedPicture NeedleView::update(double scale) {
   if (scale != scale_) {

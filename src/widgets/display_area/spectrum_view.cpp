@@ -1,8 +1,5 @@
 #include "widgets/display_area/spectrum_view.h"
 
-#include <cmath>
-
-#include "displays/core/sound_frame.h"
 #include "layout/panel_layout.h"
 
 namespace tandem {
@@ -11,14 +8,13 @@ namespace {
 
 SpectrumStyle style_of(const SpectrumReading& picture) {
   SpectrumStyle style;
-  style.kind = static_cast<SpectrumKind>(picture.kind);
-  style.led_style = !picture.solid_bars;
+  style.kind = picture.kind;
+  style.solid = picture.solid_bars;
   style.inactive = picture.inactive;
+  style.grid_lines = picture.grid_lines;
   style.grid = picture.grid;
-  style.columns = picture.columns.columns;
-  style.low = picture.range.low_hz / (kHeardRate / 2);
-  style.high = picture.range.high_hz / (kHeardRate / 2);
-  style.reference = picture.reference;
+  style.axis = picture.axis;
+  style.reference_hz = picture.reference_hz;
   return style;
 }
 
@@ -36,12 +32,12 @@ void SpectrumView::reset() {
 bool SpectrumView::fit(double scale) {
   if (scale != scale_) {
     scale_ = scale;
-    display().fit(static_cast<int>(std::floor(SpectrumAnalyser::kHalfPixels * scale)), scale);
+    display().fit(scale);
     face_.reset();
   }
   const SpectrumStyle style = style_of(display().picture());
   if (face_ && face_->style() == style) return false;
-  face_ = std::make_unique<SpectrumBackdrop>(style, scale, area(), QRectF(control_box("Display well").box()));
+  face_ = std::make_unique<SpectrumBackdrop>(style, area(), QRectF(control_box("Display well").box()));
   image_ = QImage(face_->size(), QImage::Format_RGB32);
   standing_ = {};
   return true;
@@ -66,7 +62,7 @@ RollHistory SpectrumView::roll_of(const RollCells& roll) {
   // The painter takes the newest step to lie at (written - 1) modulo the ring's size.
   const std::uint64_t off = (roll.newest + 1 + roll.steps - steps_written_ % roll.steps) % roll.steps;
   steps_written_ += off;
-  return {roll.cells[0], roll.cells[1], static_cast<int>(roll.steps), steps_written_};
+  return {roll.cells[0], roll.cells[1], static_cast<int>(roll.steps), static_cast<int>(roll.rows), steps_written_};
 }
 
 SpectrumPicture SpectrumView::look_of(const SpectrumReading& picture) {

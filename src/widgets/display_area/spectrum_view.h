@@ -27,7 +27,6 @@ class SpectrumView final : public ViewOf<SpectrumAnalyser> {
   void lay_out_marks(const SpectrumReading& picture, std::size_t side);
   RollHistory roll_of(const RollCells& roll);
 
-  double scale_ = 0;
   std::unique_ptr<SpectrumBackdrop> face_;
   QImage image_;
   SpectrumTrace standing_;

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/text.h"
 #include "paint/controls/gain.h"
 #include "paint/controls/gauge.h"
 #include "paint/strokes/palette.h"
@@ -53,9 +52,7 @@ LedLabelItem::LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox
       dark_dots_(dark_dots),
       shown_(label.Caption) {}
 
-int LedLabelItem::ring_columns() const {
-  return static_cast<int>(character_count(label_.Caption.get())) * kColumnsPerCell;
-}
+int LedLabelItem::ring_columns() const { return led_text_columns(QString::fromStdString(label_.Caption)); }
 
 // A text that fits the cells stands still, whatever the switch says: the panel leaves it on for the next short title.
 bool LedLabelItem::scrolls() const { return label_.Scrolling && ring_columns() > label_.NumChars * kColumnsPerCell; }
@@ -67,6 +64,7 @@ void LedLabelItem::draw(QPainter& painter) const {
   look.pitch = place().pitch;
   look.colour = from_bgr(static_cast<std::uint32_t>(label_.LEDColor.get())).rgb();
   look.dark_dots = dark_dots_;
+  look.unbroken = dark_dots_ == palette::kTitleDots;
   if (scrolls()) look.scroll = column_;
   paint_led_label(painter, box().topLeft(), look);
 }

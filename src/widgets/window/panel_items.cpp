@@ -44,7 +44,7 @@ void PanelWindow::add_display_panel() {
     area->shine_over(*add<LedLabelItem>(name, label, true, dark_dots));
   };
   add_label("MMLEDLABELX1", c.MMLEDLABELX1, std::nullopt);
-  add_label("SongLabel", c.SongLabel, palette::kWhiteDots);
+  add_label("SongLabel", c.SongLabel, palette::kTitleDots);
   add_label("MMLEDLABELX2", c.MMLEDLABELX2, std::nullopt);
   add_label("LblPosition", c.LblPosition, palette::kLimeDots);
   total_ = add<LedLabelItem>("LblTempTot", c.LblTempTot, true, palette::kWhiteDots);
