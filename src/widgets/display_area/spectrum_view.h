@@ -29,6 +29,7 @@ class SpectrumView final : public ViewOf<SpectrumAnalyser> {
 
   std::unique_ptr<SpectrumBackdrop> face_;
   QImage image_;
+  double scale_ = 0;
   SpectrumTrace standing_;
   BothSides<std::vector<float>> marks_;
   std::size_t newest_step_ = 0;
