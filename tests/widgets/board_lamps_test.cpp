@@ -69,7 +69,7 @@ TEST_F(BoardLamps, InactiveShowsUnlitSpots) {
 }
 
 TEST_F(BoardLamps, LogLinChangesTheScaleOfHeights) {
-  const std::vector<Tone> apart = {{300, -6}, {3000, -40}};
+  const std::vector<Tone> apart = {{300, -6}, {3000, -30}};
   const int logarithmic = quiet(rig.picture_of(apart));
   rig.controls().MMLEDX4.click.raise();
   const int linear = quiet(rig.picture_of(apart));

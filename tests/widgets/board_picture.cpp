@@ -26,7 +26,7 @@ bool is_inactive(QRgb pixel) {
 }
 bool is_white(QRgb pixel) { return qBlue(pixel) > 70; }
 bool is_silver(QRgb pixel) {
-  return std::abs(qRed(pixel) - qBlue(pixel)) < 8 && qBlue(pixel) > 180 && qBlue(pixel) < 215;
+  return std::abs(qRed(pixel) - qBlue(pixel)) < 8 && qBlue(pixel) > 140 && qBlue(pixel) < 215;
 }
 
 BoardPicture::BoardPicture(QImage image, const SpectrumGrid& grid) : image_(std::move(image)), grid_(grid) {}

@@ -42,7 +42,10 @@ void paint_tile(QPainter& painter, const QRectF& tile, const KeyState& look) {
   if (look.interaction.pressed && look.interaction.enabled) {
     fill_box(painter, {tile.left(), tile.top(), tile.width(), 1.5}, faded(kBlack, .5), 1);
   } else {
-    const double shine = look.interaction.enabled ? .16 + .12 * look.interaction.hover : .16;
+    // The tile's edge shows that the pointer is on the key, since a lighter tile would take contrast from the caption.
+    const double hover = look.interaction.enabled ? look.interaction.hover : 0;
+    if (hover > 0) frame_box(painter, tile.adjusted(.5, .5, -.5, -.5), faded(kWhite, .24 * hover), 1, 1.8);
+    const double shine = .16 + .24 * hover;
     fill_box(painter, {tile.left() + 1, tile.top() + .5, tile.width() - 2, .75}, faded(kWhite, shine));
   }
 }

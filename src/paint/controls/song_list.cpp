@@ -5,7 +5,6 @@
 #include "paint/controls/song_list_row.h"
 #include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
-#include "paint/surfaces/panels.h"
 #include "paint/text/caption.h"
 
 namespace tandem {
@@ -120,7 +119,6 @@ void paint_song_list(QPainter& painter, const QRectF& box, const SongListState& 
   } else if (look.count == 0) {
     paint_hint(painter, box);
   }
-  paint_glass_shine(painter, box);
   if (look.interaction.focused) paint_focus_ring(painter, box, 3);
 }
 

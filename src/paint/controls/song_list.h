@@ -24,7 +24,8 @@ struct SongListState {
   InteractionState interaction{};
 };
 
-/// Rows, scroll bar (hidden when all lines fit) and shine over glass that is painted already.
+/// Rows and scroll bar (hidden when all lines fit) over glass that is painted already; no shine, which would take
+/// contrast from the upper lines.
 void paint_song_list(QPainter& painter, const QRectF& box, const SongListState& look);
 /// Box of row 0..9 of the view of a list of `count` lines: from edge to edge of the glass, or up to the scroll bar.
 QRectF list_row_box(const QRectF& box, int row, int count = kListRows + 1);
