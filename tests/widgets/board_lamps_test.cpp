@@ -69,12 +69,11 @@ TEST_F(BoardLamps, InactiveShowsUnlitSpots) {
 }
 
 TEST_F(BoardLamps, LogLinChangesTheScaleOfHeights) {
-  const std::vector<Tone> apart = {{300, -6}, {3000, -30}};
+  const std::vector<Tone> apart = {{300, -6}, {3000, -55}};
   const int logarithmic = quiet(rig.picture_of(apart));
+  EXPECT_LE(logarithmic, 1) << "below the logarithmic range";
   rig.controls().MMLEDX4.click.raise();
-  const int linear = quiet(rig.picture_of(apart));
-  EXPECT_LT(linear, logarithmic - 1);
-  EXPECT_GT(linear, 2) << "quiet bands are seen beside loud ones";
+  EXPECT_GT(quiet(rig.picture_of(apart)), logarithmic) << "a root still shows it";
 }
 
 TEST_F(BoardLamps, PickShowsPeakMarks) {
