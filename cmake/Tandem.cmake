@@ -75,8 +75,9 @@ endfunction()
 # a GoogleTest program.
 # It is one CTest entry of that name, or n entries NAME.0 ... that share its cases. Labels with a meaning for ./check:
 # "threads" is run under the thread sanitizer too, "slow" is left out under the address sanitizer (what is not slow
-# gets the label "quick"). SERIAL: runs in real time on a private sound server, alone
-# (label "server").
+# gets the label "quick"), and what is labelled "window" needs Qt's windows, which take long to compile there, so that the
+# address sanitizer sees it in "./check all" only. SERIAL: runs in real time on a private sound server, alone (label
+# "server").
 # Each entry leaves its cases in results/ENTRY.xml of the build folder, where they are counted.
 function(tandem_test name)
   cmake_parse_arguments(arg "SERIAL" "SHARDS" "SOURCES;LINKS;LABELS;PRECOMPILED" ${ARGN})
@@ -97,7 +98,11 @@ function(tandem_test name)
   endif()
   if(NOT "slow" IN_LIST arg_LABELS)
     list(APPEND arg_LABELS quick)
-    add_dependencies(quick_tests ${name})
+    if("window" IN_LIST arg_LABELS)
+      add_dependencies(window_tests ${name})
+    else()
+      add_dependencies(quick_tests ${name})
+    endif()
   endif()
   if(NOT arg_SHARDS)
     tandem_test_entry(${name} ${name} "" "${arg_LABELS}" "${arg_SERIAL}")
@@ -118,6 +123,7 @@ endfunction()
 
 # The test programs that the sanitizer stages of ./check build.
 add_custom_target(quick_tests)
+add_custom_target(window_tests)
 add_custom_target(threads_tests)
 
 # tandem_factory_settings(TARGET): puts the factory TP.inf beside the program TARGET if there is none.
