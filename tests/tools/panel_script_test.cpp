@@ -62,7 +62,7 @@ TEST_F(PanelScript, EndsWithTheErrorReportOfTheProgram) {
   const Ended ended = run("--dir .", "start\necho never\n");
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.out, "");
-  EXPECT_EQ(ended.error, "tandem: Overflow: ./TP.inf\n");
+  EXPECT_EQ(ended.error, "tandem: Overflow: ./TP.inf, line 1\n");
   EXPECT_EQ(run("no-such-script", "").status, 1);
 }
 

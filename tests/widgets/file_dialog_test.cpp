@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -154,14 +155,14 @@ TEST_F(DialogTest, StartsInItsFolderWithAnEmptyName) {
 
 // Completions of a typed name could else come up when the dialog has closed.
 TEST_F(DialogTest, CompletesNamesOnlyWhileItIsOpen) {
-  QLineEdit* typed_in = nullptr;
-  const auto completes = [&typed_in](QFileDialog& shown) {
-    typed_in = &line(shown);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return typed_in->completer()->widget() == typed_in; }));
+  QPointer<QCompleter> completer;
+  const auto completes = [&completer](QFileDialog& shown) {
+    const QLineEdit* typed_in = &line(shown);
+    completer = typed_in->completer();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return completer->widget() == typed_in; }));
   };
   EXPECT_THROW(open(completes), RuntimeError);
-  ASSERT_NE(typed_in, nullptr);
-  EXPECT_EQ(typed_in->completer()->widget(), nullptr);
+  EXPECT_TRUE(completer.isNull()) << "it goes with its dialog";
   EXPECT_THROW(open(completes), RuntimeError);
 }
 
@@ -186,12 +187,12 @@ TEST_F(DialogTest, ShowsTheFiltersTextWithoutPatterns) {
                RuntimeError);
 }
 
-TEST_F(DialogTest, SaveAddsTheExtension) {
+TEST_F(DialogTest, SaveAddsTheEndingToEveryNameWithoutIt) {
   dialog.Filter = "Playlist|*.m3l";
   save([](QFileDialog& shown) { type(shown, "evening"); });
   EXPECT_EQ(dialog.FileName, directory.file("evening.m3l"));
   save([](QFileDialog& shown) { type(shown, "morning.txt"); });
-  EXPECT_EQ(dialog.FileName, directory.file("morning.txt"));
+  EXPECT_EQ(dialog.FileName, directory.file("morning.txt.m3l"));
 }
 
 TEST_F(DialogTest, SaveAsksBeforeItWritesOver) {
