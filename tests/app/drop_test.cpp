@@ -66,12 +66,12 @@ TEST_F(Dropped, AFolderGivesItsSongsInNaturalOrderAndThoseBelow) {
   EXPECT_TRUE(wait_until([&] { return lines() == expected; })) << testing::PrintToString(lines());
 }
 
-TEST_F(Dropped, SeveralFilesAndFoldersAtOnce) {
+TEST_F(Dropped, SeveralFilesAndFoldersAtOnceComeInNaturalOrder) {
   const std::string file = song("one/b c.wav");
   const std::string first = song("two/1.wav");
   const std::string second = song("three/1.wav");
   drop({file, files.file("two"), files.file("three")});
-  const Names expected = {"01 - " + file, "02 - " + first, "03 - " + second};
+  const Names expected = {"01 - " + file, "02 - " + second, "03 - " + first};
   EXPECT_TRUE(wait_until([&] { return lines() == expected; })) << testing::PrintToString(lines());
 }
 

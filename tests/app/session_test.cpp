@@ -2,9 +2,12 @@
 // settings are saved where it does not.
 
 #include <gtest/gtest.h>
+
 #include <signal.h>
 
+#include <atomic>
 #include <cstdlib>
+#include <thread>
 
 #include "app/real_player.h"
 #include "app/session_manager.h"
@@ -38,7 +41,14 @@ class Session : public testing::Test {
 class ManagedSession : public Session {
  protected:
   void SetUp() override {
+    std::atomic<bool> shown{false};
+    // The program waits for the manager's answer before its window comes.
+    std::thread answers([&] {
+      while (!shown) manager.work();
+    });
     start();
+    shown = true;
+    answers.join();
     ASSERT_TRUE(wait_until([this] { return manager.work() && manager.has_client(); }));
     ask(false);  // the one that every client gets when it registers
   }

@@ -78,20 +78,6 @@ TEST_F(DialogTest, ShowsSongsInAnyLetterCaseAndNothingElse) {
   EXPECT_EQ(names, (std::set<std::string>{"a.mp3", "b.MP3", "c.Wav"}));
 }
 
-TEST_F(DialogTest, ShowsFoldersFirstAndNamesAsPeopleCount) {
-  for (const char* name : {"10 c.mp3", "2 b.mp3", "1 a.mp3"}) make(name);
-  std::filesystem::create_directory(directory.file("20 folder"));
-  std::vector<std::string> names;
-  EXPECT_THROW(open([&](QFileDialog& shown) {
-                 listed(shown, 4);
-                 const auto* view = shown.findChild<QTreeView*>("treeView");
-                 for (int row = 0; row < 4; ++row)
-                   names.push_back(view->model()->index(row, 0, view->rootIndex()).data().toString().toStdString());
-               }),
-               RuntimeError);
-  EXPECT_EQ(names, (std::vector<std::string>{"20 folder", "1 a.mp3", "2 b.mp3", "10 c.mp3"}));
-}
-
 TEST_F(DialogTest, CancelThrowsAndLeavesNoName) {
   dialog.FileName = "before";
   EXPECT_THROW(open([](QFileDialog& shown) { shown.reject(); }), RuntimeError);

@@ -12,14 +12,12 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QSettings>
-#include <QSortFilterProxyModel>
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTreeView>
 #include <cctype>
 #include <vector>
 
-#include "base/natural_order.h"
 #include "base/song_endings.h"
 #include "base/text.h"
 #include "controls/chosen_files.h"
@@ -44,7 +42,7 @@ std::string any_case(const std::string& patterns) {
   return result;
 }
 
-// "Text|*.a;*.b" in the toolkit's form.
+// "Text|*.a;*.b" in Qt's form.
 QString name_filter(const std::string& filter) {
   const std::size_t bar = filter.find('|');
   return QString::fromStdString(filter.substr(0, bar) + " (" + any_case(filter.substr(bar + 1)) + ")");
@@ -54,7 +52,7 @@ std::string first_or_empty(const std::vector<std::string>& texts) { return texts
 
 QLineEdit* name_line(QFileDialog& dialog) { return dialog.findChild<QLineEdit*>("fileNameEdit"); }
 
-// The toolkit would show the completions of a typed name when it has read their folder, be the dialog closed or not.
+// Qt would show the completions of a typed name when it has read their folder, be the dialog closed or not.
 void end_completion(QFileDialog& dialog) {
   const QLineEdit* line = name_line(dialog);
   if (line != nullptr && line->completer() != nullptr) line->completer()->setWidget(nullptr);
@@ -69,7 +67,7 @@ std::vector<std::string> chosen(QFileDialog& dialog) {
   return paths;
 }
 
-// The toolkit goes into a folder that was selected among files, and forgets the files.
+// Qt goes into a folder that was selected among files, and forgets the files.
 void leave_out_folders(QItemSelectionModel& selection) {
   QModelIndexList folders = selection.selectedRows();
   const auto count = folders.size();
@@ -85,24 +83,6 @@ QString first_folder() {
   const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
   return QDir(music).exists() ? music : QDir::homePath();
 }
-
-// Folders first, then names as people count: "2" before "10".
-class NaturalOrder final : public QSortFilterProxyModel {
- public:
-  using QSortFilterProxyModel::QSortFilterProxyModel;
-
- protected:
-  bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
-    constexpr int kName = 0;
-    if (left.column() != kName) return QSortFilterProxyModel::lessThan(left, right);
-    const bool left_is_folder = is_folder(left);
-    if (left_is_folder != is_folder(right)) return left_is_folder == (sortOrder() == Qt::AscendingOrder);
-    return natural_less(left.data().toString().toStdString(), right.data().toString().toStdString());
-  }
-
- private:
-  bool is_folder(const QModelIndex& row) const { return static_cast<QFileSystemModel*>(sourceModel())->isDir(row); }
-};
 
 // What a file is by its ending: nothing else is worth reading the desktop's tables of types and icons, which take
 // megabytes.
@@ -132,7 +112,6 @@ class FilesDialog final : public QFileDialog {
   explicit FilesDialog(QAbstractFileIconProvider& kinds) {
     setOption(QFileDialog::DontUseNativeDialog);
     setIconProvider(&kinds);
-    setProxyModel(new NaturalOrder(this));
     setViewMode(QFileDialog::Detail);
     setOption(QFileDialog::HideNameFilterDetails);  // the patterns with both cases of every letter
     resize(kWidth, kHeight);
@@ -169,13 +148,13 @@ class FilesDialog final : public QFileDialog {
     header.setSectionResizeMode(0, QHeaderView::Stretch);
   }
 
-  QTreeView* tree_ = findChild<QTreeView*>("treeView");  // of the toolkit's own dialog
+  QTreeView* tree_ = findChild<QTreeView*>("treeView");  // of Qt's own dialog
 };
 
 }  // namespace
 
 QtFileDialog::QtFileDialog() {
-  // The toolkit would keep the dialog's state in the user's settings.
+  // Qt would keep the dialog's state in the user's settings.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null/tandem");
 }
 

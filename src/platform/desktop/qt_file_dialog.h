@@ -1,4 +1,4 @@
-// The file dialog: the desktop's own through its portal where there is one, else Qt's, in natural order. UI thread;
+// The file dialog: the desktop's own through its portal where there is one, else Qt's. UI thread;
 // timers and notifications go on while it is open. Qt's is made for each show, since it would keep megabytes; its size,
 // view and folder are kept until the program closes, and nothing is stored on disk. Names that are not valid UTF-8
 // cannot be chosen in it (Qt leaves them out); dropped on the window or in a list file they are taken.
