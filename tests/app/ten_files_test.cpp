@@ -68,7 +68,8 @@ TEST(TheProgramWithTenFiles, SoundsThemInOrderEachOverTheEndOfTheOneBefore) {
   SongFinder finder(heard);
   std::vector<std::size_t> starts;
   for (const KnownSong& song : songs) starts.push_back(finder.take(song.sound));
-  EXPECT_LE(finder.rest(), 1.0) << "something else than the ten songs whole, first at frame " << finder.first_rest();
+  // Half a step of rounding and up to one of dither where two songs sound.
+  EXPECT_LE(finder.rest(), 1.6) << "something else than the ten songs whole, first at frame " << finder.first_rest();
   for (std::size_t k = 0; k + 1 < songs.size(); ++k) {
     const double length = static_cast<double>(milliseconds_of(static_cast<Frames>(songs[k].sound.size())));
     const double error = milliseconds_between(starts[k], starts[k + 1]) - (length - kLead);
