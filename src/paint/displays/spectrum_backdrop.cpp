@@ -133,7 +133,7 @@ class BackdropPainter {
 std::vector<QRgb> gradient_lines(const SpectrumGrid& grid) {
   std::vector<QRgb> colours;
   for (int line = 0; line < grid.height(); ++line)
-    colours.push_back(gradient_colour((grid.height() - line - .5) / grid.height()));
+    colours.push_back(gradient_colour((grid.height() - line - .5) / grid.height()));  // NOLINT(performance-inefficient-vector-operation)
   return colours;
 }
 
@@ -151,7 +151,7 @@ float line_share(double x) {
 
 std::vector<float> line_shares(int pitch) {
   std::vector<float> shares;
-  for (int i = 0; i < pitch; ++i) shares.push_back(line_share(static_cast<double>(i) / pitch));
+  for (int i = 0; i < pitch; ++i) shares.push_back(line_share(static_cast<double>(i) / pitch));  // NOLINT(performance-inefficient-vector-operation)
   return shares;
 }
 
