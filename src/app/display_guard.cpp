@@ -21,7 +21,7 @@ struct Message {
 
 QtMessageHandler handler_before = nullptr;
 DisplayGuard::Tells what_is_told = DisplayGuard::Tells::Reason;
-std::vector<Message> said;  // by the toolkit so far
+std::vector<Message> said;  // by Qt so far
 
 // The first that speaks of a display.
 QByteArray reason() {

@@ -15,7 +15,7 @@ class LatencyPolicy {
   using Milliseconds = std::int64_t;
   static constexpr Milliseconds kAlone = 3000;           // after the user has left, until the queue is long
   static constexpr Milliseconds kIdle = 60'000;          // without input for this long the user counts as away
-  static constexpr Milliseconds kAppears = 1000;         // after the start, until a window that nobody can see counts
+  static constexpr Milliseconds kAppears = 1000;         // after the start, until a window that cannot be seen counts
   static constexpr Milliseconds kCaution = 60'000;       // after a first underrun
   static constexpr Milliseconds kMostCaution = 960'000;  // after many
   static constexpr Milliseconds kForgotten = 3'600'000;  // an underrun is, this long after it without another

@@ -21,12 +21,12 @@
 
 namespace {
 
-// The toolkit waits for the X server before it paints where it painted last, unless it sends small pictures itself.
+// Qt waits for the X server before it paints where it painted last, unless it sends small pictures itself.
 void prefer_small_pictures() {
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
 }
 
-// For a session that has no bus, the toolkit's library would start one: a program that outlives the player.
+// For a session that has no bus, Qt's library would start one: a program that outlives the player.
 void start_no_bus() {
   constexpr const char* kAddress = "DBUS_SESSION_BUS_ADDRESS";
   const bool has_bus =
@@ -34,7 +34,7 @@ void start_no_bus() {
   if (!has_bus) qputenv(kAddress, "disabled:");
 }
 
-// The toolkit itself would abort.
+// Qt itself would abort.
 void need_display() {
   if (!tandem::has_display() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     throw std::runtime_error("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.");

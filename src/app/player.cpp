@@ -21,7 +21,7 @@ namespace tandem {
 
 namespace {
 
-constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with a hand near
+constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with the user near
 constexpr double kUnattendedFrame = 1000.0 / 30;
 constexpr TimerQueue::Milliseconds kPoll = 10;  // while the device is about to answer
 
@@ -133,7 +133,7 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   return next;
 }
 
-// Nothing is drawn while nobody could see it; what comes to rest is looked at again at the panel's next tick.
+// Nothing is drawn while it could not be seen; what comes to rest is looked at again at the panel's next tick.
 std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   if (!window_->exposed()) return std::nullopt;
   show_mix(now);

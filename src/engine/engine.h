@@ -47,17 +47,17 @@ class Engine {
   // components stand on this engine, which must outlive their use.
   void fill(SoundGraph& graph, TimerQueue& timers);
 
-  // Delivers what the render thread has told: song ends first, then the guard against silence. To be called before the
-  // timers are advanced, at every tick of the clock.
+  // Delivers what the render thread has reported: song ends first, then the guard against silence. To be called before
+  // the timers are advanced, at every tick of the clock.
   void deliver();
 
   // The panel's mix ticks of the next milliseconds would do nothing, and no overlap is due: ticks are saved, and steps
-  // are made several at a time. 0: takes that back, for a hand may change everything.
+  // are made several at a time. 0: takes that back, for the user may change everything.
   void rest_for(std::int64_t milliseconds);
   // The panel starts the next song when it finds this deck's position behind that millisecond: the sound waits a moment
   // for it there, so that a late tick makes no late overlap. Deck -1: nothing is awaited. Threads only.
   void set_mix_point(int deck, std::int64_t behind_milliseconds);
-  // How much the device keeps queued: little for prompt controls, much while nobody is near.
+  // How much the device keeps queued: little for prompt controls, much while the user is away.
   void set_deep_queue(bool deep);
 
   // Simulated time: one step of sound, if the output takes any, then deliver().

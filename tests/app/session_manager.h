@@ -1,5 +1,5 @@
 // A session manager of the test's own, over libSM: one client at a time, which is asked to save itself, hears that a
-// logout was cancelled, or is told that the session ends. It works while wait_until() asks it.
+// logout was cancelled, or learns that the session ends. It works while wait_until() asks it.
 #pragma once
 
 #include <X11/ICE/ICElib.h>

@@ -35,7 +35,7 @@ class DesktopFonts : public ::testing::TestWithParam<const char*> {
     return drawn_by(TANDEM_PANEL_PICTURE, {QString::fromStdString(std::string(name)), "100"}, with_settings);
   }
 
-  /// Letters as the toolkit draws them by itself.
+  /// Letters as Qt draws them by itself.
   QImage toolkits_letters(const QString& family, bool with_settings) const {
     return drawn_by(TANDEM_FONT_CHOICE, {family}, with_settings);
   }
@@ -65,7 +65,7 @@ TEST_P(DesktopFonts, ChangeNothing) {
   }
 }
 
-// The same settings do change what the toolkit draws by itself.
+// The same settings do change what Qt draws by itself.
 TEST_P(DesktopFonts, AreWilful) {
   write_settings(GetParam());
   const QImage usual = toolkits_letters("Roboto Condensed", false);

@@ -1,4 +1,4 @@
-// Threads that may not have real-time scheduling, whoever runs the test.
+// Threads that may not have real-time scheduling, under any user.
 #pragma once
 
 #include <sys/types.h>

@@ -1,4 +1,4 @@
-// What assistive technology is told while it listens: lines that come, go and are numbered anew, and times.
+// What assistive technology learns while it listens: lines that come, go and are renumbered, and times.
 
 #include <gtest/gtest.h>
 
@@ -98,7 +98,7 @@ TEST_F(Told, ALineThatGoesAndThoseThatAreNumberedAnew) {
   EXPECT_EQ(told_of_lines(), (Events{"destroyed 2"}));
 }
 
-// The panel empties the list and fills it anew to move one song.
+// The panel empties the list and fills it again to move one song.
 TEST_F(Told, AMovedSongIsTwoNames) {
   rig.add_songs(4);
   list().user_select(2);

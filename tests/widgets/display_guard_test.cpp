@@ -1,4 +1,4 @@
-// What the toolkit says while a guard lives is said again when it goes, each message as it was.
+// What Qt says while a guard lives is said again when it goes, each message as it was.
 
 #include "app/display_guard.h"
 

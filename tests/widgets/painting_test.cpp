@@ -1,4 +1,4 @@
-// What is painted and when: only what has changed, and nothing that nobody can see.
+// What is painted and when: only what has changed, and nothing that cannot be seen.
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ TEST(Painting, NothingWhileNothingChanges) {
   rig.player->run(1000);  // the clock shows the time
   rig.painted();
   for (int i = 0; i < 30; ++i) rig.frame(1.0 / 60);
-  rig.player->run(5000);  // the panel's refresh writes its labels anew
+  rig.player->run(5000);  // the panel's refresh writes its labels again
   EXPECT_TRUE(rig.painted().isEmpty());
   EXPECT_FALSE(rig.frame(1.0 / 60)) << "nothing moves";
 }
@@ -73,7 +73,7 @@ TEST(Painting, NothingWhileHiddenOrMinimised) {
   EXPECT_FALSE(rig.window->exposed());
 }
 
-// What the window keeps for the screen, and the window painted anew.
+// What the window keeps for the screen, and the window painted again.
 QImage kept(WindowRig& rig) {
   QBackingStore* store = rig.window->backingStore();
   return static_cast<QImage*>(store->paintDevice())->convertToFormat(QImage::Format_RGB32);

@@ -1,4 +1,4 @@
-// Painted box by box under a busy hand, the window looks as if it had been painted at once: no seams between boxes, and
+// Painted box by box under a busy user, the window looks as if it had been painted at once: no seams between boxes, and
 // nothing left of light, shadow and focus. Run at 100 % and, by other test entries, at other scales.
 
 #include <gtest/gtest.h>
@@ -35,7 +35,7 @@ class PartialPainting : public testing::Test {
   }
   float noise() { return std::uniform_real_distribution<float>(-.5F, .5F)(random); }
 
-  // What stands on the screen against a picture drawn anew; the place of the first pixel that differs.
+  // What stands on the screen against a picture drawn again; the place of the first pixel that differs.
   void expect_whole(const std::string& after) {
     rig.painted();
     const auto* store = dynamic_cast<QImage*>(rig.window->backingStore()->paintDevice());

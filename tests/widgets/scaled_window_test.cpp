@@ -59,7 +59,7 @@ class ScaledWindow : public testing::Test {
     auto* store = dynamic_cast<QImage*>(rig.window->backingStore()->paintDevice());
     return store->convertToFormat(QImage::Format_RGB32);
   }
-  // One item on the bare panel, drawn anew at a scale.
+  // One item on the bare panel, drawn again at a scale.
   QImage drawn(const std::string& name, double at_scale) {
     const auto length = [at_scale](int px) { return static_cast<int>(std::floor(px * at_scale + .5)); };
     QImage picture(length(rig.window->width()), length(rig.window->height()), QImage::Format_RGB32);

@@ -1,4 +1,4 @@
-// The file reader of a deck as the panel sees it, with the pitch stage behind it. UI thread.
+// The file reader of a deck as the panel sees it, with the pitch stage after it. UI thread.
 #pragma once
 
 #include <cstdint>
@@ -37,7 +37,7 @@ class DeckControl {
   bool empty() { return file_name().empty(); }
   std::uint32_t generation() const { return generation_; }
   std::uint64_t names_put() const { return names_put_; }
-  // While set, position() reads as behind every song's end.
+  // While set, position() reads as past every song's end.
   void pretend_ended(bool ended) { pretends_ended_ = ended; }
 
  private:

@@ -1,6 +1,6 @@
 // The output device as the panel sees it. UI thread.
 // Whatever breaks off the sound (pause, stop, close) first lets the chain fade out: the orders to the device wait until
-// the render thread has told that the gate is closed.
+// the render thread has reported that the gate is closed.
 #pragma once
 
 #include <cstdint>
@@ -38,12 +38,12 @@ class DeviceControl final : public MMWaveOutX {
 
   Output& output_;
   OrderSender& orders_;
-  std::vector<std::function<void()>> waiting_;  // orders to the device behind the closing gate
+  std::vector<std::function<void()>> waiting_;  // orders to the device after the closing gate
   std::int32_t buffer_bytes_ = 5120;
   bool open_ = false;
   bool running_ = false;
   bool paused_ = false;
-  bool closing_ = false;  // the gate has been told to close and has not answered
+  bool closing_ = false;  // the gate was asked to close and has not answered
   bool told_lost_ = false;
 };
 

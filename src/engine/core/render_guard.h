@@ -1,4 +1,4 @@
-// Lets a test watch what is done under render(): while a watcher is set, it is told when a thread goes in and out.
+// Lets a test watch what is done under render(): while a watcher is set, it learns when a thread goes in and out.
 // Costs one relaxed load a step. Set it while nothing renders.
 #pragma once
 

@@ -28,7 +28,7 @@ class SeqLock {
     const Words words = std::bit_cast<Words>(value);
     const std::uint32_t sequence = sequence_.load(std::memory_order_relaxed);
     sequence_.store(sequence + 1, std::memory_order_relaxed);
-    // Released: whoever sees a new word also sees that the sequence is odd.
+    // Released: a reader that sees a new word also sees that the sequence is odd.
     for (std::size_t i = 0; i < kWords; ++i) words_[i].store(words[i], std::memory_order_release);
     sequence_.store(sequence + 2, std::memory_order_release);
   }

@@ -20,7 +20,7 @@ namespace tandem {
 class Output {
  public:
   static constexpr int kMaxQueuedBuffers = 20;  // the most that may be queued, in buffers
-  static constexpr int kShortBuffers = 3;       // enough for a busy machine, and soon heard: while a hand is near
+  static constexpr int kShortBuffers = 3;       // enough for a busy machine, and soon heard: while the user is near
 
   virtual ~Output() = default;
 
@@ -32,7 +32,7 @@ class Output {
   virtual void restart() = 0;               // goes on after pause()
 
   // How many buffers may be queued at the device: kShortBuffers for prompt controls, up to kMaxQueuedBuffers - 1 to
-  // save power while nobody is near. Takes effect without a gap.
+  // save power while the user is away. Takes effect without a gap.
   virtual void set_queue_length(int buffers) = 0;
 
   // True while a device is there and takes sound at its own pace: only then may the render thread go on.

@@ -17,7 +17,7 @@ class EqualizerFilter {
 
   const SpectrumTable& partitions() const noexcept { return partitions_; }
 
-  // A link for lists of filters on their way to be freed; belongs to whoever holds the filter.
+  // A link for lists of filters on their way to be freed; belongs to the filter's holder.
   mutable const EqualizerFilter* next_retired = nullptr;
 
  private:

@@ -30,13 +30,13 @@ inline constexpr std::size_t kAhead = 4;  // blocks whose sums are made at once
 using SpectraAhead = std::array<Spectrum, kAhead>;
 
 // The spectra of 20 blocks or partitions, stored so that one group of bins of all of them is contiguous.
-// Behind the last entry some more read as zero.
+// After the last entry some more read as zero.
 class SpectrumTable {
  public:
   static constexpr std::size_t kGroup = 16;          // bins in a group
   static constexpr std::size_t kEntry = 2 * kGroup;  // real parts, then imaginary parts
 
-  // Entry 0 of a bin; entry n lies n * kEntry further on, the imaginary part kGroup behind the real one.
+  // Entry 0 of a bin; entry n lies n * kEntry further on, the imaginary part kGroup after the real one.
   const float* at(std::size_t bin) const noexcept { return values_.data() + place(bin); }
   float* at(std::size_t bin) noexcept { return values_.data() + place(bin); }
 

@@ -34,7 +34,7 @@ class PitchStage {
   PitchStage(const PitchStage&) = delete;
   PitchStage& operator=(const PitchStage&) = delete;
 
-  // The song starts anew at the ring's reading position (a new name, a seek, a rewind): the position at the next
+  // The song starts again at the ring's reading position (a new name, a seek, a rewind): the position at the next
   // process(). `fresh` may be nullptr only if value is 0. The stage owns `fresh` until take_retired() gives it back.
   void clear(float value, PitchShifter* fresh) noexcept;
   // The slider moved while the song goes on. fresh: an unused engine; comes back through take_retired() if not needed.

@@ -35,7 +35,7 @@ struct RenderEvent {  // render -> UI
 using RenderCommandQueue = SpscQueue<RenderCommand, 1024>;
 using RenderEventQueue = SpscQueue<RenderEvent, 1024>;
 
-// The UI thread's end of the orders: nothing is lost if the render thread is behind.
+// The UI thread's end of the orders: nothing is lost if the render thread is late.
 class OrderSender {
  public:
   explicit OrderSender(RenderCommandQueue& queue) : queue_(queue) {}

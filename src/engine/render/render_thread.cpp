@@ -72,7 +72,7 @@ std::int64_t RenderThread::steps_at_once() const noexcept {
   const std::uint64_t step = chain_.steps();
   const std::uint64_t free_until = free_until_.load(std::memory_order_relaxed);
   const std::uint64_t steps = deep_queue_.load(std::memory_order_relaxed) ? kFreeSteps : kFreeStepsOfShortQueue;
-  // The end of a song, too, is told at once: the panel may have to start the next one.
+  // The end of a song, too, is reported at once: the panel may have to start the next one.
   const bool ends_soon = chain_.frames_left() < 2 * static_cast<Frames>(steps) * kStepFrames;
   return free_until > step + steps && !ends_soon ? static_cast<std::int64_t>(steps) : 1;
 }

@@ -71,7 +71,7 @@ Nanoseconds AlsaPlayer::play(const AlsaPcm::Look& look, Nanoseconds now) {
   return now + (look.runs ? time_of(queued - (target_ - request_)) : kShortest);
 }
 
-// Silence behind the end lets the device begin with however little there is, and play the end whole.
+// Silence after the end lets the device begin with however little there is, and play the end whole.
 void AlsaPlayer::begin_playing_out(std::uint64_t play_up_to) {
   motion_ = Motion::kPlayingOut;
   if (play_up_to > ring_.taken()) fetch(static_cast<std::size_t>(play_up_to - ring_.taken()));

@@ -50,7 +50,7 @@ class AlsaPlayer {
   bool gone_ = false;
   long target_ = 0;   // frames to keep queued
   long request_ = 0;  // frames to take at once
-  long silence_ = 0;  // frames behind the last one of the ring
+  long silence_ = 0;  // frames after the last one of the ring
   Quantizer16 quantizer_;
   std::vector<Sample16> waiting_;  // out of the ring, not yet in the device
 };

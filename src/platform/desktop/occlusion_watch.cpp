@@ -12,7 +12,7 @@ namespace tandem {
 
 namespace {
 
-// The toolkit does not ask for these events by itself; what it asks for stays asked for.
+// Qt does not ask for these events by itself; what it asks for stays asked for.
 void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
   const auto cookie = xcb_get_window_attributes(server, window);
   const std::unique_ptr<xcb_get_window_attributes_reply_t, decltype(&std::free)> now(
@@ -26,7 +26,7 @@ void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
 }  // namespace
 
 OcclusionWatch::OcclusionWatch(QWindow& window, std::function<void(bool)> tell) : tell_(std::move(tell)) {
-  // Without a screen the toolkit gives an interface too, but one without a connection.
+  // Without a screen Qt gives an interface too, but one without a connection.
   if (QGuiApplication::platformName() != "xcb") return;
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   if (x11 == nullptr || x11->connection() == nullptr) return;

@@ -38,7 +38,7 @@ ReducedMotionSetting::ReducedMotionSetting(std::function<void(bool reduced)> cha
   link_.attend();
 }
 
-// A portal that begins is asked anew.
+// A portal that begins is asked again.
 void ReducedMotionSetting::listen() {
   sd_bus_match_signal_async(link_.bus(), nullptr, kPortal, kObject, kInterface, "SettingChanged",
                             &ReducedMotionSetting::on_changed, nullptr, this);

@@ -1,6 +1,6 @@
 // Brings parts of a window's picture to an X server by shared memory: what is sent is a few bytes a box, whatever the
 // size of the boxes, and nothing is waited for. Where there is no X server, or one that shares no memory with us
-// (another machine's, an old one), present() says no and the toolkit's own way remains. UI thread.
+// (another machine's, an old one), present() says no and Qt's own way remains. UI thread.
 #pragma once
 
 #include <QImage>

@@ -1,4 +1,4 @@
-// Tells when a hand does anything at all: moves the pointer over one of the program's windows, presses, turns the
+// Reports when the user does anything at all: moves the pointer over one of the program's windows, presses, turns the
 // wheel, strikes a key, or brings a window to the front. UI thread.
 #pragma once
 

@@ -25,7 +25,7 @@ class DeviceFeed {
   // Writes up to `frames` device frames to `place`; returns how many, fewer only if the ring ran dry.
   std::size_t read(void* place, std::size_t frames) noexcept;
   // The same for the end of the sound: takes the ring up to that count, then the converter's rest. 0: all is out, and
-  // what is read next begins anew.
+  // what is read next begins again.
   std::size_t read_end(void* place, std::size_t frames, std::uint64_t up_to) noexcept;
   // How many frames the ring must hold so that read() can give so many.
   std::size_t ring_frames_for(std::size_t device_frames) const noexcept;

@@ -1,7 +1,7 @@
 // From 44100 frames a second to a device's rate, with libsoxr.
 //
 // Recipe: 20 bits (rejection 120 dB and more), linear phase, so that no frequency is later than another, pass band to
-// 20 kHz, transition to 23.1 kHz, which lets what lies above 21 kHz leave an image above 22.05 kHz that nobody can
+// 20 kHz, transition to 23.1 kHz, which lets what lies above 21 kHz leave an image above 22.05 kHz that no one can
 // hear; for this the filter is half as long, and with transforms of 256 points it holds back 196 frames (4.4 ms) at
 // most, where soxr's own choice holds back 924 (21 ms). Frame n of the result belongs to the moment of frame
 // n * 44100 / rate of the song: the delay of the filter is taken off.

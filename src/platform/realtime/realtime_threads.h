@@ -19,10 +19,10 @@ struct ThreadNumbers {  // as gettid() gives them
 // With all seats taken by living threads nothing is remembered.
 void remember_realtime_thread(pid_t thread, bool refused) noexcept;
 
-// Those that were refused, each told once.
+// Those that were refused, each reported once.
 ThreadNumbers take_refused_threads() noexcept;
 
-// Back to the usual scheduling with all of them, whoever made them real-time threads. Also in a signal handler.
+// Back to the usual scheduling with all of them, however they became real-time threads. Also in a signal handler.
 void demote_realtime_threads() noexcept;
 
 }  // namespace tandem

@@ -1,5 +1,5 @@
 // The song list's lines as assistive technology has them: each is an object of its own and stays the same song while
-// others come, go and are numbered anew. Every id that is kept here has its line until it is taken out of the list, so
+// others come, go and are renumbered. Every id that is kept here has its line until it is taken out of the list, so
 // what at() gives may be used without asking. UI thread.
 #pragma once
 

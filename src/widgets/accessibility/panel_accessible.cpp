@@ -122,8 +122,8 @@ void post_value_changed(PanelItem& item) {
   if (!item.notifies_accessibility()) return;
   QAccessibleEvent name(&item, QAccessible::NameChanged);
   if (item.place().accessible.find('<') != std::string_view::npos) post_accessibility_event(name);
-  const bool anew = item.value_text_changed();  // what changes away from the focus is known when the focus comes
-  if (!item.hasFocus() || !anew) return;
+  const bool differs = item.value_text_changed();  // what changes away from the focus is known when the focus comes
+  if (!item.hasFocus() || !differs) return;
   QAccessible::State changed;
   changed.checked = true;
   QAccessibleStateChangeEvent state(&item, changed);

@@ -1,4 +1,4 @@
-// What assistive technology is told of the panel: role, name, value and actions of every item. UI thread.
+// What assistive technology learns of the panel: role, name, value and actions of every item. UI thread.
 #pragma once
 
 #include <QAccessible>

@@ -1,4 +1,4 @@
-// What assistive technology is told of the song list: its lines are its children. UI thread.
+// What assistive technology learns of the song list: its lines are its children. UI thread.
 #pragma once
 
 #include <QAccessibleWidget>

@@ -169,7 +169,7 @@ QRect PositionItem::drawn_box() const {
   return box().adjusted(-kRing, -kRing, kRing, kRing).toAlignedRect();
 }
 
-// A song that plays moves the cap by a part of a pixel five times a second: it is drawn anew where that can be seen.
+// A song that plays moves the cap by a part of a pixel five times a second: it is drawn again where that can be seen.
 void PositionItem::model_changed() {
   const double moved = std::abs(share() - drawn_share_) * box().width() * device_scale();
   const bool usual = drawn_share_ >= 0 && isEnabled() == slider().Enabled.get();

@@ -29,7 +29,7 @@ class WheelItem final : public PanelItem {
  private:
   Wheel& wheel_;
   QPointF last_;
-  double turned_ = 0;  // the value under the hand, with its fraction
+  double turned_ = 0;  // the value as turned, with its fraction
   int wheel_rest_ = 0;
 };
 

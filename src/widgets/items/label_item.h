@@ -98,7 +98,7 @@ class AreaItem final : public ClickItem {
   QRect drawn_box() const override { return place().box().adjusted(-1, -1, 1, 1); }
 };
 
-// A printed caption that swallows clicks, so that the panel behind it is not hit by accident; the background shows it.
+// A printed caption that swallows clicks, so that the panel under it is not hit by accident; the background shows it.
 class DeadItem final : public ClickItem {
  public:
   DeadItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place)
@@ -106,7 +106,7 @@ class DeadItem final : public ClickItem {
   void draw(QPainter&) const override {}
 };
 
-// The text of a gain window. It swallows clicks, so that the panel behind it is not hit by accident.
+// The text of a gain window. It swallows clicks, so that the panel under it is not hit by accident.
 class GainItem final : public ClickItem {
  public:
   GainItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Property<std::string>& caption, Control& model)

@@ -1,4 +1,4 @@
-// One control of the panel as the hand and the keyboard meet it. An item takes mouse, wheel and keys and turns them
+// One control of the panel as mouse and keyboard meet it. An item takes mouse, wheel and keys and turns them
 // into user moves of its model; it draws itself when the panel asks, but never owns pixels: all items are drawn by the
 // one panel window over its cached background, so that glow and shadow may leave an item's box. UI thread.
 #pragma once
@@ -39,7 +39,7 @@ class PanelCanvas {
   virtual bool reduced_motion() const = 0;
 };
 
-// What assistive technology is told of an item beyond its name.
+// What assistive technology learns of an item beyond its name.
 struct ItemValue {
   double value = 0;
   double minimum = 0;

@@ -1,4 +1,4 @@
-// Brings parts of a picture to the screen past the toolkit's repainting, which costs several times as much for the
+// Brings parts of a picture to the screen past Qt's repainting, which costs several times as much for the
 // small boxes of a display that moves at every frame. UI thread.
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace tandem {
 
-// Another way to the screen than the toolkit's: shows the boxes of what the whole window holds, in device pixels.
+// Another way to the screen than Qt's: shows the boxes of what the whole window holds, in device pixels.
 // False: it cannot, and nothing was shown.
 using Present = std::function<bool(const QImage& picture, std::span<const QRect> boxes)>;
 
