@@ -132,8 +132,9 @@ class BackdropPainter {
 
 std::vector<QRgb> gradient_lines(const SpectrumGrid& grid) {
   std::vector<QRgb> colours;
+  colours.reserve(static_cast<std::size_t>(grid.height()));
   for (int line = 0; line < grid.height(); ++line)
-    colours.push_back(gradient_colour((grid.height() - line - .5) / grid.height()));  // NOLINT(performance-inefficient-vector-operation)
+    colours.push_back(gradient_colour((grid.height() - line - .5) / grid.height()));
   return colours;
 }
 
@@ -151,7 +152,8 @@ float line_share(double x) {
 
 std::vector<float> line_shares(int pitch) {
   std::vector<float> shares;
-  for (int i = 0; i < pitch; ++i) shares.push_back(line_share(static_cast<double>(i) / pitch));  // NOLINT(performance-inefficient-vector-operation)
+  shares.reserve(static_cast<std::size_t>(pitch));
+  for (int i = 0; i < pitch; ++i) shares.push_back(line_share(static_cast<double>(i) / pitch));
   return shares;
 }
 
