@@ -68,6 +68,21 @@ TEST(OnsetDetector, OneAttackIsFoundOnce) {
   EXPECT_EQ(onsets_of(sound).size(), 1U);
 }
 
+// The window moves on while nothing is decided, as when the shifter returns to unison for a long time.
+TEST(OnsetDetector, WhatTheWindowHasDroppedIsPassedOver) {
+  constexpr Frames kBegin = 100'000;
+  SlidingWindow window(5000);
+  window.restart(kBegin);
+  window.add_silence(2000);
+  window.add(noise(1000));
+  OnsetDetector detector;
+  detector.restart(0);
+  detector.scan(window, window.end());
+  ASSERT_EQ(detector.onsets().size(), 1U);
+  EXPECT_NEAR(static_cast<double>(detector.onsets().front()), kBegin + 2000.0,
+              static_cast<double>(OnsetDetector::kBlock));
+}
+
 TEST(OnsetDetector, ForgetsTheOnsetsBeforeAFrameAndKeepsTheLatest) {
   OnsetDetector detector;
   SlidingWindow window(100000);

@@ -29,6 +29,7 @@ void OnsetDetector::restart(Frames at) noexcept {
 }
 
 void OnsetDetector::scan(const SlidingWindow& song, Frames up_to) noexcept {
+  scanned_ = std::max(scanned_, song.begin() + kContext);
   for (; scanned_ + kBlock <= up_to; scanned_ += kBlock) {
     const float* left = song.left(scanned_);
     const float* right = song.right(scanned_);

@@ -22,7 +22,9 @@ class OnsetDetector {
 
   // Forgets everything; `at`: the first frame looked at.
   void restart(Frames at) noexcept;
-  // Looks at all whole blocks up to `up_to` that are new. The window holds them, and kContext frames before.
+  // Looks at all whole blocks up to `up_to` that are new and in the window with kContext frames before them: where no
+  // decision was made for a while (a return to unison), the window may have dropped some, which lie too far back to
+  // matter.
   void scan(const SlidingWindow& song, Frames up_to) noexcept;
   void forget(Frames before) noexcept;
   // The first frames of the blocks in which sounds begin, ascending, at least 10 ms apart; the last kMost.
