@@ -74,7 +74,8 @@ class HangingReaderDeathTest : public HangingReader {
     disk_.hang();
     DeckReader reader;
     reader.open(1, song());
-    std::make_unique<ReaderThread>(reader).release()->wake();
+    static const auto thread = std::make_unique<ReaderThread>(reader);  // ends with the program
+    thread->wake();
     while (disk_.waiting() == 0) std::this_thread::yield();
     std::exit(7);
   }
