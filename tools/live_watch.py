@@ -134,7 +134,8 @@ class Desk:
         return self.asks('xdotool', 'search', '--all', '--onlyvisible', '--pid', str(player.pid), '--name', '')
 
     def point_at(self, player):
-        """The pointer lies on the program's window, or far from it."""
+        """The pointer lies on the program's window, as soon as there is one."""
+        wait_for(lambda: self.has_window(player))
         found = subprocess.run(['xdotool', 'search', '--onlyvisible', '--pid', str(player.pid)], env=self.environment,
                                capture_output=True, text=True, check=True).stdout.split()
         self.asks('xdotool', 'mousemove', '--window', found[-1], '300', '200')
