@@ -97,7 +97,7 @@ int main(int argc, char** argv) {
   const Wishes wishes = read_wishes(argc, argv);
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
   tandem::Player player;
-  press_controls(player, wishes);  // as soon as there is a panel: players that take songs as words begin as early
+  press_controls(player, wishes);  // as soon as there is a panel: players given songs as arguments start as early
   int own_words = 1;               // Qt would take some of our words for its own
   QApplication application(own_words, argv);
   player.show();

@@ -20,10 +20,10 @@ struct Message {
 };
 
 QtMessageHandler handler_before = nullptr;
-DisplayGuard::Tells what_is_told = DisplayGuard::Tells::Reason;
+DisplayGuard::Report what_to_report = DisplayGuard::Report::Reason;
 std::vector<Message> said;  // by Qt so far
 
-// The first that speaks of a display.
+// The first message that mentions a display.
 QByteArray reason() {
   const auto found =
       std::find_if(said.begin(), said.end(), [](const Message& message) { return message.text.contains("display"); });
@@ -31,7 +31,7 @@ QByteArray reason() {
 }
 
 [[noreturn]] void end() {
-  if (what_is_told == DisplayGuard::Tells::Reason)
+  if (what_to_report == DisplayGuard::Report::Reason)
     std::fprintf(stderr, "tandem: There is no display: %s\n", reason().constData());
   _exit(1);
 }
@@ -41,7 +41,7 @@ void take_message(QtMsgType type, const QMessageLogContext& context, const QStri
   if (type == QtFatalMsg) end();
 }
 
-// As it would have been without the guard.
+// Logs the message as Qt would have without the guard.
 void say_again(const Message& message) {
   const QMessageLogger logger(nullptr, 0, nullptr, message.category.constData());
   const QByteArray text = message.text.toUtf8();
@@ -59,8 +59,8 @@ void say_again(const Message& message) {
 
 }  // namespace
 
-DisplayGuard::DisplayGuard(Tells tells) {
-  what_is_told = tells;
+DisplayGuard::DisplayGuard(Report report) {
+  what_to_report = report;
   said.clear();
   handler_before = qInstallMessageHandler(take_message);
 }

@@ -1,16 +1,15 @@
-// The toolkit aborts the program where it finds no display. While one of these lives, that ends the program with exit
-// status 1 instead, and with one line on standard error unless it is to tell nothing. What else the toolkit says
-// meanwhile is said at the guard's end, each message as grave as it was. For the time in which the QApplication is
-// made; UI thread.
+// Qt aborts the program when it finds no display. While a DisplayGuard lives, the program exits with status 1 instead,
+// and prints one line on standard error unless Report::Nothing is given. Other messages of Qt are held back until the
+// guard is destroyed and then logged at their own level. For the construction of the QApplication; UI thread.
 #pragma once
 
 namespace tandem {
 
 class DisplayGuard {
  public:
-  enum class Tells { Reason, Nothing };  // Nothing: why the program ends has been said
+  enum class Report { Reason, Nothing };  // Nothing: the caller has already said why the program ends
 
-  explicit DisplayGuard(Tells tells = Tells::Reason);
+  explicit DisplayGuard(Report report = Report::Reason);
   ~DisplayGuard();
   DisplayGuard(const DisplayGuard&) = delete;
   DisplayGuard& operator=(const DisplayGuard&) = delete;

@@ -12,7 +12,7 @@ namespace tandem {
 namespace {
 
 std::unique_ptr<QApplication> made_quietly(int& count, char** arguments) {
-  const DisplayGuard guard(DisplayGuard::Tells::Nothing);
+  const DisplayGuard guard(DisplayGuard::Report::Nothing);
   return std::make_unique<QApplication>(count, arguments);
 }
 

@@ -113,11 +113,11 @@ void Engine::rest_for(std::int64_t milliseconds) {
   render_thread_->run_freely_until(steps > 0 ? chain_.steps() + steps : 0, deep_queue_);
 }
 
-void Engine::set_mix_point(int deck, std::int64_t behind_milliseconds) {
+void Engine::set_mix_point(int deck, std::int64_t after_milliseconds) {
   if (!render_thread_) return;
   if (deck < 0) return render_thread_->mix_hold().clear();
-  const Frames frame = frames_of(behind_milliseconds + 1);
-  const bool first_of_it = milliseconds_of(frame) > behind_milliseconds;
+  const Frames frame = frames_of(after_milliseconds + 1);
+  const bool first_of_it = milliseconds_of(frame) > after_milliseconds;
   render_thread_->mix_hold().put(deck, decks_[static_cast<std::size_t>(deck)].generation(),
                                  first_of_it ? frame : frame + 1);
 }

@@ -43,20 +43,20 @@ class Engine {
   Engine(const Engine&) = delete;
   Engine& operator=(const Engine&) = delete;
 
-  // Puts the sound components and the timers into the graph; the displays are somebody else's. Called once; the graph's
-  // components stand on this engine, which must outlive their use.
+  // Puts the sound components and the timers into the graph, but not the displays. Called once; the graph's components
+  // refer to this engine, which must outlive their use.
   void fill(SoundGraph& graph, TimerQueue& timers);
 
   // Delivers what the render thread has reported: song ends first, then the guard against silence. To be called before
   // the timers are advanced, at every tick of the clock.
   void deliver();
 
-  // The panel's mix ticks of the next milliseconds would do nothing, and no overlap is due: ticks are saved, and steps
-  // are made several at a time. 0: takes that back, for the user may change everything.
+  // The panel's mix ticks of the next milliseconds would do nothing and no overlap is due: the ticks are skipped, and
+  // several steps are rendered at a time. 0 ends that, since the user may change everything.
   void rest_for(std::int64_t milliseconds);
-  // The panel starts the next song when it finds this deck's position behind that millisecond: the sound waits a moment
-  // for it there, so that a late tick makes no late overlap. Deck -1: nothing is awaited. Threads only.
-  void set_mix_point(int deck, std::int64_t behind_milliseconds);
+  // The panel starts the next song when this deck's position is past that millisecond: rendering waits there briefly
+  // for the panel's tick, so that a late tick makes no late overlap. Deck -1: no wait. Threads only.
+  void set_mix_point(int deck, std::int64_t after_milliseconds);
   // How much the device keeps queued: little for prompt controls, much while the user is away.
   void set_deep_queue(bool deep);
 

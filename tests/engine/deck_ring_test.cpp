@@ -9,7 +9,7 @@
 namespace tandem {
 namespace {
 
-// Every frame tells its own number: exact in a float up to 2^24.
+// Every frame holds its own number: exact in a float up to 2^24.
 StereoFrame numbered(std::uint64_t number) {
   const auto value = static_cast<float>(number & 0xFFFFFF);
   return {value, -value};

@@ -26,7 +26,7 @@ class Mp3Damage : public testing::Test {
   static const Bytes& plain() { return *plain_; }
   static const Sound& whole() { return *whole_; }
 
-  // Offset of the first frame at or behind `from`.
+  // Offset of the first frame at or after `from`.
   static std::size_t frame_at(const Bytes& bytes, std::size_t from) {
     while (bytes[from] != 0xFF || (bytes[from + 1] & 0xFE) != 0xFA) ++from;
     return from;

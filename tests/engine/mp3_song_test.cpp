@@ -52,7 +52,7 @@ TEST(Mp3Song, OtherRatesAreConvertedInPlace) {
   }
 }
 
-// A frame of silence in front that tells the length in the way of another encoder.
+// A leading frame of silence that holds the length in another encoder's tag.
 TEST(Mp3Song, AVbriFrameNeverSounds) {
   const Bytes plain = make_mp3(music(3.0), {"-b", "128", "-t"});
   constexpr std::size_t kFrame = 417;  // 128 kbit/s at 44.1 kHz without padding

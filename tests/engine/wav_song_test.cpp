@@ -190,8 +190,8 @@ TEST(WavSong, BigEndian) {
 TEST(WavSong, LongSizes) {
   const Signal signal = short_music();
   const Bytes data = encode(signal.samples, Encoding::kInt16);
-  for (const std::uint64_t told : {std::uint64_t{data.size()}, std::uint64_t{0}}) {
-    const Bytes sizes = number_bytes(data.size() + 100, 8) + number_bytes(told, 8) + Bytes(12);
+  for (const std::uint64_t stated : {std::uint64_t{data.size()}, std::uint64_t{0}}) {
+    const Bytes sizes = number_bytes(data.size() + 100, 8) + number_bytes(stated, 8) + Bytes(12);
     const Bytes chunks = wav_chunk("ds64", sizes) + format16(signal) + wav_chunk_saying("data", data, 0xFFFFFFFF);
     expect_plays(wav_file(chunks, "RF64"), as_16_bit(signal), "RF64");
     expect_plays(wav_file(chunks, "BW64"), as_16_bit(signal), "BW64");
@@ -207,14 +207,14 @@ TEST(WavSong, SixtyFourBitFamily) {
     return text_bytes(name) + tail + number_bytes(size, 8) + content + Bytes((8 - content.size() % 8) % 8);
   };
   const Bytes format = wav_format(signal, Encoding::kInt16);
-  for (const std::uint64_t told : {std::uint64_t{data.size() + 24}, std::uint64_t{24}, std::uint64_t{0}}) {
-    const Bytes chunks = chunk("fmt ", format, format.size() + 24) + chunk("data", data, told);
+  for (const std::uint64_t stated : {std::uint64_t{data.size() + 24}, std::uint64_t{24}, std::uint64_t{0}}) {
+    const Bytes chunks = chunk("fmt ", format, format.size() + 24) + chunk("data", data, stated);
     const Bytes head = text_bytes("riff") + riff_tail + number_bytes(chunks.size() + 40, 8) + text_bytes("wave") + tail;
     const SongCheck check = check_song(head + chunks);
-    EXPECT_TRUE(check.consistent(0.0F)) << told;
-    ASSERT_GE(check.length, signal.frames()) << told;
-    EXPECT_LE(check.length, signal.frames() + 1) << told;  // the last chunk's padding may count where no size tells
-    EXPECT_EQ(greatest_difference(check.sound, as_16_bit(signal)), 0.0F) << told;
+    EXPECT_TRUE(check.consistent(0.0F)) << stated;
+    ASSERT_GE(check.length, signal.frames()) << stated;
+    EXPECT_LE(check.length, signal.frames() + 1) << stated;  // without a size the last chunk's padding may be counted
+    EXPECT_EQ(greatest_difference(check.sound, as_16_bit(signal)), 0.0F) << stated;
   }
 }
 

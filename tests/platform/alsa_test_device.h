@@ -1,5 +1,5 @@
-// A sound card for tests, made as a plug-in of ALSA: it plays at the pace of the clock, records what it plays, and
-// fails as it is told. The plug-in is loaded into the test; both see the one desk of it.
+// A sound card for tests, as an ALSA plug-in: it plays at the pace of the clock, records what it plays, and fails on
+// request. The plug-in is loaded into the test's process; both use the one AlsaTestDesk.
 #pragma once
 
 #include <atomic>

@@ -34,7 +34,7 @@ void BusTestDaemon::start() {
   daemon_ = ChildProcess({"dbus-daemon", "--nofork", "--nopidfile", "--print-address",
                           "--config-file=" + (directory_ / "bus.conf").string()},
                          directory_ / "bus.log");
-  // It tells its address once it listens.
+  // The daemon prints its address once it is listening.
   if (!wait_until([this] { return fs::file_size(directory_ / "bus.log") > 0; })) throw std::runtime_error("no bus");
 }
 

@@ -1,4 +1,4 @@
-// What the desktop portal is to a program, for tests: tells settings when asked, and changes of them.
+// A stand-in for the desktop portal on a test's message bus: answers reads of settings and signals their changes.
 #pragma once
 
 #include <atomic>

@@ -1,4 +1,4 @@
-// What rtkit is to a program, for tests: tells its limits, and grants or refuses as it is told.
+// A stand-in for rtkit on a test's message bus: reports its limits, and grants or refuses requests as set up.
 #pragma once
 
 #include <sys/resource.h>

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kRequest = "/org/freedesktop/portal/desktop/request/1_7/t";
 
-// Answers what it was told to as soon as it is asked.
+// Gives the prepared reply as soon as a dialog is requested.
 class FakeChooser {
  public:
   struct Reply {

@@ -1,5 +1,5 @@
-// What the render thread is to an output, for tests: keeps the ring filled with numbered frames while the output
-// consumes. Frame n can be told from every other within 2^30 frames, and none is silence.
+// Stands in for the render thread in tests of an output: keeps the ring filled with numbered frames while the output
+// consumes. Each of 2^30 consecutive frames is distinct, and none is silence.
 #pragma once
 
 #include <atomic>

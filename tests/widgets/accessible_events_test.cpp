@@ -60,7 +60,7 @@ class Told : public testing::Test {
     if (found == nullptr) throw std::runtime_error("silent");
     return *found;
   }
-  // What begins with one of the words, of all that has been told since the last call.
+  // The events since the last call that start with one of the words.
   static Events told(const std::vector<std::string>& words) {
     QCoreApplication::sendPostedEvents();
     Events found;

@@ -45,8 +45,8 @@ QRect expected_hit_box(const Row& row) {
   return row.box;
 }
 
-// The name alone or, for what is no number of its own, with the value behind it; a caption that has no name in the
-// table says what is printed.
+// The name alone or, where the value is not announced separately, followed by the value; a caption without a name in
+// the table has its printed text.
 std::vector<std::string> expected_names(const PanelItem& item, const Row& row) {
   if (row.spoken.empty()) return {item.accessible_name().toStdString()};
   const std::string value = item.accessible_value().toStdString();
@@ -79,7 +79,7 @@ TEST(PanelTable, EveryItemHasItsBoxTipAndName) {
   EXPECT_EQ(items, rig.window->items().size());
 }
 
-// Everything that the hand can use is an item.
+// Every control that the mouse or the keys can use is an item.
 TEST(PanelTable, WhatIsInTheTabChainIsAnItem) {
   WindowRig rig;
   for (const Row& row : read_table()) {

@@ -1,5 +1,5 @@
-// The panel's window over the whole player in simulated time, on a screen that nobody sees, and a hand for it. Mouse
-// and keys go to the native window, so the window itself finds the control under the pointer.
+// The panel's window on top of the whole player in simulated time, on an offscreen platform, with simulated input.
+// Mouse and key events go to the native window, so the window itself finds the control under the pointer.
 #pragma once
 
 #include <QPoint>

@@ -79,6 +79,15 @@ class HouseRules(unittest.TestCase):
             self.assertIsNotNone(house_rules.line_offence(line), line)
 
 
+    def test_plain_english(self):
+        for name, line in (('a.cpp', 'int h = 0;  // the ha' + 'nd moves it'), ('a.md', 'No' + 'body is near.'),
+                           ('a.py', '# drawn an' + 'ew'), ('CMakeLists.txt', '# as it is to' + 'ld')):
+            self.assertIsNotNone(house_rules.word_offence(name, line), line)
+        for name, line in (('a.cpp', 'int ha' + 'nd = 0;'), ('a.cpp', 'f();  // handed over, handles, beforehand'),
+                           ('a.svg', '<!-- be' + 'hind -->')):
+            self.assertIsNone(house_rules.word_offence(name, line), line)
+
+
 class CountTests(unittest.TestCase):
     def count(self, ctest, programs):
         with tempfile.TemporaryDirectory() as folder:

@@ -1,4 +1,4 @@
-// The dot font in its sizes and colours, the song list under the hand, and the rotary switch in its states.
+// The dot font in its sizes and colours, the song list under the pointer, and the rotary switch in its states.
 #include "paint/controls/knob.h"
 #include "paint/controls/song_list.h"
 #include "paint/strokes/ink.h"

@@ -39,8 +39,8 @@ std::string DeckControl::file_name() {
 
 PitchShifter* DeckControl::fresh_engine() const { return make_pitch_engine().release(); }
 
-// The render thread is told before the reader, so that it gives up the old song's frames when the reader wants to go
-// on. The reader gets one order for each generation: it would write the first frames twice for two.
+// The command goes to the render thread first, so that it has released the old song's frames by the time the reader
+// starts. The reader gets exactly one request per generation: with two it would write the first frames twice.
 void DeckControl::begin(Frames frame, bool keeps_fade) {
   ++generation_;
   start_frame_ = frame;

@@ -66,8 +66,8 @@ void DeviceControl::restart() {
 }
 
 void DeviceControl::watch_device() {
-  if (told_lost_ || !output_.lost()) return;
-  told_lost_ = true;
+  if (reported_lost_ || !output_.lost()) return;
+  reported_lost_ = true;
   device_lost.raise();
 }
 

@@ -44,7 +44,7 @@ class DeviceControl final : public MMWaveOutX {
   bool running_ = false;
   bool paused_ = false;
   bool closing_ = false;  // the gate was asked to close and has not answered
-  bool told_lost_ = false;
+  bool reported_lost_ = false;
 };
 
 }  // namespace tandem

@@ -1,14 +1,14 @@
-// The door to a sound device. Implementations live in platform/: a sound server through libpulse, ALSA, and a clocked
-// null output for tests and tools. It takes float stereo at 44100 Hz out of an OutputRing that the render thread
-// fills, and converts it to what the device takes; it never calls back into the engine otherwise.
+// The interface to a sound device. Implementations live in platform/: a sound server through libpulse, ALSA, and a
+// clocked null output for tests and tools. An output takes float stereo at 44100 Hz from an OutputRing that the render
+// thread fills, and converts it to the device's format; it never calls back into the engine.
 //
-// Threads: the orders (open .. set_queue_length) come from the UI thread and never block on a device: what takes time
-// is done behind them, in the order given. The questions (consuming .. lost) may be asked from any thread and never
-// lock.
+// Threads: the commands (open .. set_queue_length) come from the UI thread and never block on a device: slow work is
+// queued to the output's own thread and done in order. The queries (consuming .. lost) may be called from any thread
+// and never lock.
 //
-// Failure: a device that is missing, breaks or goes away is looked for again by the implementation itself (at most
-// every 200 ms), with the sound following the default device; meanwhile consuming() is false and frames_played() stands
-// still. Only an error that can never be recovered makes lost() true.
+// Failure: when a device is missing, fails or disappears, the implementation retries by itself (at most every 200 ms)
+// and follows the default device; meanwhile consuming() is false and frames_played() stands still. lost() becomes true
+// only on an error from which there is no recovery.
 #pragma once
 
 #include <cstdint>

@@ -44,16 +44,17 @@ void OutputRing::end_demands() noexcept {
 }
 
 void OutputRing::call_off() noexcept {
-  if (!told_.exchange(true, std::memory_order_acq_rel)) demand_.release();
+  if (!demand_raised_.exchange(true, std::memory_order_acq_rel)) demand_.release();
 }
 
 std::size_t OutputRing::await_demand(std::chrono::milliseconds most) noexcept {
   awaits_demand_.store(true, std::memory_order_release);
-  const bool told = demand_.try_acquire_for(most);
+  const bool raised = demand_.try_acquire_for(most);
   awaits_demand_.store(false, std::memory_order_release);
-  if (!told) return 0;
-  // An exchange, for a store might come behind the look at what is demanded, and a demand between them would be lost.
-  told_.exchange(false, std::memory_order_acq_rel);
+  if (!raised) return 0;
+  // An exchange rather than a store: a store could become visible after the load in demanded(), and a demand made in
+  // between would be lost.
+  demand_raised_.exchange(false, std::memory_order_acq_rel);
   return demanded();  // it may have been met meanwhile
 }
 

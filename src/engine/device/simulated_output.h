@@ -1,5 +1,5 @@
-// The output of simulated time: takes every step as soon as it is made and hands it to a sink. Nothing is late, nothing
-// is queued. One thread.
+// The output of simulated time: takes every step as soon as it is rendered and passes it to a sink. Nothing is late,
+// nothing is queued. One thread.
 #pragma once
 
 #include <functional>

@@ -167,8 +167,8 @@ TANDEM_INLINE void rest(const SpectrumTable& x, std::size_t newest, const Spectr
   }
 }
 
-// The same code once for each kind of processor, chosen by hand rather than by the loader: the loader's choice runs
-// before a sanitizer's runtime is ready.
+// The same code compiled once per instruction set. Selected here at run time rather than by the loader (IFUNC), whose
+// resolvers run before a sanitizer's runtime is ready.
 // NOLINTBEGIN(bugprone-macro-parentheses): an attribute and a struct's name take none
 #define TANDEM_KERNELS(name, width, attribute)                                                                  \
   struct name {                                                                                                 \

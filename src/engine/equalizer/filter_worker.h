@@ -1,5 +1,5 @@
-// Brings equalizer filters from the panel to the sound: takes band gains from the UI thread, designs, and hands the
-// finished filter to the render thread, which gives it back to be freed.
+// Designs equalizer filters on a thread of its own: takes band gains from the UI thread and passes the finished filter
+// to the render thread, which gives it back to be freed.
 // Threads: construction, request() and destruction on the UI thread; take() and give_back() on the render thread.
 // With threaded = false (simulated time) there is one thread, and take() designs by itself and may allocate.
 // The render thread never waits, locks or allocates here: it exchanges single pointers.

@@ -102,7 +102,7 @@ void Chain::take_order(const RenderCommand& order) noexcept {
       break;
     case Kind::CloseGate:
       gate_.close();
-      gate_told_ = false;
+      gate_reported_ = false;
       break;
   }
 }
@@ -141,8 +141,8 @@ void Chain::notify_ui() noexcept {
     }
     while (PitchShifter* engine = decks_[i].take_retired()) tell({RenderEvent::Kind::RetiredEngine, i, 0, 0, engine});
   }
-  if (gate_.closed() && !gate_told_) {
-    gate_told_ = true;
+  if (gate_.closed() && !gate_reported_) {
+    gate_reported_ = true;
     tell({RenderEvent::Kind::GateClosed});
   }
 }

@@ -70,7 +70,7 @@ class Chain {
   PauseFade gate_;
   Limiter limiter_;
   DisplayFeed display_feed_;
-  bool gate_told_ = true;
+  bool gate_reported_ = true;
   bool broken_off_ = false;  // since the gate closed, or in the step that closed it, a song was broken off
 
   RenderCommandQueue orders_;

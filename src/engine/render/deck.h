@@ -32,7 +32,7 @@ class Deck {
   void finish(Frames frames) noexcept;
   void change_pitch(const RenderCommand& order) noexcept;
 
-  // Leads the ring to the song that is waited for; part of render(), or alone while the output takes no sound.
+  // Advances the ring to the song that the deck waits for. Part of render(); called alone while the output is paused.
   void follow_reader() noexcept;
   // Adds one step of this deck to the mix.
   void render(std::span<StereoFrame, kStepFrames> mix) noexcept;
@@ -41,9 +41,9 @@ class Deck {
   bool goes_on() const noexcept { return !muted_ && !ended_; }
   // Unmuted, and in the middle of a song that has been heard: breaking off needs a fade.
   bool in_mid_song() const noexcept { return goes_on() && begun_ && frame_ > 0 && !ramp_in_; }
-  // The fade of what was broken off is not wanted any more.
+  // Discards the fade-out of an interrupted song.
   void drop_tail() noexcept;
-  // Frames until a song that sounds ends, as far as that is known: its reader tells seconds ahead. A great number else.
+  // Frames until the sounding song ends: its reader knows the end a few seconds ahead. A very large number until then.
   Frames frames_left() const noexcept;
   // The end of an unmuted song: true once for each song and unmute.
   bool take_end(RenderEvent& news) noexcept;

@@ -50,14 +50,14 @@ void PauseFade::apply(std::span<StereoFrame> frames) noexcept {
   if (open_ != target_open_) {
     if (!target_open_) {
       fade_out(frames);
-    } else if (!nothing_behind_) {
+    } else if (!opens_at_full_level_) {
       fade_in(frames);
     }
   } else if (!open_) {
     std::fill(frames.begin(), frames.end(), StereoFrame{});
   }
   open_ = target_open_;
-  if (open_) nothing_behind_ = false;
+  if (open_) opens_at_full_level_ = false;
 }
 
 }  // namespace tandem

@@ -28,21 +28,21 @@ class GainRamp {
   float target_ = 1.0F;
 };
 
-// Lets the sound through or holds it back, fading over one step. Where nothing waits behind the closed gate (at first,
-// and after forget()), it opens without a fade: what comes next begins at its full level.
+// The gate for pause and resume, fading over one step. When no sound was cut off at the closed gate (at first, and
+// after forget()), it opens without a fade: what comes next begins at its full level.
 class PauseFade {
  public:
   void open() noexcept { target_open_ = true; }
   void close() noexcept { target_open_ = false; }
   void finish_closing() noexcept { open_ = open_ && target_open_; }  // where nothing sounds, no fade is needed
-  void forget() noexcept { nothing_behind_ = !open_; }
+  void forget() noexcept { opens_at_full_level_ = !open_; }
   bool closed() const noexcept { return !open_ && !target_open_; }
   void apply(std::span<StereoFrame> frames) noexcept;
 
  private:
   bool open_ = false;
   bool target_open_ = false;
-  bool nothing_behind_ = true;
+  bool opens_at_full_level_ = true;
 };
 
 }  // namespace tandem

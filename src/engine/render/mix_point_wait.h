@@ -1,6 +1,6 @@
-// The moment at which the panel starts the next song. The panel looks at the position every 10 ms on a thread that a
-// busy machine may keep waiting; so steps behind that moment wait for it, as long as the output's queue allows.
-// Threads: put() and clear() on the UI thread, the rest on the render thread.
+// The moment at which the panel starts the next song. The panel checks the position every 10 ms, on a thread that a
+// busy machine may delay; so rendering stops at that moment until the panel has acted, as long as the output's queue
+// allows. Threads: put() and clear() on the UI thread, the rest on the render thread.
 #pragma once
 
 #include <array>
@@ -14,13 +14,13 @@ namespace tandem {
 
 class MixPointWait {
  public:
-  // Steps wait once this deck's song (its generation) stands at that frame or behind it. Given again, it changes
-  // nothing.
+  // Steps wait once this deck's song (by its generation) is at that frame or past it. Setting the same point again has
+  // no effect.
   void put(int deck, std::uint32_t generation, Frames frame) noexcept;
   void clear() noexcept;
 
-  // Whether the step after the one that brought the decks to these positions has to wait. Not for longer than
-  // `patience_ns` from the first time on: then the moment has passed.
+  // Whether the next step, after the decks have reached these positions, has to wait. For at most `patience_ns` from
+  // the first call that returned true.
   bool holds(const std::array<const DeckPosition*, 2>& positions, std::int64_t now_ns,
              std::int64_t patience_ns) noexcept;
 

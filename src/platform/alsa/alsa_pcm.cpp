@@ -73,8 +73,7 @@ bool AlsaPcm::set_software(const Sizes& sizes) {
   return snd_pcm_sw_params(pcm_.get(), parameters.get()) >= 0;
 }
 
-// Some devices refuse to tell the delay until they have run for a while: then what fills their queue is what is
-// unheard.
+// Some devices do not report a delay until they have run for a while: until then the fill of the queue is used.
 AlsaPcm::Look AlsaPcm::look() {
   Look found;
   const snd_pcm_sframes_t space = snd_pcm_avail(pcm_.get());

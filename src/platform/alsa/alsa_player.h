@@ -1,6 +1,6 @@
-// Moves frames from the ring into one opened ALSA device, to keep a wished number of them queued, and reports what was
-// heard. Paced by time, not by the device's interrupts: each step tells when the next is due, so that a device that is
-// always ready makes nobody spin. On one thread; time is handed in.
+// Moves frames from the ring into one open ALSA device, keeps a set number of them queued, and reports what was played.
+// Paced by time, not by the device's interrupts: each step returns when the next is due, so a device that is always
+// ready causes no busy loop. One thread; the current time is a parameter.
 #pragma once
 
 #include <atomic>

@@ -12,7 +12,7 @@ namespace tandem {
 
 namespace {
 
-// Qt does not ask for these events by itself; what it asks for stays asked for.
+// Qt does not select these events itself; the events that it has selected are kept.
 void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
   const auto cookie = xcb_get_window_attributes(server, window);
   const std::unique_ptr<xcb_get_window_attributes_reply_t, decltype(&std::free)> now(
@@ -25,7 +25,7 @@ void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
 
 }  // namespace
 
-OcclusionWatch::OcclusionWatch(QWindow& window, std::function<void(bool)> tell) : tell_(std::move(tell)) {
+OcclusionWatch::OcclusionWatch(QWindow& window, std::function<void(bool)> changed) : changed_(std::move(changed)) {
   // Without a screen Qt gives an interface too, but one without a connection.
   if (QGuiApplication::platformName() != "xcb") return;
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -44,7 +44,7 @@ bool OcclusionWatch::nativeEventFilter(const QByteArray& kind, void* event, qint
   if ((any->response_type & ~kSentByAProgram) != XCB_VISIBILITY_NOTIFY) return false;
   const auto* visibility = static_cast<xcb_visibility_notify_event_t*>(event);
   const bool covered = visibility->state == XCB_VISIBILITY_FULLY_OBSCURED;
-  if (visibility->window == window_ && std::exchange(covered_, covered) != covered) tell_(covered);
+  if (visibility->window == window_ && std::exchange(covered_, covered) != covered) changed_(covered);
   return false;
 }
 

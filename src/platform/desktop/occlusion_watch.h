@@ -1,5 +1,5 @@
-// Whether other windows hide one of ours wholly, as far as the desktop tells: an X server tells unless a compositor
-// holds the windows' pictures; a Wayland desktop tells by the window's being exposed. UI thread.
+// Reports when other windows cover ours completely. An X server reports visibility unless a compositor redirects the
+// windows; on Wayland nothing is reported here, and Qt's expose state is all there is. UI thread.
 #pragma once
 
 #include <QAbstractNativeEventFilter>
@@ -12,8 +12,8 @@ namespace tandem {
 
 class OcclusionWatch final : public QAbstractNativeEventFilter {
  public:
-  // `tell` is called at every change, but not before the window is hidden for the first time.
-  OcclusionWatch(QWindow& window, std::function<void(bool covered)> tell);
+  // `changed` is called at every change, starting with the first time that the window is covered.
+  OcclusionWatch(QWindow& window, std::function<void(bool covered)> changed);
   ~OcclusionWatch() override;
   OcclusionWatch(const OcclusionWatch&) = delete;
   OcclusionWatch& operator=(const OcclusionWatch&) = delete;
@@ -22,7 +22,7 @@ class OcclusionWatch final : public QAbstractNativeEventFilter {
   bool nativeEventFilter(const QByteArray& kind, void* event, qintptr*) override;
 
  private:
-  std::function<void(bool)> tell_;
+  std::function<void(bool)> changed_;
   std::uint32_t window_ = 0;  // of the X server
   bool covered_ = false;
 };

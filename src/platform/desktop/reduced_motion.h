@@ -1,6 +1,6 @@
-// Whether the desktop wants little to move: its switch as the desktop portal tells it, and every change of it.
-// Nothing is said, and nothing changes, where there is no session bus or no portal; a portal that comes later is heard.
-// No program is started. UI thread; gone before the QApplication.
+// The desktop's "reduce motion" setting, read from the desktop portal and followed as it changes. Without a session bus
+// or a portal it stays off, silently; a portal that starts later is picked up. Never starts a program (no D-Bus
+// activation). UI thread; must be destroyed before the QApplication.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ namespace tandem {
 
 class ReducedMotionSetting {
  public:
-  // changed: with true when motion is to be reduced, which it is not at first.
+  // Calls `changed` at each change, with true when motion is to be reduced. Off at first.
   explicit ReducedMotionSetting(std::function<void(bool reduced)> changed);
   ReducedMotionSetting(const ReducedMotionSetting&) = delete;
   ReducedMotionSetting& operator=(const ReducedMotionSetting&) = delete;

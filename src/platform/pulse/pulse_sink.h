@@ -1,5 +1,5 @@
-// What the device behind the stream takes: asks the server for the format of the default sink, then of the one that
-// the stream plays to, and follows when either changes. Lives on the loop's thread.
+// The sample format of the sink that the stream plays to: asks the server for that of the default sink, then of the
+// stream's own, and follows changes of either. On the main loop's thread.
 #pragma once
 
 #include <pulse/context.h>

@@ -176,7 +176,7 @@ void PulseStream::come_back(std::uint64_t just_taken) {
   hungry_.start(std::clamp(milliseconds, kHungryMilliseconds, kPatientMilliseconds));
 }
 
-// What it has is still on its way through the device: the clock runs on to its end, which the server no longer tells.
+// What was sent is still in the device: the clock runs on to its end, since the server no longer reports it.
 void PulseStream::stall() {
   if (!stalled_) position_ = time_played();
   stalled_ = true;

@@ -29,7 +29,7 @@ class AccessibleRow final : public QAccessibleInterface, public QAccessibleActio
     const LineSound sound = list_.sound_of(index_);
     return std::exchange(sound_, sound) != sound;
   }
-  void leave() { leaving_ = true; }  // its end is told: it is still there for those who are told
+  void leave() { leaving_ = true; }  // stays valid while its destruction is announced
 
   bool isValid() const override { return leaving_ || index_ < list_.list().ListCount(); }
   QObject* object() const override { return nullptr; }
@@ -84,10 +84,10 @@ std::string_view path_of(std::string_view line) {
 
 bool same_song(const std::string& a, const std::string& b) { return path_of(a) == path_of(b); }
 
-// How many songs stay at the list's begin, and how many at its end.
+// How many songs are unchanged at the list's start, and how many at its end.
 struct Stay {
   std::size_t before;
-  std::size_t behind;
+  std::size_t after;
 };
 
 Stay what_stays(const std::vector<std::string>& old, const std::vector<std::string>& now) {
@@ -104,7 +104,7 @@ std::vector<std::string> lines_of(const ListBox& list) {
   return lines;
 }
 
-void tell(QAccessibleInterface* line, QAccessible::Event what) {
+void announce(QAccessibleInterface* line, QAccessible::Event what) {
   QAccessibleEvent event(line, what);
   post_accessibility_event(event);
 }
@@ -155,13 +155,13 @@ void AccessibleRows::selection_changed() {
 
 void AccessibleRows::sounds_changed() {
   for (std::size_t i = 0; i < ids_.size(); ++i)
-    if (at(i)->isValid() && at(i)->sound_changed()) tell(at(i), QAccessible::DescriptionChanged);
+    if (at(i)->isValid() && at(i)->sound_changed()) announce(at(i), QAccessible::DescriptionChanged);
 }
 
 void AccessibleRows::remove_lines(std::size_t from, std::size_t count) {
   for (std::size_t i = from + count; i-- > from;) {
     at(i)->leave();
-    tell(at(i), QAccessible::ObjectDestroyed);
+    announce(at(i), QAccessible::ObjectDestroyed);
     QAccessible::deleteAccessibleInterface(ids_[i]);
   }
   const auto first = ids_.begin() + static_cast<std::ptrdiff_t>(from);
@@ -184,11 +184,11 @@ void AccessibleRows::number_lines(std::size_t from) {
 void AccessibleRows::follow() {
   due_ = false;
   follow_lines();
-  if (std::exchange(selection_due_, false)) tell_selection();
+  if (std::exchange(selection_due_, false)) announce_selection();
 }
 
 // With no line selected the list itself has the focus.
-void AccessibleRows::tell_selection() {
+void AccessibleRows::announce_selection() {
   const int selected = list_.list().ListIndex();
   QAccessibleEvent selection(&list_, QAccessible::Selection);
   QAccessibleEvent focus(&list_, QAccessible::Focus);
@@ -202,19 +202,19 @@ void AccessibleRows::follow_lines() {
   const std::vector<std::string> now = lines_of(list_.list());
   const std::vector<std::string> old = std::exchange(texts_, now);
   const Stay stay = what_stays(old, now);
-  const std::size_t left = old.size() - stay.before - stay.behind;
-  const std::size_t come = now.size() - stay.before - stay.behind;
+  const std::size_t left = old.size() - stay.before - stay.after;
+  const std::size_t come = now.size() - stay.before - stay.after;
   // What is neither gone nor new is another song in the same place.
   const std::size_t replaced = std::min(left, come);
   const std::size_t from = stay.before + replaced;
   remove_lines(from, left - replaced);
   const std::vector<QAccessible::Id> added = add_lines(from, come - replaced);
   number_lines(from);
-  for (const QAccessible::Id id : added) tell(QAccessible::accessibleInterface(id), QAccessible::ObjectCreated);
+  for (const QAccessible::Id id : added) announce(QAccessible::accessibleInterface(id), QAccessible::ObjectCreated);
   for (std::size_t i = 0; i < now.size(); ++i) {
     if (i >= from && i < from + added.size()) continue;
     const std::size_t was = i < from ? i : i - added.size() + (left - replaced);
-    if (old[was] != now[i]) tell(at(i), QAccessible::NameChanged);
+    if (old[was] != now[i]) announce(at(i), QAccessible::NameChanged);
   }
 }
 

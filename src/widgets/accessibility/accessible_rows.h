@@ -1,6 +1,6 @@
-// The song list's lines as assistive technology has them: each is an object of its own and stays the same song while
-// others come, go and are renumbered. Every id that is kept here has its line until it is taken out of the list, so
-// what at() gives may be used without asking. UI thread.
+// The accessible objects of the song list's lines: one for each song, which keeps its identity while others are added,
+// removed and renumbered. Every id in ids_ has its object until it is removed from there, so at() never returns null.
+// UI thread.
 #pragma once
 
 #include <QAccessible>
@@ -21,11 +21,11 @@ class AccessibleRows final : public SongListFollower, public std::enable_shared_
   AccessibleRows(const AccessibleRows&) = delete;
   AccessibleRows& operator=(const AccessibleRows&) = delete;
 
-  // Nothing if the list has no such line. One that is asked for before it is told of is told of all the same.
+  // Null if the list has no such line. A line requested before its creation was announced is still announced.
   QAccessibleInterface* line(int index);
   static int index_of(const QAccessibleInterface* line);
 
-  // What has changed is told when the panel's act is over: it empties and fills the list to move one song.
+  // Changes are announced when the panel's handler has returned: to move one song it empties and refills the list.
   void list_changed() override;
   void selection_changed() override;  // after the lines themselves
   void sounds_changed() override;
@@ -33,7 +33,7 @@ class AccessibleRows final : public SongListFollower, public std::enable_shared_
  private:
   void follow();
   void follow_lines();
-  void tell_selection();
+  void announce_selection();
   void remove_lines(std::size_t from, std::size_t count);
   std::vector<QAccessible::Id> add_lines(std::size_t from, std::size_t count);
   void number_lines(std::size_t from);
@@ -41,9 +41,9 @@ class AccessibleRows final : public SongListFollower, public std::enable_shared_
   QAccessible::Id make_line(std::size_t index);
 
   SongListItem& list_;
-  std::vector<std::string> texts_;      // as they were told
+  std::vector<std::string> texts_;      // as last announced
   std::vector<QAccessible::Id> ids_;    // one for each text
-  std::vector<QAccessible::Id> early_;  // lines behind those, asked for before they are told of
+  std::vector<QAccessible::Id> early_;  // lines after those, requested before they were announced
   bool due_ = false;
   bool selection_due_ = false;
 };

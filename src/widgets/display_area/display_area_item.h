@@ -35,11 +35,11 @@ class DisplayAreaItem final : public PanelItem {
   void repaint(const QRectF& box) { canvas().repaint_box(box.toAlignedRect()); }
 
   DisplayViews views_;
-  std::vector<const DisplayView*> shown_;  // as they were last drawn; the first one speaks for the area
+  std::vector<const DisplayView*> shown_;  // as last drawn; the first one is the area's accessible value
   double scale_ = 0;                       // device pixels to a px of the panel
 };
 
-// Speaks for a display that the display area draws beside its first one.
+// The accessible item of a display that the display area draws beside its first one; draws nothing itself.
 class LevelItem final : public PanelItem {
  public:
   LevelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, const DisplayView& view)

@@ -1,5 +1,5 @@
-// The spectrum as an image at device resolution that is kept up to date by lines, and told from the analyser's numbers.
-// UI thread.
+// The spectrum as an image at device resolution, drawn from the analyser's numbers; only what has changed is drawn
+// again. UI thread.
 #pragma once
 
 #include <QImage>

@@ -131,7 +131,7 @@ void PanelItem::focusOutEvent(QFocusEvent* event) {
   changed();
 }
 
-// Whoever works a control by its own keys sees where they go, however it came by the focus.
+// A key that the control handles shows its focus ring, however it got the focus.
 void PanelItem::show_focus() {
   if (std::exchange(focus_shown_, true)) return;
   changed();

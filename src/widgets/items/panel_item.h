@@ -70,30 +70,29 @@ class PanelItem : public QWidget {
   void set_enabled_by_model();
   void follow_transform();  // takes its place in the window
   bool shows_focus() const { return focus_shown_; }
-  void end_hover();                             // the pointer has left without a word
+  void end_hover();                             // the pointer has left without a leave event
   void hide_focus();                            // the focus stays, its ring goes until the next key
   virtual bool in_use() const { return true; }  // false: not shown whatever its model says
 
   // Draws in px of the panel, within painted_box().
   virtual void draw(QPainter& painter) const = 0;
   QRect painted_box() const { return drawn_box(); }
-  // Moves what moves by itself; false when it has come to rest. The first call after start_moving() comes with 0
-  // seconds. The base lets the hover light come and go.
+  // Advances the item's animation; false when it has come to rest. The first call after start_moving() passes 0
+  // seconds. The base class fades the hover light in and out.
   virtual bool advance(double seconds);
 
   // Assistive technology.
   QString accessible_name() const;  // the table's name with the value in its place
   virtual QString accessible_value() const { return {}; }
   virtual QString accessible_description() const { return {}; }         // empty: it has none
-  virtual std::optional<bool> checked() const { return std::nullopt; }  // nothing: has no two states
+  virtual std::optional<bool> checked() const { return std::nullopt; }  // nullopt: does not have two states
   virtual bool can_press() const { return false; }
-  virtual std::optional<ItemValue> value_range() const { return std::nullopt; }  // nothing: is no number
-  // Nobody is told of changes before it has been asked for.
+  virtual std::optional<ItemValue> value_range() const { return std::nullopt; }  // nullopt: is not a number
+  // Called once assistive technology has asked for the item: only then are its changes announced.
   void notify_accessibility() { notifies_accessibility_ = true; }
   bool notifies_accessibility() const { return notifies_accessibility_; }
   bool value_text_changed();  // otherwise than at the last call
-  // Acts of the user without the hand: by assistive technology or a key of the window. Nothing while it is disabled or
-  // hidden.
+  // The user's actions by assistive technology or a key of the window. No effect while the item is disabled or hidden.
   void press();
   void set_value(double value);
 
@@ -116,7 +115,7 @@ class PanelItem : public QWidget {
   virtual QString name_in_table() const;
   virtual void press_by_key() {}
   virtual void put_value(double) {}
-  // The item is let go without a word of the hand: it is disabled, hidden or has lost the focus.
+  // The press ends without a mouse release: the item is disabled, hidden or has lost the focus.
   virtual void cancel_press() { set_pressed(false); }
 
   void enterEvent(QEnterEvent* event) override;
@@ -143,7 +142,7 @@ class PanelItem : public QWidget {
   bool pressed_ = false;
   bool focus_shown_ = false;
   bool notifies_accessibility_ = false;
-  QString spoken_;  // with its number, as it was last told
+  QString spoken_;  // value text with its number, as last announced
 };
 
 }  // namespace tandem

@@ -94,7 +94,7 @@ void PanelWindow::add_lead_lamps() {
                                    i + 1 < lead_lamps_.size() ? lead_lamps_[i + 1] : nullptr);
 }
 
-// One item for all displays. Those that never are the first one in view have an item to speak for them.
+// One item draws all displays. Those that are never the first visible one get an accessible item of their own.
 void PanelWindow::add_display_area(DisplayViews displays) {
   visual_ = add<DisplayAreaItem>("MMSpectrum1", std::move(displays));
   for (const char* beside : {"MMLevelX1", "MMMeterX2"}) add<LevelItem>(beside, *visual_->view(beside));

@@ -1,4 +1,4 @@
-// Draws letters in the font that the toolkit itself chooses for a family, without a screen:
+// Draws letters in the font that Qt itself chooses for a family, without a screen:
 //   font_choice FAMILY FILE.png
 #include <QFont>
 #include <QGuiApplication>
