@@ -156,7 +156,7 @@ double limiter_cost(const std::vector<Step>& source, double sound) {
 double pitch_cost(const std::vector<Step>& source, double sound) {
   const auto ring = std::make_unique<DeckRing>();
   PitchStage stage;
-  stage.clear(kPitch, make_pitch_engine().release());
+  stage.clear(kPitch, new PitchShifter);
   return stage_cost(source, sound, [&](auto step) {
     ring->write(step);
     stage.process(*ring, PitchStage::kEndUnknown, step);

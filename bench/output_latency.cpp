@@ -1,7 +1,8 @@
 // What an output costs and how well its position keeps time, on a private sound server with a null sink:
 //   output_latency [seconds a row]
 // One row for each depth and each amount that the render thread keeps ready: wake-ups a second and processor time of
-// the output's thread, time from the order to the first sound, distance from control to ear, spread of frames_played().
+// the output's thread, time from the command to the first sound, distance from control to ear, spread of
+// frames_played().
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>

@@ -15,12 +15,12 @@ Engine::Engine(Output& output, OutputRing& ring, const std::optional<Threads>& t
       ring_(ring),
       designer_(threads.has_value()),
       chain_(readers_, designer_),
-      orders_(chain_.orders()),
-      decks_{DeckControl(0, readers_[0], orders_, chain_,
+      commands_(chain_.commands()),
+      decks_{DeckControl(0, readers_[0], commands_, chain_,
                          [this] {
                            if (reader_threads_[0]) reader_threads_[0]->wake();
                          }),
-             DeckControl(1, readers_[1], orders_, chain_, [this] {
+             DeckControl(1, readers_[1], commands_, chain_, [this] {
                if (reader_threads_[1]) reader_threads_[1]->wake();
              })} {
   if (!threads) return;
@@ -32,9 +32,9 @@ Engine::Engine(Output& output, OutputRing& ring, const std::optional<Threads>& t
 Engine::~Engine() {
   render_thread_.reset();
   for (auto& thread : reader_threads_) thread.reset();
-  chain_.take_orders_silently();  // orders that never arrived carry pitch engines
-  RenderEvent news;
-  while (chain_.news().pop(news)) delete news.engine;
+  chain_.take_commands_silently();  // commands that never arrived own pitch shifters
+  RenderEvent event;
+  while (chain_.events().pop(event)) delete event.shifter;
 }
 
 MixTick Engine::mix_tick() {
@@ -43,8 +43,8 @@ MixTick Engine::mix_tick() {
 }
 
 void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
-  auto mixer = std::make_unique<MixerControl>(decks_, orders_);
-  auto device = std::make_unique<DeviceControl>(output_, orders_);
+  auto mixer = std::make_unique<MixerControl>(decks_, commands_);
+  auto device = std::make_unique<DeviceControl>(output_, commands_);
   auto mix_clock = std::make_unique<MixTimer>(timers);
   mixer_ = mixer.get();
   device_ = device.get();
@@ -70,29 +70,29 @@ void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
 }
 
 void Engine::wake() {
-  orders_.flush();
+  commands_.flush();
   if (render_thread_) render_thread_->wake();
 }
 
-void Engine::take_news() {
-  RenderEvent news;
-  while (chain_.news().pop(news)) {
-    switch (news.kind) {
+void Engine::take_events() {
+  RenderEvent event;
+  while (chain_.events().pop(event)) {
+    switch (event.kind) {
       case RenderEvent::Kind::SongEnded:
-        song_end_->report(news);
+        song_end_->report(event);
         break;
       case RenderEvent::Kind::GateClosed:
         device_->gate_closed();
         break;
-      case RenderEvent::Kind::RetiredEngine:
-        delete news.engine;
+      case RenderEvent::Kind::RetiredShifter:
+        delete event.shifter;
         break;
     }
   }
 }
 
 void Engine::deliver() {
-  take_news();
+  take_events();
   while (song_end_->deliver_one()) {
   }
   const SilenceGuard::State now{mix_clock_->running() && device_->playing(), mixer_->Mute(0) && mixer_->Mute(1),
@@ -135,7 +135,7 @@ void Engine::work_inline() {
 }
 
 void Engine::step() {
-  orders_.flush();
+  commands_.flush();
   step_unattended();
   deliver();
 }
@@ -144,15 +144,15 @@ void Engine::step_unattended() {
   // The readers come to new songs, the chain then gives up the old ones' frames, and the readers fill the room.
   work_inline();
   if (!output_.consuming() || !chain_.wants_render()) {
-    chain_.take_orders_silently();
+    chain_.take_commands_silently();
   } else {
-    chain_.take_orders_ahead();
+    chain_.take_commands_ahead();
   }
   work_inline();
   render_one_step();
 }
 
-// The gate may just have been opened or shut by the orders.
+// The commands may just have opened or closed the gate.
 void Engine::render_one_step() {
   if (!output_.consuming() || !chain_.wants_render()) return;
   std::array<StereoFrame, kStepFrames> block;

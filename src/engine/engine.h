@@ -83,7 +83,7 @@ class Engine {
  private:
   void work_inline();
   void render_one_step();
-  void take_news();
+  void take_events();
   void wake();
   MixTick mix_tick();
 
@@ -93,7 +93,7 @@ class Engine {
   std::array<bool, 2> stalled_{};  // in simulated time
   FilterWorker designer_;
   Chain chain_;
-  OrderSender orders_;
+  CommandSender commands_;
   std::array<DeckControl, 2> decks_;
 
   // Owned by the graph.

@@ -25,11 +25,11 @@ class PitchDeck {
   void hold_nothing_back() { allowed_ = song_.size(); }
 
   void clear(float value) {
-    stage.clear(value, value == 0.0F ? nullptr : make_pitch_engine().release());
+    stage.clear(value, value == 0.0F ? nullptr : new PitchShifter);
     free_retired();
   }
   void change(float value) {
-    stage.change(value, make_pitch_engine().release());
+    stage.change(value, new PitchShifter);
     free_retired();
   }
 
@@ -67,7 +67,7 @@ class PitchDeck {
     written_ += count;
   }
   void free_retired() {
-    while (PitchShifter* engine = stage.take_retired()) delete engine;
+    while (PitchShifter* shifter = stage.take_retired()) delete shifter;
   }
 
   Sound song_;

@@ -107,16 +107,16 @@ TEST_F(PitchMemory, TheRenderThreadNeitherAllocatesNorFrees) {
       written += count;
       const float value = random() % 3 == 0 ? 0.0F : static_cast<float>(random() % 41) - 20.0F;
       const auto event = random() % 40;
-      PitchShifter* fresh = event < 4 ? make_pitch_engine().release() : nullptr;
+      PitchShifter* fresh = event < 4 ? new PitchShifter : nullptr;
       PitchShifter* retired[4] = {};
       const std::uint64_t end = written == song.size() ? written : PitchStage::kEndUnknown;
       calls += calls_in([&] {
         if (event < 3) stage.change(value, fresh);
         if (event == 3) stage.clear(value, fresh);
         given += stage.process(ring, end, std::span(block).first(1 + random() % kStepFrames));
-        for (PitchShifter*& engine : retired) engine = stage.take_retired();
+        for (PitchShifter*& shifter : retired) shifter = stage.take_retired();
       });
-      for (PitchShifter* engine : retired) delete engine;
+      for (PitchShifter* shifter : retired) delete shifter;
       if (stage.at_end(ring, end)) break;
     }
     EXPECT_EQ(calls, 0);

@@ -1,4 +1,4 @@
-// Which frames the pitch stage gives, and when: counts, ends, a ring that runs dry, engines that come and go.
+// Which frames the pitch stage gives, and when: counts, ends, a ring that runs dry, pitch shifters that come and go.
 #include "engine/pitch/pitch_stage.h"
 
 #include <gtest/gtest.h>
@@ -14,8 +14,8 @@ namespace {
 
 std::size_t count_retired(PitchStage& stage) {
   std::size_t count = 0;
-  while (PitchShifter* engine = stage.take_retired()) {
-    delete engine;
+  while (PitchShifter* shifter = stage.take_retired()) {
+    delete shifter;
     ++count;
   }
   return count;
@@ -156,7 +156,7 @@ TEST(PitchStage, AValueThatIsClearedWaitsForTheRing) {
 TEST(PitchStage, EveryEngineComesBack) {
   PitchDeck deck(noise(200000));
   PitchStage& stage = deck.stage;
-  const auto fresh = [] { return make_pitch_engine().release(); };
+  const auto fresh = [] { return new PitchShifter; };
   std::vector<StereoFrame> block(441);
   deck.clear(0.0F);
   deck.step();
@@ -181,7 +181,7 @@ TEST(PitchStage, AnEngineThatIsNotNeededComesBackAtOnceOrWithTheNextBlock) {
   PitchDeck deck(noise(44100));
   deck.clear(10.0F);
   deck.step();
-  deck.stage.change(12.0F, make_pitch_engine().release());
+  deck.stage.change(12.0F, new PitchShifter);
   std::vector<StereoFrame> block(441);
   deck.stage.process(*deck.ring, PitchStage::kEndUnknown, block);
   EXPECT_EQ(count_retired(deck.stage), 1U);

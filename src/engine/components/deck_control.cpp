@@ -23,11 +23,11 @@ Frames first_frame_of(std::int32_t milliseconds) {
 
 }  // namespace
 
-DeckControl::DeckControl(int deck, DeckReader& reader, OrderSender& orders, const Chain& chain,
+DeckControl::DeckControl(int deck, DeckReader& reader, CommandSender& commands, const Chain& chain,
                          std::function<void()> wake_reader)
     : deck_(static_cast<std::uint8_t>(deck)),
       reader_(reader),
-      orders_(orders),
+      commands_(commands),
       chain_(chain),
       wake_reader_(std::move(wake_reader)) {}
 
@@ -37,21 +37,19 @@ std::string DeckControl::file_name() {
   return name_;
 }
 
-PitchShifter* DeckControl::fresh_engine() const { return make_pitch_engine().release(); }
-
 // The command goes to the render thread first, so that it has released the old song's frames by the time the reader
 // starts. The reader gets exactly one request per generation: with two it would write the first frames twice.
 void DeckControl::begin(Frames frame, bool keeps_fade) {
   ++generation_;
   start_frame_ = frame;
-  PitchShifter* engine = pitch_ == 0.0F ? nullptr : fresh_engine();
-  orders_.send({.kind = RenderCommand::Kind::Song,
-                .deck = deck_,
-                .keeps_fade = keeps_fade,
-                .generation = generation_,
-                .frames = frame,
-                .value = pitch_,
-                .engine = engine});
+  PitchShifter* shifter = pitch_ == 0.0F ? nullptr : new PitchShifter;
+  commands_.send({.kind = RenderCommand::Kind::Song,
+                  .deck = deck_,
+                  .keeps_fade = keeps_fade,
+                  .generation = generation_,
+                  .frames = frame,
+                  .value = pitch_,
+                  .shifter = shifter});
 }
 
 void DeckControl::start_at(Frames frame, bool keeps_fade) {
@@ -90,11 +88,11 @@ void DeckControl::put_position(std::int32_t milliseconds) {
 
 void DeckControl::put_pitch(float value) {
   pitch_ = value;
-  orders_.send({.kind = RenderCommand::Kind::Pitch, .deck = deck_, .value = value, .engine = fresh_engine()});
+  commands_.send({.kind = RenderCommand::Kind::Pitch, .deck = deck_, .value = value, .shifter = new PitchShifter});
 }
 
 void DeckControl::finish(std::int32_t milliseconds) {
-  orders_.send({.kind = RenderCommand::Kind::Finish, .deck = deck_, .frames = frames_of(std::max(milliseconds, 0))});
+  commands_.send({.kind = RenderCommand::Kind::Finish, .deck = deck_, .frames = frames_of(std::max(milliseconds, 0))});
 }
 
 }  // namespace tandem

@@ -18,7 +18,8 @@ namespace tandem {
 // What the panel's file reader and pitch stage of one deck stand on.
 class DeckControl {
  public:
-  DeckControl(int deck, DeckReader& reader, OrderSender& orders, const Chain& chain, std::function<void()> wake_reader);
+  DeckControl(int deck, DeckReader& reader, CommandSender& commands, const Chain& chain,
+              std::function<void()> wake_reader);
 
   std::string file_name();
   void put_file_name(const std::string& name);
@@ -43,11 +44,10 @@ class DeckControl {
  private:
   void begin(Frames frame, bool keeps_fade);     // a new generation, for the render thread
   void start_at(Frames frame, bool keeps_fade);  // and of the open song for the reader
-  PitchShifter* fresh_engine() const;
 
   std::uint8_t deck_;
   DeckReader& reader_;
-  OrderSender& orders_;
+  CommandSender& commands_;
   const Chain& chain_;
   std::function<void()> wake_reader_;
   std::string name_;

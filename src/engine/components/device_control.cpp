@@ -4,64 +4,64 @@
 
 namespace tandem {
 
-void DeviceControl::order(std::function<void()> device_order) {
+void DeviceControl::queue(std::function<void()> command) {
   if (closing_) {
-    waiting_.push_back(std::move(device_order));
+    waiting_.push_back(std::move(command));
   } else {
-    device_order();
+    command();
   }
 }
 
 void DeviceControl::close_gate() {
   if (closing_) return;
   closing_ = true;
-  orders_.send({.kind = RenderCommand::Kind::CloseGate});
+  commands_.send({.kind = RenderCommand::Kind::CloseGate});
 }
 
 void DeviceControl::open_gate() {
-  order([this] { orders_.send({.kind = RenderCommand::Kind::OpenGate}); });
+  queue([this] { commands_.send({.kind = RenderCommand::Kind::OpenGate}); });
 }
 
 void DeviceControl::gate_closed() {
   closing_ = false;
-  for (const auto& device_order : std::exchange(waiting_, {})) device_order();
+  for (const auto& command : std::exchange(waiting_, {})) command();
 }
 
 void DeviceControl::open() {
   if (std::exchange(open_, true)) return;
-  order([this, bytes = buffer_bytes_] { output_.open(bytes); });
+  queue([this, bytes = buffer_bytes_] { output_.open(bytes); });
 }
 
 void DeviceControl::close() {
   if (!std::exchange(open_, false)) return;
   if (running_) stop();
-  order([this] { output_.close(); });
+  queue([this] { output_.close(); });
 }
 
 void DeviceControl::start() {
   if (running_) return;
   open();
   running_ = true;
-  order([this] { output_.start(); });
+  queue([this] { output_.start(); });
   if (!paused_) open_gate();
 }
 
 void DeviceControl::stop() {
   if (!std::exchange(running_, false)) return;
   if (!paused_) close_gate();
-  order([this] { output_.stop(); });
+  queue([this] { output_.stop(); });
 }
 
 // A pause outlives a stop: the device that is started again stays silent until restart().
 void DeviceControl::pause() {
   if (std::exchange(paused_, true) || !running_) return;
   close_gate();
-  order([this] { output_.pause(); });
+  queue([this] { output_.pause(); });
 }
 
 void DeviceControl::restart() {
   if (!std::exchange(paused_, false) || !running_) return;
-  order([this] { output_.restart(); });
+  queue([this] { output_.restart(); });
   open_gate();
 }
 

@@ -14,15 +14,15 @@ void MixerControl::put_Mute(int input, bool mute) {
   state.muted = mute;
   ++state.epoch;
   if (!mute) state.unmuted_at = ++unmutes_;
-  orders_.send({.kind = mute ? RenderCommand::Kind::Mute : RenderCommand::Kind::Unmute,
-                .deck = static_cast<std::uint8_t>(input),
-                .epoch = state.epoch});
+  commands_.send({.kind = mute ? RenderCommand::Kind::Mute : RenderCommand::Kind::Unmute,
+                  .deck = static_cast<std::uint8_t>(input),
+                  .epoch = state.epoch});
   if (mute) decks_.at(static_cast<std::size_t>(input)).rewind();
 }
 
 void MixerControl::put_Volume(std::int32_t volume) {
   volume_ = std::clamp(volume, 0, kFullVolume);
-  orders_.send(
+  commands_.send(
       {.kind = RenderCommand::Kind::Volume, .value = static_cast<float>(volume_) / static_cast<float>(kFullVolume)});
 }
 

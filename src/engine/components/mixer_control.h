@@ -12,7 +12,7 @@ namespace tandem {
 
 class MixerControl final : public MMWaveMixerX {
  public:
-  MixerControl(std::array<DeckControl, 2>& decks, OrderSender& orders) : decks_(decks), orders_(orders) {}
+  MixerControl(std::array<DeckControl, 2>& decks, CommandSender& commands) : decks_(decks), commands_(commands) {}
 
   bool Mute(int input) const override { return inputs_.at(static_cast<std::size_t>(input)).muted; }
   // An input that goes from sounding to muted rewinds its deck.
@@ -33,7 +33,7 @@ class MixerControl final : public MMWaveMixerX {
   };
 
   std::array<DeckControl, 2>& decks_;
-  OrderSender& orders_;
+  CommandSender& commands_;
   std::array<Input, 2> inputs_{};
   std::uint64_t unmutes_ = 0;
   std::int32_t volume_ = 32768;

@@ -108,6 +108,4 @@ void PitchShifter::interpolate_into(std::span<StereoFrame> out, std::span<const 
   }
 }
 
-std::unique_ptr<PitchShifter> make_pitch_engine() { return std::make_unique<PitchShifter>(); }
-
 }  // namespace tandem

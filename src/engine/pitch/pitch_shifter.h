@@ -7,7 +7,6 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <span>
 
 #include "engine/pitch/interpolation_filters.h"
@@ -41,7 +40,7 @@ class PitchShifter {
   Frames at() const noexcept { return head_.time; }  // the number of the next frame given
 
  private:
-  friend class RetiredEngines;
+  friend class RetiredShifters;
   // Back to unison in two steps: a last splice once the ratio is 1; when its fade is over, RatioRamp::resync().
   enum class Way { kShifting, kReturning, kResyncing };
 
@@ -58,7 +57,5 @@ class PitchShifter {
   Way way_ = Way::kShifting;
   PitchShifter* next_ = nullptr;
 };
-
-std::unique_ptr<PitchShifter> make_pitch_engine();
 
 }  // namespace tandem

@@ -23,25 +23,25 @@ float rise(std::size_t at) noexcept {
 
 }  // namespace
 
-void RetiredEngines::put(PitchShifter* engine) noexcept {
-  if (engine == nullptr) return;
-  engine->next_ = first_;
-  first_ = engine;
+void RetiredShifters::put(PitchShifter* shifter) noexcept {
+  if (shifter == nullptr) return;
+  shifter->next_ = first_;
+  first_ = shifter;
 }
 
-PitchShifter* RetiredEngines::take() noexcept {
+PitchShifter* RetiredShifters::take() noexcept {
   if (first_ == nullptr) return nullptr;
   return std::exchange(first_, first_->next_);
 }
 
 PitchStage::~PitchStage() {
-  retire(engine_);
+  retire(shifter_);
   retire(fresh_);
-  while (PitchShifter* engine = retired_.take()) delete engine;
+  while (PitchShifter* shifter = retired_.take()) delete shifter;
 }
 
 void PitchStage::clear(float value, PitchShifter* fresh) noexcept {
-  retire(engine_);
+  retire(shifter_);
   retire(fresh_);
   value_ = value;
   fresh_ = fresh;
@@ -72,7 +72,7 @@ std::size_t PitchStage::process(DeckRing& ring, std::uint64_t song_end, std::spa
     done += count;
     given_ += static_cast<Frames>(count);
   }
-  // An engine is wanted only on the way from 0 to another value.
+  // A shifter is wanted only on the way from 0 to another value.
   if (state_ == State::kShifting || (state_ == State::kDry && value_ == 0.0F)) retire(fresh_);
   return done;
 }
@@ -84,8 +84,8 @@ bool PitchStage::at_end(const DeckRing& ring, std::uint64_t song_end) const noex
 }
 
 std::size_t PitchStage::pass(const SongInput& song, std::span<StereoFrame> out) noexcept {
-  const bool wants_engine = state_ == State::kWaiting || (state_ == State::kDry && value_ != 0.0F);
-  if (wants_engine && !start_engine(song) && state_ == State::kWaiting) return 0;
+  const bool wants_shifter = state_ == State::kWaiting || (state_ == State::kDry && value_ != 0.0F);
+  if (wants_shifter && !start_shifter(song) && state_ == State::kWaiting) return 0;
   switch (state_) {
     case State::kDry:
       return pass_dry(song, out);
@@ -101,28 +101,28 @@ std::size_t PitchStage::pass_dry(const SongInput& song, std::span<StereoFrame> o
   return song.ring.read(out.first(std::min(out.size(), static_cast<std::size_t>(song.readable()))));
 }
 
-bool PitchStage::start_engine(const SongInput& song) noexcept {
+bool PitchStage::start_shifter(const SongInput& song) noexcept {
   if (fresh_ == nullptr || !PitchShifter::can_begin(song)) return false;
-  engine_ = std::exchange(fresh_, nullptr);
+  shifter_ = std::exchange(fresh_, nullptr);
   const bool from_dry = state_ == State::kDry;
-  engine_->begin(song, from_dry ? 1.0 : ratio_of(value_));
+  shifter_->begin(song, from_dry ? 1.0 : ratio_of(value_));
   state_ = from_dry ? State::kFadingIn : State::kShifting;
   faded_ = 0;
   return true;
 }
 
 std::size_t PitchStage::pass_shifting(const SongInput& song, std::span<StereoFrame> out) noexcept {
-  if (!engine_->in_unison()) return engine_->render(song, out.first(std::min<std::size_t>(out.size(), kStepFrames)));
+  if (!shifter_->in_unison()) return shifter_->render(song, out.first(std::min<std::size_t>(out.size(), kStepFrames)));
   state_ = State::kFadingOut;
   faded_ = 0;
   return pass_fading(song, out);
 }
 
 std::size_t PitchStage::pass_fading(const SongInput& song, std::span<StereoFrame> out) noexcept {
-  const Frames from = engine_->at();
-  const std::size_t count = engine_->render(song, out.first(std::min(out.size(), kFade - faded_)));
+  const Frames from = shifter_->at();
+  const std::size_t count = shifter_->render(song, out.first(std::min(out.size(), kFade - faded_)));
   for (std::size_t i = 0; i < count; ++i) {
-    const StereoFrame dry = engine_->dry(from + static_cast<Frames>(i));
+    const StereoFrame dry = shifter_->dry(from + static_cast<Frames>(i));
     const float wet = state_ == State::kFadingIn ? rise(faded_ + i) : 1.0F - rise(faded_ + i);
     out[i] = {dry.left + wet * (out[i].left - dry.left), dry.right + wet * (out[i].right - dry.right)};
   }
@@ -137,19 +137,19 @@ void PitchStage::end_fade(const SongInput& song) noexcept {
     aim();
     return;
   }
-  song.go_back_to(engine_->at());
-  retire(engine_);
+  song.go_back_to(shifter_->at());
+  retire(shifter_);
   state_ = State::kDry;
 }
 
 void PitchStage::aim() noexcept {
   if (value_ == 0.0F) {
-    engine_->return_to_unison();
+    shifter_->return_to_unison();
   } else {
-    engine_->set_ratio(ratio_of(value_));
+    shifter_->set_ratio(ratio_of(value_));
   }
 }
 
-void PitchStage::retire(PitchShifter*& engine) noexcept { retired_.put(std::exchange(engine, nullptr)); }
+void PitchStage::retire(PitchShifter*& shifter) noexcept { retired_.put(std::exchange(shifter, nullptr)); }
 
 }  // namespace tandem

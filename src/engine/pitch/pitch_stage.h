@@ -15,11 +15,11 @@
 
 namespace tandem {
 
-// Engines that wait to be taken away: a list through the engines themselves.
-class RetiredEngines {
+// Shifters that wait to be taken away: a list through the shifters themselves.
+class RetiredShifters {
  public:
-  void put(PitchShifter* engine) noexcept;  // nullptr is ignored
-  PitchShifter* take() noexcept;            // nullptr if there is none
+  void put(PitchShifter* shifter) noexcept;  // nullptr is ignored
+  PitchShifter* take() noexcept;             // nullptr if there is none
 
  private:
   PitchShifter* first_ = nullptr;
@@ -30,16 +30,16 @@ class PitchStage {
   static constexpr std::uint64_t kEndUnknown = std::numeric_limits<std::uint64_t>::max();
 
   PitchStage() = default;
-  ~PitchStage();  // UI thread: frees every engine that it still has
+  ~PitchStage();  // UI thread: frees every shifter that it still has
   PitchStage(const PitchStage&) = delete;
   PitchStage& operator=(const PitchStage&) = delete;
 
   // The song starts again at the ring's reading position (a new name, a seek, a rewind): the position at the next
   // process(). `fresh` may be nullptr only if value is 0. The stage owns `fresh` until take_retired() gives it back.
   void clear(float value, PitchShifter* fresh) noexcept;
-  // The slider moved while the song goes on. fresh: an unused engine; comes back through take_retired() if not needed.
+  // The slider moved while the song goes on. fresh: an unused one; comes back through take_retired() if not needed.
   void change(float value, PitchShifter* fresh) noexcept;
-  // Engines no longer used, one per call, nullptr if none; to be freed on the UI thread. They appear after clear(),
+  // Shifters no longer used, one per call, nullptr if none; to be freed on the UI thread. They appear after clear(),
   // change() and process(), any number may wait.
   PitchShifter* take_retired() noexcept { return retired_.take(); }
 
@@ -56,25 +56,25 @@ class PitchStage {
   enum class State {
     kDry,        // the ring's frames themselves; fresh_ waits to take over if the value is not 0
     kWaiting,    // cleared at another value than 0: fresh_ starts as soon as the ring holds enough
-    kFadingIn,   // from the ring's frames to the engine, which still runs at ratio 1
-    kShifting,   // the engine alone
-    kFadingOut,  // from the landed engine to the ring's frames
+    kFadingIn,   // from the ring's frames to the shifter, which still runs at ratio 1
+    kShifting,   // the shifter alone
+    kFadingOut,  // from the landed shifter to the ring's frames
   };
 
   std::size_t pass(const SongInput& song, std::span<StereoFrame> out) noexcept;
   std::size_t pass_dry(const SongInput& song, std::span<StereoFrame> out) noexcept;
   std::size_t pass_fading(const SongInput& song, std::span<StereoFrame> out) noexcept;
   std::size_t pass_shifting(const SongInput& song, std::span<StereoFrame> out) noexcept;
-  bool start_engine(const SongInput& song) noexcept;
+  bool start_shifter(const SongInput& song) noexcept;
   void end_fade(const SongInput& song) noexcept;
   void aim() noexcept;
-  void retire(PitchShifter*& engine) noexcept;
+  void retire(PitchShifter*& shifter) noexcept;
 
   State state_ = State::kDry;
   float value_ = 0.0F;
-  PitchShifter* engine_ = nullptr;  // at work
-  PitchShifter* fresh_ = nullptr;   // not yet
-  RetiredEngines retired_;
+  PitchShifter* shifter_ = nullptr;  // at work
+  PitchShifter* fresh_ = nullptr;    // not yet
+  RetiredShifters retired_;
   std::size_t faded_ = 0;
   bool placed_ = false;  // origin_ is known
   std::uint64_t origin_ = 0;

@@ -25,7 +25,7 @@ Chain::~Chain() {
 void Chain::render(std::span<StereoFrame, kStepFrames> out) noexcept {
   const RenderGuard guard;
   const FlushDenormals flush;
-  take_orders();
+  take_commands();
   std::fill(out.begin(), out.end(), StereoFrame{});
   mix_decks(out);
   volume_.apply(out);
@@ -41,15 +41,15 @@ void Chain::follow_readers() noexcept {
   for (Deck& deck : decks_) deck.follow_reader();
 }
 
-void Chain::take_orders_ahead() noexcept {
-  take_orders();
+void Chain::take_commands_ahead() noexcept {
+  take_commands();
   follow_readers();
 }
 
 // What was broken off while nothing is heard needs no fade: it is dropped, with what the stages still hold of it,
 // unless another song goes on that must not lose a frame.
-void Chain::take_orders_silently() noexcept {
-  take_orders();
+void Chain::take_commands_silently() noexcept {
+  take_commands();
   gate_.finish_closing();
   if (broken_off_ && !in_mid_song()) drop_sound();
   follow_readers();
@@ -68,34 +68,34 @@ void Chain::drop_sound() noexcept {
   broken_off_ = false;
 }
 
-void Chain::take_orders() noexcept {
-  RenderCommand order;
-  while (orders_.pop(order)) take_order(order);
+void Chain::take_commands() noexcept {
+  RenderCommand command;
+  while (commands_.pop(command)) take_command(command);
 }
 
-void Chain::take_order(const RenderCommand& order) noexcept {
-  Deck& deck = decks_[order.deck];
+void Chain::take_command(const RenderCommand& command) noexcept {
+  Deck& deck = decks_[command.deck];
   using Kind = RenderCommand::Kind;
-  switch (order.kind) {
+  switch (command.kind) {
     case Kind::Song:
       broken_off_ = broken_off_ || deck.in_mid_song();
-      deck.begin_song(order);
+      deck.begin_song(command);
       break;
     case Kind::Mute:
       broken_off_ = broken_off_ || deck.in_mid_song();
-      deck.mute(order.epoch);
+      deck.mute(command.epoch);
       break;
     case Kind::Unmute:
-      deck.unmute(order.epoch);
+      deck.unmute(command.epoch);
       break;
     case Kind::Finish:
-      deck.finish(order.frames);
+      deck.finish(command.frames);
       break;
     case Kind::Pitch:
-      deck.change_pitch(order);
+      deck.change_pitch(command);
       break;
     case Kind::Volume:
-      volume_.set(order.value);
+      volume_.set(command.value);
       break;
     case Kind::OpenGate:
       gate_.open();
@@ -127,23 +127,24 @@ void Chain::give_filters_back() noexcept {
 }
 
 // There is always room: an event answers a command, and no more commands than events are ever under way.
-void Chain::tell(const RenderEvent& news) noexcept {
-  [[maybe_unused]] const bool has_room = news_.push(news);
+void Chain::report(const RenderEvent& event) noexcept {
+  [[maybe_unused]] const bool has_room = events_.push(event);
   assert(has_room);
 }
 
 void Chain::notify_ui() noexcept {
   for (std::uint8_t i = 0; i < kDecks; ++i) {
-    RenderEvent news;
-    if (decks_[i].take_end(news)) {
-      news.deck = i;
-      tell(news);
+    RenderEvent event;
+    if (decks_[i].take_end(event)) {
+      event.deck = i;
+      report(event);
     }
-    while (PitchShifter* engine = decks_[i].take_retired()) tell({RenderEvent::Kind::RetiredEngine, i, 0, 0, engine});
+    while (PitchShifter* shifter = decks_[i].take_retired())
+      report({RenderEvent::Kind::RetiredShifter, i, 0, 0, shifter});
   }
   if (gate_.closed() && !gate_reported_) {
     gate_reported_ = true;
-    tell({RenderEvent::Kind::GateClosed});
+    report({RenderEvent::Kind::GateClosed});
   }
 }
 

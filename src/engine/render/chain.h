@@ -1,5 +1,5 @@
 // The sound chain on the render thread: two decks -> mixer -> equalizer -> limiter -> pause fade -> float frames.
-// Threads: render() and take_orders() on the render thread, the atomics from any. Nothing under render() allocates,
+// Threads: render() and take_commands() on the render thread, the atomics from any. Nothing under render() allocates,
 // locks, throws, logs or touches a file.
 #pragma once
 
@@ -29,16 +29,16 @@ class Chain {
   Chain(const Chain&) = delete;
   Chain& operator=(const Chain&) = delete;
 
-  // UI thread's ends of the two queues.
-  RenderCommandQueue& orders() noexcept { return orders_; }
-  RenderEventQueue& news() noexcept { return news_; }
+  // The UI thread's ends of the two queues.
+  RenderCommandQueue& commands() noexcept { return commands_; }
+  RenderEventQueue& events() noexcept { return events_; }
 
-  // One step of sound. Takes the orders first.
+  // One step of sound. Takes the commands first.
   void render(std::span<StereoFrame, kStepFrames> out) noexcept;
-  // The orders in front of a step, so that the readers can be given room before it (simulated time).
-  void take_orders_ahead() noexcept;
-  // The orders alone, while the output takes no sound.
-  void take_orders_silently() noexcept;
+  // Takes the commands ahead of a step, so that the readers can refill the rings before it (simulated time).
+  void take_commands_ahead() noexcept;
+  // Takes the commands without rendering, while the output takes no sound.
+  void take_commands_silently() noexcept;
   // Frames until one of the sounding songs ends, as far as that is known; 0 while one has not begun.
   Frames frames_left() const noexcept { return std::min(decks_[0].frames_left(), decks_[1].frames_left()); }
   // False while the gate is closed: pausing and stopping hold the whole chain, and positions stand still.
@@ -52,16 +52,16 @@ class Chain {
   const DisplayFeed& display_feed() const noexcept { return display_feed_; }
 
  private:
-  void take_orders() noexcept;
+  void take_commands() noexcept;
   void follow_readers() noexcept;
-  void take_order(const RenderCommand& order) noexcept;
+  void take_command(const RenderCommand& command) noexcept;
   bool in_mid_song() const noexcept;
   void drop_sound() noexcept;
   void mix_decks(std::span<StereoFrame, kStepFrames> mix) noexcept;
   void give_filters_back() noexcept;
   void equalize(std::span<StereoFrame, kStepFrames> mix) noexcept;
   void notify_ui() noexcept;
-  void tell(const RenderEvent& news) noexcept;
+  void report(const RenderEvent& event) noexcept;
 
   std::array<Deck, kDecks> decks_;
   FilterWorker& designer_;
@@ -73,8 +73,8 @@ class Chain {
   bool gate_reported_ = true;
   bool broken_off_ = false;  // since the gate closed, or in the step that closed it, a song was broken off
 
-  RenderCommandQueue orders_;
-  RenderEventQueue news_;
+  RenderCommandQueue commands_;
+  RenderEventQueue events_;
   std::atomic<std::uint64_t> steps_{0};
   std::atomic<std::uint64_t> last_live_step_{0};
 };

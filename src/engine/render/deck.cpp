@@ -8,27 +8,27 @@
 namespace tandem {
 
 Deck::~Deck() {
-  hold_engine(nullptr);
-  while (PitchShifter* engine = retired_.take()) delete engine;
+  hold_shifter(nullptr);
+  while (PitchShifter* shifter = retired_.take()) delete shifter;
 }
 
-void Deck::hold_engine(PitchShifter* engine) noexcept {
-  retired_.put(waiting_engine_);
-  waiting_engine_ = engine;
+void Deck::hold_shifter(PitchShifter* shifter) noexcept {
+  retired_.put(waiting_shifter_);
+  waiting_shifter_ = shifter;
 }
 
-void Deck::begin_song(const RenderCommand& order) noexcept {
+void Deck::begin_song(const RenderCommand& command) noexcept {
   take_tail();
-  generation_ = order.generation;
+  generation_ = command.generation;
   begun_ = false;
   ended_ = false;
   reported_ = false;
   stalled_steps_ = 0;
-  frame_ = order.frames;
-  ramp_in_ = order.frames > 0;
-  pitch_value_ = order.value;
-  hold_engine(order.engine);
-  if (!order.keeps_fade) finish_total_ = 0;
+  frame_ = command.frames;
+  ramp_in_ = command.frames > 0;
+  pitch_value_ = command.value;
+  hold_shifter(command.shifter);
+  if (!command.keeps_fade) finish_total_ = 0;
   position_.put(generation_, frame_);
 }
 
@@ -55,12 +55,12 @@ void Deck::finish(Frames frames) noexcept {
   finish_left_ = finish_total_;
 }
 
-void Deck::change_pitch(const RenderCommand& order) noexcept {
-  pitch_value_ = order.value;
+void Deck::change_pitch(const RenderCommand& command) noexcept {
+  pitch_value_ = command.value;
   if (begun_) {
-    stage_.change(order.value, order.engine);
+    stage_.change(command.value, command.shifter);
   } else {
-    hold_engine(order.engine);
+    hold_shifter(command.shifter);
   }
 }
 
@@ -84,9 +84,9 @@ void Deck::start_song() noexcept {
   begun_ = true;
   frame_ = status_.first_frame;
   position_.put(generation_, frame_);
-  if (pitch_value_ == 0.0F) hold_engine(nullptr);
-  stage_.clear(pitch_value_, waiting_engine_);
-  waiting_engine_ = nullptr;
+  if (pitch_value_ == 0.0F) hold_shifter(nullptr);
+  stage_.clear(pitch_value_, waiting_shifter_);
+  waiting_shifter_ = nullptr;
 }
 
 // What breaks off fades out over one more step of the old song, which does not count as taken, nor as part of a
@@ -183,16 +183,16 @@ Frames Deck::frames_left() const noexcept {
   return static_cast<Frames>(status_.end - status_.begin) - (frame_ - status_.first_frame);
 }
 
-bool Deck::take_end(RenderEvent& news) noexcept {
+bool Deck::take_end(RenderEvent& event) noexcept {
   if (muted_ || !ended_ || reported_) return false;
   reported_ = true;
-  news = {RenderEvent::Kind::SongEnded, 0, generation_, epoch_, nullptr};
+  event = {RenderEvent::Kind::SongEnded, 0, generation_, epoch_, nullptr};
   return true;
 }
 
 PitchShifter* Deck::take_retired() noexcept {
-  PitchShifter* engine = retired_.take();
-  return engine != nullptr ? engine : stage_.take_retired();
+  PitchShifter* shifter = retired_.take();
+  return shifter != nullptr ? shifter : stage_.take_retired();
 }
 
 }  // namespace tandem

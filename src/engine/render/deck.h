@@ -26,11 +26,11 @@ class Deck {
   Deck& operator=(const Deck&) = delete;
 
   // Orders.
-  void begin_song(const RenderCommand& order) noexcept;
+  void begin_song(const RenderCommand& command) noexcept;
   void mute(std::uint32_t epoch) noexcept;
   void unmute(std::uint32_t epoch) noexcept;
   void finish(Frames frames) noexcept;
-  void change_pitch(const RenderCommand& order) noexcept;
+  void change_pitch(const RenderCommand& command) noexcept;
 
   // Advances the ring to the song that the deck waits for. Part of render(); called alone while the output is paused.
   void follow_reader() noexcept;
@@ -46,7 +46,7 @@ class Deck {
   // Frames until the sounding song ends: its reader knows the end a few seconds ahead. A very large number until then.
   Frames frames_left() const noexcept;
   // The end of an unmuted song: true once for each song and unmute.
-  bool take_end(RenderEvent& news) noexcept;
+  bool take_end(RenderEvent& event) noexcept;
   PitchShifter* take_retired() noexcept;
 
   const DeckPosition& position() const noexcept { return position_; }
@@ -62,12 +62,12 @@ class Deck {
   void fade_towards_end(std::span<StereoFrame> block) noexcept;
   void advance(std::size_t frames) noexcept;
   void end_song() noexcept { ended_ = true; }
-  void hold_engine(PitchShifter* engine) noexcept;
+  void hold_shifter(PitchShifter* shifter) noexcept;
 
   DeckReader& reader_;
   ReaderStatus status_;
   PitchStage stage_;
-  RetiredEngines retired_;
+  RetiredShifters retired_;
 
   std::uint32_t generation_ = 0;
   bool begun_ = false;  // the reader has come to our generation and the ring stands at its first frame
@@ -78,7 +78,7 @@ class Deck {
   bool ramp_in_ = false;  // the next sound does not begin at the song's first frame
   int stalled_steps_ = 0;
   float pitch_value_ = 0.0F;
-  PitchShifter* waiting_engine_ = nullptr;  // for the song that has not begun
+  PitchShifter* waiting_shifter_ = nullptr;  // for the song that has not begun
 
   Frames frame_ = 0;         // of the song: the next one that is taken
   Frames finish_total_ = 0;  // of a finishing run; 0: none

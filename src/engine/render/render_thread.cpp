@@ -30,7 +30,7 @@ constexpr std::int64_t kLookNs = 1'000'000;
 
 RenderThread::RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock,
                            std::function<void()> notify_ui)
-    : chain_(chain), output_(output), ring_(ring), clock_(clock), tell_news_(std::move(notify_ui)), thread_([this] {
+    : chain_(chain), output_(output), ring_(ring), clock_(clock), notify_ui_(std::move(notify_ui)), thread_([this] {
         run();
       }) {}
 
@@ -52,12 +52,12 @@ void RenderThread::run_freely_until(std::uint64_t step, bool deep_queue) noexcep
 bool RenderThread::sounds() const noexcept { return output_.consuming() && chain_.wants_render(); }
 
 void RenderThread::rest() {
-  chain_.take_orders_silently();
-  if (!chain_.news().empty()) tell_news_();
+  chain_.take_commands_silently();
+  if (!chain_.events().empty()) notify_ui_();
   resting_.store(true);
-  // An order that came between the two lines above has set the flag back already or finds it set and wakes us. So does
-  // an output that begins to consume.
-  if (chain_.orders().empty() && !sounds()) static_cast<void>(ring_.await_demand(kRest));
+  // A command sent between the two lines above has already cleared the flag, or finds it set and wakes this thread. So
+  // does an output that starts to consume.
+  if (chain_.commands().empty() && !sounds()) static_cast<void>(ring_.await_demand(kRest));
   resting_.store(false);
   next_ns_ = clock_.now_ns();
 }
@@ -121,7 +121,7 @@ void RenderThread::pace() {
   }
   ring_.supply();
   ring_.flight_recorder().rendered(clock_.now_ns(), late_ns_);
-  if (!chain_.news().empty()) tell_news_();
+  if (!chain_.events().empty()) notify_ui_();
   if (left > 0 && chain_.wants_render()) {
     next_ns_ -= std::min(left, now.periods) * kStepNs;
     clock_.sleep_until(clock_.now_ns() + kLookNs);
@@ -147,7 +147,7 @@ void RenderThread::serve() {
   const std::size_t wanted = ring_.await_demand(kDemandPatience);
   while (ring_.readable() < wanted && serves() && chain_.wants_render()) render_step();
   if (wanted > 0) ring_.supply();
-  if (!chain_.news().empty()) tell_news_();
+  if (!chain_.events().empty()) notify_ui_();
   next_ns_ = clock_.now_ns();
   ring_.flight_recorder().rendered(next_ns_, 0);
 }

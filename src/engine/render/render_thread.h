@@ -1,8 +1,8 @@
 // Runs the chain in real time: steps of 441 frames (10 ms), spread evenly, corrected by how full the output's ring is.
-// While the output takes nothing (no device, paused, stopped) only orders are taken and positions stand still.
+// While the output takes nothing (no device, paused, stopped) only commands are taken, and positions stand still.
 //
-// As long as nothing depends on the exact moment of a step (run_freely_until), several steps are made at one wake-up:
-// with a short queue just when the output demands them, so that nothing waits in the ring, if it is one that demands.
+// While nothing depends on the exact time of a step (run_freely_until), several steps are rendered at one wake-up: with
+// a short queue just when the output demands them, if it does, so that no sound waits in the ring.
 #pragma once
 
 #include <atomic>
@@ -20,13 +20,13 @@ namespace tandem {
 
 class RenderThread {
  public:
-  // `notify_ui`: called on the render thread, outside the chain, when news waits for the UI thread.
+  // `notify_ui` is called on the render thread, outside the chain, when events wait for the UI thread.
   RenderThread(Chain& chain, Output& output, OutputRing& ring, StepClock& clock, std::function<void()> notify_ui);
   ~RenderThread();
   RenderThread(const RenderThread&) = delete;
   RenderThread& operator=(const RenderThread&) = delete;
 
-  // UI thread: there are orders. Costs nothing while sound is made: they are taken with the next step.
+  // UI thread: commands have been sent. Costs nothing while sound is rendered: the next step takes them.
   void wake();
   // UI thread: no overlap is due before this step of the chain, so until then steps need not be spread evenly. 0: every
   // step by itself. With a deep output queue many steps are made at one wake-up, with a short one few.
@@ -55,7 +55,7 @@ class RenderThread {
   Output& output_;
   OutputRing& ring_;
   StepClock& clock_;
-  std::function<void()> tell_news_;
+  std::function<void()> notify_ui_;
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
   std::int64_t late_ns_ = 0;  // how much later than due the last one was begun
   MixPointWait mix_hold_;
