@@ -86,7 +86,7 @@ void Player::show() {
   clock_->reschedule();
 }
 
-// A handler may have started a timer or given the engine orders: both are looked after as soon as it has returned.
+// A handler may have started a timer or sent commands to the engine: both are handled as soon as it has returned.
 void Player::user_acts() {
   engine_.rest_for(0);
   clock_->reschedule();

@@ -6,14 +6,14 @@
 #include <cstddef>
 
 #include "base/timer_queue.h"
-#include "controls/button.h"
-#include "controls/dial.h"
 #include "controls/file_dialog.h"
-#include "controls/lamp.h"
-#include "controls/list_box.h"
+#include "controls/kinds/button.h"
+#include "controls/kinds/dial.h"
+#include "controls/kinds/lamp.h"
+#include "controls/kinds/list_box.h"
+#include "controls/kinds/slider.h"
+#include "controls/kinds/spinner.h"
 #include "controls/plain_timer.h"
-#include "controls/slider.h"
-#include "controls/spinner.h"
 #include "controls/window_frame.h"
 
 namespace tandem {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "base/twips.h"
-#include "controls/control.h"
+#include "controls/kinds/control.h"
 
 namespace tandem {
 

@@ -1,4 +1,4 @@
-#include "controls/list_box.h"
+#include "controls/kinds/list_box.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "controls/dial.h"
-#include "controls/slider.h"
-#include "controls/spinner.h"
+#include "controls/kinds/dial.h"
+#include "controls/kinds/slider.h"
+#include "controls/kinds/spinner.h"
 
 namespace tandem {
 namespace {

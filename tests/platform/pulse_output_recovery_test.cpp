@@ -179,7 +179,7 @@ TEST_F(PulseOutputRecoveryTest, AServerThatHangsHoldsNobodyAndGoesOnAfterwards) 
   output_.restart();
   const Nanoseconds held = monotonic_now() - began;
   EXPECT_LT(held, 50 * kNanosecondsPerMillisecond);
-  test::record_fault("sound server frozen while orders are given", "nobody waits for it",
+  test::record_fault("sound server frozen while commands are sent", "no call waits for it",
                      "held for " + std::to_string(held / kNanosecondsPerMillisecond) + " ms");
   EXPECT_TRUE(wait_until([&] { return output_.frames_played() == ring_.taken(); }));
   const std::uint64_t stands = output_.frames_played();

@@ -1,4 +1,4 @@
-// What a deck does at a new name, a mute, a seek past the end, and with news that come too late.
+// What a deck does at a new name, a mute, a seek past the end, and with events that arrive too late.
 #include <gmock/gmock.h>
 
 #include "program/player_rig.h"

@@ -21,9 +21,9 @@ class StalledReader : public testing::Test {
   }
   // Steps until the deck's song has ended, at most `limit`.
   int steps_to_end(int limit) {
-    RenderEvent news;
+    RenderEvent event;
     for (int step = 1; step <= limit; ++step)
-      if (render(), deck_.take_end(news)) return step;
+      if (render(), deck_.take_end(event)) return step;
     return 0;
   }
   void render() {

@@ -6,6 +6,7 @@ import tempfile
 import unittest
 
 import count_tests
+import document_paths
 import house_rules
 import include_order
 
@@ -23,7 +24,7 @@ class IncludeOrder(unittest.TestCase):
             self.assertIsNone(include_order.line_offence(path, line), (path, line))
 
     def test_refused(self):
-        for path, line in (('base/a.h', '#include "controls/slider.h"'), ('controls/a.h', '#include "audio/mm_pitch.h"'),
+        for path, line in (('base/a.h', '#include "controls/kinds/slider.h"'), ('controls/a.h', '#include "audio/mm_pitch.h"'),
                            ('engine/render/a.h', '#include "playback/transport.h"'), ('shell/a.h', '#include "app/main.h"'),
                            ('engine/decode/a.h', '#include "engine/read/resampler.h"'),
                            ('engine/render/a.h', '#include "engine/engine.h"'),
@@ -78,7 +79,6 @@ class HouseRules(unittest.TestCase):
                      '../' + 'shared', 'shared' + '/design'):
             self.assertIsNotNone(house_rules.line_offence(line), line)
 
-
     def test_plain_english(self):
         for name, line in (('a.cpp', 'int h = 0;  // the ha' + 'nd moves it'), ('a.md', 'No' + 'body is near.'),
                            ('a.py', '# drawn an' + 'ew'), ('CMakeLists.txt', '# as it is to' + 'ld')):
@@ -86,6 +86,25 @@ class HouseRules(unittest.TestCase):
         for name, line in (('a.cpp', 'int ha' + 'nd = 0;'), ('a.cpp', 'f();  // handed over, handles, beforehand'),
                            ('a.svg', '<!-- be' + 'hind -->')):
             self.assertIsNone(house_rules.word_offence(name, line), line)
+
+
+class DocumentPaths(unittest.TestCase):
+    TREE = document_paths.Tree(['src/engine/decode/mp3_index.h', 'tests/live/live_test.cpp', 'tools/reliability', 'check'],
+                               {'Mp3Index', 'live_test'})
+
+    def missing(self, text):
+        return [name for _, name, kind in document_paths.names_in(text) if not self.TREE.holds(name, kind)]
+
+    def test_names_that_are_there(self):
+        self.assertEqual(self.missing('`engine/decode` and `src/engine/decode/mp3_index.h`, `mp3_index.h` of `Mp3Index`'), [])
+        self.assertEqual(self.missing('    build/release/tests/live/live_test --x\n`tools/reliability`'), [])
+        self.assertEqual(self.missing('`engine/decode/mp3_*`, `/usr/lib/x/y`, `~/.config/pulse/cookie`, `audio/mpeg`'), [])
+        self.assertEqual(self.missing('An Mp3Tags outside of code is a word like any other'), [])
+
+    def test_names_that_are_not(self):
+        for name in ('engine/decoder', 'tools/reliable', 'mp3_table.h', 'Mp3Table', 'tests/live/other_test'):
+            self.assertEqual(self.missing(f'`{name}`'), [name])
+            self.assertEqual(self.missing(f'    {name}'), [name])
 
 
 class CountTests(unittest.TestCase):

@@ -5,7 +5,7 @@
 #include <functional>
 #include <optional>
 
-#include "controls/lamp.h"
+#include "controls/kinds/lamp.h"
 #include "paint/text/led_label.h"
 #include "widgets/items/panel_item.h"
 

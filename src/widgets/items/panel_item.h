@@ -10,7 +10,7 @@
 #include <optional>
 #include <span>
 
-#include "controls/control.h"
+#include "controls/kinds/control.h"
 #include "layout/panel_layout.h"
 #include "paint/strokes/interaction_state.h"
 #include "widgets/items/panel_transform.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "controls/list_box.h"
+#include "controls/kinds/list_box.h"
 #include "controls/mix_view.h"
 #include "paint/controls/song_list.h"
 #include "widgets/items/panel_item.h"

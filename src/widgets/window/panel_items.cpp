@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "paint/strokes/palette.h"
-#include "widgets/items/fader_item.h"
-#include "widgets/items/knob_item.h"
 #include "widgets/items/label_item.h"
-#include "widgets/items/lamp_item.h"
 #include "widgets/items/song_list_item.h"
-#include "widgets/items/spinner_item.h"
+#include "widgets/keys/lamp_item.h"
+#include "widgets/values/fader_item.h"
+#include "widgets/values/knob_item.h"
+#include "widgets/values/spinner_item.h"
 #include "widgets/window/panel_window.h"
 
 namespace tandem {

@@ -9,11 +9,11 @@
 #include <utility>
 
 #include "widgets/accessibility/panel_accessible.h"
-#include "widgets/items/fader_item.h"
 #include "widgets/items/label_item.h"
-#include "widgets/items/lamp_item.h"
 #include "widgets/items/song_list_item.h"
 #include "widgets/items/time_text.h"
+#include "widgets/keys/lamp_item.h"
+#include "widgets/values/fader_item.h"
 #include "widgets/window/window_scale.h"
 
 namespace tandem {

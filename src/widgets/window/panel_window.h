@@ -15,8 +15,8 @@
 #include "controls/mix_view.h"
 #include "controls/panel_controls.h"
 #include "widgets/display_area/display_area_item.h"
-#include "widgets/items/key_item.h"
 #include "widgets/items/panel_item.h"
+#include "widgets/keys/key_item.h"
 #include "widgets/window/direct_drawing.h"
 
 namespace tandem {

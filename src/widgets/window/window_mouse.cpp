@@ -9,9 +9,9 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "widgets/items/knob_item.h"
 #include "widgets/items/song_list_item.h"
 #include "widgets/items/wheel_steps.h"
+#include "widgets/values/knob_item.h"
 #include "widgets/window/dropped_names.h"
 #include "widgets/window/panel_window.h"
 

@@ -1,7 +1,7 @@
 // A slider or fader. The user's press, changes and release come in that order.
 #pragma once
 
-#include "controls/valued_control.h"
+#include "controls/kinds/valued_control.h"
 
 namespace tandem {
 

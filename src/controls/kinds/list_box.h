@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/control.h"
+#include "controls/kinds/control.h"
 
 namespace tandem {
 

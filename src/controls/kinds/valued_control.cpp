@@ -1,4 +1,4 @@
-#include "controls/valued_control.h"
+#include "controls/kinds/valued_control.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 // Lamp buttons of the board and lead-time lamps of the mix strip. UI thread.
 #pragma once
 
-#include "controls/lamp.h"
+#include "controls/kinds/lamp.h"
 #include "paint/controls/lamps.h"
-#include "widgets/items/key_item.h"
+#include "widgets/keys/key_item.h"
 
 namespace tandem {
 

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "controls/control.h"
+#include "controls/kinds/control.h"
 
 namespace tandem {
 

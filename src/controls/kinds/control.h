@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/notification.h"
-#include "controls/property.h"
+#include "controls/kinds/property.h"
 
 namespace tandem {
 

@@ -1,4 +1,4 @@
-#include "controls/list_box.h"
+#include "controls/kinds/list_box.h"
 
 #include "base/runtime_error.h"
 

@@ -1,7 +1,7 @@
 // What is turned: the volume wheel and the rotary switches. UI thread.
 #pragma once
 
-#include "controls/dial.h"
+#include "controls/kinds/dial.h"
 #include "paint/controls/knob.h"
 #include "widgets/items/panel_item.h"
 

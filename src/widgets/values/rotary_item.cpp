@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "widgets/items/knob_item.h"
 #include "widgets/items/wheel_steps.h"
+#include "widgets/values/knob_item.h"
 
 namespace tandem {
 

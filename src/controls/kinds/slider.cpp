@@ -1,4 +1,4 @@
-#include "controls/slider.h"
+#include "controls/kinds/slider.h"
 
 namespace tandem {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/colours.h"
-#include "controls/control.h"
+#include "controls/kinds/control.h"
 
 namespace tandem {
 

@@ -1,4 +1,4 @@
-#include "widgets/items/lamp_item.h"
+#include "widgets/keys/lamp_item.h"
 
 #include <QKeyEvent>
 #include <cmath>

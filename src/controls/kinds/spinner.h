@@ -1,7 +1,7 @@
 // A number in LED digits with an up and a down button.
 #pragma once
 
-#include "controls/valued_control.h"
+#include "controls/kinds/valued_control.h"
 
 namespace tandem {
 

@@ -1,7 +1,7 @@
 // The turning controls: the volume wheel and the rotary or two-position switches.
 #pragma once
 
-#include "controls/valued_control.h"
+#include "controls/kinds/valued_control.h"
 
 namespace tandem {
 

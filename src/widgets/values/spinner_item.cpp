@@ -1,4 +1,4 @@
-#include "widgets/items/spinner_item.h"
+#include "widgets/values/spinner_item.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,9 +1,9 @@
 // What is slid: equalizer faders, the pitch fader, the position slider and the two slide switches. UI thread.
 #pragma once
 
-#include "controls/dial.h"
+#include "controls/kinds/dial.h"
+#include "controls/kinds/slider.h"
 #include "controls/mix_view.h"
-#include "controls/slider.h"
 #include "paint/controls/fader.h"
 #include "widgets/items/panel_item.h"
 

@@ -1,4 +1,4 @@
-#include "widgets/items/key_item.h"
+#include "widgets/keys/key_item.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

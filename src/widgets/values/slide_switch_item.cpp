@@ -3,7 +3,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-#include "widgets/items/fader_item.h"
+#include "widgets/values/fader_item.h"
 
 namespace tandem {
 

@@ -1,7 +1,7 @@
 // Keys: the transport, the list's keys, Playlist and Controls; the pitch stud; Minimise and Close. UI thread.
 #pragma once
 
-#include "controls/button.h"
+#include "controls/kinds/button.h"
 #include "paint/controls/key.h"
 #include "widgets/items/panel_item.h"
 

@@ -1,4 +1,4 @@
-#include "widgets/items/fader_item.h"
+#include "widgets/values/fader_item.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 // LED numbers with an up and a down button; a held button repeats, by the frames' time. UI thread.
 #pragma once
 
-#include "controls/spinner.h"
+#include "controls/kinds/spinner.h"
 #include "paint/controls/spinner.h"
 #include "widgets/items/panel_item.h"
 
