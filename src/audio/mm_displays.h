@@ -24,7 +24,7 @@ enum class SpectrumSetting {
   Decay,               // fall speed of the bars
   FFTLength,           // a power of two, 4 .. 4096
   VerticalScale,       // 1 .. 200
-  HorizontalScale,     // 1 .. 16: 22050 / n Hz are shown
+  HorizontalScale,     // 1 .. 16: the n-th part of the octaves from 40 Hz to 20 kHz is shown
   ReferenceFrequency,  // Hz
   PeakCount,           // peak marks of a column, 0 .. 5
   PeakDelay,           // hold, in 20 ms

@@ -117,6 +117,24 @@ TEST(Hover, FadesInWithin80Milliseconds) {
   EXPECT_EQ(picture_of(rig, "STOPBtn"), rest);
 }
 
+TEST(Hover, AKeyLooksPressedWhileThePointerHoldsItAndIsOnIt) {
+  WindowRig rig;
+  rig.move(rig.middle("STOPBtn"));
+  while (rig.frame(1.0 / 60)) {
+  }
+  const QImage under_the_pointer = picture_of(rig, "STOPBtn");
+  rig.press(rig.middle("STOPBtn"));
+  EXPECT_NE(picture_of(rig, "STOPBtn"), under_the_pointer);
+  rig.move({300, 60});
+  const QImage held_beside = picture_of(rig, "STOPBtn");
+  rig.move(rig.middle("STOPBtn"));
+  EXPECT_NE(picture_of(rig, "STOPBtn"), held_beside);
+  rig.release(rig.middle("STOPBtn"));
+  while (rig.frame(1.0 / 60)) {
+  }
+  EXPECT_EQ(picture_of(rig, "STOPBtn"), under_the_pointer);
+}
+
 TEST(Hover, TheDisplaysLineIsOnWhereverAPressChangesTheSize) {
   WindowRig rig;
   const auto line = [&rig] {
