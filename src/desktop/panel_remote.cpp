@@ -41,16 +41,13 @@ std::string PanelRemote::song() const {
   return sounds < 0 ? std::string() : program_.sound.AudioFile.at(static_cast<std::size_t>(sounds))->FileName();
 }
 
-// A deck that has just been given its song does not know its length yet; the list does.
+// As the list has it: a deck would have to look into its file, which may be slow, or hang.
 std::int32_t PanelRemote::length() const {
-  const int sounds = deck();
-  if (sounds < 0) return 0;
-  const MMAudioFileX& file = *program_.sound.AudioFile.at(static_cast<std::size_t>(sounds));
-  if (const std::int32_t known = file.Length(); known > 0) return known;
+  const std::string file = song();
   const std::int32_t number = program_.state.CurrentSong;
-  if (number < 0 || number > SongEntries::kLastSong) return 0;
+  if (file.empty() || number < 0 || number > SongEntries::kLastSong) return 0;
   const SongEntry& entry = std::as_const(program_.SongTable).at(number);
-  return entry.SongFile == file.FileName() ? entry.SongLength : 0;
+  return entry.SongFile == file ? entry.SongLength : 0;
 }
 
 std::int32_t PanelRemote::position() const {

@@ -31,11 +31,13 @@ int line_of(const Program& program, const std::string& file, int expected) {
   return -1;
 }
 
+// The length is the list's: a deck would have to look into its file, which may be slow, or hang.
 std::optional<SoundingSong> song_on(const Program& program, int deck, int expected) {
   const MMAudioFileX& reader = *program.sound.AudioFile[static_cast<std::size_t>(deck)];
   const std::string file = reader.FileName();
   if (program.sound.WaveMixer->Mute(deck) || file.empty()) return std::nullopt;
-  return SoundingSong{line_of(program, file, expected), std::string(name_of(file)), reader.Position(), reader.Length()};
+  const int line = line_of(program, file, expected);
+  return SoundingSong{line, std::string(name_of(file)), reader.Position(), length_of(program, line)};
 }
 
 // As the mix ticks will have it: the last line has no next song.

@@ -48,6 +48,8 @@ TEST_F(Remote, StartsPausesGoesOnAndStops) {
   EXPECT_EQ(remote.motion(), Motion::Playing);
   EXPECT_EQ(remote.song(), TestPanel::song_path(0));
   EXPECT_EQ(remote.length(), TestPanel::song_length(0));
+  panel.sound.files.lengths[TestPanel::song_path(0)] = 7;
+  EXPECT_EQ(remote.length(), TestPanel::song_length(0)) << "the deck, which would have to read its file, is not asked";
   panel.sound.deck[0]->position = 4321;
   EXPECT_EQ(remote.position(), 4321);
   remote.play();

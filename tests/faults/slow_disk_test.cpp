@@ -15,6 +15,7 @@
 #include "program/player_rig.h"
 #include "program/signatures.h"
 #include "program/songs.h"
+#include "shell/mix_view.h"
 #include "support/mp3_maker.h"
 
 namespace tandem::test {
@@ -97,6 +98,16 @@ TEST_P(LongRecording, PlaysWithoutDeadAir) {
   EXPECT_LT(disk_.bytes_read() - read_before, std::int64_t{7'000'000});  // a minute of sound is 2.4 MB, read twice
   record("play", "no dead air once it sounds",
          "sound after " + std::to_string(start) + " ms, then " + std::to_string(dead_air(began)) + " ms");
+}
+
+// It is asked five times a second on the UI thread, which must never wait for a disk.
+TEST_P(LongRecording, WhatSoundsIsShownWithoutALookAtTheFile) {
+  run(1000);
+  const int reads = disk_.reads();
+  const MixView view = mix_view(rig.player().program);
+  ASSERT_TRUE(view.counted);
+  EXPECT_EQ(view.counted->length, rig.player().program.SongTable.at(1).SongLength);
+  EXPECT_EQ(disk_.reads(), reads);
 }
 
 TEST_P(LongRecording, ASeekToTheMiddleReadsOnlyWhatItNeeds) {

@@ -23,8 +23,9 @@ class DeckControl {
 
   std::string file_name();
   void put_file_name(const std::string& name);
-  // Milliseconds. Measured when it is first asked for, which may take as long as a walk through the whole file: playing
-  // needs no length.
+  // Milliseconds. Measured when it is first asked for, which blocks for as long as a walk through the whole file may
+  // take, or for ever where the disk hangs. Not for the panel, whose list knows its songs' lengths: nothing that plays
+  // asks.
   std::int32_t length();
   std::int32_t position() const;
   void put_position(std::int32_t milliseconds);
