@@ -212,6 +212,25 @@ TEST_F(TransportSound, ABufferChangeStopsWithoutAClickAndPlaysOnAfterPlay) {
   EXPECT_EQ(differing(rig, again, song.sound, 0, 40'000), 0U);
 }
 
+// Nothing of the song is heard before the device has closed, and then all of it.
+TEST_F(TransportSound, PlayTogetherWithABufferChangeBeginsTheSongOnce) {
+  song = add_noise(rig, "a", 20'000);
+  rig.run(100);
+  const std::size_t before = rig.frames();
+  rig.controls().BufferSwitch.move(1);
+  rig.controls().PLAY.click.raise();
+  rig.run(1000);
+  const auto& sound = rig.sound();
+  std::size_t heard = before;
+  while (heard < sound.size() && std::abs(int{sound[heard].left}) <= 2) ++heard;
+  EXPECT_LE(longest_silence(sound, heard, rig.frames()), static_cast<std::size_t>(kSampleRate / 1000));
+  std::size_t at = before;
+  while (at < heard + kRamp && differing(rig, at + kRamp, song.sound, kRamp, 100) > 0) ++at;
+  EXPECT_EQ(differing(rig, at + kRamp, song.sound, kRamp, 20'000), 0U);
+  EXPECT_LE(heard, at + kRamp) << "more than the fade of the device's beginning is missing";
+  EXPECT_GE(heard, at);
+}
+
 TEST_F(TransportSound, ABufferChangeDoesNotClick) {
   play_tone();
   EXPECT_LE(clicks_of([this] { rig.controls().BufferSwitch.move(1); }), kNoClick);

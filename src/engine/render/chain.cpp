@@ -49,8 +49,10 @@ void Chain::take_commands_ahead() noexcept {
 // What was broken off while nothing is heard needs no fade: it is dropped, with what the stages still hold of it,
 // unless another song goes on that must not lose a frame.
 void Chain::take_commands_silently() noexcept {
-  take_commands();
-  gate_.finish_closing();
+  do {
+    take_commands();
+    gate_.finish_closing();
+  } while (!commands_.empty());
   if (broken_off_ && !in_mid_song()) drop_sound();
   follow_readers();
   notify_ui();
@@ -68,9 +70,11 @@ void Chain::drop_sound() noexcept {
   broken_off_ = false;
 }
 
+// The step that closes the gate ends what sounded: commands after that are taken when the gate is closed, and are
+// not heard in it.
 void Chain::take_commands() noexcept {
   RenderCommand command;
-  while (commands_.pop(command)) take_command(command);
+  while (!gate_.closing() && commands_.pop(command)) take_command(command);
 }
 
 void Chain::take_command(const RenderCommand& command) noexcept {

@@ -71,7 +71,7 @@ class Chain {
   Limiter limiter_;
   DisplayFeed display_feed_;
   bool gate_reported_ = true;
-  bool broken_off_ = false;  // since the gate closed, or in the step that closed it, a song was broken off
+  bool broken_off_ = false;  // while the gate was closed, or in the step that closed it, a song was broken off
 
   RenderCommandQueue commands_;
   RenderEventQueue events_;

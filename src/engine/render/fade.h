@@ -36,6 +36,7 @@ class PauseFade {
   void close() noexcept { target_open_ = false; }
   void finish_closing() noexcept { open_ = open_ && target_open_; }  // where nothing sounds, no fade is needed
   void forget() noexcept { opens_at_full_level_ = !open_; }
+  bool closing() const noexcept { return open_ && !target_open_; }  // over the next step
   bool closed() const noexcept { return !open_ && !target_open_; }
   void apply(std::span<StereoFrame> frames) noexcept;
 
