@@ -157,7 +157,8 @@ void Engine::render_one_step() {
   if (!output_.consuming() || !chain_.wants_render()) return;
   std::array<StereoFrame, kStepFrames> block;
   chain_.render(block);
-  ring_.write(block);
+  // Where a test's device takes nothing the ring is full in the end, and what does not fit is lost.
+  static_cast<void>(ring_.write(block));
 }
 
 }  // namespace tandem

@@ -120,7 +120,7 @@ TEST_F(AlsaOutputTest, TheServerIsPreferredAndAlsaStandsIn) {
 TEST_F(AlsaOutputTest, WithoutAnyDeviceOrdersAreServedAndNothingConsumes) {
   DeviceOutput output(ring_, "not_there");
   output.start();
-  ring_.write(std::vector<StereoFrame>(1000));
+  ASSERT_EQ(ring_.write(std::vector<StereoFrame>(1000)), 1000U);
   output.stop();
   EXPECT_TRUE(wait_until([&] { return ring_.readable() == 0; }))
       << "what was stopped would come back at the next start";

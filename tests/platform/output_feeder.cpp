@@ -1,5 +1,7 @@
 #include "platform/output_feeder.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <chrono>
 #include <ostream>
@@ -47,7 +49,7 @@ void OutputFeeder::fill() {
   while (ring_.readable() < keep_frames_ && output_.consuming()) {
     std::uint64_t number = ring_.written();
     std::generate(step.begin(), step.end(), [&] { return sound_(number++); });
-    ring_.write(step);
+    ASSERT_EQ(ring_.write(step), step.size());
   }
   ring_.supply();
 }

@@ -181,7 +181,7 @@ TEST_F(PulseOutputTest, AFewFramesAreHeardToo) {
   std::vector<StereoFrame> few(100);
   for (std::size_t i = 0; i < few.size(); ++i) few[i] = numbered_frame(ring_.written() + i);
   const std::uint64_t before = ring_.written();
-  ring_.write(few);
+  ASSERT_EQ(ring_.write(few), few.size());
   output_.stop();
   ASSERT_TRUE(played_out());
   EXPECT_EQ(ring_.taken(), before + few.size());

@@ -121,7 +121,7 @@ std::thread renderer(OutputRing& ring, std::size_t rounds) {
   return std::thread([&ring, rounds] {
     for (std::size_t round = 0; round < rounds; ++round) {
       const std::vector<StereoFrame> frames(ring.await_demand(kLong));
-      ring.write(frames);
+      EXPECT_EQ(ring.write(frames), frames.size());
       ring.supply();
     }
   });

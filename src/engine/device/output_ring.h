@@ -27,8 +27,8 @@ class OutputRing {
 
   std::size_t readable() const noexcept;
   std::size_t writable() const noexcept { return kCapacity - readable(); }
-  std::size_t write(std::span<const StereoFrame> frames) noexcept;  // returns how many fitted
-  std::size_t read(std::span<StereoFrame> out) noexcept;            // returns how many there were
+  [[nodiscard]] std::size_t write(std::span<const StereoFrame> frames) noexcept;  // returns how many fitted
+  [[nodiscard]] std::size_t read(std::span<StereoFrame> out) noexcept;            // returns how many there were
 
   // The output's thread: asks for that many frames at once; 0 if it has enough for now. has_demands() from then on.
   void demand(std::size_t frames) noexcept;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <chrono>
 #include <utility>
 
@@ -40,7 +41,10 @@ RenderThread::~RenderThread() {
   thread_.join();
 }
 
+// The fences order what each side writes before what it reads of the other's: the commands here and the flag, there
+// the flag and the commands. Without them both could see the old state, and the command would wait for the rest's end.
 void RenderThread::wake() {
+  std::atomic_thread_fence(std::memory_order_seq_cst);
   if (resting_.exchange(false)) ring_.call_off();
 }
 
@@ -54,9 +58,10 @@ bool RenderThread::sounds() const noexcept { return output_.consuming() && chain
 void RenderThread::rest() {
   chain_.take_commands_silently();
   if (!chain_.events().empty()) notify_ui_();
-  resting_.store(true);
-  // A command sent between the two lines above has already cleared the flag, or finds it set and wakes this thread. So
-  // does an output that starts to consume.
+  resting_.store(true, std::memory_order_relaxed);
+  std::atomic_thread_fence(std::memory_order_seq_cst);
+  // A command sent between taking commands and the fence has already cleared the flag, or finds it set and wakes this
+  // thread. So does an output that starts to consume.
   if (chain_.commands().empty() && !sounds()) static_cast<void>(ring_.await_demand(kRest));
   resting_.store(false);
   next_ns_ = clock_.now_ns();
@@ -65,7 +70,10 @@ void RenderThread::rest() {
 void RenderThread::render_step() noexcept {
   std::array<StereoFrame, kStepFrames> block;
   chain_.render(block);
-  ring_.write(block);
+  // It always fits: no more is made than due() or the output's demand allows, far less than the ring holds. Frames that
+  // did not would put the displays, which count them, out of step.
+  [[maybe_unused]] const std::size_t written = ring_.write(block);
+  assert(written == block.size());
 }
 
 std::int64_t RenderThread::steps_at_once() const noexcept {

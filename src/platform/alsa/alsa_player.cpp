@@ -94,7 +94,7 @@ Nanoseconds AlsaPlayer::play_out(const AlsaPcm::Look& look, Nanoseconds now) {
 
 std::size_t AlsaPlayer::fetch(std::size_t frames) {
   std::vector<StereoFrame> fresh(std::min(frames, ring_.readable()));
-  ring_.read(fresh);
+  fresh.resize(ring_.read(fresh));
   const std::size_t before = waiting_.size();
   waiting_.resize(before + fresh.size());
   quantizer_.convert(fresh, std::span(waiting_).subspan(before));
