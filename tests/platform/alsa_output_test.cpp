@@ -2,12 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <numbers>
 
 #include "platform/device_output.h"
 #include "platform/output_feeder.h"
 #include "platform/output_test_server.h"
+#include "platform/tone_spectrum.h"
 
 namespace tandem {
 namespace {
@@ -15,22 +20,58 @@ namespace {
 constexpr int kBuffer = 5120;
 constexpr std::uint64_t kRequest = kBuffer / sizeof(Sample16);
 
-// Three devices without hardware: one that has no clock, one that writes what it plays into a file, and one with a
-// clock, which is the sound server seen through ALSA.
+// Devices without hardware: one that has no clock and takes every format, three that write what they play into a file
+// and know one format each (16 bits; 32 bits at 48 kHz; 24 bits in 3 bytes), and one with a clock, which is the sound
+// server seen through ALSA.
 class AlsaOutputTest : public testing::Test {
  protected:
   void SetUp() override {
     const std::string folder = server_.directory().string();
     std::ofstream(folder + "/asound.conf")
         << "pcm.nowhere { type null }\n"
-        << "pcm.written { type file slave.pcm nowhere format raw file \"" << folder << "/recording\" }\n"
+        << card("written", folder, "S16_LE", 44100) << card("wide", folder, "S32_LE", 48000)
+        << card("packed", folder, "S24_3LE", 44100) << "pcm.floating { type file slave.pcm nowhere format raw file \""
+        << folder << "/recording\" }\n"
         << "pcm.clocked { type pulse server \"unix:" << folder << "/socket\" }\n";
     ::setenv("ALSA_CONFIG_PATH", (folder + "/asound.conf").c_str(), 1);
+  }
+
+  static std::string card(const std::string& name, const std::string& folder, const std::string& format, int rate) {
+    return "pcm." + name + "_card { type file format raw file \"" + folder +
+           "/recording\" slave.pcm { type plug slave {" + " pcm nowhere format " + format + " rate " +
+           std::to_string(rate) + " } } }\n" + "pcm." + name + " { type plug slave { pcm " + name + "_card format " +
+           format + " rate " + std::to_string(rate) + " } }\n";
+  }
+
+  // What the device was given, in its own samples.
+  template <class Sample>
+  std::vector<Sample> recorded() const {
+    std::vector<Sample> samples(std::filesystem::file_size(server_.directory() / "recording") / sizeof(Sample));
+    std::ifstream(server_.directory() / "recording", std::ios::binary)
+        .read(reinterpret_cast<char*>(samples.data()), static_cast<std::streamsize>(samples.size() * sizeof(Sample)));
+    return samples;
+  }
+
+  // Until so many frames of the ring have been heard, to the end of what the ring was given.
+  void play(const std::string& device, const OutputFeeder::Sound& sound, std::uint64_t frames) {
+    AlsaOutput output(ring_, {device});
+    OutputFeeder feeder(ring_, output, 2 * kRequest, sound);
+    output.open(kBuffer);
+    output.start();
+    ASSERT_TRUE(wait_until([&] { return output.frames_played() > frames; }));
+    output.close();
+    ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.frames_played() == ring_.taken(); }));
   }
 
   OutputTestServer server_;
   OutputRing ring_;
 };
+
+// Between two steps of 16 bits.
+StereoFrame fine_frame(std::uint64_t number) {
+  const float value = static_cast<float>(number % 1000 + 1) * 0x1p-22F;
+  return {value, -value};
+}
 
 TEST_F(AlsaOutputTest, EveryFrameReachesTheDeviceUnchanged) {
   AlsaOutput output(ring_, {"written"});
@@ -45,6 +86,40 @@ TEST_F(AlsaOutputTest, EveryFrameReachesTheDeviceUnchanged) {
   ASSERT_EQ(played.size(), 1U);
   EXPECT_EQ(played[0].first, 0U);
   EXPECT_EQ(played[0].frames, ring_.taken());
+}
+
+TEST_F(AlsaOutputTest, ADeviceThatTakesFloatGetsTheRingsFramesBitForBit) {
+  play("floating", fine_frame, 50000);
+  const auto frames = recorded<StereoFrame>();
+  ASSERT_GE(frames.size(), ring_.taken());
+  for (std::uint64_t n = 0; n < ring_.taken(); ++n) ASSERT_EQ(frames[n], fine_frame(n)) << n;
+}
+
+TEST_F(AlsaOutputTest, ADeviceOfPackedSamplesGets24BitsOfEveryFrame) {
+  play("packed", fine_frame, 50000);
+  const auto bytes = recorded<std::uint8_t>();
+  ASSERT_GE(bytes.size(), ring_.taken() * 6);
+  for (std::uint64_t n = 0; n < ring_.taken(); ++n) {
+    const std::int32_t left = bytes[6 * n] | bytes[6 * n + 1] << 8 | static_cast<std::int8_t>(bytes[6 * n + 2]) << 16;
+    ASSERT_EQ(left, std::lround(fine_frame(n).left * 0x1p23F)) << n;
+  }
+}
+
+TEST_F(AlsaOutputTest, ADeviceOf48KilohertzGetsOurConversionIn32Bits) {
+  const auto tone = [](std::uint64_t n) {
+    const auto value =
+        static_cast<float>(0.9 * std::sin(2.0 * std::numbers::pi * 10000.0 * static_cast<double>(n) / kSampleRate));
+    return StereoFrame{value, value};
+  };
+  play("wide", tone, 3 * kSampleRate);
+  std::vector<StereoFrame> sound;
+  for (const std::int32_t sample : recorded<std::int32_t>())
+    sound.push_back({static_cast<float>(sample) * 0x1p-31F, 0.0F});
+  for (std::size_t n = 0; 2 * n < sound.size(); ++n) sound[n] = sound[2 * n];
+  sound.resize(static_cast<std::size_t>(static_cast<double>(ring_.taken()) * 48000 / kSampleRate));
+  const test::ToneSpectrum spectrum(sound, 48000, 10000);
+  EXPECT_NEAR(spectrum.level(), -0.92, 0.01);
+  EXPECT_LT(spectrum.worst(), -110.0);
 }
 
 TEST_F(AlsaOutputTest, PauseHoldsAndRestartGoesOn) {

@@ -15,19 +15,20 @@ constexpr Nanoseconds kAsleep = 200 * kNanosecondsPerMillisecond;
 constexpr Nanoseconds kShortest = kNanosecondsPerMillisecond;
 constexpr Nanoseconds kHeldLook = 3600 * kNanosecondsPerSecond;
 
-Nanoseconds time_of(long frames) {
-  return std::max(static_cast<Nanoseconds>(frames) * kNanosecondsPerSecond / kSampleRate, kShortest);
-}
-
 }  // namespace
 
 AlsaPlayer::AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& clock, std::atomic<std::uint64_t>& underruns)
-    : pcm_(std::move(pcm)), ring_(ring), clock_(clock), underruns_(underruns) {}
+    : pcm_(std::move(pcm)), ring_(ring), clock_(clock), underruns_(underruns), feed_(ring, pcm_.format()) {}
+
+Nanoseconds AlsaPlayer::time_of(long frames) const noexcept {
+  return std::max(static_cast<Nanoseconds>(frames) * kNanosecondsPerSecond / feed_.format().rate, kShortest);
+}
 
 void AlsaPlayer::set_queue(int buffer_frames, int depth) {
   // Half a buffer of what is ordered lies in the ring.
-  target_ = std::min(static_cast<long>(buffer_frames) * depth - buffer_frames / 2, pcm_.queue_frames());
-  request_ = std::max(std::min<long>(buffer_frames, target_ / 4), 1L);
+  const auto buffer = static_cast<long>(feed_.format().device_frames(static_cast<std::uint64_t>(buffer_frames)));
+  target_ = std::min(buffer * depth - buffer / 2, pcm_.queue_frames());
+  request_ = std::max(std::min(buffer, target_ / 4), 1L);
 }
 
 Nanoseconds AlsaPlayer::step(bool wanted, std::uint64_t play_up_to, Nanoseconds now) {
@@ -66,7 +67,7 @@ Nanoseconds AlsaPlayer::play(const AlsaPcm::Look& look, Nanoseconds now) {
   const bool dry = room > 0 && fetch(static_cast<std::size_t>(room)) < static_cast<std::size_t>(room);
   const long queued = look.queued + send(look.space);
   report(queued, look.runs, now);
-  ring_.flight_recorder().fed(now, queued + waiting());
+  ring_.flight_recorder().fed(now, static_cast<long>(ring_frames(queued + waiting())));
   if (dry) return now + kHungry;
   return now + (look.runs ? time_of(queued - (target_ - request_)) : kShortest);
 }
@@ -74,9 +75,10 @@ Nanoseconds AlsaPlayer::play(const AlsaPcm::Look& look, Nanoseconds now) {
 // Silence after the end lets the device begin with however little there is, and play the end whole.
 void AlsaPlayer::begin_playing_out(std::uint64_t play_up_to) {
   motion_ = Motion::kPlayingOut;
-  if (play_up_to > ring_.taken()) fetch(static_cast<std::size_t>(play_up_to - ring_.taken()));
+  while (fetch_end(play_up_to) > 0) {
+  }
   silence_ = std::max(request_, pcm_.queue_frames() / 2 + 1);
-  waiting_.resize(waiting_.size() + static_cast<std::size_t>(silence_));
+  waiting_.resize(waiting_.size() + static_cast<std::size_t>(silence_) * frame_bytes());
 }
 
 Nanoseconds AlsaPlayer::play_out(const AlsaPcm::Look& look, Nanoseconds now) {
@@ -93,30 +95,39 @@ Nanoseconds AlsaPlayer::play_out(const AlsaPcm::Look& look, Nanoseconds now) {
 }
 
 std::size_t AlsaPlayer::fetch(std::size_t frames) {
-  std::vector<StereoFrame> fresh(std::min(frames, ring_.readable()));
-  fresh.resize(ring_.read(fresh));
+  return append(frames, [this](void* place, std::size_t room) { return feed_.read(place, room); });
+}
+
+std::size_t AlsaPlayer::fetch_end(std::uint64_t up_to) {
+  constexpr std::size_t kPiece = 4096;
+  return append(kPiece, [&](void* place, std::size_t room) { return feed_.read_end(place, room, up_to); });
+}
+
+std::size_t AlsaPlayer::append(std::size_t frames, const auto& read) {
   const std::size_t before = waiting_.size();
-  waiting_.resize(before + fresh.size());
-  quantizer_.convert(fresh, std::span(waiting_).subspan(before));
-  return fresh.size();
+  waiting_.resize(before + frames * frame_bytes());
+  const std::size_t made = read(waiting_.data() + before, frames);
+  waiting_.resize(before + made * frame_bytes());
+  return made;
 }
 
 long AlsaPlayer::send(long space) {
   const long frames = std::min(space, waiting());
   if (frames <= 0) return 0;
-  const long sent = pcm_.write(std::span(waiting_).first(static_cast<std::size_t>(frames)));
+  const long sent = pcm_.write(std::span(waiting_).first(static_cast<std::size_t>(frames) * frame_bytes()));
   if (sent < 0) recover(sent);
   if (sent <= 0) return 0;
-  waiting_.erase(waiting_.begin(), waiting_.begin() + sent);
+  waiting_.erase(waiting_.begin(), waiting_.begin() + sent * static_cast<long>(frame_bytes()));
   return sent;
 }
 
 void AlsaPlayer::report(long queued, bool runs, Nanoseconds now) {
-  const std::uint64_t taken = ring_.taken();
-  const auto unheard = static_cast<std::uint64_t>(std::max(queued + waiting() - silence_, 0L));
-  const auto unsent = static_cast<std::uint64_t>(std::max(waiting() - silence_, 0L));
-  const std::uint64_t position = taken - std::min(unheard, taken);
-  clock_.publish({position, now, runs ? taken - std::min(unsent, taken) : position});
+  const std::uint64_t made = feed_.made();
+  const auto position_before = [&](long frames) {
+    return feed_.position_of(made - std::min(static_cast<std::uint64_t>(std::max(frames, 0L)), made));
+  };
+  const std::uint64_t position = position_before(queued + waiting() - silence_);
+  clock_.publish({position, now, runs ? position_before(waiting() - silence_) : position});
 }
 
 }  // namespace tandem

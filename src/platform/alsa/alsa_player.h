@@ -1,24 +1,26 @@
-// Moves frames from the ring into one open ALSA device, keeps a set number of them queued, and reports what was played.
-// Paced by time, not by the device's interrupts: each step returns when the next is due, so a device that is always
-// ready causes no busy loop. One thread; the current time is a parameter.
+// Moves frames from the ring into one open ALSA device, in its format, keeps a set number of them queued, and reports
+// what was played. Paced by time, not by the device's interrupts: each step returns when the next is due, so a device
+// that is always ready causes no busy loop. One thread; the current time is a parameter.
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "engine/device/output_ring.h"
-#include "engine/device/quantizer16.h"
 #include "platform/alsa/alsa_pcm.h"
+#include "platform/output/device_feed.h"
 #include "platform/output/playback_clock.h"
 
 namespace tandem {
 
 class AlsaPlayer {
  public:
+  // Throws std::runtime_error if there is no conversion to the device's rate.
   AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& clock, std::atomic<std::uint64_t>& underruns);
 
-  void set_queue(int buffer_frames, int depth);
+  void set_queue(int buffer_frames, int depth);  // in the ring's frames
   // One step: takes sound if wanted, otherwise plays what the ring was given up to that count, then holds.
   // Returns when the next step is due.
   Nanoseconds step(bool wanted, std::uint64_t play_up_to, Nanoseconds now);
@@ -26,7 +28,8 @@ class AlsaPlayer {
   bool held() const noexcept { return motion_ == Motion::kHeld; }
   bool asleep() const noexcept { return asleep_; }
   bool gone() const noexcept { return gone_; }
-  int request_frames() const noexcept { return static_cast<int>(request_); }
+  // In the ring's frames.
+  int request_frames() const noexcept { return static_cast<int>(ring_frames(request_)); }
 
  private:
   enum class Motion { kHeld, kPlaying, kPlayingOut };
@@ -36,10 +39,17 @@ class AlsaPlayer {
   void begin_playing_out(std::uint64_t play_up_to);
   bool look(AlsaPcm::Look& found);
   std::size_t fetch(std::size_t frames);
+  std::size_t fetch_end(std::uint64_t up_to);
+  std::size_t append(std::size_t frames, const auto& read);
   long send(long space);
   void recover(long error);
   void report(long queued, bool runs, Nanoseconds now);
-  long waiting() const noexcept { return static_cast<long>(waiting_.size()); }
+  std::size_t frame_bytes() const noexcept { return feed_.format().frame_bytes(); }
+  long waiting() const noexcept { return static_cast<long>(waiting_.size() / frame_bytes()); }
+  std::uint64_t ring_frames(long frames) const noexcept {
+    return feed_.format().ring_frames(static_cast<std::uint64_t>(frames));
+  }
+  Nanoseconds time_of(long frames) const noexcept;
 
   AlsaPcm pcm_;
   OutputRing& ring_;
@@ -48,11 +58,12 @@ class AlsaPlayer {
   Motion motion_ = Motion::kHeld;
   bool asleep_ = false;
   bool gone_ = false;
-  long target_ = 0;   // frames to keep queued
-  long request_ = 0;  // frames to take at once
-  long silence_ = 0;  // frames after the last one of the ring
-  Quantizer16 quantizer_;
-  std::vector<Sample16> waiting_;  // out of the ring, not yet in the device
+  DeviceFeed feed_;
+  // In the device's frames:
+  long target_ = 0;                 // to keep queued
+  long request_ = 0;                // to take at once
+  long silence_ = 0;                // after the last one of the ring
+  std::vector<std::byte> waiting_;  // out of the ring, not yet in the device
 };
 
 }  // namespace tandem
