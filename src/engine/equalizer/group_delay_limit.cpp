@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numbers>
 #include <vector>
 
@@ -20,17 +21,19 @@ constexpr std::size_t kBins = kPoints / 2 + 1;
 constexpr double kRate = kSampleRate / 16.0;
 constexpr double kSpacing = kRate / kPoints;  // Hz between two bins
 constexpr double kBlendFrom = 1000.0;         // Hz: from here on the new curve passes into the old one
+constexpr float kUntouched = 13.0F;           // ms: a curve that delays less stays as it is
 constexpr float kLimit = 14.2F;               // ms
 constexpr float kAccepted = 1.02F;            // of the limit
 constexpr float kOverRelaxation = 1.8F;       // how far beyond the limit's edge a step goes, 1: just there
 constexpr double kCepstrumFades = 36.0;       // ms
 constexpr double kCepstrumEnds = 43.0;        // ms
 constexpr float kTolerance = 0.4F;            // dB at a centre
-constexpr float kSlopeTolerance = 0.3F;       // dB between a band's two centres and the point between them
-constexpr int kPatience = 70;                 // rounds after which the limit gives way by 1 % each
-constexpr int kMostRounds = 120;
+constexpr float kSlopeTolerance = 0.35F;      // dB between a band's two centres and the point between them
+constexpr int kPatience = 100;                // rounds after which the limit gives way by 1 % each
+constexpr int kMostRounds = 150;
 
-const auto delay_of_decibel = static_cast<float>(std::numbers::ln10 / 20.0 * 1000.0 / kRate);  // ms for one dB c(n) n
+// ms for one dB c(n) n
+float delay_of_decibel(double rate) { return static_cast<float>(std::numbers::ln10 / 20.0 * 1000.0 / rate); }
 
 float magnitude(const Values& values) {
   float greatest = 0.0F;
@@ -65,41 +68,54 @@ void subtract(Values& curve, const std::vector<Point>& line) {
 // A curve and its cepstrum: both even, so that one half of each is kept as it is transformed.
 class Cepstrum {
  public:
-  Values of_curve(const Values& curve) const {
+  Cepstrum(std::size_t points, double rate) : fft_(points), rate_(rate) {}
+
+  Values of_curve(std::span<const float> curve) const {
     std::vector<RealFft::Complex> bins(curve.begin(), curve.end());
-    Values cepstrum(kPoints);
+    Values cepstrum(fft_.points());
     fft_.back(bins, cepstrum);
     return cepstrum;
   }
   Values to_curve(const Values& cepstrum) const {
-    std::vector<RealFft::Complex> bins(kBins);
+    std::vector<RealFft::Complex> bins(fft_.bins());
     fft_.forward(cepstrum, bins);
-    Values curve(kBins);
+    Values curve(fft_.bins());
     std::transform(bins.begin(), bins.end(), curve.begin(), [](const RealFft::Complex& bin) { return bin.real(); });
     return curve;
   }
+  // c(n) n, in ms of delay.
+  float weight(std::size_t n) const {
+    return static_cast<float>(std::min(n, fft_.points() - n)) * delay_of_decibel(rate_);
+  }
+  Values delays(const Values& cepstrum) const {
+    Values weighted(cepstrum);
+    for (std::size_t n = 0; n < weighted.size(); ++n) weighted[n] *= weight(n);
+    return to_curve(weighted);
+  }
 
  private:
-  RealFft fft_{kPoints};
+  RealFft fft_;
+  double rate_;
 };
-
-float distance_from_zero(std::size_t n) { return static_cast<float>(std::min(n, kPoints - n)); }
 
 class Rounding {
  public:
   Rounding(std::span<const float> curve, std::span<const BandCentre> centres)
-      : centres_(centres), curve_(curve.begin(), curve.begin() + kBins), cepstrum_(transform_.of_curve(curve_)) {
+      : centres_(centres),
+        curve_(curve.begin(), curve.begin() + kBins),
+        cepstrum_(transform_.of_curve(curve_)),
+        from_above_(delays_from_above(curve)) {
     const auto end = std::find_if(centres.begin(), centres.end(), [](auto& c) { return c.arithmetic_hz > kBlendFrom; });
     centres_ = centres.first(static_cast<std::size_t>(end - centres.begin()));
   }
 
-  bool needed() const { return magnitude(delays()) > kLimit; }
+  bool needed() const { return magnitude(delays()) > kUntouched; }
 
   void run() {
     float limit = kLimit;
     for (int round = 0; round < kMostRounds; ++round) {
       const Values now = delays();
-      if (magnitude(now) <= limit * kAccepted && greatest_miss() <= kTolerance) return;
+      if (round > 0 && magnitude(now) <= limit * kAccepted && greatest_miss() <= kTolerance) return;
       if (round >= kPatience) limit *= 1.01F;
       limit_delays(now, limit);
       end_cepstrum();
@@ -117,10 +133,20 @@ class Rounding {
   }
 
  private:
+  // What the curve above the lower part adds: the delays of the whole of it, less those of the lower part alone.
+  Values delays_from_above(std::span<const float> curve) const {
+    const Cepstrum whole(2 * (curve.size() - 1), kSampleRate);
+    Values result = whole.delays(whole.of_curve(curve));
+    result.resize(kBins);
+    const Values below = transform_.delays(cepstrum_);
+    std::transform(result.begin(), result.end(), below.begin(), result.begin(), std::minus());
+    return result;
+  }
+
   Values delays() const {
-    Values weighted(kPoints);
-    for (std::size_t n = 0; n < kPoints; ++n) weighted[n] = cepstrum_[n] * distance_from_zero(n) * delay_of_decibel;
-    return transform_.to_curve(weighted);
+    Values result = transform_.delays(cepstrum_);
+    std::transform(result.begin(), result.end(), from_above_.begin(), result.begin(), std::plus());
+    return result;
   }
 
   float greatest_miss() const {
@@ -140,13 +166,12 @@ class Rounding {
     Values excess(delays);
     for (float& delay : excess) delay -= std::clamp(delay, -limit, limit);
     const Values change = transform_.of_curve(excess);
-    for (std::size_t n = 1; n < kPoints; ++n)
-      cepstrum_[n] -= kOverRelaxation * change[n] / (distance_from_zero(n) * delay_of_decibel);
+    for (std::size_t n = 1; n < kPoints; ++n) cepstrum_[n] -= kOverRelaxation * change[n] / transform_.weight(n);
   }
 
   void end_cepstrum() {
     for (std::size_t n = 0; n < kPoints; ++n) {
-      const double ms = static_cast<double>(distance_from_zero(n)) * 1000.0 / kRate;
+      const double ms = static_cast<double>(std::min(n, kPoints - n)) * 1000.0 / kRate;
       cepstrum_[n] *= static_cast<float>(std::clamp((kCepstrumEnds - ms) / (kCepstrumEnds - kCepstrumFades), 0.0, 1.0));
     }
   }
@@ -180,10 +205,11 @@ class Rounding {
     return line;
   }
 
-  Cepstrum transform_;
+  Cepstrum transform_{kPoints, kRate};
   std::span<const BandCentre> centres_;
-  Values curve_;     // dB
-  Values cepstrum_;  // of it
+  Values curve_;       // dB
+  Values cepstrum_;    // of it
+  Values from_above_;  // ms
 };
 
 }  // namespace
