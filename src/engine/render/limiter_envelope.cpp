@@ -11,7 +11,7 @@ namespace {
 
 constexpr float frames_in(double milliseconds) { return static_cast<float>(milliseconds * kSampleRate / 1000.0); }
 
-constexpr float kSlope = 1.6F;                      // octaves of level (6.02 dB) in 1 ms
+constexpr float kSlope = 1.65F;                     // octaves of level (6.02 dB) in 1 ms
 constexpr float kStray = frames_in(2.0);            // so long beyond full scale: still short
 constexpr float kLasting = frames_in(4.0);          // so long: lasting
 constexpr float kReleaseOfOvershoot = 20.0F;        // the release's time constant for the time beyond full scale

@@ -1,7 +1,7 @@
 // How far the limiter turns each frame down, from how far the frames around it exceed full scale.
 // Render thread only; nothing here allocates, locks or throws.
 // Two curves, of which the greater counts:
-//   the short one, each channel's own: comes up to every excess at 9.6 dB in 1 ms and goes down as fast, so that the
+//   the short one, each channel's own: comes up to every excess at 9.9 dB in 1 ms and goes down as fast, so that the
 //     stray samples with which a lossy decoder exceeds full scale cost a fraction of a millisecond;
 //   the long one, of both channels: stands at the greatest excess of the last 14.5 ms, so that the waves of tones above
 //     36 Hz are not followed, and returns slowly. It grows in as the time spent beyond full scale adds up (from 2 ms
