@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 namespace tandem {
 
@@ -49,5 +50,14 @@ class MMSpectrumX : public MMDisplayX {
 class MMMeterX : public MMDisplayX {};
 class MMLevelX : public MMDisplayX {};
 class MMOscopeX : public MMDisplayX {};
+
+// The panel's displays, as part of its sound graph.
+struct DisplayComponents {
+  std::unique_ptr<MMSpectrumX> MMSpectrum1;
+  std::unique_ptr<MMMeterX> MMMeterX1;
+  std::unique_ptr<MMMeterX> MMMeterX2;
+  std::unique_ptr<MMLevelX> MMLevelX1;
+  std::unique_ptr<MMOscopeX> MMOscopeX1;
+};
 
 }  // namespace tandem

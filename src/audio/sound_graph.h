@@ -15,7 +15,7 @@ namespace tandem {
 
 inline constexpr int kDecks = 2;
 
-struct SoundGraph {
+struct SoundGraph : DisplayComponents {
   std::array<std::unique_ptr<MMAudioFileX>, kDecks> AudioFile;
   std::unique_ptr<MMAudioFileX> TempFile;  // opened on a song only to learn its name and length
   std::array<std::unique_ptr<MMPitchX>, kDecks> Pitch;
@@ -24,12 +24,6 @@ struct SoundGraph {
   std::unique_ptr<MMEqualizerX> EQ;
   std::unique_ptr<MMWaveOutX> WaveOut;
   std::unique_ptr<MMConnectorX> MMConnectorX1;
-
-  std::unique_ptr<MMSpectrumX> MMSpectrum1;
-  std::unique_ptr<MMMeterX> MMMeterX1;
-  std::unique_ptr<MMMeterX> MMMeterX2;
-  std::unique_ptr<MMLevelX> MMLevelX1;
-  std::unique_ptr<MMOscopeX> MMOscopeX1;
 
   std::unique_ptr<MMHelperX> Helper;
 

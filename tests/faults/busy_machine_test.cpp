@@ -31,11 +31,11 @@ constexpr int kQuick = 20;                 // seconds
 constexpr std::chrono::seconds kAlone{5};  // until the program takes the user to be away
 constexpr std::chrono::seconds kLook{1};
 
-using Hand = PlayingProgram::Hand;
+using User = PlayingProgram::User;
 
 struct Setting {
   int buffer_mode;
-  Hand hand;
+  User user;
   int share;        // of the chosen time
   int queue_ms;     // what the program keeps queued then
   int least_queue;  // of which so much lies at the server in front of its device
@@ -45,14 +45,14 @@ struct Setting {
     return wish == nullptr ? kQuick : std::max(std::atoi(wish) / share, kQuick);
   }
   // A short queue breaks now and then, by chance: in both players, but not in both at once.
-  std::size_t most_breaks(std::size_t plain) const { return hand == Hand::kAway ? plain : plain / kSpared + kChance; }
+  std::size_t most_breaks(std::size_t plain) const { return user == User::kAway ? plain : plain / kSpared + kChance; }
   std::string expected() const {
-    return hand == Hand::kAway ? "no break but what a plain player with as long a queue has"
+    return user == User::kAway ? "no break but what a plain player with as long a queue has"
                                : "at most a quarter of the breaks of a plain player with as long a queue, and 5";
   }
   std::string text() const {
     return "Buf" + std::to_string(buffer_mode + 1) +
-           (hand == Hand::kAway ? ", nobody near" : ", the pointer on the panel");
+           (user == User::kAway ? ", user away" : ", the pointer on the panel");
   }
 };
 
@@ -118,7 +118,7 @@ TEST_P(BusyMachine, LosesNothing) {
   const std::size_t songs = songs_for(setting.seconds());
   PlayingProgram program(songs, kSong, setting.buffer_mode);
   PlainPlayer beside(program.desktop.sound, program.expected_seconds() + 120, setting.queue_ms);
-  ASSERT_TRUE(program.play(setting.hand)) << program.player.errors();
+  ASSERT_TRUE(program.play(setting.user)) << program.player.errors();
   std::this_thread::sleep_for(kAlone);
   const int queued = program.queued_milliseconds();
   EXPECT_GE(queued, setting.least_queue);
@@ -144,11 +144,11 @@ TEST_P(BusyMachine, LosesNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Buffers, BusyMachine,
-                         testing::Values(Setting{0, Hand::kAway, 1, 500, 150}, Setting{1, Hand::kAway, 10, 1000, 150},
-                                         Setting{0, Hand::kStays, 10, 87, 20}, Setting{1, Hand::kStays, 10, 174, 40}),
+                         testing::Values(Setting{0, User::kAway, 1, 500, 150}, Setting{1, User::kAway, 10, 1000, 150},
+                                         Setting{0, User::kStays, 10, 87, 20}, Setting{1, User::kStays, 10, 174, 40}),
                          [](const auto& each) {
                            return std::string(each.param.buffer_mode == 0 ? "Buf1" : "Buf2") +
-                                  (each.param.hand == Hand::kAway ? "Alone" : "");
+                                  (each.param.user == User::kAway ? "Alone" : "");
                          });
 
 }  // namespace

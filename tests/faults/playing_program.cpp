@@ -87,11 +87,11 @@ int PlayingProgram::queued_milliseconds() const {
   return 0;
 }
 
-bool PlayingProgram::play(Hand hand) {
+bool PlayingProgram::play(User user) {
   if (!player.show_up() || !open_list()) return false;
   desktop.sound.start_recording();
   player.click(24, 146);
-  if (hand == Hand::kAway) go_away();
+  if (user == User::kAway) go_away();
   return wait_until([this] { return frames_played().frames() > 0; });
 }
 

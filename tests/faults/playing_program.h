@@ -17,9 +17,9 @@ class PlayingProgram {
 
   PlayingProgram(std::size_t songs, double song_seconds, int buffer_mode);
   // The pointer goes away when PLAY has been clicked, and the sound is soon queued far ahead; or it stays.
-  enum class Hand { kAway, kStays };
+  enum class User { kAway, kStays };
   // Opens the list and starts it; false if the window does not come or nothing is heard.
-  bool play(Hand hand);
+  bool play(User user);
   bool over(double seconds) const;  // heard something, and nothing for so long
   double expected_seconds() const;  // of the whole list
   int queued_milliseconds() const;  // at the sound server, before its device

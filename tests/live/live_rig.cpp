@@ -8,10 +8,7 @@
 #include <thread>
 #include <utility>
 
-#include "displays/meters/level_bar.h"
-#include "displays/meters/needle_meter.h"
-#include "displays/scope/oscilloscope.h"
-#include "displays/spectrum/spectrum_analyser.h"
+#include "displays/display_set.h"
 #include "platform/system/time_of_day.h"
 #include "platform/system/upper_case.h"
 #include "program/player_rig.h"
@@ -26,11 +23,7 @@ namespace {
 SoundGraph graph_of(Engine& engine, TimerQueue& timers) {
   SoundGraph graph;
   engine.fill(graph, timers);
-  graph.MMSpectrum1 = std::make_unique<SpectrumAnalyser>();
-  graph.MMMeterX1 = std::make_unique<NeedleMeter>(0);
-  graph.MMMeterX2 = std::make_unique<NeedleMeter>(1);
-  graph.MMLevelX1 = std::make_unique<LevelBar>();
-  graph.MMOscopeX1 = std::make_unique<Oscilloscope>();
+  add_displays(graph);
   return graph;
 }
 

@@ -1,4 +1,4 @@
-#include "platform/output/null_output.h"
+#include "platform/null_output.h"
 
 #include <gtest/gtest.h>
 

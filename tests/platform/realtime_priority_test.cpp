@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "platform/alsa/alsa_output.h"
-#include "platform/output/null_output.h"
+#include "platform/null_output.h"
 #include "platform/output_test_server.h"
 #include "platform/pulse/pulse_output.h"
 #include "platform/realtime/real_step_clock.h"

@@ -45,15 +45,15 @@ void hear(QAccessibleEvent* event) {
   }
 }
 
-class Told : public testing::Test {
+class AccessibleEvents : public testing::Test {
  protected:
-  Told() : before_(set_accessibility_handler(hear)) {}
-  ~Told() override { set_accessibility_handler(before_); }
+  AccessibleEvents() : before_(set_accessibility_handler(hear)) {}
+  ~AccessibleEvents() override { set_accessibility_handler(before_); }
   ListBox& list() { return rig.controls().PlayList; }
   QAccessibleInterface& spoken_list() { return spoken("PlayList"); }
   void listen_to_list() {
     spoken_list().childCount();
-    told_of_lines();
+    line_events();
   }
   QAccessibleInterface& spoken(const char* name) {
     QAccessibleInterface* found = QAccessible::queryAccessibleInterface(&rig.item(name));
@@ -61,7 +61,7 @@ class Told : public testing::Test {
     return *found;
   }
   // The events since the last call that start with one of the words.
-  static Events told(const std::vector<std::string>& words) {
+  static Events events(const std::vector<std::string>& words) {
     QCoreApplication::sendPostedEvents();
     Events found;
     for (const std::string& event : std::exchange(heard, {}))
@@ -69,7 +69,7 @@ class Told : public testing::Test {
         if (event.starts_with(word)) found.push_back(event);
     return found;
   }
-  static Events told_of_lines() { return told({"created", "destroyed", "named 0", "named 1", "named 2", "named 3"}); }
+  static Events line_events() { return events({"created", "destroyed", "named 0", "named 1", "named 2", "named 3"}); }
 
   WindowRig rig;
 
@@ -77,160 +77,160 @@ class Told : public testing::Test {
   AccessibilityHandler before_;
 };
 
-TEST_F(Told, LinesThatCome) {
+TEST_F(AccessibleEvents, LinesThatCome) {
   listen_to_list();
   rig.add_songs(2);
-  EXPECT_EQ(told_of_lines(), (Events{"created 0 01 - song 1.wav", "created 1 02 - song 2.wav"}));
+  EXPECT_EQ(line_events(), (Events{"created 0 01 - song 1.wav", "created 1 02 - song 2.wav"}));
   rig.add_songs(1);
-  EXPECT_EQ(told_of_lines(), (Events{"created 2 03 - song 3.wav"}));
+  EXPECT_EQ(line_events(), (Events{"created 2 03 - song 3.wav"}));
 }
 
-TEST_F(Told, ALineThatGoesAndThoseThatAreNumberedAnew) {
+TEST_F(AccessibleEvents, ALineThatGoesAndThoseThatAreRenumbered) {
   rig.add_songs(4);
   QAccessibleInterface* third = spoken_list().child(2);
   ASSERT_NE(third, nullptr);
-  told_of_lines();
+  line_events();
   list().user_double_click(1);
-  EXPECT_EQ(told_of_lines(), (Events{"destroyed 1", "named 1 02 - song 3.wav", "named 2 03 - song 4.wav"}));
+  EXPECT_EQ(line_events(), (Events{"destroyed 1", "named 1 02 - song 3.wav", "named 2 03 - song 4.wav"}));
   EXPECT_EQ(spoken_list().child(1), third) << "it is the same song";
   EXPECT_EQ(spoken_list().indexOfChild(third), 1);
   list().user_double_click(2);
-  EXPECT_EQ(told_of_lines(), (Events{"destroyed 2"}));
+  EXPECT_EQ(line_events(), (Events{"destroyed 2"}));
 }
 
 // The panel empties the list and fills it again to move one song.
-TEST_F(Told, AMovedSongIsTwoNames) {
+TEST_F(AccessibleEvents, AMovedSongIsTwoNames) {
   rig.add_songs(4);
   list().user_select(2);
   listen_to_list();
   rig.click("UpList");
-  EXPECT_EQ(told_of_lines(), (Events{"named 1 02 - song 3.wav", "named 2 03 - song 2.wav"}));
+  EXPECT_EQ(line_events(), (Events{"named 1 02 - song 3.wav", "named 2 03 - song 2.wav"}));
 }
 
-TEST_F(Told, AListThatIsEmptied) {
+TEST_F(AccessibleEvents, AListThatIsEmptied) {
   rig.add_songs(3);
   listen_to_list();
   list().Clear();
-  EXPECT_EQ(told_of_lines(), (Events{"destroyed 2", "destroyed 1", "destroyed 0"}));
+  EXPECT_EQ(line_events(), (Events{"destroyed 2", "destroyed 1", "destroyed 0"}));
   EXPECT_EQ(spoken_list().childCount(), 0);
 }
 
-TEST_F(Told, NothingOfLinesThatAreAsTheyWere) {
+TEST_F(AccessibleEvents, NothingOfLinesThatAreAsTheyWere) {
   rig.add_songs(3);
   listen_to_list();
   rig.wheel("PlayList", -1);
   list().put_List(1, list().List(1));
-  EXPECT_EQ(told_of_lines(), Events{});
+  EXPECT_EQ(line_events(), Events{});
 }
 
-TEST_F(Told, ALineThatIsAskedForBeforeItIsToldOf) {
+TEST_F(AccessibleEvents, ALineRequestedBeforeItIsAnnounced) {
   listen_to_list();
   rig.add_songs(2);
   const QAccessibleInterface* second = spoken_list().child(1);
   ASSERT_NE(second, nullptr);
-  EXPECT_EQ(told_of_lines(), (Events{"created 0 01 - song 1.wav", "created 1 02 - song 2.wav"}));
+  EXPECT_EQ(line_events(), (Events{"created 0 01 - song 1.wav", "created 1 02 - song 2.wav"}));
   EXPECT_EQ(spoken_list().child(1), second) << "it is the same object";
 }
 
-TEST_F(Told, ALineThatIsAskedForAndGoesBeforeItIsToldOf) {
+TEST_F(AccessibleEvents, ALineRequestedAndGoneBeforeItIsAnnounced) {
   listen_to_list();
   rig.add_songs(3);
   ASSERT_NE(spoken_list().child(2), nullptr);
   list().user_double_click(1);
-  EXPECT_EQ(told_of_lines(), (Events{"created 0 01 - song 1.wav", "created 1 02 - song 3.wav"}));
+  EXPECT_EQ(line_events(), (Events{"created 0 01 - song 1.wav", "created 1 02 - song 3.wav"}));
   EXPECT_EQ(spoken_list().child(2), nullptr);
 }
 
-TEST_F(Told, ALineThatComesAndIsSelectedInOneAct) {
+TEST_F(AccessibleEvents, ALineThatComesAndIsSelectedInOneAct) {
   listen_to_list();
   rig.focus("PlayList");
-  told({});
+  events({});
   rig.add_songs(2);
   list().put_ListIndex(0);
-  EXPECT_EQ(told({"created", "selected", "focus"}),
+  EXPECT_EQ(events({"created", "selected", "focus"}),
             (Events{"created 0 01 - song 1.wav", "created 1 02 - song 2.wav", "selected 0 01 - song 1.wav",
                     "focus on 0 01 - song 1.wav"}));
 }
 
-TEST_F(Told, NothingBeforeAnybodyHasAsked) {
+TEST_F(AccessibleEvents, NothingBeforeAnybodyHasAsked) {
   rig.focus("PlayList");
-  told({});
+  events({});
   rig.add_songs(3);
   list().put_ListIndex(1);
   list().Clear();
-  EXPECT_EQ(told_of_lines(), Events{});
-  EXPECT_EQ(told({"selected", "focus"}), Events{});
+  EXPECT_EQ(line_events(), Events{});
+  EXPECT_EQ(events({"selected", "focus"}), Events{});
 }
 
-TEST_F(Told, TheLineThatIsSelected) {
+TEST_F(AccessibleEvents, TheLineThatIsSelected) {
   rig.add_songs(3);
   listen_to_list();
   rig.focus("PlayList");
   rig.key(Qt::Key_Home);
-  told({});
+  events({});
   rig.key(Qt::Key_Down);
-  EXPECT_EQ(told({"selected", "focus"}), (Events{"selected 1 02 - song 2.wav", "focus on 1 02 - song 2.wav"}));
+  EXPECT_EQ(events({"selected", "focus"}), (Events{"selected 1 02 - song 2.wav", "focus on 1 02 - song 2.wav"}));
   rig.focus("PLAY");
-  told({});
+  events({});
   list().put_ListIndex(2);
-  EXPECT_EQ(told({"selected", "focus"}), (Events{"selected 2 03 - song 3.wav"}));
+  EXPECT_EQ(events({"selected", "focus"}), (Events{"selected 2 03 - song 3.wav"}));
 }
 
-TEST_F(Told, ARemovedLineLeavesTheFocusToTheList) {
+TEST_F(AccessibleEvents, ARemovedLineLeavesTheFocusToTheList) {
   rig.add_songs(3);
   listen_to_list();
   rig.focus("PlayList");
   rig.key(Qt::Key_Home);
-  told({});
+  events({});
   rig.key(Qt::Key_Delete);
-  EXPECT_EQ(told({"destroyed", "selected", "focus"}), (Events{"destroyed 0", "focus on Playlist"}));
+  EXPECT_EQ(events({"destroyed", "selected", "focus"}), (Events{"destroyed 0", "focus on Playlist"}));
   rig.key(Qt::Key_Down);
-  told({});
+  events({});
   rig.focus("PLAY");
-  told({});
+  events({});
   list().put_ListIndex(-1);
-  EXPECT_EQ(told({"selected", "focus"}), Events{}) << "the list has not the focus";
+  EXPECT_EQ(events({"selected", "focus"}), Events{}) << "the list has not the focus";
 }
 
 // While it moves there is for a moment no line at all.
-TEST_F(Told, AMovedSongKeepsTheFocus) {
+TEST_F(AccessibleEvents, AMovedSongKeepsTheFocus) {
   rig.add_songs(3);
   listen_to_list();
   rig.focus("PlayList");
   rig.key(Qt::Key_End);
-  told({});
+  events({});
   rig.key(Qt::Key_Up, Qt::ControlModifier);
-  EXPECT_EQ(told({"selected", "focus"}), (Events{"selected 1 02 - song 3.wav", "focus on 1 02 - song 3.wav"}));
+  EXPECT_EQ(events({"selected", "focus"}), (Events{"selected 1 02 - song 3.wav", "focus on 1 02 - song 3.wav"}));
 }
 
-TEST_F(Told, AValueThatHasChangedAwayFromTheFocus) {
+TEST_F(AccessibleEvents, AValueThatHasChangedAwayFromTheFocus) {
   rig.show_board();
   spoken("MMLEDX1");
   spoken("MMLEDX6");
   rig.focus("MMLEDX1");
-  told({});
+  events({});
   rig.key(Qt::Key_Space);
-  EXPECT_EQ(told({"Grid"}), (Events{"Grid: on"}));
+  EXPECT_EQ(events({"Grid"}), (Events{"Grid: on"}));
   rig.focus("MMLEDX6");
   rig.key(Qt::Key_Space);
-  EXPECT_EQ(told({"Grid", "Default"}), (Events{"Default: on"})) << "the grid goes off without a word";
+  EXPECT_EQ(events({"Grid", "Default"}), (Events{"Default: on"})) << "the grid goes off without a word";
   rig.focus("MMLEDX1");
   rig.key(Qt::Key_Space);
-  EXPECT_EQ(told({"Grid"}), (Events{"Grid: on"}));
+  EXPECT_EQ(events({"Grid"}), (Events{"Grid: on"}));
 }
 
-TEST_F(Told, ThePositionAsATime) {
+TEST_F(AccessibleEvents, ThePositionAsATime) {
   rig.controls().Slider1.put_maximum(225'000);
   rig.controls().Slider1.Position = 82'400;
   EXPECT_EQ(spoken("Slider1").text(QAccessible::Value).toStdString(), "1:22 of 3:45");
   EXPECT_EQ(spoken("Slider1").text(QAccessible::Description).toStdString(), "1:22 of 3:45");
   rig.focus("Slider1");
-  told({});
+  events({});
   for (int position = 82'600; position < 84'600; position += 200) rig.controls().Slider1.Position = position;
-  EXPECT_EQ(told({"Song position"}), (Events{"Song position: 1:23 of 3:45", "Song position: 1:24 of 3:45"}));
+  EXPECT_EQ(events({"Song position"}), (Events{"Song position: 1:23 of 3:45", "Song position: 1:24 of 3:45"}));
 }
 
-TEST_F(Told, ThePositionIsSetInSeconds) {
+TEST_F(AccessibleEvents, ThePositionIsSetInSeconds) {
   rig.controls().Slider1.put_maximum(225'900);
   rig.controls().Slider1.Position = 82'400;
   QAccessibleValueInterface* number = spoken("Slider1").valueInterface();

@@ -78,7 +78,7 @@ QImage kept(WindowRig& rig) {
   QBackingStore* store = rig.window->backingStore();
   return static_cast<QImage*>(store->paintDevice())->convertToFormat(QImage::Format_RGB32);
 }
-QImage painted_anew(WindowRig& rig) { return rig.window->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+QImage painted_again(WindowRig& rig) { return rig.window->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
 // 0 spectrum, 1 needle meters, 2 oscilloscope.
 class PaintingOfDisplays : public testing::TestWithParam<int> {};
@@ -99,7 +99,7 @@ TEST_P(PaintingOfDisplays, AFrameIsOnTheScreenAtOnceAndAsItWouldBePainted) {
   EXPECT_TRUE(painted.isEmpty()) << "no frame of a display is worth a paint event";
   const QImage now = kept(rig);
   EXPECT_NE(now, still);
-  EXPECT_EQ(now, painted_anew(rig));
+  EXPECT_EQ(now, painted_again(rig));
   EXPECT_EQ(now.copy(0, 0, 607, 14), still.copy(0, 0, 607, 14));
 }
 

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <map>
 #include <sstream>
+#include <utility>
 
 #include "widgets/window_rig.h"
 
@@ -86,6 +87,21 @@ TEST(PanelTable, WhatIsInTheTabChainIsAnItem) {
     if (row.tab == 0) continue;
     EXPECT_NE(rig.window->item(row.name), nullptr) << row.name;
   }
+}
+
+// Printed captions come from the layout, those of keys and labels from their models: they say the same.
+TEST(PanelTable, TheControlsHaveTheCaptionsOfTheLayout) {
+  WindowRig rig;
+  PanelControls& c = rig.controls();
+  const std::vector<std::pair<const char*, std::string>> captions = {{"LoadSong", c.LoadSong.Caption},
+                                                                     {"LoadList", c.LoadList.Caption},
+                                                                     {"SaveList", c.SaveList.Caption},
+                                                                     {"ShowPlayList", c.ShowPlayList.Caption},
+                                                                     {"ShowControls", c.ShowControls.Caption},
+                                                                     {"MMLEDLABELX1", c.MMLEDLABELX1.Caption.get()},
+                                                                     {"MMLEDLABELX3", c.MMLEDLABELX3.Caption.get()},
+                                                                     {"MMLEDLABELX2", c.MMLEDLABELX2.Caption.get()}};
+  for (const auto& [name, caption] : captions) EXPECT_EQ(control_box(name).caption, caption) << name;
 }
 
 TEST(PanelTable, ThePositionCaptionsStandWhereTheyArePressed) {

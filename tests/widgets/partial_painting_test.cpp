@@ -41,11 +41,11 @@ class PartialPainting : public testing::Test {
     const auto* store = dynamic_cast<QImage*>(rig.window->backingStore()->paintDevice());
     ASSERT_NE(store, nullptr);
     const QImage stands = store->convertToFormat(QImage::Format_RGB32);
-    const QImage anew = rig.window->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage again = rig.window->grab().toImage().convertToFormat(QImage::Format_RGB32);
     constexpr int kCorner = 8;  // the desktop cuts them round
-    for (int y = kCorner; y < std::min(stands.height(), anew.height()) - kCorner; ++y) {
-      for (int x = 0; x < std::min(stands.width(), anew.width()); ++x) {
-        ASSERT_LE(difference(stands.pixel(x, y), anew.pixel(x, y)), kRounding) << x << ' ' << y << " after " << after;
+    for (int y = kCorner; y < std::min(stands.height(), again.height()) - kCorner; ++y) {
+      for (int x = 0; x < std::min(stands.width(), again.width()); ++x) {
+        ASSERT_LE(difference(stands.pixel(x, y), again.pixel(x, y)), kRounding) << x << ' ' << y << " after " << after;
       }
     }
   }

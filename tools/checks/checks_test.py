@@ -10,6 +10,8 @@ import document_paths
 import house_rules
 import include_order
 
+ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', '..')
+
 
 class IncludeOrder(unittest.TestCase):
     def test_allowed(self):
@@ -59,6 +61,14 @@ class IncludeOrder(unittest.TestCase):
             for target in below:
                 self.assertTrue(target in seen or any(name.startswith(target + '/') for name in seen), (room, target))
             seen.add(room)
+
+
+    def test_a_circle_of_headers_is_found(self):
+        self.assertEqual(include_order.circle({'a': ['b'], 'b': ['c'], 'c': ['b']}), ['b', 'c'])
+        self.assertIsNone(include_order.circle({'a': ['b', 'c'], 'b': ['c'], 'c': []}))
+
+    def test_the_table_allows_nothing_that_no_file_uses(self):
+        self.assertEqual(include_order.unused_rights(ROOT), [])
 
 
 class HouseRules(unittest.TestCase):

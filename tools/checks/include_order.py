@@ -28,41 +28,38 @@ ROOMS = {
     'engine/equalizer': ('engine/core',),
     'engine/pitch': ('engine/read', 'engine/core'),
     'engine/render': ('engine/pitch', 'engine/equalizer', 'engine/read', 'engine/device', 'engine/core'),
-    'engine/components': ('engine/render', 'engine/pitch', 'engine/equalizer', 'engine/read', 'engine/decode',
-                          'engine/device', 'engine/core', 'audio', 'base'),
-    'engine': ('engine/components', 'engine/render', 'engine/pitch', 'engine/equalizer', 'engine/read', 'engine/decode',
-               'engine/device', 'engine/core', 'audio', 'base'),
-    'displays/core': ('audio', 'base'),
+    'engine/components': ('engine/render', 'engine/pitch', 'engine/equalizer', 'engine/read', 'engine/device', 'audio',
+                          'base'),
+    'engine': ('engine/components', 'engine/render', 'engine/pitch', 'engine/read', 'engine/device', 'audio', 'base'),
+    'displays/core': ('base',),
     'displays/spectrum': ('displays/core', 'audio', 'base'),
     'displays/meters': ('displays/core', 'audio', 'base'),
     'displays/scope': ('displays/core', 'audio', 'base'),
-    'displays': ('displays/spectrum', 'displays/meters', 'displays/scope', 'displays/core', 'audio', 'base'),
-    'layout': ('controls', 'base'),
-    'paint/strokes': ('layout', 'displays', 'controls', 'base'),
-    'paint/text': ('paint/strokes', 'layout', 'base'),
-    'paint/surfaces': ('paint/strokes', 'layout', 'base'),
-    'paint/controls': ('paint/text', 'paint/surfaces', 'paint/strokes', 'layout', 'controls', 'base'),
-    'paint/displays': ('paint/text', 'paint/surfaces', 'paint/strokes', 'layout', 'displays', 'base'),
-    'paint/panel': ('paint/displays', 'paint/controls', 'paint/text', 'paint/surfaces', 'paint/strokes', 'layout', 'base'),
-    'widgets/items': ('paint', 'layout', 'displays', 'controls', 'base'),
-    'widgets/keys': ('widgets/items', 'paint', 'layout', 'controls', 'base'),
-    'widgets/values': ('widgets/items', 'paint', 'layout', 'controls', 'base'),
-    'widgets/display_area': ('widgets/items', 'paint', 'layout', 'displays', 'controls', 'audio', 'base'),
-    'widgets/accessibility': ('widgets/items', 'layout', 'controls', 'base'),
-    'widgets/window': ('widgets/display_area', 'widgets/accessibility', 'widgets/values', 'widgets/keys', 'widgets/items',
-                       'paint', 'layout', 'displays', 'controls', 'base'),
+    'displays': ('displays/spectrum', 'displays/meters', 'displays/scope', 'audio', 'base'),
+    'layout': ('base',),
+    'paint/strokes': ('base',),
+    'paint/text': ('paint/strokes', 'base'),
+    'paint/surfaces': ('paint/strokes', 'base'),
+    'paint/controls': ('paint/text', 'paint/strokes', 'layout', 'base'),
+    'paint/displays': ('paint/text', 'paint/surfaces', 'paint/strokes', 'displays', 'base'),
+    'paint/panel': ('paint/controls', 'paint/text', 'paint/surfaces', 'paint/strokes', 'layout', 'base'),
+    'widgets/items': ('paint', 'layout', 'controls', 'base'),
+    'widgets/keys': ('widgets/items', 'paint', 'controls', 'base'),
+    'widgets/values': ('widgets/items', 'paint', 'controls', 'base'),
+    'widgets/display_area': ('widgets/items', 'paint', 'layout', 'displays', 'audio', 'base'),
+    'widgets/accessibility': ('widgets/items', 'base'),
+    'widgets/window': ('widgets/display_area', 'widgets/accessibility', 'widgets/values', 'widgets/keys',
+                       'widgets/items', 'paint', 'layout', 'controls', 'base'),
     'platform/system': ('base',),
-    'platform/realtime': ('engine/device', 'engine/core', 'base'),
+    'platform/realtime': ('engine/device', 'base'),
     'platform/output': ('platform/realtime', 'engine/device', 'engine/core', 'base'),
     'platform/pulse': ('platform/output', 'platform/realtime', 'engine/device', 'engine/core', 'base'),
-    'platform/alsa': ('platform/output', 'platform/realtime', 'engine/device', 'engine/core', 'base'),
-    'platform': ('platform/pulse', 'platform/alsa', 'platform/output', 'platform/realtime', 'engine/device', 'engine/core',
-                 'base'),
-    'platform/desktop': ('platform/realtime', 'platform/system', 'engine/device', 'engine/core', 'audio', 'controls', 'base'),
-    'desktop': ('shell', 'playback', 'playlist', 'controls', 'audio', 'base', 'paint/strokes', 'platform/desktop',
-                'platform/system'),
-    'app': ('desktop', 'base', 'controls', 'audio', 'playlist', 'shaping', 'playback', 'settings', 'shell', 'engine', 'engine/device',
-            'engine/core', 'displays', 'layout', 'paint', 'widgets', 'platform'),
+    'platform/alsa': ('platform/output', 'engine/device', 'engine/core', 'base'),
+    'platform': ('platform/pulse', 'platform/alsa', 'engine/device', 'base'),
+    'platform/desktop': ('platform/realtime', 'controls', 'base'),
+    'desktop': ('shell', 'base', 'paint/strokes', 'platform/desktop', 'platform/system'),
+    'app': ('desktop', 'base', 'controls', 'shell', 'engine', 'engine/device', 'engine/core', 'displays', 'paint',
+            'widgets', 'platform'),
 }
 # Includes that are still owed a cut.
 OWED = set()
@@ -174,8 +171,53 @@ def sources(root):
     return [path for path in (os.path.join(root, name) for name in names) if os.path.exists(path)]
 
 
+def circle(headers):
+    """A circle among headers, given as {name: names that it includes}, as the list of its names; or None."""
+    done, way = set(), []
+
+    def visit(name):
+        if name in way:
+            return way[way.index(name):]
+        if name in done:
+            return None
+        done.add(name)
+        way.append(name)
+        found = next(filter(None, map(visit, headers.get(name, ()))), None)
+        way.pop()
+        return found
+
+    return next(filter(None, map(visit, sorted(headers))), None)
+
+
+def own_includes(path):
+    with open(path, encoding='utf-8') as file:
+        found = (INCLUDE.match(line) for line in file)
+        return [match[2] for match in found if match and match[2]]
+
+
+def circle_offence(root):
+    src = os.path.join(root, 'src')
+    headers = {os.path.relpath(path, src): own_includes(path) for path in sources(root) if path.endswith('.h')}
+    found = circle(headers)
+    return f'headers include each other in a circle: {" -> ".join(found)}' if found else None
+
+
+def unused_rights(root):
+    """Rights of the table that no file uses, but for base/, as 'room -> room'."""
+    src = os.path.join(root, 'src')
+    used = {room: set() for room in ROOMS}
+    for path in sources(root):
+        room = os.path.dirname(os.path.relpath(path, src))
+        used.get(room, set()).update(os.path.dirname(name) for name in own_includes(path))
+    return [f'{room} -> {other}' for room, others in ROOMS.items() for other in others if other != 'base' and
+            not any(name == other or name.startswith(other + '/') for name in used[room])]
+
+
 def offences(root):
     src = os.path.join(root, 'src')
+    round_about = circle_offence(root)
+    if round_about:
+        yield round_about
     for path in sources(root):
         inside = os.path.relpath(path, src)
         if os.path.dirname(inside) not in ROOMS:

@@ -5,29 +5,18 @@
 #include <numbers>
 
 #include "paint/displays/oscilloscope.h"
+#include "paint/strokes/random_sequence.h"
 
 namespace tandem {
 
 namespace {
-
-class Sequence {
- public:
-  explicit Sequence(std::uint32_t seed) : state_(seed) {}
-  double next() {
-    state_ = state_ * 1664525U + 1013904223U;
-    return state_ / 4294967296.0;
-  }
-
- private:
-  std::uint32_t state_;
-};
 
 double bump(double at, double centre, double width) { return std::exp(-std::pow((at - centre) / width, 2)); }
 
 }  // namespace
 
 std::vector<float> sample_trace(double phase, double amplitude, std::uint32_t seed) {
-  Sequence noise(seed);
+  RandomSequence noise(seed);
   std::vector<float> values;
   for (int i = 0; i < kScopeValues; ++i) {
     const double u = static_cast<double>(i) / kScopeValues * 2 * std::numbers::pi;
@@ -40,7 +29,7 @@ std::vector<float> sample_trace(double phase, double amplitude, std::uint32_t se
 }
 
 std::vector<float> sample_spectrum(int columns, std::uint32_t seed, double tilt) {
-  Sequence noise(seed * 7919U);
+  RandomSequence noise(seed * 7919U);
   std::vector<float> heights;
   for (int i = 0; i < columns; ++i) {
     const double f = static_cast<double>(i) / columns;

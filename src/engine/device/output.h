@@ -1,6 +1,6 @@
-// The interface to a sound device. Implementations live in platform/: a sound server through libpulse, ALSA, and a
-// clocked null output for tests and tools. An output takes float stereo at 44100 Hz from an OutputRing that the render
-// thread fills, and converts it to the device's format; it never calls back into the engine.
+// The interface to a sound device. The implementations, a sound server through libpulse and ALSA, live in platform/. An
+// output takes float stereo at 44100 Hz from an OutputRing that the render thread fills, and converts it to the
+// device's format; it never calls back into the engine.
 //
 // Threads: the commands (open .. set_queue_length) come from the UI thread and never block on a device: slow work is
 // queued to the output's own thread and done in order. The queries (consuming .. lost) may be called from any thread

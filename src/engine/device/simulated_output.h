@@ -28,11 +28,9 @@ class SimulatedOutput final : public Output {
   bool consuming() const noexcept override { return running_ && !paused_; }
   std::uint64_t frames_played() const noexcept override { return ring_.taken(); }
   int request_frames() const noexcept override { return buffer_bytes_ / static_cast<int>(sizeof(Sample16)); }
-  bool lost() const noexcept override { return lost_; }
+  bool lost() const noexcept override { return false; }
 
   void drain();  // to be called after each step
-
-  void lose() { lost_ = true; }  // for good
 
  private:
   OutputRing& ring_;
@@ -40,7 +38,6 @@ class SimulatedOutput final : public Output {
   int buffer_bytes_ = 0;
   bool running_ = false;
   bool paused_ = false;
-  bool lost_ = false;
 };
 
 }  // namespace tandem

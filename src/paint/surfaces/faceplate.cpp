@@ -7,6 +7,7 @@
 
 #include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
+#include "paint/strokes/random_sequence.h"
 
 namespace tandem {
 
@@ -16,21 +17,9 @@ constexpr double kTileWidth = 200;
 constexpr double kTileHeight = 64;
 constexpr double kGradientHeight = 426;  // the tallest window: smaller ones show the same upper part
 
-/// A linear congruential sequence in 0..1: the texture is the same at every start.
-class Sequence {
- public:
-  explicit Sequence(std::uint32_t seed) : state_(seed) {}
-  double next() {
-    state_ = state_ * 1664525U + 1013904223U;
-    return state_ / 4294967296.0;
-  }
-
- private:
-  std::uint32_t state_;
-};
-
+// The texture is the same at every start.
 void draw_scratches(QPainter& painter) {
-  Sequence sequence(7);
+  RandomSequence sequence(7);
   for (int i = 0; i < 210; ++i) {
     const double y = std::floor(sequence.next() * 128) / 2;
     const double x = sequence.next() * 240 - 40;

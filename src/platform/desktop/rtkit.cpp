@@ -46,7 +46,7 @@ void RtKit::ask() {
   if (std::exchange(asked_, true)) return;
   const ThreadNumbers refused = take_refused_threads();
   if (refused.count == 0) return;
-  for (std::size_t i = 0; i < refused.count; ++i) wishes_.at(i) = {this, refused.numbers.at(i)};
+  for (std::size_t i = 0; i < refused.count; ++i) requests_.at(i) = {this, refused.numbers.at(i)};
   link_.emplace(DBusConnection::Bus::kSystem);
   for (Limit* limit : {&longest_run_, &highest_, &lowest_niceness_}) ask_limit(*limit);
 }
@@ -63,15 +63,15 @@ void RtKit::limits_known() {
   const std::int64_t priority = std::min<std::int64_t>(kRealtimePriority, highest_.value);
   const bool possible = priority > 0 && longest_run_.value > 0;
   if (!possible || !limit_realtime_runs(static_cast<std::uint64_t>(longest_run_.value))) return;
-  for (Wish& wish : wishes_)
-    if (wish.kit != nullptr) call({"MakeThreadRealtime", 'u', priority, &RtKit::on_realtime}, wish);
+  for (Request& request : requests_)
+    if (request.kit != nullptr) call({"MakeThreadRealtime", 'u', priority, &RtKit::on_realtime}, request);
 }
 
-void RtKit::call(const Method& method, Wish& wish) {
+void RtKit::call(const Method& method, Request& request) {
   sd_bus_message* message = new_call(link_->bus(), kService, method.name);
-  append_number(message, 't', wish.thread);
+  append_number(message, 't', request.thread);
   append_number(message, method.type, method.value);
-  send(message, method.answered, &wish);
+  send(message, method.answered, &request);
 }
 
 void RtKit::send(sd_bus_message* message, sd_bus_message_handler_t handler, void* about) {
@@ -92,8 +92,8 @@ int RtKit::on_limit(sd_bus_message* answer, void* limit, sd_bus_error*) {
   return 0;
 }
 
-int RtKit::on_realtime(sd_bus_message* answer, void* wish, sd_bus_error*) {
-  auto& asked = *static_cast<Wish*>(wish);
+int RtKit::on_realtime(sd_bus_message* answer, void* request, sd_bus_error*) {
+  auto& asked = *static_cast<Request*>(request);
   RtKit& kit = *asked.kit;
   const std::int64_t niceness = std::max(kNiceness, kit.lowest_niceness_.value);
   if (sd_bus_message_is_method_error(answer, nullptr) != 0 && niceness < 0)
@@ -102,8 +102,8 @@ int RtKit::on_realtime(sd_bus_message* answer, void* wish, sd_bus_error*) {
   return 0;
 }
 
-int RtKit::on_nice(sd_bus_message*, void* wish, sd_bus_error*) {
-  static_cast<Wish*>(wish)->kit->answered();
+int RtKit::on_nice(sd_bus_message*, void* request, sd_bus_error*) {
+  static_cast<Request*>(request)->kit->answered();
   return 0;
 }
 

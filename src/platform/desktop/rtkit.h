@@ -31,7 +31,7 @@ class RtKit {
     char type;
     std::int64_t value = 0;
   };
-  struct Wish {
+  struct Request {
     RtKit* kit;
     pid_t thread;
   };
@@ -44,13 +44,13 @@ class RtKit {
 
   void ask_limit(Limit& limit);
   void limits_known();
-  void call(const Method& method, Wish& wish);
+  void call(const Method& method, Request& request);
   void send(sd_bus_message* message, sd_bus_message_handler_t handler, void* about);
   void answered();
 
   static int on_limit(sd_bus_message* answer, void* limit, sd_bus_error*);
-  static int on_realtime(sd_bus_message* answer, void* wish, sd_bus_error*);
-  static int on_nice(sd_bus_message* answer, void* wish, sd_bus_error*);
+  static int on_realtime(sd_bus_message* answer, void* request, sd_bus_error*);
+  static int on_nice(sd_bus_message* answer, void* request, sd_bus_error*);
 
   bool asked_ = false;
   std::optional<DBusConnection> link_;
@@ -58,7 +58,7 @@ class RtKit {
   Limit longest_run_{this, "RTTimeUSecMax", 'x'};  // microseconds
   Limit highest_{this, "MaxRealtimePriority", 'i'};
   Limit lowest_niceness_{this, "MinNiceLevel", 'i'};
-  std::array<Wish, kMostRealtimeThreads> wishes_{};
+  std::array<Request, kMostRealtimeThreads> requests_{};
 };
 
 }  // namespace tandem

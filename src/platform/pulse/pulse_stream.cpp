@@ -77,10 +77,10 @@ void PulseStream::listen(bool on) {
 }
 
 void PulseStream::connect() {
-  const pa_buffer_attr wish = attributes_of(queue_, format());
+  const pa_buffer_attr buffering = attributes_of(queue_, format());
   const auto flags = static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY |
                                                     PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
-  if (pa_stream_connect_playback(stream_, nullptr, &wish, flags, nullptr, nullptr) < 0) state_ = State::kFailed;
+  if (pa_stream_connect_playback(stream_, nullptr, &buffering, flags, nullptr, nullptr) < 0) state_ = State::kFailed;
 }
 
 void PulseStream::play() {
@@ -134,8 +134,8 @@ void PulseStream::end_growth() {
   apply_queue(attributes_of(queue_, format()));
 }
 
-void PulseStream::apply_queue(const pa_buffer_attr& wish) {
-  resizing_.await(pa_stream_set_buffer_attr(stream_, &wish, &PulseStream::on_queue_set, this));
+void PulseStream::apply_queue(const pa_buffer_attr& buffering) {
+  resizing_.await(pa_stream_set_buffer_attr(stream_, &buffering, &PulseStream::on_queue_set, this));
 }
 
 void PulseStream::read_queue() {

@@ -64,7 +64,7 @@ class PulseStream {
   void stall();
   void run_dry();
   void read_queue();
-  void apply_queue(const pa_buffer_attr& wish);
+  void apply_queue(const pa_buffer_attr& buffering);
   void end_growth();
   std::uint64_t time_played() const;
   void report();

@@ -24,8 +24,8 @@ void hear_of_long_runs() noexcept {
 bool ask_realtime_priority() noexcept {
   guard_realtime_threads();
   hear_of_long_runs();
-  const sched_param wished{.sched_priority = kRealtimePriority};
-  const bool granted = sched_setscheduler(0, SCHED_RR | SCHED_RESET_ON_FORK, &wished) == 0;
+  const sched_param requested{.sched_priority = kRealtimePriority};
+  const bool granted = sched_setscheduler(0, SCHED_RR | SCHED_RESET_ON_FORK, &requested) == 0;
   remember_realtime_thread(gettid(), !granted);
   return granted;
 }

@@ -34,11 +34,8 @@ QAccessible::Role role_of(ControlKind kind) {
     case ControlKind::SongList:
       return QAccessible::List;
     case ControlKind::Gauge:
-    case ControlKind::LevelBar:
-    case ControlKind::NeedleMeter:
       return QAccessible::ProgressBar;
-    case ControlKind::Spectrum:
-    case ControlKind::Oscilloscope:
+    case ControlKind::Display:
       return QAccessible::Graphic;
     default:
       return QAccessible::StaticText;
@@ -60,7 +57,7 @@ class ItemInterface final : public QAccessibleWidget, public QAccessibleValueInt
     return QAccessibleWidget::text(what);
   }
 
-  // The display area is a picture, or the left needle.
+  // A display is a picture, or a meter where it shows a number.
   QAccessible::Role role() const override {
     const QAccessible::Role drawn = QAccessibleWidget::role();
     return drawn == QAccessible::Graphic && item().value_range() ? QAccessible::ProgressBar : drawn;

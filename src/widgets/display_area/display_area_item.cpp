@@ -11,11 +11,6 @@ namespace tandem {
 DisplayAreaItem::DisplayAreaItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, DisplayViews views)
     : PanelItem(panel, canvas, place, nullptr), views_(std::move(views)) {}
 
-const DisplayView* DisplayAreaItem::view(std::string_view name) const {
-  const auto found = std::find_if(views_.begin(), views_.end(), [name](const auto& v) { return v->name() == name; });
-  return found == views_.end() ? nullptr : found->get();
-}
-
 std::vector<const DisplayView*> DisplayAreaItem::visible() const {
   std::vector<const DisplayView*> visible;
   for (const auto& view : views_)

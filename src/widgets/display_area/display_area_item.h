@@ -17,7 +17,7 @@ class DisplayAreaItem final : public PanelItem {
   bool move_displays(double seconds);
   void feed(std::span<const SoundFrame> heard);
   bool at_rest() const;
-  const DisplayView* view(std::string_view name) const;
+  const DisplayViews& views() const { return views_; }
 
   QString accessible_value() const override;
   std::optional<ItemValue> value_range() const override;

@@ -12,8 +12,8 @@ DisplayViews views_of(SoundGraph& sound) {
   DisplayViews views;
   views.push_back(std::make_unique<SpectrumView>(static_cast<SpectrumAnalyser&>(*sound.MMSpectrum1)));
   views.push_back(std::make_unique<NeedleView>(meter(*sound.MMMeterX1), "MMMeterX1", left_meter_box(), false));
-  views.push_back(std::make_unique<NeedleView>(meter(*sound.MMMeterX2), "MMMeterX2", right_meter_box(), true));
   views.push_back(std::make_unique<LevelBarView>(static_cast<LevelBar&>(*sound.MMLevelX1)));
+  views.push_back(std::make_unique<NeedleView>(meter(*sound.MMMeterX2), "MMMeterX2", right_meter_box(), true));
   views.push_back(std::make_unique<ScopeView>(static_cast<Oscilloscope&>(*sound.MMOscopeX1)));
   return views;
 }

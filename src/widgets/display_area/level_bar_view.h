@@ -11,6 +11,7 @@ class LevelBarView final : public ViewOf<LevelBar> {
   explicit LevelBarView(LevelBar& bar);
   ChangedPicture update(double) override { return {}; }
   void draw(QPainter& painter) const override;
+  bool is_beside() const override { return true; }
   std::optional<ItemValue> value() const override;
   QString value_text() const override;
 

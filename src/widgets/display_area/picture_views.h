@@ -23,6 +23,7 @@ class NeedleView final : public ViewOf<NeedleMeter> {
       : ViewOf(meter, name, box), right_(right) {}
   ChangedPicture update(double scale) override;
   void draw(QPainter& painter) const override { draw_picture(painter, area().topLeft(), image_); }
+  bool is_beside() const override { return right_; }
   std::optional<ItemValue> value() const override;  // whole dB of the scale
   QString value_text() const override;
 

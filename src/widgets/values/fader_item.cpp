@@ -33,7 +33,7 @@ std::optional<ItemValue> SlidingItem::value_range() const {
                    static_cast<double>(slider_.maximum()), static_cast<double>(wheel_step())};
 }
 
-void SlidingItem::put_by_hand(double value) {
+void SlidingItem::put_by_user(double value) {
   if (slider_.held()) return;
   const double wanted = std::clamp(value, double(slider_.minimum()), double(slider_.maximum()));
   slider_.user_press();
@@ -68,7 +68,7 @@ void SlidingItem::mouseReleaseEvent(QMouseEvent* event) {
 
 void SlidingItem::wheelEvent(QWheelEvent* event) {
   const int steps = whole_wheel_steps(*event, wheel_rest_);
-  if (steps != 0) put_by_hand(slider_.value() + double{1} * steps * wheel_step());
+  if (steps != 0) put_by_user(slider_.value() + double{1} * steps * wheel_step());
   event->accept();
 }
 
@@ -213,7 +213,7 @@ std::optional<ItemValue> PositionItem::value_range() const {
                    wheel_step() / kSecond};
 }
 
-void PositionItem::put_value(double seconds) { put_by_hand(seconds * kSecond); }
+void PositionItem::put_value(double seconds) { put_by_user(seconds * kSecond); }
 
 std::int32_t PositionItem::value_at(const QPointF& panel_position) const {
   const double way = box().width() - kSliderCapWidth;

@@ -18,8 +18,8 @@ class SlidingItem : public PanelItem {
   QString accessible_value() const override { return QString::number(slider_.value()); }
 
  protected:
-  void put_value(double value) override { put_by_hand(value); }
-  void put_by_hand(double value);  // press, change and release
+  void put_value(double value) override { put_by_user(value); }
+  void put_by_user(double value);  // press, change and release
   virtual std::int32_t value_at(const QPointF& panel_position) const = 0;
   // The value after a key, or nothing for a key that is not the slider's.
   virtual std::optional<std::int32_t> value_after(int key) const = 0;

@@ -94,10 +94,11 @@ void PanelWindow::add_lead_lamps() {
                                    i + 1 < lead_lamps_.size() ? lead_lamps_[i + 1] : nullptr);
 }
 
-// One item draws all displays. Those that are never the first visible one get an accessible item of their own.
+// One item draws all displays.
 void PanelWindow::add_display_area(DisplayViews displays) {
   visual_ = add<DisplayAreaItem>("MMSpectrum1", std::move(displays));
-  for (const char* beside : {"MMLevelX1", "MMMeterX2"}) add<LevelItem>(beside, *visual_->view(beside));
+  for (const auto& view : visual_->views())
+    if (view->is_beside()) add<LevelItem>(view->name(), *view);
 }
 
 void PanelWindow::add_equalizer() {

@@ -1,4 +1,4 @@
-// An output without a device, for tests and tools: takes the ring's frames at the pace of the machine's clock, as a
+// An output without a device, for tests: takes the ring's frames at the pace of the machine's clock, as a
 // device of that queue length would, and drops them.
 // Threads: one of its own serves it. Throws std::system_error if no thread or descriptor can be had.
 #pragma once
