@@ -1,4 +1,4 @@
-// SIGTERM, SIGINT and SIGHUP (the terminal is closed) as an event of the UI thread. One of it at most.
+// Delivers SIGTERM, SIGINT and SIGHUP (terminal closed) as an event on the UI thread. At most one instance.
 #pragma once
 
 #include <QSocketNotifier>

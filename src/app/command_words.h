@@ -1,4 +1,4 @@
-// The words after the program's name. There is no command line: two words alone are answered, and end the program.
+// The program's arguments: "--version" and "--help" alone print a text and end the program. Any thread.
 #pragma once
 
 #include <optional>

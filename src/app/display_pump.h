@@ -1,4 +1,4 @@
-// Brings what is heard right now from the engine to the displays. UI thread.
+// Feeds the displays with the sound that is being heard now. UI thread.
 #pragma once
 
 #include <cstdint>

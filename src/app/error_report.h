@@ -1,5 +1,5 @@
 // The report of an error that ends the program: one line on standard error, and the same text in a message box when
-// there is a display.
+// there is a display. UI thread.
 #pragma once
 
 #include <string>

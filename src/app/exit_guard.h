@@ -1,6 +1,6 @@
 // Qt calls exit() when its connection to the display breaks: the X server or the compositor has ended, as a logout may
 // do first. While an ExitGuard exists, exit() calls `save` and ends the program at once with status 1; nothing of Qt
-// may be touched in it. One of it at most; UI thread.
+// may be used in it. At most one instance; UI thread.
 #pragma once
 
 #include <functional>

@@ -33,7 +33,7 @@ class IntakeJob {
 
   // Begins at once. `finished` is called on the job's thread at its end, not if it was given up before.
   IntakeJob(Request request, std::shared_ptr<MeasuredSongs> songs, std::function<void()> finished);
-  // Gives the work up. Waits for its thread no longer than 0.2 s: one that hangs in a read ends by itself some day.
+  // Cancels the work. Waits at most 0.2 s for its thread: one that hangs in a read is left to end by itself.
   ~IntakeJob();
   IntakeJob(const IntakeJob&) = delete;
   IntakeJob& operator=(const IntakeJob&) = delete;

@@ -1,5 +1,5 @@
 // What the player is to the desktop beyond its window: a media player, a program that opens songs, one that keeps the
-// machine awake while it plays. Without a session bus there is none of it but the last. UI thread; gone before the
+// machine awake while it plays. Without a session bus only the last remains. UI thread; must be destroyed before the
 // QApplication.
 #pragma once
 

@@ -1,10 +1,10 @@
 // The sound engine: one of everything between the panel's components and the output's ring.
 //
-// In the player the readers, the filter designer and the chain run on threads of their own. In
-// simulated time nothing does: step() makes 10 ms of sound with all work inline, so that every run gives the same
-// bytes.
+// In the player the readers, the filter worker and the chain run on threads of their own. In simulated time there are
+// no threads: step() renders 10 ms of sound with all work inline, so every run gives the same bytes. Both modes are one
+// class, wired in the same way, so that what tests in simulated time prove holds in the player.
 //
-// UI thread, all but the Chain's own promises.
+// UI thread, except where Chain says otherwise.
 #pragma once
 
 #include <array>
@@ -32,7 +32,7 @@ class RenderThread;
 
 class Engine {
  public:
-  // What threads of its own need. `notify_ui` is called on the render thread when deliver() should be called soon.
+  // What the threads need. `notify_ui` is called on the render thread when deliver() should be called soon.
   struct Threads {
     StepClock& clock;
     std::function<void()> notify_ui;
@@ -64,7 +64,7 @@ class Engine {
   void step();
   // The same without delivering: the UI thread is busy with something else.
   void step_unattended();
-  // Simulated time: the disk under a deck hangs, or goes on.
+  // Simulated time: the deck's reader does no work while stalled, as on a disk that hangs.
   void stall_reader(std::size_t deck, bool stalled) { stalled_.at(deck) = stalled; }
 
   // What TempFile answers from. Any thread; may outlive the engine.
@@ -77,7 +77,7 @@ class Engine {
   // An unmuted input has a song that goes on, or had it a moment ago.
   bool sounding() const { return chain_.steps() <= chain_.last_live_step() + 2; }
   bool playing() const { return device_ != nullptr && device_->playing(); }
-  // Both readers have done what they were asked for, and have read as far ahead as they can.
+  // Both readers have finished their requests and have read as far ahead as they can.
   bool readers_idle() const { return readers_[0].idle() && readers_[1].idle(); }
 
  private:

@@ -1,7 +1,7 @@
-// The output that the player uses: the sound server's if there is one, else ALSA's while no server can be reached and
-// the machine has a card, else it goes on looking for both; until then consuming() is false.
-// A server that was only restarted is waited for (about a second) before ALSA takes the card.
-// Threads and failures: those of PulseOutput and AlsaOutput.
+// The player's output: the sound server if there is one, ALSA while no server can be reached and the machine has a
+// card, otherwise neither; it then keeps retrying both, and consuming() is false meanwhile. After losing a server it
+// waits about a second for a restart before ALSA takes the card. Threads and failures: those of PulseOutput and
+// AlsaOutput.
 #pragma once
 
 #include <string>

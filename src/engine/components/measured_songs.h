@@ -1,4 +1,4 @@
-// What is known of songs that were measured, so that the same file is not measured twice. Any thread.
+// A cache of measured song lengths, so that no file is measured twice. Any thread.
 #pragma once
 
 #include <map>

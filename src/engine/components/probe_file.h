@@ -1,4 +1,4 @@
-// TempFile: says within the put whether a name is a song's and how long the song is; keeps nothing open. UI thread.
+// TempFile: determines within the put whether a name is a song's and how long it is; keeps no file open. UI thread.
 //
 // Every name that ends in .mp3 or .wav is a song's, of others those whose file holds sound. A song without sound
 // (missing, broken, no regular file) has length 0 and is passed over when its turn comes: refused, it would take the

@@ -1,8 +1,8 @@
-// The last resort of an unattended list: while the panel plays and the output runs, a time without any unmuted song
-// that goes on (quiet music is not meant) makes one mix tick see all songs as ended, and one end is notified. The time
-// is 30 ms where both inputs are muted, for only a user's action leaves them so, and half a second where one is open
-// and its song may still be about to sound. A panel that was held up, with ends of songs yet to be delivered, is no
-// silence: steps count only up to kAsked since the last question. UI thread; nothing fails.
+// The last resort against dead air in an unattended list. While the panel plays and the output runs, too long a time
+// without an unmuted song in progress (quiet passages count as in progress) makes one mix tick see all songs as ended,
+// and one end is notified. The limit is 30 ms when both inputs are muted, which only a user's action causes, and half a
+// second when one is open, since its song may be about to sound. A delayed panel with undelivered ends of songs does
+// not count as silence: at most kAsked steps count between two polls. UI thread; nothing fails.
 #pragma once
 
 #include <algorithm>
@@ -17,7 +17,7 @@ class SilenceGuard {
     std::uint64_t all_muted = 3;
     std::uint64_t one_open = 50;
   };
-  static constexpr std::uint64_t kAsked = 25;  // at most so many between two questions while all is well
+  static constexpr std::uint64_t kAsked = 25;  // the most steps that count between two polls
 
   SilenceGuard() = default;
   explicit SilenceGuard(const Patience& patience) : patience_(patience) {}  // for tests that compare
@@ -29,7 +29,7 @@ class SilenceGuard {
     std::uint64_t step = 0;       // the mixer's steps so far
     std::uint64_t live_step = 0;  // the last one with a song that goes on
   };
-  // To be asked once per step or less often: true if the silence is to be broken now.
+  // To be polled once per step or less often. True if the silence must be broken now.
   bool due(const State& now) {
     if (!now.playing) {
       watching_ = false;

@@ -1,4 +1,4 @@
-// How the end of a song reaches the panel, so that a list never falls silent for ever. UI thread.
+// Delivers the end of a song to the panel so that a list can never fall silent for good. UI thread.
 //
 // - Before the end is notified the input counts as muted.
 // - A song that ends while the other input is muted (it never came to its mix point: shorter than the lead, cut off,

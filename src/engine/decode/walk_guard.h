@@ -1,4 +1,4 @@
-// Lets a long walk through a song's file be ended from outside, and reports how far it has come.
+// Cancels a long scan of a song's file from outside, and reports its progress.
 // Called by the thread that walks, before each step and at most 64 KiB of the file apart, with the offset reached. The
 // walk ends when it returns false; what was found so far stays known, and the walk can be taken up again.
 #pragma once

@@ -1,7 +1,7 @@
 // Runs a deck's reader on a thread of its own, so that a stalled disk under one deck never starves the other.
 //
-// A thread that hangs in a read (a dead network mount, a stick pulled out) cannot be ended. When its owner goes, it is
-// left to itself with its share of the feed: it ends as soon as the read comes back, or with the program.
+// A thread that hangs in a read (a dead network mount, an unplugged stick) cannot be stopped. When its owner is
+// destroyed it is detached with its share of the feed: it ends when the read returns, or with the program.
 #pragma once
 
 #include <condition_variable>

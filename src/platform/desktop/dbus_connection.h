@@ -1,6 +1,6 @@
-// A connection to a D-Bus that the event loop serves: nothing waits for the bus, and nothing is said when there is
-// none. No bus is started. What is called and listened for goes through bus() with sd-bus; attend() afterwards. UI
-// thread; gone before the QApplication.
+// A D-Bus connection served by the event loop: no call blocks on the bus, and a missing bus is not an error. Never
+// starts a bus. Calls and matches are made through bus() with sd-bus, followed by attend(). UI thread; must be
+// destroyed before the QApplication.
 #pragma once
 
 #include <systemd/sd-bus.h>

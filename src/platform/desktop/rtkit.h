@@ -1,7 +1,7 @@
-// Real-time scheduling from rtkit, the system service that grants it to those whom the kernel refuses.
-// Where rtkit refuses too, a thread gets a higher priority of the usual kind, or keeps what it has.
-// The service is asked in the background; without a system bus, without rtkit or refused by it nothing is said.
-// UI thread; gone before the QApplication.
+// Real-time scheduling through rtkit, the system service that grants it to unprivileged users.
+// Where rtkit refuses, a thread gets a lower nice value, or keeps the one it has.
+// The requests are asynchronous; a missing system bus, a missing rtkit and a refusal are ignored silently.
+// UI thread; must be destroyed before the QApplication.
 #pragma once
 
 #include <array>
@@ -19,8 +19,8 @@ class RtKit {
   RtKit(const RtKit&) = delete;
   RtKit& operator=(const RtKit&) = delete;
 
-  // Asks for the threads that the kernel has refused so far; only the first call does anything.
-  // Not before the first sound is out, which it shall not delay.
+  // Makes requests for the threads that the kernel has refused so far; only the first call has an effect.
+  // To be called after the first sound is out, so as not to delay it.
   void ask();
   bool asking() const noexcept { return link_ && link_->bus() != nullptr; }
 

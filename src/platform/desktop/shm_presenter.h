@@ -1,6 +1,6 @@
-// Brings parts of a window's picture to an X server by shared memory: what is sent is a few bytes a box, whatever the
-// size of the boxes, and nothing is waited for. Where there is no X server, or one that shares no memory with us
-// (another machine's, an old one), present() says no and Qt's own way remains. UI thread.
+// Presents parts of a window's picture on an X server through shared memory (MIT-SHM): each box costs a few bytes on
+// the wire, whatever its size, and no reply is waited for. Without an X server, or with one that cannot share memory
+// (remote, or too old), present() returns false and the caller falls back to Qt. UI thread.
 #pragma once
 
 #include <QImage>

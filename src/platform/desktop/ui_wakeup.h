@@ -1,5 +1,5 @@
 // Wakes the UI thread from another thread, without locks.
-// Threads: made on the UI thread, ring() from any; `heard` runs on the UI thread soon after, once for many rings.
+// Threads: constructed on the UI thread; ring() from any. `heard` then runs on the UI thread, once for many rings.
 #pragma once
 
 #include <QSocketNotifier>

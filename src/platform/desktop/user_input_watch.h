@@ -1,5 +1,5 @@
-// Reports when the user does anything at all: moves the pointer over one of the program's windows, presses, turns the
-// wheel, strikes a key, or brings a window to the front. UI thread.
+// Reports any input from the user: pointer movement over one of the program's windows, button presses, wheel, keys, and
+// the activation of a window. UI thread.
 #pragma once
 
 #include <QObject>

@@ -1,5 +1,5 @@
-// How soon a device or server that could not be reached is tried again: every 200 ms, and once 50 attempts have failed
-// every second, for an attempt reads files and may ask other programs. Any one thread.
+// How soon to retry a device or server that could not be reached: every 200 ms, and after 50 failures every second,
+// since an attempt reads files and may query other programs. Any one thread.
 #pragma once
 
 #include "platform/realtime/monotonic_clock.h"

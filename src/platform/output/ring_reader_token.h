@@ -1,4 +1,4 @@
-// Who may read the ring: it has one reader, while two outputs (a sound server's and ALSA's) may stand by for it.
+// The right to read the ring, which has a single reader: passed between two outputs (sound server and ALSA).
 // Any thread, no lock.
 #pragma once
 

@@ -1,5 +1,5 @@
-// The thread of an output that polls its device: real-time scheduling if the system grants it, one round of work after
-// the other, and sleep until the next is due or a command comes.
+// The thread of an output that polls its device: real-time scheduling if granted; does rounds of work and sleeps until
+// the next is due or a command arrives.
 #pragma once
 
 #include <atomic>

@@ -1,7 +1,7 @@
-// The half that all outputs share. The UI thread's commands are added up to a target state, which is published to the
-// thread that serves the device; questions are answered from what that thread published last. Neither side locks,
-// allocates or waits for the other, so the serving thread may run with real-time scheduling. A class derived from this
-// one owns that thread.
+// The part common to all outputs. The UI thread's commands add up to a target state, which is published to the thread
+// that serves the device; queries are answered from what that thread published last.
+// Neither side locks, allocates or waits for the other, so the serving thread may have real-time scheduling. The
+// derived class owns that thread.
 #pragma once
 
 #include <atomic>
@@ -42,7 +42,7 @@ class ThreadedOutput : public Output {
   // Throws std::system_error if the system has no descriptor left.
   ThreadedOutput(OutputRing& ring, RingReaderToken* token);
 
-  // Any thread: the serving thread looks at its target again.
+  // Any thread: makes the serving thread check its target again.
   void wake() noexcept;
 
   // All below: the serving thread.
@@ -50,7 +50,7 @@ class ThreadedOutput : public Output {
   void take_commands() noexcept;                              // resets wake_fd() and brings target() up to date
   const TargetState& target() const noexcept { return target_; }
 
-  // Whether the device takes sound. The render thread, which may rest, learns of a change at once.
+  // Whether the device takes sound. A change wakes the render thread, which may be resting.
   void publish_consuming(bool consuming) noexcept;
   void publish_request_frames(int frames) noexcept { request_frames_.store(frames, std::memory_order_relaxed); }
   // The device is gone: what was taken from the ring counts as played, since it will never be heard.

@@ -1,5 +1,5 @@
-// The connection to the sound server: looks for it again and again, never starts one, follows PULSE_SERVER.
-// Lives on the loop's thread.
+// The connection to the sound server: reconnects by itself, never starts a server, honours PULSE_SERVER.
+// On the main loop's thread.
 #pragma once
 
 #include <pulse/context.h>

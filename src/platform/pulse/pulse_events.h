@@ -1,6 +1,6 @@
-// Small owners for what libpulse calls back: an operation, a one-shot timer, a deferred call, a readable descriptor.
-// Made and destroyed on the loop's thread, or while that thread does not run. libpulse itself aborts when memory is
-// out, so nothing here can fail.
+// RAII owners of libpulse's callbacks: an operation, a one-shot timer, a deferred call, a readable descriptor.
+// Constructed and destroyed on the main loop's thread, or while it does not run. libpulse aborts when out of memory, so
+// nothing here can fail.
 #pragma once
 
 #include <pulse/mainloop-api.h>
@@ -10,7 +10,7 @@
 
 namespace tandem {
 
-// A question to the server whose answer is awaited: it never comes once this is gone or asks something else.
+// A pending request to the server. Its callback never runs once this is destroyed or holds another request.
 class PulseOperation {
  public:
   PulseOperation() = default;

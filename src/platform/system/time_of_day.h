@@ -1,4 +1,4 @@
-// The time of day on the user's wall clock: "HH:MM", 24 hours.
+// The time of day on the user's wall clock: "HH:MM", 24 hours. Any thread.
 #pragma once
 
 #include <string>

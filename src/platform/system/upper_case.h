@@ -6,7 +6,7 @@
 
 namespace tandem {
 
-// Invalid bytes pass through as they are. "ß" stays: its capital is no one-letter capital in everyday use.
+// Invalid bytes pass through as they are. "ß" stays: its capital is not one letter in everyday use. Any thread.
 std::string upper_case(std::string_view text);
 
 }  // namespace tandem
