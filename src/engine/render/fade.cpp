@@ -1,6 +1,7 @@
 #include "engine/render/fade.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -8,6 +9,7 @@ namespace tandem {
 
 namespace {
 
+// Gains that rise from just above 0 to 1 over one step.
 std::array<float, kStepFrames> make_rising_fade() {
   std::array<float, kStepFrames> gains{};
   for (int i = 0; i < kStepFrames; ++i)
@@ -25,8 +27,6 @@ std::size_t place(std::size_t i, std::size_t count) {
 }
 
 }  // namespace
-
-const std::array<float, kStepFrames>& rising_fade() noexcept { return kRisingFade; }
 
 void fade_in(std::span<StereoFrame> frames) noexcept {
   for (std::size_t i = 0; i < frames.size(); ++i) frames[i] = scaled(frames[i], kRisingFade[place(i, frames.size())]);

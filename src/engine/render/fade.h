@@ -1,16 +1,12 @@
 // The short raised-cosine ramps of the chain: one step (10 ms) long. Render thread.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <span>
 
 #include "engine/core/frames.h"
 
 namespace tandem {
-
-// Gains that rise from just above 0 to 1 over one step.
-const std::array<float, kStepFrames>& rising_fade() noexcept;
 
 void fade_in(std::span<StereoFrame> frames) noexcept;   // at most one step
 void fade_out(std::span<StereoFrame> frames) noexcept;  // at most one step; what is shorter ends faded too
