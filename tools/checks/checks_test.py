@@ -97,6 +97,9 @@ class HouseRules(unittest.TestCase):
                            ('a.svg', '<!-- be' + 'hind -->')):
             self.assertIsNone(house_rules.word_offence(name, line), line)
 
+    def test_stray_files(self):
+        self.assertEqual(house_rules.stray_files(['README.md', 'bus.log', 'src/app/main.cpp']), ['bus.log'])
+
 
 class DocumentPaths(unittest.TestCase):
     TREE = document_paths.Tree(['src/engine/decode/mp3_index.h', 'tests/live/live_test.cpp', 'tools/reliability', 'check'],

@@ -13,14 +13,17 @@ import sys
 CODE_LIMIT = 300
 CODE = ('.h', '.cpp', '.py', '.bash')
 COMMENT = {'.h': '//', '.cpp': '//', '.py': '#', '.bash': '#', '.cmake': '#', '.txt': '#', '': '#'}
-TEXT = CODE + ('.md', '.txt', '.cmake', '.json', '.packages', '.desktop', '.svg')
+TEXT = CODE + ('.md', '.txt', '.cmake', '.json', '.packages', '.desktop', '.svg', '.in', '.xml')
+# All that lies in the repository's own folder: a stray log or picture is noticed.
+ROOT_FILES = {'.clang-format', '.clang-tidy', '.editorconfig', '.gitattributes', '.gitignore', 'CHANGELOG.md', 'CMakeLists.txt',
+              'CMakePresets.json', 'CONTRIBUTING.md', 'LICENSE', 'README.md', 'check', 'run'}
 # Data of the tests is compared byte by byte and may hold anything.
 EXEMPT = ('tests/data/', 'fuzz/seeds/', 'fuzz/regressions/')
 # In two halves, so that this file does not find itself. "Spec" is also the caption of the spectrum's switch position.
 PAPERS = re.compile(r'\b[sS]p' r'ec(ification)?s?\b|\bPart' r' [0-9](\.[0-9])?|\.\./' r'shared|\bshared' r'/(sp' r'ec|design)')
 CAPTION = re.compile(r'"Sp' r'ec"|\bSp' r'ec(?=, V\.U\.)|\bSp' r'ec(?=[,/|] ?VU)')
 # Say the user, reported, again, no one, after or before, on purpose, Qt.
-WORDS = re.compile(r'\b(hands?|told|anew|nobody|whoever|wilful(ly)?|behind|toolkit)\b', re.IGNORECASE)
+WORDS = re.compile(r'\b(hands?|told|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)\b', re.IGNORECASE)
 
 
 def word_offence(name, line):
@@ -71,7 +74,13 @@ def files(root):
     return sorted(name for name in set(listed.split('\0')) if os.path.isfile(os.path.join(root, name)))
 
 
+def stray_files(names):
+    return [name for name in names if '/' not in name and name not in ROOT_FILES]
+
+
 def offences(root):
+    for stray in stray_files(files(root)):
+        yield f'{stray}:1: does not belong into the top folder'
     for relative in filter(is_text, files(root)):
         with open(os.path.join(root, relative), 'rb') as file:
             text = file.read().decode('utf-8')
