@@ -56,6 +56,7 @@ bool SongIntake::prepare(const std::string& result, IntakeJob::Kind kind) {
   while (loop.exec() != kProgramEnds && !cancelled) {
     if (!std::exchange(returning_, false) || !is_ready(own)) continue;
     waiting_.pop_front();
+    songs_->trust(true);  // until the next look(), which comes when the dialog's handler has returned
     return true;
   }
   if (!cancelled) waiting_.remove_if([&own](const Waiting& each) { return &each == &own; });
@@ -74,10 +75,13 @@ void SongIntake::add(const Dropped& found) {
 }
 
 std::optional<SongIntake::Milliseconds> SongIntake::look(Milliseconds now) {
+  songs_->trust(false);
   while (!waiting_.empty() && is_ready(waiting_.front()) && waiting_.front().loop == nullptr) {
     const Dropped found = waiting_.front().job->found();
     waiting_.pop_front();
+    songs_->trust(true);
     add(found);
+    songs_->trust(false);
   }
   returning_ = !waiting_.empty() && waiting_.front().loop != nullptr && is_ready(waiting_.front());
   if (waiting_.empty()) {

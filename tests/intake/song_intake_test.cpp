@@ -138,9 +138,20 @@ TEST_F(Intake, TheHandlerReadsNothingAnyMore) {
                std::to_string(disk->bytes_read() - read_before) + " of " + std::to_string(read_before) + " bytes");
 }
 
+// A mount may hang between the measuring and the adding.
+TEST_F(Intake, TheHandlerDoesNotEvenLookForTheFile) {
+  const std::string path = make_song(rig, "a.wav", constant(0.1, 700)).path;
+  ASSERT_TRUE(intake.prepare(path, IntakeJob::Kind::Songs));
+  std::filesystem::remove(path);
+  rig.player().dialog.prepare = nullptr;
+  rig.add(path);
+  EXPECT_EQ(rig.player().program.SongTable.at(1).SongLength, 700);
+}
+
 TEST_F(Intake, AFileThatHasChangedIsMeasuredAgain) {
   const std::string path = rig.make_file("a.wav", {});
   ASSERT_TRUE(intake.prepare(path, IntakeJob::Kind::Songs));
+  intake.look(0);  // the handler has run
   rig.player().dialog.prepare = nullptr;
   add_song(rig, "a.wav", constant(0.1, 700));
   EXPECT_EQ(rig.player().program.SongTable.at(1).SongLength, 700);

@@ -16,6 +16,7 @@ std::optional<MeasuredSong> MeasuredSongs::find(const std::string& path) const {
     if (known == songs_.end()) return std::nullopt;
     song = known->second;
   }
+  if (trusted_.load(std::memory_order_relaxed)) return song;
   return song->identity == identify_song_file(path) ? song : std::nullopt;
 }
 

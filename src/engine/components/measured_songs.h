@@ -1,6 +1,7 @@
 // A cache of measured song lengths, so that no file is measured twice. Any thread.
 #pragma once
 
+#include <atomic>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -16,10 +17,13 @@ class MeasuredSongs {
 
   void keep(const std::string& path, const MeasuredSong& song);
   // Nothing if the song was not measured, or if its file is another one since (device, inode, size, time of change).
-  // Looks at the folder once, which blocks for as long as the disk does.
+  // Looks at the folder once, which blocks for as long as the disk does; not while what is known is trusted.
   std::optional<MeasuredSong> find(const std::string& path) const;
+  // While a handler adds what has just been measured, or looked at, elsewhere: it shall not wait for the disk.
+  void trust(bool on) noexcept { trusted_.store(on, std::memory_order_relaxed); }
 
  private:
+  std::atomic<bool> trusted_{false};
   mutable std::mutex mutex_;
   std::map<std::string, MeasuredSong> songs_;
 };

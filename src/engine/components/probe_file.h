@@ -3,8 +3,8 @@
 // Every name that ends in .mp3 or .wav is a song's, of others those whose file holds sound. A song without sound
 // (missing, broken, no regular file) has length 0 and is passed over when its turn comes: refused, it would take the
 // place of the song before it in the list.
-// Where the song was measured before and its file is unchanged, the put is one look at the folder; else it measures,
-// which blocks for as long as the disk does.
+// Where the song was measured before and its file is unchanged, the put is one look at the folder, and none where the
+// intake has just looked; else it measures, which blocks for as long as the disk does.
 #pragma once
 
 #include <cstdint>
