@@ -14,6 +14,7 @@
 #include "app/error_report.h"
 #include "app/exit_guard.h"
 #include "app/player.h"
+#include "app/session_end.h"
 #include "desktop/names.h"
 #include "desktop/panel_palette.h"
 #include "paint/panel/program_icon.h"
@@ -60,17 +61,20 @@ int play(int argc, char** argv) {
   player.show();
   // A session manager that saves its session, or a logout that is cancelled, leaves the player as it is; the session's
   // real end closes its window.
-  bool by_signal = false;
+  bool user_is_there = true;
   const tandem::CloseSignals close_signals([&] {
-    by_signal = true;
+    user_is_there = false;
     player.close();
+  });
+  const tandem::SessionEnd session_end([&] {
+    if (!player.is_closed()) user_is_there = false;
   });
   const tandem::ExitGuard exit_guard([&player] { player.save_at_exit(); });
   const int status = QApplication::exec();
   player.leave_desktop();
   if (!player.failure()) return status;
-  if (!by_signal) throw *player.failure();
-  tandem::print_error(player.failure()->what());  // no box: a signal waits for no user
+  if (user_is_there) throw *player.failure();
+  tandem::print_error(player.failure()->what());  // no box: neither a signal nor the session's end waits for the user
   return 1;
 }
 

@@ -43,6 +43,7 @@ class Player {
   void leave_desktop();
   // The program is in exit(): the settings are saved without Qt.
   void save_at_exit();
+  bool is_closed() const { return closed_; }
   // What shut-down could not do, if anything.
   const std::optional<RuntimeError>& failure() const { return failure_; }
 

@@ -89,6 +89,16 @@ TEST_F(ManagedSession, TheEndOfTheSessionSavesTheSettings) {
   report("session ends", "settings saved, status 0");
 }
 
+TEST_F(ManagedSession, ItsEndWaitsForNoBoxWhereTheSettingsCannotBeSaved) {
+  player->make_settings_unwritable();
+  ask(true);
+  manager.end_session();
+  EXPECT_TRUE(wait_until([this] { return manager.work() && !manager.has_client(); }));
+  EXPECT_EQ(player->exit_status(), 1);
+  EXPECT_NE(player->errors().find("TP.inf"), std::string::npos) << player->errors();
+  report("session ends, settings cannot be saved", "report on standard error, no box, status 1");
+}
+
 TEST_F(Session, TheEndOfItsTerminalSavesTheSettings) {
   start();
   player->send(SIGHUP);
