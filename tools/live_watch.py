@@ -68,6 +68,9 @@ class SoundWatch(threading.Thread):
 class Desk:
     """with Desk() as desk: desk.watch([program, words...], seconds)"""
 
+    def __init__(self, screen='1152x864x24'):
+        self.size = screen
+
     def __enter__(self):
         self.work = tempfile.mkdtemp(prefix='tandem-desk-')
         self.children = []
@@ -108,7 +111,7 @@ class Desk:
     def start_display(self):
         for _ in range(10):
             reading, writing = os.pipe()
-            self.screen = self.child('Xvfb', '-displayfd', str(writing), '-screen', '0', '1152x864x24', '-noreset',
+            self.screen = self.child('Xvfb', '-displayfd', str(writing), '-screen', '0', self.size, '-noreset',
                                      '-nolisten', 'tcp', pass_fds=(writing,))
             os.close(writing)
             # It writes its number and the end of the line apart, and ends if they are not both read.
