@@ -9,7 +9,8 @@ namespace tandem {
 
 class SessionEnd final : public QObject {
  public:
-  explicit SessionEnd(std::function<void()> quits);  // called at each request to quit, also at those of the player itself
+  explicit SessionEnd(
+      std::function<void()> quits);  // called at each request to quit, also at those of the player itself
 
  private:
   bool eventFilter(QObject* watched, QEvent* event) override;
