@@ -49,6 +49,7 @@ void Chain::take_commands_ahead() noexcept {
 // What was broken off while nothing is heard needs no fade: it is dropped, with what the stages still hold of it,
 // unless another song goes on that must not lose a frame.
 void Chain::take_commands_silently() noexcept {
+  const RenderGuard guard;
   do {
     take_commands();
     gate_.finish_closing();
