@@ -19,11 +19,11 @@ struct Rig {
     bands.prepare(sharpness, window, axis, kBands);
     for (auto& side : powers) side.assign(kBands, 0.0F);
   }
-  // What the bands read after the sound, of its last picture.
+  // What the bands read after the sound, of its last two pictures.
   const Powers& hear(const Sound& sound) {
-    bands.feed(std::span(sound).first(sound.size() - 735));
+    bands.feed(std::span(sound).first(sound.size() - 1470));
     bands.take(powers);
-    bands.feed(std::span(sound).last(735));
+    bands.feed(std::span(sound).last(1470));
     EXPECT_TRUE(bands.take(powers));
     return powers;
   }
@@ -130,6 +130,15 @@ TEST(BandAnalyser, TheSizeOfTheLotsDoesNotMatter) {
   EXPECT_TRUE(parts.bands.take(parts.powers));
   EXPECT_EQ(whole.powers, parts.powers);
   EXPECT_FALSE(whole.bands.take(whole.powers)) << "nothing new";
+}
+
+TEST(BandAnalyser, ClearedItRemembersNothing) {
+  const Sound tone = sine(frames_in(0.5), 100.0);
+  Rig used;
+  used.hear(tone);
+  used.bands.clear();
+  used.hear(Sound(2048));
+  EXPECT_EQ(*std::max_element(used.powers[0].begin(), used.powers[0].end()), 0.0F);
 }
 
 TEST(BandAnalyser, SilenceComesBackAfterTheLastWindow) {

@@ -27,8 +27,8 @@ std::vector<double> band_edges(const FrequencyAxis& axis, std::size_t bands) {
 
 }  // namespace
 
-BandAnalyser::BandAnalyser() : pending_(kHop) {
-  std::size_t block = kHop;
+BandAnalyser::BandAnalyser() : pending_(kLongestHop) {
+  std::size_t block = kLongestHop;
   for (std::size_t i = 0; i < kHalvings; ++i) {
     filters_.emplace_back(kPairs[i], block);
     block /= 2;
@@ -49,7 +49,7 @@ void BandAnalyser::prepare(double sharpness, FftWindow window, const FrequencyAx
                        std::span(edges).subspan(count > 0 ? first : 0, count));
     first = end;
   }
-  hop_ = sharpness < 1.0 ? kHop / 2 : kHop;
+  hop_ = static_cast<std::size_t>(static_cast<double>(kHop) * sharpness);
   for (auto& side : greatest_) side.assign(bands, 0.0F);
   clear();
 }
@@ -59,6 +59,7 @@ void BandAnalyser::clear() noexcept {
   for (HalvingFilter& filter : filters_) filter.clear();
   for (auto& side : greatest_) std::fill(side.begin(), side.end(), 0.0F);
   filled_ = 0;
+  turn_ = 0;
   quiet_ = kMemory;
   fresh_ = false;
 }
@@ -76,8 +77,11 @@ void BandAnalyser::hop() noexcept {
   fresh_ = true;
   if (quiet_ >= kMemory) return;
   add_halved(std::span(pending_).first(hop_));
+  stages_[2].transform();
+  stages_[turn_].transform();
+  turn_ = 1 - turn_;
   std::size_t first = 0;
-  for (SpectrumStage& stage : stages_) {
+  for (const SpectrumStage& stage : stages_) {
     const auto part = [&](std::size_t side) { return std::span(greatest_[side]).subspan(first, stage.bands()); };
     stage.raise({part(0), part(1)});
     first += stage.bands();

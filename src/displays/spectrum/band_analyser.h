@@ -16,8 +16,9 @@
 namespace tandem {
 
 // Three transforms at three rates: 186 ms below 250 Hz, 46 ms to 2 kHz and 23 ms above, each half to twice as long by
-// `sharpness`. They overlap by half or more and are made as the sound comes, 86 or 172 a second, so that no sound is
-// left out and the picture does not depend on how many pictures are shown.
+// `sharpness`. They overlap by half or more and are made as the sound comes, the short one 86 times a second at
+// sharpness 1 and the two others by turns, so that no sound is left out and the picture does not depend on how many
+// pictures are shown.
 class BandAnalyser {
  public:
   BandAnalyser();
@@ -35,7 +36,8 @@ class BandAnalyser {
   bool silent() const noexcept { return quiet_ >= kMemory && !fresh_; }
 
  private:
-  static constexpr std::size_t kHop = 512;         // frames from transform to transform; half of it for the short ones
+  static constexpr std::size_t kHop = 512;  // frames from transform to transform at sharpness 1
+  static constexpr std::size_t kLongestHop = 1024;
   static constexpr std::size_t kMemory = 1 << 15;  // more frames than filters and windows reach back
   static constexpr std::size_t kStages = 3;
   static constexpr std::size_t kHalvings = 6;
@@ -49,6 +51,7 @@ class BandAnalyser {
   std::vector<SoundFrame> pending_;
   std::size_t hop_ = kHop;
   std::size_t filled_ = 0;
+  std::size_t turn_ = 0;         // which of the two long transforms is due
   std::size_t quiet_ = kMemory;  // zero frames at the end
   bool fresh_ = false;
   BothSides<std::vector<float>> greatest_;

@@ -11,12 +11,12 @@ class SlowLevel {
   void follow(double mean_power, double seconds) noexcept;
   void reset() noexcept { level_db_ = kMiddle; }
 
-  // What brings the level near -24 dB: the factor of a power. A part of the difference is left, so that a louder song
+  // What brings the level near -26 dB: the factor of a power. A part of the difference is left, so that a louder song
   // looks louder.
   float factor() const noexcept;
 
  private:
-  static constexpr double kMiddle = -24.0;  // dB
+  static constexpr double kMiddle = -26.0;  // dB
 
   double level_db_ = kMiddle;
 };

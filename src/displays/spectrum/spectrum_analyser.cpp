@@ -63,6 +63,7 @@ void SpectrumAnalyser::prepare_bands() {
     levels_[side].assign(bands, 0.0F);
     picture_.heights[side].assign(rolls() ? 0 : bands, 0.0F);
     decay_[side].prepare(bands);
+    contrast_[side].prepare(bands);
   }
   prepare_history();
 }
@@ -145,8 +146,11 @@ void SpectrumAnalyser::listen(double seconds) noexcept {
   const auto sum = [](const std::vector<float>& powers) { return std::accumulate(powers.begin(), powers.end(), 0.0); };
   level_.follow((sum(targets_[0]) + sum(targets_[1])) / (2.0 * static_cast<double>(tilt_.size())), seconds);
   const float factor = level_.factor();
-  for (auto& targets : targets_)
-    for (float& target : targets) target = law_.height(target * factor);
+  for (std::size_t side = 0; side < kSides; ++side) {
+    for (float& target : targets_[side]) target = law_.height(target * factor);
+    contrast_[side].enlarge(targets_[side], seconds);
+    for (float& target : targets_[side]) target = shouldered(target);
+  }
 }
 
 bool SpectrumAnalyser::move(double seconds) noexcept {

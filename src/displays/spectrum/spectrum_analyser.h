@@ -11,6 +11,7 @@
 #include "displays/core/sound_display.h"
 #include "displays/spectrum/band_analyser.h"
 #include "displays/spectrum/bar_decay.h"
+#include "displays/spectrum/column_contrast.h"
 #include "displays/spectrum/peak_marks.h"
 #include "displays/spectrum/roll_recorder.h"
 #include "displays/spectrum/slow_level.h"
@@ -62,6 +63,7 @@ class SpectrumAnalyser final : public SwitchedDisplay<MMSpectrumX> {
   BandAnalyser bands_;
   SlowLevel level_;
   HeightLaw law_;
+  BothSides<ColumnContrast> contrast_;
   BothSides<BarDecay> decay_;
   BothSides<PeakMarks> marks_;
   RollRecorder roll_;

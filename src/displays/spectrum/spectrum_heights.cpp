@@ -12,15 +12,9 @@ constexpr double kTop = 12.0;  // dB below full scale that reach the top
 constexpr double kRange = 120.0;
 constexpr double kRangeExponent = -0.338;
 constexpr double kDecibelsAnOctave = 3.0102999566398120;  // of power
+constexpr float kOverTop = 1.5F;
 constexpr float kShoulder = 0.8F;
 constexpr float kOctavesANeper = 1.44269504F;
-
-// Bends towards the top, so that loud bands still move there.
-float shouldered(float height) noexcept {
-  if (height <= kShoulder) return height;
-  constexpr float kRest = 1.0F - kShoulder;
-  return 1.0F - kRest * std::exp2(-(height - kShoulder) / kRest * kOctavesANeper);
-}
 
 }  // namespace
 
@@ -33,7 +27,13 @@ HeightLaw::HeightLaw(bool logarithmic, std::int32_t vertical_scale) : logarithmi
 float HeightLaw::height(float power) const noexcept {
   if (power <= 0.0F) return 0.0F;
   const float value = offset_ + slope_ * std::log2(power);
-  return std::clamp(shouldered(logarithmic_ ? value : std::exp2(value)), 0.0F, 1.0F);
+  return std::clamp(logarithmic_ ? value : std::exp2(value), 0.0F, kOverTop);
+}
+
+float shouldered(float height) noexcept {
+  if (height <= kShoulder) return height;
+  constexpr float kRest = 1.0F - kShoulder;
+  return 1.0F - kRest * std::exp2(-(height - kShoulder) / kRest * kOctavesANeper);
 }
 
 }  // namespace tandem

@@ -15,12 +15,17 @@ void SpectrumStage::add(std::span<const SoundFrame> frames) noexcept {
   std::copy_backward(frames.begin(), frames.end(), newest_.end());
 }
 
-void SpectrumStage::raise(BothSides<std::span<float>> bands) noexcept {
-  if (bands_.bands() == 0) return;
-  spectrum_.analyse(newest_, bands_.first_bin(), bands_.end_bin());
+void SpectrumStage::transform() noexcept {
+  if (bands_.bands() > 0) spectrum_.analyse(newest_, bands_.first_bin(), bands_.end_bin());
+}
+
+void SpectrumStage::raise(BothSides<std::span<float>> bands) const noexcept {
   for (std::size_t side = 0; side < kSides; ++side) bands_.raise(spectrum_.power(side), bands[side]);
 }
 
-void SpectrumStage::clear() noexcept { std::fill(newest_.begin(), newest_.end(), SoundFrame{}); }
+void SpectrumStage::clear() noexcept {
+  std::fill(newest_.begin(), newest_.end(), SoundFrame{});
+  spectrum_.clear();
+}
 
 }  // namespace tandem

@@ -16,8 +16,9 @@ class SpectrumStage {
   // edges_hz: of this stage's bands, one more than there are, or empty. rate: of the sound that it is given.
   void prepare(std::size_t points, FftWindow window, double rate, std::span<const double> edges_hz);
   void add(std::span<const SoundFrame> frames) noexcept;  // at most as many as it has points
-  // Raises its bands to what the newest `points` frames hold.
-  void raise(BothSides<std::span<float>> bands) noexcept;
+  void transform() noexcept;                              // of the newest `points` frames
+  // Raises its bands to what the last transform holds.
+  void raise(BothSides<std::span<float>> bands) const noexcept;
   void clear() noexcept;
   std::size_t bands() const noexcept { return bands_.bands(); }
 

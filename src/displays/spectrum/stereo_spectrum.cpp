@@ -1,5 +1,6 @@
 #include "displays/spectrum/stereo_spectrum.h"
 
+#include <algorithm>
 #include <cmath>
 #include <new>
 #include <numeric>
@@ -32,6 +33,10 @@ void StereoSpectrum::analyse(std::span<const SoundFrame> frames, std::size_t fir
     power_[0][k] = square(a.r + b.r) + square(a.i - b.i);
     power_[1][k] = square(a.i + b.i) + square(b.r - a.r);
   }
+}
+
+void StereoSpectrum::clear() noexcept {
+  for (auto& side : power_) std::fill(side.begin(), side.end(), 0.0F);
 }
 
 }  // namespace tandem

@@ -22,6 +22,9 @@ class StereoSpectrum {
   // frames.size() is length(). Only the bins first .. end - 1 get their power; end is at most length() / 2.
   void analyse(std::span<const SoundFrame> frames, std::size_t first, std::size_t end) noexcept;
 
+  // As if nothing had been analysed yet.
+  void clear() noexcept;
+
   // The power of each bin, such that the powers of all bins about a sine of amplitude 1 add up to 1, whatever the
   // window. Bin k lies at k x rate / length.
   std::span<const float> power(std::size_t side) const noexcept { return power_[side]; }
