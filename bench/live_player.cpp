@@ -1,8 +1,10 @@
 // The player as it is, with a script that adds songs and presses the controls, for measurements from outside: the same
 // panel, window and engine as the program.
-//   live_player [--hidden] [--display 0|1|2] [--equalizer] [--pitch P] [--seconds N] [--buffer 0|1] [--record] SONG...
+//   live_player [--hidden] [--display 0|1|2] [--equalizer] [--pitch P] [--seconds N] [--buffer 0|1] [--record]
+//               [--factory] SONG...
 // plays the songs until it is ended, or for N seconds; it then prints its own CPU time, context switches and memory,
-// and with --record the underruns of its output.
+// and with --record the underruns of its output. The board is put to its "Default", with --factory it stays as the
+// factory settings have it.
 
 #include <sys/resource.h>
 
@@ -28,6 +30,7 @@ struct Wishes {
   int seconds = 0;
   int buffer = 0;
   bool record = false;
+  bool factory = false;
   std::vector<std::string> songs;
 };
 
@@ -48,6 +51,8 @@ Wishes read_wishes(int argc, char** argv) {
       wishes.buffer = number();
     } else if (word == "--record") {
       wishes.record = true;
+    } else if (word == "--factory") {
+      wishes.factory = true;
     } else if (word == "--seconds") {
       wishes.seconds = number();
     } else if (word != "--play") {
@@ -64,7 +69,7 @@ void press_controls(tandem::Player& player, const Wishes& wishes) {
   if (wishes.equalizer)
     for (std::size_t band = 0; band < tandem::kBands; ++band) controls.sl0[band].move(band % 2 == 0 ? 3 : -2);
   controls.MMSwitchX1.move(wishes.display);
-  controls.MMLEDX6.click.raise();  // the analyser's default settings
+  if (!wishes.factory) controls.MMLEDX6.click.raise();  // the analyser's default settings
   controls.MMSwitchX1.move(wishes.display);
   controls.PLAY.click.raise();
   if (wishes.pitch != 0) controls.SliderP.move(wishes.pitch);
