@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QIcon>
 #include <QPixmap>
+#include <QToolTip>
 #include <cstdio>
 #include <optional>
 #include <stdexcept>
@@ -57,6 +58,7 @@ int play(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(tandem::kApplicationName);
   QGuiApplication::setWindowIcon(window_icon());
   QApplication::setPalette(tandem::panel_palette());
+  QToolTip::setPalette(tandem::panel_palette());  // a desktop's theme may have one for tips alone
   tandem::install_accessibility();
   player.show();
   // A session manager that saves its session, or a logout that is cancelled, leaves the player as it is; the session's

@@ -96,6 +96,16 @@ TEST_F(Drop, TheListScrollsToTheFirstSongThatWasAdded) {
   EXPECT_EQ(list().top(), 25);
 }
 
+TEST_F(Drop, AListThatReplacesAShorterOneIsShownFromItsBegin) {
+  rig.add_songs(25);
+  rig.painted();
+  ListBox& lines = rig.controls().PlayList;
+  lines.Clear();
+  for (int i = 0; i < 60; ++i) lines.AddItem("line");
+  rig.painted();
+  EXPECT_EQ(list().top(), 0);
+}
+
 TEST_F(Drop, AMovedSongDoesNotScrollTheList) {
   rig.add_songs(25);
   rig.painted();

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QScreen>
 #include <QTest>
+#include <QToolTip>
+#include <cmath>
 
 #include "widgets/window/window_scale.h"
 #include "widgets/window_rig.h"
@@ -44,6 +47,13 @@ TEST_P(ScaledBy, ThePanelKeepsItsSizesInItsOwnPx) {
   const QPoint centre = rig.window->screen()->geometry().center();
   const QPoint middle = rig.window->frameGeometry().center();
   EXPECT_LE((middle - centre).manhattanLength(), 4) << "the panel centres itself";
+}
+
+TEST_P(ScaledBy, TipsAndDialogsHaveThePanelsLettersAtItsSize) {
+  for (const QFont& font : {QToolTip::font(), QApplication::font()}) {
+    EXPECT_EQ(font.families().value(0), "Roboto Condensed");
+    EXPECT_EQ(font.pixelSize(), std::lround(10.5 * scale()));
+  }
 }
 
 TEST_P(ScaledBy, ControlsAreHitWhereTheyAreDrawn) {

@@ -1,7 +1,10 @@
 #include "tools/pictures/panel_scene.h"
 
+#include <QDragEnterEvent>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QScreen>
+#include <QUrl>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -67,6 +70,7 @@ PanelScene::PanelScene(std::string_view name, double scale) {
   window_->show();
   window_->show_mix(mix);
   hear_a_second();
+  if (state.hovering > 0) hover(state.hovering);
 }
 
 PanelScene::~PanelScene() = default;
@@ -78,6 +82,15 @@ void PanelScene::hear_a_second() {
     window_->visual().feed(sound);
     window_->frame(1.0 / 60);
   }
+}
+
+void PanelScene::hover(int files) {
+  QMimeData data;
+  QList<QUrl> urls;
+  for (int i = 0; i < files; ++i) urls.append(QUrl::fromLocalFile(QStringLiteral("/music/%1.mp3").arg(i)));
+  data.setUrls(urls);
+  QDragEnterEvent enter(window_->rect().center(), Qt::CopyAction, &data, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(window_.get(), &enter);
 }
 
 // An opaque widget's grab() leaves what it does not paint as it was in memory: beside the shadow there is nothing.

@@ -38,6 +38,7 @@ class PanelScene {
     std::string ask_save() override { return {}; }
   };
   void hear_a_second();
+  void hover(int files);
 
   NoDialog dialog_;
   TimerQueue timers_;

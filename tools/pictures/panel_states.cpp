@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 #include "controls/panel_groups.h"
 #include "controls/panel_sizes.h"
@@ -193,6 +194,17 @@ void put_mix(PanelStateParts& p) {
   p.mix.mix_at = kLength - 3500;
 }
 
+// What a newcomer sees first: the spectrum as the factory settings have it.
+void put_factory(PanelStateParts& p) {
+  put_base(p);
+  MMSpectrumX& spectrum = *p.sound.MMSpectrum1;
+  using enum SpectrumSetting;
+  const std::pair<SpectrumSetting, int> kFactory[] = {{Window, 1},     {Gain, 1},      {LogAmp, 0},
+                                                      {SolidBars, 1},  {Decay, 7},     {DrawInactive, 0},
+                                                      {PeakDelay, 25}, {PeakSpeed, 1}, {ReferenceFrequency, 500}};
+  for (const auto& [setting, value] : kFactory) spectrum.put(setting, value);
+}
+
 void put_list_empty(PanelStateParts& p) {
   show_displays(p.sound, true, false, false);
   p.controls.LblPosition.Caption = "00:00";
@@ -213,7 +225,9 @@ const std::vector<NamedState>& named_states() {
                                                   {"stopped", put_stopped},
                                                   {"next-disabled", put_next_disabled},
                                                   {"mix", put_mix},
-                                                  {"list-empty", put_list_empty}};
+                                                  {"factory", put_factory},
+                                                  {"list-empty", put_list_empty},
+                                                  {"list-drop", put_base, false, 3}};
   return kStates;
 }
 

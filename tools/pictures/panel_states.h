@@ -21,6 +21,7 @@ struct NamedState {
   std::string_view name;
   void (*put)(PanelStateParts& parts);
   bool shadow = false;  // where the desktop composites windows
+  int hovering = 0;     // files over the window
 };
 
 const std::vector<NamedState>& named_states();

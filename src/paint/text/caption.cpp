@@ -98,6 +98,8 @@ QFont caption_font(double size, bool bold, double spacing) {
   return font;
 }
 
+QFont widget_font(double pixels) { return caption_font(pixels / kFontUnits); }
+
 double caption_width(const QString& text, const CaptionStyle& style) {
   return QFontMetricsF(caption_font(style.size, style.bold, style.spacing)).horizontalAdvance(text) / kFontUnits;
 }

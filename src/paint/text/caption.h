@@ -24,6 +24,9 @@ enum class Anchor { Start, Middle, End };
 inline constexpr double kFontUnits = 10;
 QFont caption_font(double size, bool bold = false, double spacing = 0);
 
+/// The same letters for Qt's own widgets, at the nearest whole size in pixels.
+QFont widget_font(double pixels);
+
 /// Draws with the baseline through `at`, which is the text's start, middle or end.
 void draw_caption(QPainter& painter, const QPointF& at, const QString& text, const CaptionStyle& style = {},
                   Anchor anchor = Anchor::Start);

@@ -89,7 +89,10 @@ void SongListItem::model_changed() {
   if (const auto follower = follower_.lock()) follower->list_changed();
   follow_additions_soon();
   scroll_to(top_);
-  if (list_.ListCount() == 0) last_selection_ = 0;
+  if (list_.ListCount() == 0) {
+    last_selection_ = 0;
+    emptied_ = true;
+  }
   if (list_.ListIndex() != seen_selection_) follow_selection();
   changed();
 }
@@ -109,11 +112,18 @@ void SongListItem::follow_additions_soon() {
         this, [this] { follow_additions(); }, Qt::QueuedConnection);
 }
 
-// The first line that was added is brought to the top, or as near to it as the list goes.
+// The first line that was added is brought to the top, or as near to it as the list goes. Of a list that replaces
+// another one that is its first line.
 void SongListItem::follow_additions() {
   additions_due_ = false;
   const int before = std::exchange(settled_count_, list_.ListCount());
-  if (settled_count_ > before && settled_count_ > top_ + kListRows) scroll_to(before);
+  const bool replaced = std::exchange(emptied_, false);
+  if (settled_count_ <= before) return;
+  if (replaced) {
+    scroll_to(0);
+  } else if (settled_count_ > top_ + kListRows) {
+    scroll_to(before);
+  }
 }
 
 int SongListItem::row_at(const QPointF& at) const {

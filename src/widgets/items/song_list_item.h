@@ -79,6 +79,7 @@ class SongListItem final : public PanelItem {
   std::optional<QString> drop_;
   int settled_count_ = 0;  // lines after the last act of the panel
   bool additions_due_ = false;
+  bool emptied_ = false;  // since the last act of the panel
 };
 
 }  // namespace tandem

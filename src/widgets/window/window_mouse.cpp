@@ -24,8 +24,13 @@ constexpr int kDragDistance = 4;
 constexpr int kVolumeSteps = 3;  // per cent a notch of the wheel over a display
 }  // namespace
 
+// A key that has the keyboard loses it to the mouse, for Space would press it again without a ring to say so; a fader
+// or the list keeps its arrows.
 void PanelWindow::mouse_pressed() {
-  if (auto* focused = dynamic_cast<PanelItem*>(focusWidget())) focused->hide_focus();
+  auto* focused = dynamic_cast<PanelItem*>(focusWidget());
+  if (focused == nullptr) return;
+  focused->hide_focus();
+  if (focused->focusPolicy() == Qt::TabFocus) setFocus(Qt::MouseFocusReason);
 }
 
 void PanelWindow::mousePressEvent(QMouseEvent* event) {

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "controls/panel_sizes.h"
+#include "widgets/window/panel_type.h"
 #include "widgets/window/panel_window.h"
 #include "widgets/window/window_scale.h"
 
@@ -105,6 +106,7 @@ void PanelWindow::begin_with_scale(double scale) {
 void PanelWindow::lay_out() {
   for (PanelItem* item : items_) item->follow_transform();
   background_ = {};
+  use_panel_type(scale());
   read_screen();
   follow_frame();
 }
