@@ -66,6 +66,12 @@ TEST(ColumnContrast, DoesNotDependOnTheRateOfPictures) {
   EXPECT_NEAR(shown(slow, 0.5F, 0.03F, 20, 32).move(), shown(fast, 0.5F, 0.03F, 20, 128).move(), 0.01F);
 }
 
+TEST(ColumnContrast, ASoundAfterSilenceBeginsAtItsOwnHeight) {
+  ColumnContrast contrast = of_one_column();
+  shown(contrast, 0.0F, 0.0F, 10);
+  EXPECT_NEAR(shown(contrast, 0.7F, 0.0F, 1).greatest, 0.7F, 1e-4F);
+}
+
 TEST(ColumnContrast, SilenceLiesAtTheBottomAtOnce) {
   ColumnContrast contrast = of_one_column();
   shown(contrast, 0.5F, 0.03F, 10);

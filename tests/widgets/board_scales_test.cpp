@@ -104,7 +104,7 @@ TEST_F(BoardScales, ReferenceFrequencyIsMarked) {
 
 // Rows that a high bar and a lower one have fallen between 0.1 s and 0.3 s after the sound's end.
 std::array<int, 2> fallen(BoardRig& rig) {
-  rig.picture_of({{3000, -10}, {12000, -25}});
+  rig.picture_of({{3000, -10}, {12000, -33}});
   rig.hear_silence(.1);
   const BoardPicture before = rig.picture();
   rig.hear_silence(.2);
