@@ -81,13 +81,33 @@ TEST(Quantizer16, TheNoiseIsThatOfTriangularDither) {
   EXPECT_NEAR(mean / count, 0.0, 0.01);
 }
 
-TEST(Quantizer16, SilenceStaysZeroAndExactSoundIsExactAgainAtOnce) {
+TEST(Quantizer16, SilenceIsZeroAndExactSoundExactAgainAfter10Milliseconds) {
   Sound sound = sine(997.0, -30.0);
   std::fill(sound.begin() + 1000, sound.begin() + 2000, StereoFrame{});
   for (std::size_t n = 2000; n < 3000; ++n) sound[n] = {static_cast<float>(n) / 32768.0F, -0.5F};
   const auto samples = in_16_bits(sound);
-  for (std::size_t n = 1000; n < 2000; ++n) ASSERT_EQ(samples[n], Sample16{});
+  for (std::size_t n = 1000 + kSampleRate / 100; n < 2000; ++n) ASSERT_EQ(samples[n], Sample16{});
   for (std::size_t n = 2000; n < 3000; ++n) ASSERT_EQ(samples[n], (Sample16{static_cast<std::int16_t>(n), -16384}));
+}
+
+// A song of 16 bits at half the volume: every other value stands on a step.
+TEST(Quantizer16, TheNoiseDoesNotDependOnWhereTheSamplesStand) {
+  Sound sound = sine(997.0, -20.0);
+  for (StereoFrame& frame : sound) {
+    frame.left = std::nearbyint(frame.left * 32768.0F) / 65536.0F;
+    frame.right = frame.left;
+  }
+  const auto samples = in_16_bits(sound);
+  double power[2] = {};
+  double count[2] = {};
+  for (std::size_t n = 1000; n < sound.size(); ++n) {
+    const double value = double{sound[n].left} * 32768.0;
+    const std::size_t between = value == std::nearbyint(value) ? 0 : 1;
+    power[between] += std::pow(samples[n].left - value, 2);
+    ++count[between];
+  }
+  EXPECT_NEAR(power[0] / count[0], 0.25, 0.01);
+  EXPECT_NEAR(power[1] / count[1], 0.25, 0.01);
 }
 
 TEST(Quantizer16, LeftAndRightHaveANoiseOfTheirOwn) {
