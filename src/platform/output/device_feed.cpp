@@ -25,7 +25,7 @@ DeviceFeed::DeviceFeed(OutputRing& ring, const DeviceFormat& format)
     : ring_(ring), format_(format), ring_base_(ring.taken()) {
   if (format.rate == kSampleRate) return;
   converter_.emplace(format.rate);
-  most_held_ = RateConverter::kMostHeld;
+  most_held_ = RateConverter::most_held(format.rate);
 }
 
 std::size_t DeviceFeed::read(void* place, std::size_t frames) noexcept {
