@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <numbers>
+
+#include "engine/core/window_shapes.h"
 
 namespace tandem {
 
@@ -11,12 +12,9 @@ namespace {
 
 constexpr double kTransition = 0.8;  // of the way from centre to centre, in octaves
 
-// From 0 at 0 to 1 at 1.
-double half_wave(double place) { return 0.5 - 0.5 * std::cos(std::numbers::pi * std::clamp(place, 0.0, 1.0)); }
-
 double level_between(const BandCentre& below, const BandCentre& above, double hz) {
   const double place = std::log(hz / below.hz) / std::log(above.hz / below.hz);
-  return std::lerp(below.gain_db, above.gain_db, half_wave(0.5 + (place - 0.5) / kTransition));
+  return std::lerp(below.gain_db, above.gain_db, raised_cosine(0.5 + (place - 0.5) / kTransition));
 }
 
 }  // namespace

@@ -1,16 +1,16 @@
 #include "engine/equalizer/band_equalizer.h"
 
 #include <algorithm>
-#include <cmath>
-#include <numbers>
 #include <utility>
+
+#include "engine/core/window_shapes.h"
 
 namespace tandem {
 
 BandEqualizer::BandEqualizer() {
   for (std::size_t i = 0; i < fade_in_.size(); ++i) {
     const double place = (static_cast<double>(i) + 0.5) / static_cast<double>(kFadeFrames);
-    fade_in_[i] = static_cast<float>(0.5 - 0.5 * std::cos(std::numbers::pi * place));
+    fade_in_[i] = static_cast<float>(raised_cosine(place));
   }
 }
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "engine/equalizer/fft_block.h"
+#include "engine/equalizer/spectrum_table.h"
 
 namespace tandem {
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/core/frames.h"
+#include "engine/core/window_shapes.h"
 #include "engine/equalizer/real_fft.h"
 
 namespace tandem {
@@ -127,7 +128,7 @@ class Rounding {
   void write(std::span<float> curve) const {
     for (std::size_t bin = 0; bin < kBins; ++bin) {
       const double way = (kSpacing * static_cast<double>(bin) - kBlendFrom) / (kRate / 2.0 - kBlendFrom);
-      const double share = 0.5 + 0.5 * std::cos(std::numbers::pi * std::clamp(way, 0.0, 1.0));
+      const double share = 1.0 - raised_cosine(way);
       curve[bin] += static_cast<float>(share) * (curve_[bin] - curve[bin]);
     }
   }

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "engine/core/frames.h"
+#include "engine/core/window_shapes.h"
 #include "engine/pitch/pitch_kernels.h"
 
 namespace tandem {
@@ -34,12 +35,10 @@ double cutoff_of(std::size_t bank) {
 }
 
 std::vector<double> half_kaiser(double attenuation) {
-  const double beta = 0.1102 * (attenuation - 8.7);
+  const double beta = kaiser_beta(attenuation);
   std::vector<double> window(kHalf + 1);
-  for (std::size_t i = 0; i < window.size(); ++i) {
-    const double x = static_cast<double>(i) / static_cast<double>(kHalf);
-    window[i] = std::cyl_bessel_i(0.0, beta * std::sqrt(1.0 - x * x)) / std::cyl_bessel_i(0.0, beta);
-  }
+  for (std::size_t i = 0; i < window.size(); ++i)
+    window[i] = kaiser_window(static_cast<double>(i) / static_cast<double>(kHalf), beta);
   return window;
 }
 

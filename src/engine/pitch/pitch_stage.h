@@ -58,7 +58,7 @@ class PitchStage {
     kWaiting,    // cleared at another value than 0: fresh_ starts as soon as the ring holds enough
     kFadingIn,   // from the ring's frames to the shifter, which still runs at ratio 1
     kShifting,   // the shifter alone
-    kFadingOut,  // from the landed shifter to the ring's frames
+    kFadingOut,  // from the shifter, in unison with the song, to the ring's frames
   };
 
   std::size_t pass(const SongInput& song, std::span<StereoFrame> out) noexcept;

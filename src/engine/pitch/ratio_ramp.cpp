@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "engine/core/window_shapes.h"
+
 namespace tandem {
 namespace {
 
@@ -67,7 +69,7 @@ double RatioRamp::advance_resync(double from, std::span<double> positions) noexc
 double RatioRamp::lead_at(Frames frame) const noexcept {
   if (frame >= span_) return 0.0;
   const double part = static_cast<double>(frame) / static_cast<double>(span_);
-  return lead_ * 0.5 * (1.0 + std::cos(std::numbers::pi * part));
+  return lead_ * (1.0 - raised_cosine(part));
 }
 
 }  // namespace tandem

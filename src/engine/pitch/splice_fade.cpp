@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
+
+#include "engine/core/window_shapes.h"
 
 namespace tandem {
 
 SpliceFade::SpliceFade() {
   for (std::size_t i = 0; i < rise_.size(); ++i) {
     const double part = (static_cast<double>(i) + 0.5) / static_cast<double>(rise_.size());
-    rise_[i] = static_cast<float>(0.5 - 0.5 * std::cos(std::numbers::pi * part));
+    rise_[i] = static_cast<float>(raised_cosine(part));
   }
 }
 

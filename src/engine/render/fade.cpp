@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <numbers>
+
+#include "engine/core/window_shapes.h"
 
 namespace tandem {
 
@@ -14,7 +14,7 @@ std::array<float, kStepFrames> make_rising_fade() {
   std::array<float, kStepFrames> gains{};
   for (int i = 0; i < kStepFrames; ++i)
     gains[static_cast<std::size_t>(i)] =
-        static_cast<float>(0.5 - 0.5 * std::cos(std::numbers::pi * (i + 1) / (kStepFrames + 1)));
+        static_cast<float>(raised_cosine(static_cast<double>(i + 1) / (kStepFrames + 1)));
   return gains;
 }
 

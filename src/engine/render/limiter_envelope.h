@@ -2,7 +2,8 @@
 // Render thread only; nothing here allocates, locks or throws.
 // Two curves, of which the greater counts:
 //   the short one, each channel's own: comes up to every excess at 9.9 dB in 1 ms and goes down as fast, so that the
-//     stray samples with which a lossy decoder exceeds full scale cost a fraction of a millisecond;
+//     stray samples with which a lossy decoder exceeds full scale cost a fraction of a millisecond; an excess
+//     of more than 14 dB comes down faster, within the 1.45 ms ahead;
 //   the long one, of both channels: stands at the greatest excess of the last 14.5 ms, so that the waves of tones above
 //     36 Hz are not followed, and returns slowly. It grows in as the time spent beyond full scale adds up (from 2 ms
 //     to 4 ms within about 150 ms), and returns the more slowly the longer that time was: 90 % of the way in at most
