@@ -40,15 +40,14 @@ Gains alternating_gains(double gain) {
   return gains;
 }
 
+Gains notch() { return {12, 12, -12, 12, 12, 12, 12, 12, -12, 12, -12, -12, -12, -12, -12}; }  // at 91 Hz
 Gains smile() { return {12, 10, 8, 6, 3, 1, 0, -2, -2, 0, 2, 4, 7, 10, 12}; }
 
 std::vector<Gains> many_gains() {
-  std::vector<Gains> sets{even_gains(12),         even_gains(-12),      alternating_gains(12),
-                          alternating_gains(-12), alternating_gains(6), smile()};
-  for (std::size_t i = 0; i < 15; ++i) {
-    sets.push_back(even_gains(0));
-    sets.back()[i] = i % 2 == 0 ? 12 : -12;
-  }
+  std::vector<Gains> sets{
+      even_gains(12), even_gains(-12), alternating_gains(12), alternating_gains(-12), alternating_gains(6),
+      smile(),        notch()};
+  for (std::size_t i = 0; i < 15; ++i) sets.emplace_back()[i] = i % 2 == 0 ? 12 : -12;
   std::mt19937 random(7);
   std::uniform_int_distribution<int> gain(-12, 12);
   for (int set = 0; set < 12; ++set) {
