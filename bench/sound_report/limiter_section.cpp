@@ -96,7 +96,24 @@ Sound limited(Sound sound) {
 struct Work {
   double at_work = 0.0;  // share of the samples lowered by more than 0.1 dB
   double error_db = 0.0;
+  double fastest_db = 0.0;  // the greatest change of the gain within 1 ms
 };
+
+// The gain is seen where the sound is loud enough to divide by.
+double fastest_change_db(const Sound& before, const Sound& after) {
+  constexpr std::size_t kMillisecond = 44;
+  std::vector<double> gain(before.size(), 1.0);
+  for (std::size_t n = 0; n < before.size(); ++n) {
+    const double in = double{before[n].left};
+    gain[n] = std::abs(in) > 1e-3 ? double{after[n].left} / in : n == 0 ? 1.0 : gain[n - 1];
+  }
+  double greatest = 1.0;
+  for (std::size_t n = kMillisecond; n < gain.size(); ++n) {
+    const double ratio = gain[n] / gain[n - kMillisecond];
+    greatest = std::max({greatest, ratio, 1.0 / ratio});
+  }
+  return 2.0 * decibels(greatest);
+}
 
 Work compared(const Sound& before, const Sound& after) {
   double error = 0.0;
@@ -106,7 +123,7 @@ Work compared(const Sound& before, const Sound& after) {
     lowered += std::abs(after[n].left) < 0.9886F * std::abs(before[n].left) ? 1U : 0U;
   }
   return {static_cast<double>(lowered) / static_cast<double>(before.size()),
-          decibels(error / static_cast<double>(before.size()) / power_of(before))};
+          decibels(error / static_cast<double>(before.size()) / power_of(before)), fastest_change_db(before, after)};
 }
 
 void print_mp3(const char* name, const Sound& source, int kilobits) {
@@ -122,10 +139,12 @@ void print_mp3(const char* name, const Sound& source, int kilobits) {
     f = {std::clamp(f.left, -1.0F, 1.0F), std::clamp(f.right, -1.0F, 1.0F)};
   }
   const Work ours = compared(sound, limited(sound));
-  std::printf("  %s, MP3 %3d: peak %+.1f dBFS, %.3f %% beyond: at work %5.2f %%, error %.1f dB (plain clipping %.1f)\n",
-              name, kilobits, 2.0 * decibels(double{peak}),
-              100.0 * static_cast<double>(beyond) / static_cast<double>(sound.size()), 100.0 * ours.at_work,
-              ours.error_db, compared(sound, clipped).error_db);
+  std::printf(
+      "  %s, MP3 %3d: peak %+.1f dBFS, %.3f %% beyond: at work %5.2f %%, error %.1f dB "
+      "(plain clipping %.1f), gain moves %.1f dB in 1 ms\n",
+      name, kilobits, 2.0 * decibels(double{peak}),
+      100.0 * static_cast<double>(beyond) / static_cast<double>(sound.size()), 100.0 * ours.at_work, ours.error_db,
+      compared(sound, clipped).error_db, ours.fastest_db);
 }
 
 // THD+N of the tones' second second.
@@ -161,8 +180,8 @@ void print_tones(const std::vector<double>& tones, double gain) {
   for (const StereoFrame& f : out) peak = std::max(peak, std::abs(f.left));
   std::string name;
   for (const double hz : tones) name += (name.empty() ? "" : " + ") + std::to_string(static_cast<int>(hz));
-  std::printf("  %-12s Hz at %+.0f dBFS each: peak %.6f, THD+N %.1f dB\n", name.c_str(), 2.0 * decibels(gain),
-              double{peak}, residue_db(out, tones));
+  std::printf("  %-12s Hz at %+.0f dBFS each: peak %.6f, THD+N %.1f dB, gain moves %.1f dB in 1 ms\n", name.c_str(),
+              2.0 * decibels(gain), double{peak}, residue_db(out, tones), fastest_change_db(sound, out));
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
 // Measures the sound and prints every figure, beside other programs that do the same thing on the same signals.
 //   sound_report [FOLDER [SECTION...]]   plots go into FOLDER (default: the working directory); sections: depth rate
-//                                        limiter equalizer pitch onsets (default: all)
-// A program that is not installed is left out. Takes a few minutes.
+//                                        limiter pitch onsets equalizer displays downmix gapless (default: all)
+// A program that is not installed is left out; tools/setup/install_packages build demo test bench installs them all.
+// Takes a few minutes.
 #include <algorithm>
 #include <cstdio>
 #include <functional>
@@ -10,19 +11,30 @@
 #include <vector>
 
 #include "sound_report/sections.h"
+#include "sound_report/sound.h"
+
+namespace {
+
+void print_missing() {
+  for (const char* program : {"sox", "lame", "mpg123", "ffmpeg", "soundstretch", "rubberband", "pulseaudio", "pacat",
+                              "pipewire", "pipewire-pulse", "wireplumber"})
+    if (!tandem::report::has(program)) std::printf("%s is not installed: what it would show is left out\n", program);
+}
+
+}  // namespace
 
 int main(int count, char** arguments) {
   using namespace tandem::report;
   const std::vector<std::string> words(arguments + 1, arguments + count);
   const std::string folder = words.empty() ? "." : words.front();
   const std::vector<std::pair<std::string, std::function<void()>>> sections{
-      {"depth", report_depth},
-      {"rate", [&] { report_rate(folder); }},
-      {"limiter", report_limiter},
-      {"equalizer", [&] { report_equalizer(folder); }},
-      {"pitch", [&] { report_pitch(folder); }},
-      {"onsets", report_onsets},
+      {"depth", report_depth},       {"rate", [&] { report_rate(folder); }},
+      {"limiter", report_limiter},   {"pitch", [&] { report_pitch(folder); }},
+      {"onsets", report_onsets},     {"equalizer", [&] { report_equalizer(folder); }},
+      {"displays", report_displays}, {"downmix", report_downmix},
+      {"gapless", report_gapless},
   };
+  print_missing();
   for (const auto& [name, report] : sections) {
     if (words.size() > 1 && std::find(words.begin() + 1, words.end(), name) == words.end()) continue;
     report();

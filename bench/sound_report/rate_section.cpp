@@ -1,13 +1,24 @@
-// A full-scale tone at 44.1 kHz on a device of 48 kHz: what the conversion adds to it.
+// Full-scale tones at 44.1 kHz on a device of 48 kHz: what the conversion adds to them, by us, by the sound servers on
+// private null sinks, by other programs; then what ours costs and how long it holds sound back.
+#include <soxr.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
+#include <exception>
+#include <fstream>
+#include <functional>
+#include <memory>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/output/rate_converter.h"
+#include "platform/output_test_server.h"
+#include "platform/pipewire_test_server.h"
+#include "platform/tone_spectrum.h"
+#include "sound_report/processor_time.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
 #include "sound_report/svg_plot.h"
@@ -17,68 +28,84 @@ namespace tandem::report {
 namespace {
 
 constexpr int kDeviceRate = 48000;
-constexpr double kSeconds = 5.0;
-constexpr std::size_t kLooked = 131072;  // frames
-
-// A private PulseAudio with a null sink of 48 kHz, as it is set up without any configuration; recorded at the sink.
-constexpr const char* kServer =
-    "d=$(dirname IN); export HOME=$d XDG_RUNTIME_DIR=$d PULSE_SERVER=unix:$d/socket; sox IN -t f32 $d/raw; "
-    "pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 "
-    "-L \"module-native-protocol-unix socket=$d/socket auth-anonymous=1\" "
-    "-L \"module-null-sink sink_name=sink rate=48000 format=float32le\" & server=$!; "
-    "for i in $(seq 100); do pactl info && break; sleep 0.1; done; "
-    "parec -d sink.monitor --format=float32le --rate=48000 --channels=2 --raw > $d/recorded & recorder=$!; "
-    "sleep 0.5; pacat -p -d sink --format=float32le --rate=44100 --channels=2 --raw $d/raw; "
-    "kill $recorder; kill $server; wait; sox -t f32 -r 48000 -c 2 $d/recorded OUT";
+constexpr double kSeconds = 4.0;
+constexpr double kTopTone = 19000.0;  // the plot's
+constexpr std::array kTones = {997.0, 10000.0, kTopTone};
 
 struct Converter {
   std::string name;
-  std::string program;  // empty: our own
-  std::string command;
+  std::function<Sound(const Sound&)> convert;
 };
 
-const std::vector<Converter>& converters() {
-  static const std::vector<Converter> list{
-      {"Tandem", "", ""},
-      {"PulseAudio's own", "pulseaudio", kServer},
-      {"sox rate", "sox", "sox IN OUT rate 48000"},
-      {"ffmpeg aresample", "ffmpeg", "ffmpeg -i IN -c:a pcm_f32le -ar 48000 OUT"},
-  };
-  return list;
-}
-
-// From the middle of where it sounds.
-Sound middle(const Sound& sound) {
-  const auto sounds = [](const StereoFrame& frame) { return std::abs(frame.left) > 0.1F; };
-  const auto first = std::find_if(sound.begin(), sound.end(), sounds);
-  const auto last = std::find_if(sound.rbegin(), sound.rend(), sounds).base();
-  if (last - first < static_cast<std::ptrdiff_t>(kLooked) + kDeviceRate / 2) return {};
-  const auto from = first + (last - first - static_cast<std::ptrdiff_t>(kLooked)) / 2;
-  return {from, from + static_cast<std::ptrdiff_t>(kLooked)};
-}
-
-Sound converted_by_us(const Sound& sound) {
-  RateConverter converter(kDeviceRate);
+// In steps of the chain; `most_held`: frames taken whose sound was still to come.
+Sound converted_by_us(const Sound& sound, int rate, double* most_held) {
+  RateConverter converter(rate);
   Sound result;
   Sound piece(8192);
   for (std::size_t taken = 0; taken < sound.size();) {
     const std::size_t offered = std::min<std::size_t>(kStepFrames, sound.size() - taken);
-    const auto moved = converter.convert(std::span(sound).subspan(taken, offered), piece);
+    const RateConverter::Moved moved = converter.convert(std::span(sound).subspan(taken, offered), piece);
     taken += moved.taken;
     result.insert(result.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(moved.made));
+    if (most_held != nullptr && taken > kSampleRate / 10)
+      *most_held = std::max(*most_held, static_cast<double>(taken) - static_cast<double>(result.size()) * kSampleRate /
+                                                                         static_cast<double>(rate));
   }
   return result;
 }
 
-// A server under load may miss the tone: a second try then.
-Sound converted(const Converter& converter, double hz) {
-  const Sound sound = tone(hz, -0.1, kSeconds);
-  if (converter.command.empty()) return middle(converted_by_us(sound));
-  Sound out = middle(through(sound, converter.command));
-  return out.empty() ? middle(through(sound, converter.command)) : out;
+// As a player has it done that leaves the rate to the server.
+void play_plainly(const std::filesystem::path& folder, const std::string& sink, const Sound& sound) {
+  std::ofstream(folder / "tone", std::ios::binary)
+      .write(reinterpret_cast<const char*>(sound.data()),
+             static_cast<std::streamsize>(sound.size() * sizeof(StereoFrame)));
+  ChildProcess({"pacat", "-d", sink, "--raw", "--format=float32le", "--rate=44100", "--channels=2", folder / "tone"},
+               folder / "pacat.out")
+      .wait();
 }
 
-Line line_of(const std::string& name, const Spectrum& spectrum) {
+// A sink that another program plays to keeps its rate.
+Sound through_pulseaudio(const Sound& sound) {
+  OutputTestServer server;
+  server.start();
+  server.load_sink("card", kDeviceRate, "float32le");
+  const ChildProcess other({"pacat", "-d", "card", "--raw", "--rate=48000", "/dev/zero"}, server.directory() / "other");
+  server.start_float_recording("card", kDeviceRate);
+  play_plainly(server.directory(), "card", sound);
+  return server.float_recording();
+}
+
+Sound through_pipewire(const Sound& sound) {
+  PipewireTestServer server;
+  server.start_recording();
+  play_plainly(server.directory(), "null0", sound);
+  return server.recording();
+}
+
+std::vector<Converter> converters() {
+  std::vector<Converter> list{
+      {"Tandem", [](const Sound& sound) { return converted_by_us(sound, kDeviceRate, nullptr); }}};
+  if (has("pulseaudio") && has("pacat")) list.push_back({"PulseAudio's own", through_pulseaudio});
+  if (PipewireTestServer::is_installed() && has("pacat")) list.push_back({"PipeWire's own", through_pipewire});
+  if (has("sox"))
+    list.push_back({"sox rate", [](const Sound& sound) { return through(sound, "sox IN OUT rate 48000"); }});
+  if (has("ffmpeg"))
+    list.push_back({"ffmpeg aresample",
+                    [](const Sound& sound) { return through(sound, "ffmpeg -i IN -c:a pcm_f32le -ar 48000 OUT"); }});
+  return list;
+}
+
+// Without the silence around it; empty if it is shorter than it should be.
+Sound heard_in(Sound recording) {
+  const auto sounds = [](const StereoFrame& frame) { return frame.left != 0.0F; };
+  recording.erase(std::find_if(recording.rbegin(), recording.rend(), sounds).base(), recording.end());
+  recording.erase(recording.begin(), std::find_if(recording.begin(), recording.end(), sounds));
+  return recording.size() < static_cast<std::size_t>(0.9 * kSeconds * kDeviceRate) ? Sound{} : recording;
+}
+
+Line line_of(const std::string& name, const Sound& sound) {
+  const auto middle = sound.begin() + static_cast<std::ptrdiff_t>(sound.size() / 2);
+  const Spectrum spectrum = spectrum_of(Sound(middle - 65536, middle + 65536), kDeviceRate);
   constexpr std::size_t kShown = 64;  // bins for a point: the greatest of them
   Line line{name, {}};
   for (std::size_t k = 0; k + kShown <= spectrum.level_db.size(); k += kShown) {
@@ -88,26 +115,61 @@ Line line_of(const std::string& name, const Spectrum& spectrum) {
   return line;
 }
 
+void print(const Converter& converter, std::vector<Line>& lines) {
+  std::printf("  %-18s", converter.name.c_str());
+  for (const double hz : kTones) {
+    const Sound out = heard_in(converter.convert(tone(hz, 0.0, kSeconds)));
+    if (out.empty()) {
+      std::printf("  %6.0f Hz           none", hz);
+      continue;
+    }
+    const test::ToneSpectrum spectrum(out, kDeviceRate, hz);
+    std::printf("  %6.0f Hz %7.1f (%+5.2f)", hz, spectrum.worst(), spectrum.level());
+    std::fflush(stdout);
+    if (hz == kTopTone) lines.push_back(line_of(converter.name, out));
+  }
+  std::printf("\n");
+}
+
+void print_cost(int rate) {
+  const Sound sound = tone(997.0, 0.0, 20.0);
+  double held = 0.0;
+  const double before = processor_milliseconds();
+  converted_by_us(sound, rate, &held);
+  std::printf("  %6d Hz: %.2f ms of processor for a second of sound, at most %.1f ms held back\n", rate,
+              (processor_milliseconds() - before) / 20.0, held * 1000.0 / kSampleRate);
+}
+
+// libsoxr by itself at 20 bits, minimum phase, in steps of the chain.
+void print_plain_cost() {
+  const soxr_io_spec_t floats = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
+  const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_20_BITQ | SOXR_MINIMUM_PHASE, 0);
+  const auto soxr = std::unique_ptr<::soxr, void (*)(soxr_t)>(
+      soxr_create(kSampleRate, kDeviceRate, 2, nullptr, &floats, &quality, nullptr), soxr_delete);
+  const Sound sound = tone(997.0, 0.0, 20.0);
+  Sound piece(8192);
+  const double before = processor_milliseconds();
+  for (std::size_t at = 0; at + kStepFrames <= sound.size(); at += kStepFrames)
+    soxr_process(soxr.get(), &sound[at], kStepFrames, nullptr, piece.data(), piece.size(), nullptr);
+  std::printf("  %6d Hz: %.2f ms by libsoxr's own choice at 20 bits, minimum phase\n", kDeviceRate,
+              (processor_milliseconds() - before) / 20.0);
+}
+
 }  // namespace
 
 void report_rate(const std::string& folder) {
-  std::printf("Rate: full-scale tones at 44.1 kHz on a device of 48 kHz, the highest level beside the tone in dB\n");
+  std::printf(
+      "Rate: full-scale tones on a device of 48 kHz: the highest of anything else in dBFS (level of the tone)\n");
   std::vector<Line> lines;
   for (const Converter& converter : converters()) {
-    if (!converter.program.empty() && !has(converter.program)) continue;
-    std::printf("  %-18s", converter.name.c_str());
-    for (const double hz : {997.0, 10000.0, 19000.0}) {
-      const Sound out = converted(converter, hz);
-      if (out.empty()) {
-        std::printf(" %6.0f Hz    none", hz);
-        continue;
-      }
-      const Spectrum spectrum = spectrum_of(out, kDeviceRate);
-      std::printf(" %6.0f Hz %7.1f", hz, highest_spur_db(spectrum, hz, 20.0));
-      if (hz == 19000.0) lines.push_back(line_of(converter.name, spectrum));
+    try {
+      print(converter, lines);
+    } catch (const std::exception& error) {  // a server that cannot be started
+      std::printf("  %s\n", error.what());
     }
-    std::printf("\n");
   }
+  for (const int rate : {48000, 88200, 96000, 176400, 192000}) print_cost(rate);
+  print_plain_cost();
   Axis x{"Hz", 0.0, 24000.0, {}, false};
   for (int khz = 0; khz <= 24; khz += 4) x.marks.emplace_back(khz * 1000, std::to_string(khz) + "k");
   Axis y{"dBFS", -180.0, 0.0, {}, false};

@@ -11,5 +11,8 @@ void report_limiter();
 void report_equalizer(const std::string& folder);
 void report_pitch(const std::string& folder);
 void report_onsets();
+void report_displays();
+void report_downmix();
+void report_gapless();
 
 }  // namespace tandem::report

@@ -1,0 +1,115 @@
+// What the displays make of a short burst, of a steady low tone and of loud sound.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <random>
+#include <span>
+#include <vector>
+
+#include "displays/meters/needle_meter.h"
+#include "displays/spectrum/band_analyser.h"
+#include "displays/spectrum/spectrum_analyser.h"
+#include "displays/tones.h"
+#include "sound_report/sections.h"
+
+namespace tandem::report {
+
+namespace {
+
+using Heard = tandem::Sound;
+
+constexpr std::array<double, 2> kPictureRates{30.0, 60.0};
+
+double highest(const SpectrumAnalyser& analyser) {
+  const auto& heights = analyser.picture().heights[0];
+  return double{*std::max_element(heights.begin(), heights.end())};
+}
+
+// The greatest height of any bar while a burst of 1 ms at -6 dBFS passes.
+double burst_height(int length, double pictures, std::size_t begin) {
+  SpectrumAnalyser analyser;
+  analyser.put_Enabled(true);
+  analyser.put(SpectrumSetting::FFTLength, length);
+  Heard sound(frames_in(0.3));
+  const Heard burst = sine(frames_in(0.001), 5000.0, amplitude_of(-6.0));
+  std::copy(burst.begin(), burst.end(), sound.begin() + static_cast<std::ptrdiff_t>(begin));
+  Screen screen(analyser, sound);
+  double greatest = 0.0;
+  while (screen.now() < 0.29) {
+    screen.picture(1.0 / pictures);
+    greatest = std::max(greatest, highest(analyser));
+  }
+  return greatest;
+}
+
+void print_bursts() {
+  std::printf("  burst of 1 ms at -6 dBFS, the least height of the highest bar wherever it falls, %% of the glass\n");
+  for (const double pictures : kPictureRates) {
+    std::printf("    %.0f pictures a second:", pictures);
+    for (int length = 4; length <= 4096; length *= 2) {
+      double least = 1.0;
+      for (std::size_t begin = 2000; begin < 4000; begin += 97)
+        least = std::min(least, burst_height(length, pictures, begin));
+      std::printf("  FFT %d %.0f", length, 100.0 * least);
+    }
+    std::printf("\n");
+  }
+}
+
+// By how many dB the band of a tone moves from picture to picture, before level and fall smooth it.
+double swing_db(double sharpness, double hz) {
+  constexpr std::size_t kBands = 33;
+  constexpr std::size_t kPicture = 735;  // frames: 60 pictures a second
+  BandAnalyser bands;
+  const FrequencyAxis axis;
+  bands.prepare(sharpness, FftWindow::Hamming, axis, kBands);
+  BothSides<std::vector<float>> powers;
+  for (auto& side : powers) side.assign(kBands, 0.0F);
+  const auto band = static_cast<std::size_t>(axis.position(hz) * kBands);
+  const Heard tone = sine(frames_in(2.0), hz);
+  double least = 1e9;
+  double most = 0.0;
+  for (std::size_t at = 0; at + kPicture <= tone.size(); at += kPicture) {
+    bands.feed(std::span(tone).subspan(at, kPicture));
+    bands.take(powers);
+    if (at < frames_in(0.5)) continue;
+    least = std::min(least, double{powers[0][band]});
+    most = std::max(most, double{powers[0][band]});
+  }
+  return 10.0 * std::log10(most / least);
+}
+
+void print_swing() {
+  std::printf("  steady tone of 50 Hz, swing of its band at 60 pictures a second:");
+  for (const double sharpness : {0.5, 1.0, 2.0})
+    std::printf("  lengths x %.1f %.2f dB", sharpness, swing_db(sharpness, 50.0));
+  std::printf("\n");
+}
+
+double needle_db(const Heard& sound) {
+  NeedleMeter meter(0);
+  meter.put_Enabled(true);
+  Screen(meter, sound).run(static_cast<double>(sound.size()) / kHeardRate);
+  return needle_reading(meter.deflection());
+}
+
+void print_needles() {
+  std::mt19937 random(1);
+  std::normal_distribution<double> gauss(0.0, amplitude_of(-18.0));
+  const Heard noise = both(frames_in(2.0), [&](double) { return gauss(random); });
+  std::printf("  needle: sine of 0 dBFS %+.1f, of -10 dBFS %+.1f, of -20 dBFS %+.1f; noise of -18 dBFS rms %+.1f\n",
+              needle_db(sine(frames_in(2.0), 997.0)), needle_db(sine(frames_in(2.0), 997.0, amplitude_of(-10.0))),
+              needle_db(sine(frames_in(2.0), 997.0, amplitude_of(-20.0))), needle_db(noise));
+}
+
+}  // namespace
+
+void report_displays() {
+  std::printf("Displays\n");
+  print_bursts();
+  print_swing();
+  print_needles();
+}
+
+}  // namespace tandem::report
