@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <vector>
 
 #include "controls/panel_sizes.h"
@@ -22,17 +23,23 @@ constexpr int kRow = 13;
 constexpr int kMargin = 9;
 constexpr double kRadius = 5.5;
 
+// Not what this state of the window does not show: of the displays the spectrum alone.
+bool is_shown(const tandem::ControlBox& box) {
+  using Kind = tandem::ControlKind;
+  if (box.kind == Kind::Display) return box.name == "MMSpectrum1";
+  return box.kind != Kind::PitchLamp && box.kind != Kind::Gauge && box.kind != Kind::BevelledPanel;
+}
+
 bool is_in_picture(const tandem::ControlBox& box) {
-  using enum tandem::ControlKind;
-  constexpr tandem::ControlKind kOthers[] = {PitchLamp, Gauge, NeedleMeter, LevelBar, Oscilloscope, BevelledPanel};
   const bool has_name = !box.accessible.empty() && !box.accessible.starts_with('(');
   return has_name && box.group != tandem::ControlGroup::Equalizer && box.group != tandem::ControlGroup::Hidden &&
-         std::ranges::find(kOthers, box.kind) == std::end(kOthers);
+         is_shown(box);
 }
 
 std::vector<tandem::ControlBox> controls_in_picture() {
   std::vector<tandem::ControlBox> boxes;
-  std::ranges::copy_if(tandem::panel_layout(), std::back_inserter(boxes), is_in_picture);
+  const auto all = tandem::panel_layout();
+  std::copy_if(all.begin(), all.end(), std::back_inserter(boxes), is_in_picture);
   return boxes;
 }
 
@@ -44,13 +51,13 @@ QString name_of(const tandem::ControlBox& box) {
 
 // Beside what the control says.
 QPointF place_of_number(const tandem::ControlBox& control) {
-  using enum tandem::ControlKind;
+  using Kind = tandem::ControlKind;
   const bool in_title = control.group == tandem::ControlGroup::Chrome;
   const QRectF box = in_title ? chrome_box(control, tandem::WindowSize::Board) : control.box();
   if (in_title) return {box.left() - 1, kRadius + 1};
-  if (control.kind == LedLabel) return {box.left() - kRadius, box.top() + 3};
-  if (control.kind == Rotary) return {box.left() + 7, box.bottom() - 8};
-  if (control.kind == LeadLamp) return {box.center().x(), box.top() - 1};
+  if (control.kind == Kind::LedLabel) return {box.left() - kRadius, box.top() + 3};
+  if (control.kind == Kind::Rotary) return {box.left() + 7, box.bottom() - 8};
+  if (control.kind == Kind::LeadLamp) return {box.center().x(), box.top() - 1};
   return {box.left() + 4, box.top() + 4};
 }
 
@@ -84,7 +91,8 @@ QImage with_names(const QImage& panel, double scale) {
   const double top = panel.height() / scale + kMargin;
   for (int i = 0; i < static_cast<int>(boxes.size()); ++i) {
     draw_number(painter, place_of_number(boxes[static_cast<std::size_t>(i)]), i + 1);
-    const QPointF at(kMargin + kRadius + i / rows * (width / kColumns), top + kRow * (i % rows + 0.5));
+    const int column = i / rows;
+    const QPointF at(kMargin + kRadius + column * (width / kColumns), top + kRow * (i % rows + 0.5));
     draw_number(painter, at, i + 1);
     painter.setPen(QColor(tandem::palette::kLegend));
     painter.drawText(QRectF(at.x() + 9, at.y() - 10, width / kColumns - 20, 20), Qt::AlignVCenter,
