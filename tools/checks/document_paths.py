@@ -55,9 +55,9 @@ class Tree:
         return any(found.fullmatch(one) for one in self.files | self.folders) or self.is_program(name)
 
     def is_program(self, name):
-        """A program of the build lies in the folder of its source, and is named there (fuzz_song as song)."""
+        """A program of the build lies in the folder of its source, and is named in its CMakeLists.txt (fuzz_song as song)."""
         folder, program = os.path.split(name)
-        return folder in self.folders and (program in self.words or program.split('_', 1)[-1] in self.words)
+        return folder in self.folders and program.removeprefix('fuzz_') in self.words
 
     def holds(self, name, kind):
         if name in ELSEWHERE:
