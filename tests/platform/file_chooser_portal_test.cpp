@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "platform/bus_fixture.h"
+#include "platform/desktop/qt_file_dialog.h"
 
 namespace tandem {
 namespace {
@@ -34,6 +35,21 @@ class FakeChooser {
   }
 
  private:
+  static bool wants_several(sd_bus_message* call) {
+    int several = 0;
+    sd_bus_message_enter_container(call, 'a', "{sv}");
+    while (sd_bus_message_enter_container(call, 'e', "sv") > 0) {
+      const char* name = "";
+      sd_bus_message_read_basic(call, 's', &name);
+      if (name == std::string("multiple")) {
+        sd_bus_message_read(call, "v", "b", &several);
+      } else {
+        sd_bus_message_skip(call, "v");
+      }
+      sd_bus_message_exit_container(call);
+    }
+    return several != 0;
+  }
   int answer(sd_bus_message* call) {
     if (sd_bus_message_get_interface(call) != std::string("org.freedesktop.portal.FileChooser")) return -EINVAL;
     const char* window = nullptr;
@@ -41,7 +57,7 @@ class FakeChooser {
     sd_bus_message_read(call, "ss", &window, &title);
     {
       const std::lock_guard lock(mutex_);
-      asked_ = std::string(sd_bus_message_get_member(call)) + ": " + title;
+      asked_ = std::string(sd_bus_message_get_member(call)) + ": " + title + (wants_several(call) ? ", several" : "");
     }
     const int sent = sd_bus_reply_method_return(call, "o", kRequest);
     if (!reply_.answers) return sent;
@@ -86,7 +102,7 @@ class FileChooser : public BusFixture {
     portal_ = std::make_unique<FakeChooser>(bus_, std::move(reply));
   }
   static std::optional<Paths> ask(bool save = false) {
-    return FileChooserPortal::ask({save, "Add songs", "/music", "Songs|*.mp3;*.wav"}, nullptr);
+    return FileChooserPortal::ask({save, !save, "Add songs", "/music", "Songs|*.mp3;*.wav"}, nullptr);
   }
   std::unique_ptr<FakeChooser> portal_;
 };
@@ -94,7 +110,22 @@ class FileChooser : public BusFixture {
 TEST_F(FileChooser, BringsWhatWasChosenByteForByte) {
   start({.urls = {"file:///music/a%20b.mp3", "file:///music/caf%E9.wav"}});
   EXPECT_EQ(ask(), (Paths{"/music/a b.mp3", "/music/caf\xE9.wav"}));
-  EXPECT_EQ(portal_->asked(), "OpenFile: Add songs");
+  EXPECT_EQ(portal_->asked(), "OpenFile: Add songs, several");
+}
+
+// The panel takes one list; of several it would make a name that is none.
+TEST_F(FileChooser, IsAskedForOneListAndForAnyNumberOfSongs) {
+  start({.urls = {"file:///music/evening.m3l"}});
+  QtFileDialog dialog;
+  dialog.Filter = "Playlist|*.m3l";
+  dialog.ShowOpen();
+  EXPECT_EQ(portal_->asked(), "OpenFile: Open a list");
+  EXPECT_EQ(dialog.FileName, "/music/evening.m3l");
+  dialog.ShowSave();
+  EXPECT_EQ(portal_->asked(), "SaveFile: Save the list");
+  dialog.Filter = "Songs|*.mp3;*.wav";
+  dialog.ShowOpen();
+  EXPECT_EQ(portal_->asked(), "OpenFile: Add songs, several");
 }
 
 TEST_F(FileChooser, AsksForANameToSave) {

@@ -68,7 +68,7 @@ void append_question(sd_bus_message* call, const FileChooserPortal::Question& qu
   sd_bus_message_append(call, "s", question.title.c_str());
   sd_bus_message_open_container(call, 'a', "{sv}");
   sd_bus_message_append(call, "{sv}", "modal", "b", 1);
-  if (!question.save) sd_bus_message_append(call, "{sv}", "multiple", "b", 1);
+  if (question.multiple) sd_bus_message_append(call, "{sv}", "multiple", "b", 1);
   append_filter(call, question.filter);
   append_folder(call, question.folder);
   sd_bus_message_close_container(call);

@@ -17,7 +17,8 @@ namespace tandem {
 class FileChooserPortal {
  public:
   struct Question {
-    bool save = false;  // one name, else any number of files
+    bool save = false;      // a name that may be new, else files that are there
+    bool multiple = false;  // any number of them
     std::string title;
     std::string folder;  // where it opens, if not empty
     std::string filter;  // "text|*.a;*.b"; any letter case matches

@@ -10,7 +10,9 @@
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStyle>
@@ -107,6 +109,21 @@ bool may_replace(const std::string& path, QWidget* parent) {
   return QMessageBox::question(parent, "Tandem", question) == QMessageBox::Yes;
 }
 
+// Qt's dialog sorts names as people count, "2" before "10", but not in the locale "C": as long as this lives, names are
+// compared as in English there.
+class CountingOrder {
+ public:
+  CountingOrder() {
+    if (before_.collation().language() == QLocale::C) QLocale::setDefault(QLocale(QLocale::English));
+  }
+  ~CountingOrder() { QLocale::setDefault(before_); }
+  CountingOrder(const CountingOrder&) = delete;
+  CountingOrder& operator=(const CountingOrder&) = delete;
+
+ private:
+  QLocale before_;
+};
+
 class FilesDialog final : public QFileDialog {
  public:
   explicit FilesDialog(QAbstractFileIconProvider& kinds) {
@@ -185,16 +202,20 @@ std::unique_ptr<QFileDialog> QtFileDialog::made(QFileDialog::AcceptMode mode, co
 
 std::vector<std::string> QtFileDialog::ask_here(QFileDialog::AcceptMode mode) {
   Kept& kept = mode == QFileDialog::AcceptOpen ? open_ : save_;
+  const CountingOrder order;
   auto dialog = made(mode, kept);
   std::vector<std::string> paths = chosen(*dialog);
   kept = {dialog->saveState(), dialog->size(), dialog->directory().absolutePath()};
   dialog.reset();
+  QPixmapCache::clear();  // of the icons of each dialog it would keep a copy
   malloc_trim(0);
   return paths;
 }
 
 std::optional<std::vector<std::string>> QtFileDialog::ask_portal(bool save) {
-  return FileChooserPortal::ask({save, save ? "Save the list" : "Add songs", InitDir, Filter}, parent_);
+  const bool songs = !save && !asks_for_lists();
+  const char* title = save ? "Save the list" : songs ? "Add songs" : "Open a list";
+  return FileChooserPortal::ask({save, songs, title, InitDir, Filter}, parent_);
 }
 
 bool QtFileDialog::asks_for_lists() const { return Filter.find(kListEnding) != std::string::npos; }
