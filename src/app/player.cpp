@@ -23,7 +23,8 @@ namespace {
 
 constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with the user near
 constexpr double kUnattendedFrame = 1000.0 / 30;
-constexpr TimerQueue::Milliseconds kPoll = 10;  // while the device is about to answer
+constexpr TimerQueue::Milliseconds kPoll = 10;      // while the device is about to answer
+constexpr TimerQueue::Milliseconds kUnseen = 1000;  // so long the desktop waits for a window that is not to be seen
 
 void show_message(const std::string& text) {
   auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));
@@ -78,6 +79,7 @@ void Player::show() {
   dialog_.set_parent(window_.get());
   intake_.set_parent(window_.get());
   window_->show();
+  shown_ = clock_->now();
   presenter_ = std::make_unique<ShmPresenter>(*window_->windowHandle());
   cover_watch_ = std::make_unique<OcclusionWatch>(*window_->windowHandle(),
                                                   [this](bool covered) { window_->set_covered(covered); });
@@ -104,11 +106,12 @@ void Player::attend(Milliseconds now) {
   engine_.set_mix_point(forecast.deck, forecast.mix_point);
 }
 
-// What may delay neither the first sound nor the first picture.
-void Player::ask_the_system() {
+// What may delay neither the first sound nor the first picture. A window that begins minimized, or on another
+// workspace, has no first picture for long.
+void Player::ask_the_system(Milliseconds now) {
   if (!realtime_kit_ && output_.frames_played() > static_cast<std::uint64_t>(kSampleRate / 10))
     realtime_kit_.emplace().ask();
-  if (motion_ || !window_->exposed()) return;
+  if (motion_ || (!window_->exposed() && now < shown_ + kUnseen)) return;
   const bool by_style = window_->reduced_motion();
   motion_.emplace([this, by_style](bool reduced) { window_->set_reduced_motion(by_style || reduced); });
   join_desktop();
@@ -121,13 +124,14 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   program_.timers.advance(now);
   engine_.deliver();
   attend(now);
-  ask_the_system();
+  ask_the_system(now);
   if (services_) services_->update(now);
   auto next = program_.timers.next_due();
   const auto sooner = [&next](std::optional<Milliseconds> due) {
     if (due && (!next || *due < *next)) next = due;
   };
   sooner(look_again);
+  if (!services_) sooner(shown_ + kUnseen);
   if (!engine_.device_idle()) sooner(now + kPoll);
   sooner(draw_frame(now));
   return next;

@@ -60,7 +60,7 @@ class Player {
   std::optional<Milliseconds> draw_frame(Milliseconds now);
   void attend(Milliseconds now);
   void hand_moved();
-  void ask_the_system();
+  void ask_the_system(Milliseconds now);
   void user_acts();
   void join_desktop();
   void come_to_front(const std::string& token);
@@ -92,6 +92,7 @@ class Player {
   FramePacer frames_;
   LatencyPolicy queue_depth_;
   Milliseconds mix_shown_ = 0;
+  Milliseconds shown_ = 0;
   bool moving_ = true;  // the last frame said that something moves
   bool closed_ = false;
 };

@@ -18,7 +18,8 @@ void use_token(const std::string& token) {
 
 void Player::join_desktop() {
   remote_.emplace(program_, PanelRemote::Hooks{[this] { user_acts(); },
-                                               [this](const std::vector<std::string>& paths) { intake_.drop(paths); }});
+                                               [this](const std::vector<std::string>& paths) { intake_.drop(paths); },
+                                               [this] { return !intake_.is_empty(); }});
   DesktopServices::Hooks hooks;
   hooks.raise = [this](const std::string& token) { come_to_front(token); };
   hooks.quit = [this] { QTimer::singleShot(0, window_.get(), [this] { close(); }); };

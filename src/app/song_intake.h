@@ -42,6 +42,8 @@ class SongIntake {
   // Takes its time; what was dropped is added by a later look().
   void drop(const std::vector<std::string>& paths);
 
+  bool is_empty() const { return waiting_.empty(); }  // nothing is on its way
+
   // At every tick of the clock, after ends of songs were delivered and before the panel's timers tick (with short songs
   // the next overlap begins there): adds what is ready. Returns when to look again, nothing while there is nothing to
   // do.

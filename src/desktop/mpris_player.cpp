@@ -48,14 +48,16 @@ int MprisPlayer::on_name(sd_bus_message* answer, void* self, sd_bus_error*) {
 }
 
 MprisPlayer::Face MprisPlayer::face() const {
-  return {remote_.motion(),   remote_.song(),        remote_.length(),  remote_.volume(),
-          remote_.can_play(), remote_.can_go_next(), remote_.can_seek()};
+  return {remote_.motion(), remote_.deck(),     remote_.song(),        remote_.length(),
+          remote_.volume(), remote_.can_play(), remote_.can_go_next(), remote_.can_seek()};
 }
 
 void MprisPlayer::update(std::int64_t now) {
   Face now_shown = face();
+  // Two lines may be of the same file; what follows on comes from the other deck.
   const bool began =
-      now_shown.motion != Motion::Stopped && (shown_.motion == Motion::Stopped || now_shown.song != shown_.song);
+      now_shown.motion != Motion::Stopped &&
+      (shown_.motion == Motion::Stopped || now_shown.song != shown_.song || now_shown.deck != shown_.deck);
   if (began) ++songs_begun_;
   std::swap(shown_, now_shown);
   tell_changes(now_shown);
@@ -73,7 +75,7 @@ void MprisPlayer::tell_changes(const Face& before) {
     if (changed) names.at(count++) = name;
   };
   name_if(before.motion != shown_.motion, "PlaybackStatus");
-  name_if(before.song != shown_.song || before.length != shown_.length ||
+  name_if(before.song != shown_.song || before.deck != shown_.deck || before.length != shown_.length ||
               (before.motion == Motion::Stopped) != (shown_.motion == Motion::Stopped),
           "Metadata");
   name_if(before.volume != shown_.volume, "Volume");
@@ -97,6 +99,11 @@ void MprisPlayer::tell_jumps(const Face& before, std::int64_t now) {
 
 void MprisPlayer::tell_position() const {
   sd_bus_emit_signal(bus_, kMprisObject, kPlayerInterface, "Seeked", "x", remote_.position() * kMicroseconds);
+}
+
+void MprisPlayer::tell_seek() {
+  tell_position();
+  position_ = remote_.position();
 }
 
 std::string MprisPlayer::track() const {
@@ -150,10 +157,8 @@ int MprisPlayer::seek(sd_bus_message* call) {
   const std::int64_t wanted = remote_.position() + offset / kMicroseconds;
   if (remote_.can_seek() && wanted > remote_.length()) {
     remote_.next();
-  } else if (remote_.can_seek()) {
-    remote_.seek_to(std::max<std::int64_t>(wanted, 0));
-    tell_position();
-    position_ = remote_.position();
+  } else if (remote_.seek_to(std::max<std::int64_t>(wanted, 0))) {
+    tell_seek();
   }
   return sd_bus_reply_method_return(call, nullptr);
 }
@@ -164,11 +169,9 @@ int MprisPlayer::set_position(sd_bus_message* call) {
   std::int64_t wanted = 0;
   if (sd_bus_message_read(call, "ox", &meant, &wanted) <= 0) return -EINVAL;
   const std::int64_t milliseconds = wanted / kMicroseconds;
-  if (remote_.can_seek() && track() == meant && wanted >= 0 && milliseconds <= remote_.length()) {
-    remote_.seek_to(milliseconds);
-    tell_position();
-    position_ = remote_.position();
-  }
+  if (remote_.can_seek() && track() == meant && wanted >= 0 && milliseconds <= remote_.length() &&
+      remote_.seek_to(milliseconds))
+    tell_seek();
   return sd_bus_reply_method_return(call, nullptr);
 }
 

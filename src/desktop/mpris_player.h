@@ -37,6 +37,7 @@ class MprisPlayer {
   using Motion = PanelRemote::Motion;
   struct Face {  // what the interface shows, but for the position
     Motion motion = Motion::Stopped;
+    int deck = -1;
     std::string song;
     std::int32_t length = 0;  // milliseconds
     double volume = 1;
@@ -46,10 +47,10 @@ class MprisPlayer {
   };
 
   Face face() const;
-  void request_name();
   void tell_changes(const Face& now_shown);
   void tell_jumps(const Face& now_shown, std::int64_t now);
   void tell_position() const;
+  void tell_seek();  // that was asked for by a call
   int append_metadata(sd_bus_message* reply) const;
   std::string track() const;  // an object path, another for each song that begins
   int answer(sd_bus_message* call);

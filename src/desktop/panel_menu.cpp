@@ -26,9 +26,12 @@ PanelMenu::PanelMenu(QWidget& window, PanelRemote& remote, Hooks hooks)
   for (QWidget* item : window_.findChildren<QWidget*>()) item->installEventFilter(this);
 }
 
-bool PanelMenu::eventFilter(QObject*, QEvent* event) {
+bool PanelMenu::eventFilter(QObject* receiver, QEvent* event) {
   if (event->type() != QEvent::ContextMenu) return false;
-  open(static_cast<QContextMenuEvent*>(event)->globalPos());
+  const auto& asked = *static_cast<QContextMenuEvent*>(event);
+  const bool its_own = static_cast<QWidget*>(receiver)->contextMenuPolicy() == Qt::PreventContextMenu;
+  if (its_own && asked.reason() == QContextMenuEvent::Mouse) return false;
+  open(asked.globalPos());
   return true;
 }
 

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "base/song_endings.h"
+
 namespace tandem {
 
 namespace {
@@ -114,13 +116,14 @@ void PanelRemote::next() {
   if (can_go_next()) click(program_.controls.NextBtn);
 }
 
-void PanelRemote::seek_to(std::int64_t position) {
+bool PanelRemote::seek_to(std::int64_t position) {
   Slider& slider = program_.controls.Slider1;
-  if (!can_seek() || slider.held() || position < slider.minimum() || position > slider.maximum()) return;
+  if (!can_seek() || slider.held() || position < slider.minimum() || position > slider.maximum()) return false;
   const Act act(hooks_.user_acts);
   slider.user_press();
   if (position != slider.value()) slider.move(static_cast<std::int32_t>(position));
   slider.user_release();
+  return true;
 }
 
 void PanelRemote::put_volume(double volume) {
@@ -133,18 +136,20 @@ void PanelRemote::put_volume(double volume) {
 }
 
 void PanelRemote::add_and_play(const std::vector<std::string>& paths) {
-  if (motion() == Motion::Stopped) awaited_line_ = controls().PlayList.ListCount();
+  const bool takes_the_place =
+      std::any_of(paths.begin(), paths.end(), [](const auto& path) { return ends_as_list(path); });
+  if (motion() == Motion::Stopped) awaited_line_ = takes_the_place ? 0 : controls().PlayList.ListCount();
   add_songs(paths);
   play_awaited();
 }
 
 void PanelRemote::play_awaited() {
-  if (!awaited_line_) return;
-  if (motion() != Motion::Stopped) return awaited_line_.reset();
-  if (controls().PlayList.ListCount() <= *awaited_line_) return;
+  if (!awaited_line_ || (hooks_.adding && hooks_.adding())) return;
+  const std::int32_t line = *std::exchange(awaited_line_, std::nullopt);
+  if (motion() != Motion::Stopped || controls().PlayList.ListCount() <= line) return;
   {
     const Act act(hooks_.user_acts);
-    program_.controls.PlayList.user_select(*std::exchange(awaited_line_, std::nullopt));
+    program_.controls.PlayList.user_select(line);
   }
   start();
 }

@@ -21,6 +21,7 @@ class PanelRemote {
   struct Hooks {
     std::function<void()> user_acts;                            // before and after every act
     std::function<void(const std::vector<std::string>&)> drop;  // songs to be added as a drop on the window adds them
+    std::function<bool()> adding;  // whether some are still on their way into the list; empty: drop adds at once
   };
   PanelRemote(Program& program, Hooks hooks) : program_(program), hooks_(std::move(hooks)) {}
 
@@ -31,6 +32,7 @@ class PanelRemote {
   std::int32_t position() const;                              // milliseconds; 0 when stopped
   double volume() const;                                      // 0 .. 1
   bool seeking() const { return controls().Slider1.held(); }  // the user holds the position slider
+  int deck() const;                                           // whose song is meant; -1: none
   bool can_play() const;                                      // there is something to play
   bool can_pause() const { return motion() != Motion::Stopped; }
   bool can_go_next() const;  // a song sounds, one follows it, and the key for it is enabled
@@ -42,13 +44,14 @@ class PanelRemote {
   void play_pause();
   void stop();
   void next();
-  // Milliseconds. Nothing happens outside the song.
-  void seek_to(std::int64_t position);
+  // Milliseconds. False, and nothing happens, outside the song and while the user holds the slider.
+  bool seek_to(std::int64_t position);
   void put_volume(double volume);  // limited to 0 .. 1
   void add_songs(const std::vector<std::string>& paths) { hooks_.drop(paths); }
-  // The same, and the first of them is played as soon as it is in the list, if nothing sounds then.
+  // The same, and the first of them is played as soon as they are in the list, if nothing sounds then. A saved list
+  // takes the place of the present one.
   void add_and_play(const std::vector<std::string>& paths);
-  // To be called at every turn of the event loop: songs may be added later than asked for.
+  // To be called at every turn of the event loop: songs may be added later than asked for, or not at all.
   void play_awaited();
   void click(Button& button);
   // The chosen line of the list, by a double-click on it; the panel keeps the one that plays.
@@ -59,7 +62,6 @@ class PanelRemote {
 
  private:
   const PanelControls& controls() const { return program_.controls; }
-  int deck() const;  // whose song is meant; -1: none
   bool is_open(int deck) const { return !program_.sound.WaveMixer->Mute(deck); }
   void start();
 

@@ -47,6 +47,10 @@ class SessionBus : public testing::Test {
     output_of({"busctl", "--user", "call", kApplicationName, kApplicationObject, "org.freedesktop.Application", "Open",
                "asa{sv}", "1", "file://" + path, "0"});
   }
+  bool menu_is_open() const {
+    const std::string windows = desktop.do_tool({"search", "--onlyvisible", "--class", "tandem"});
+    return !windows.empty() && windows != player->window() + "\n";
+  }
   std::string title() const { return desktop.do_tool({"getwindowname", player->window()}); }
 
   TempDirectory files;
@@ -82,8 +86,44 @@ TEST_F(SessionBus, EndsWhenItIsAskedTo) {
 
 TEST_F(SessionBus, ShowsAMenuAtTheRightButton) {
   player->click(300, 200, 3);
-  const auto menu = [&] { return desktop.do_tool({"search", "--onlyvisible", "--class", "tandem"}); };
-  EXPECT_TRUE(wait_until([&] { return menu() != player->window() + "\n" && !menu().empty(); }));
+  EXPECT_TRUE(wait_until([&] { return menu_is_open(); }));
+}
+
+// A step forward and two back; the menu beside them says that they have been done.
+TEST_F(SessionBus, LeavesTheRightButtonToTheRotarySwitches) {
+  constexpr std::size_t kLine = 28;  // of the settings, for the switch of the displays
+  const int before = std::stoi(lines_of(player->settings()).at(kLine));
+  for (const int button : {1, 3, 3}) player->click(27, 227, button);
+  player->click(300, 200, 3);
+  EXPECT_TRUE(wait_until([&] { return menu_is_open(); }));
+  player->send(SIGTERM);
+  EXPECT_EQ(player->exit_status(), 0);
+  EXPECT_EQ(std::stoi(lines_of(player->settings()).at(kLine)), (before + 2) % 3);
+}
+
+// A window manager that begins every window minimized: nothing of it is ever seen.
+TEST(MinimizedPlayer, JoinsTheDesktopAllTheSame) {
+  if (!std::filesystem::exists("/usr/bin/openbox")) GTEST_SKIP() << "openbox is not installed";
+  const TempDirectory files;
+  BusTestDaemon bus;
+  Desktop desktop;
+  bus.start();
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
+  std::ofstream(files.file("rc.xml")) << "<openbox_config xmlns='http://openbox.org/3.4/rc'><applications>"
+                                         "<application class='*'><iconic>yes</iconic></application>"
+                                         "</applications></openbox_config>";
+  const ChildProcess manager({"openbox", "--sm-disable", "--config-file", files.file("rc.xml")}, files.file("log"));
+  ASSERT_TRUE(wait_until([&] { return !desktop.do_tool({"get_desktop"}).empty(); }));
+  RealPlayer player(desktop, factory_settings());
+  EXPECT_TRUE(wait_until([&] {
+    return ChildProcess(
+               {"busctl", "--user", "call", kApplicationName, kApplicationObject, "org.freedesktop.DBus.Peer", "Ping"},
+               files.file("answer"))
+               .wait() == 0;
+  })) << player.errors();
+  player.send(SIGTERM);
+  EXPECT_EQ(player.exit_status(), 0);
+  ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
 }
 
 // Started by a link the program keeps its settings beside the link.

@@ -71,7 +71,7 @@ TEST_F(Application, HasNoActions) {
 TEST_F(Application, IsTakenOverByTheSecondPlayerWhenTheFirstEnds) {
   TestPanel panel;
   int activations = 0;
-  PanelRemote remote(panel.program, {[] {}, [](const std::vector<std::string>&) {}});
+  PanelRemote remote(panel.program, {[] {}, [](const std::vector<std::string>&) {}, {}});
   DesktopServices second(remote, {[&](const std::string&) { ++activations; }, [] {}, [](const std::string&) {}});
   const auto activate = [this] {
     called("Activate", [](sd_bus_message* call) { sd_bus_message_append(call, "a{sv}", 0); });

@@ -72,7 +72,8 @@ DesktopRig::DesktopRig()
                                  drops_.push_back(paths);
                                  for (const std::string& path : paths)
                                    panel_.program.controls.Painel.files_dropped.raise(path);
-                               }}) {}
+                               },
+                               {}}) {}
 
 DesktopRig::~DesktopRig() = default;
 

@@ -114,6 +114,29 @@ TEST_F(Mpris, SaysWhereTheUserHasSeekedTo) {
   EXPECT_TRUE(signalled("Seeked 90000000"));
 }
 
+TEST_F(Mpris, SaysNothingOfASeekThatIsNotDone) {
+  panel_.add_songs(1);
+  player_call("Play");
+  panel_.controls.Slider1.user_press();
+  soon([] { return true; });
+  take_signals();
+  EXPECT_EQ(call(kPlayer, "Seek", "x", nullptr, 5'000'000), "");
+  EXPECT_EQ(call(kPlayer, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", 20'000'000), "");
+  meanwhile([](sd_bus*) {});
+  EXPECT_EQ(take_signals(), std::vector<std::string>());
+}
+
+TEST_F(Mpris, GivesEveryLineATrackOfItsOwn) {
+  panel_.add_song("/music/a.mp3", 61'000);
+  panel_.add_song("/music/a.mp3", 61'000);
+  player_call("Play");
+  const std::string first = metadata()["mpris:trackid"];
+  panel_.tick();  // loads the next song
+  player_call("Next");
+  EXPECT_EQ(metadata()["xesam:url"], "file:///music/a.mp3");
+  EXPECT_NE(metadata()["mpris:trackid"], first);
+}
+
 TEST_F(Mpris, KeepsQuietWhileTheSongJustGoesOn) {
   panel_.add_songs(1);
   player_call("Play");
@@ -168,7 +191,7 @@ TEST_F(Mpris, NamesTheSongAsThePanelDoes) {
 
 TEST_F(Mpris, GivesASecondPlayerANameOfItsOwn) {
   TestPanel second_panel;
-  PanelRemote second_remote(second_panel.program, {[] {}, [](const std::vector<std::string>&) {}});
+  PanelRemote second_remote(second_panel.program, {[] {}, [](const std::vector<std::string>&) {}, {}});
   DesktopServices second(second_remote, {[](const std::string&) {}, [] {}, [](const std::string&) {}});
   const std::string name = std::string(kMprisName) + ".instance" + std::to_string(::getpid());
   meanwhile([&](sd_bus* bus) {

@@ -20,7 +20,8 @@ class Remote : public testing::Test {
                       [this](const std::vector<std::string>& paths) {
                         drops.push_back(paths);
                         if (!adds_later) add_dropped();
-                      }}};
+                      },
+                      [this] { return adds_later; }}};
 
   void add_dropped() {
     for (const std::string& path : drops.back()) {
@@ -119,8 +120,8 @@ TEST_F(Remote, SeeksByTheSlider) {
   remote.seek_to(60'000);
   EXPECT_EQ(events, "press change release ");
   EXPECT_EQ(slider.value(), 60'000);
-  remote.seek_to(-1);
-  remote.seek_to(TestPanel::song_length(0) + 1);
+  EXPECT_FALSE(remote.seek_to(-1));
+  EXPECT_FALSE(remote.seek_to(TestPanel::song_length(0) + 1));
   EXPECT_EQ(slider.value(), 60'000);
 }
 
@@ -129,7 +130,7 @@ TEST_F(Remote, LeavesTheSliderToTheUserWhoHoldsIt) {
   remote.play();
   panel.controls.Slider1.user_press();
   EXPECT_TRUE(remote.seeking());
-  remote.seek_to(60'000);
+  EXPECT_FALSE(remote.seek_to(60'000));
   EXPECT_EQ(panel.controls.Slider1.value(), 0);
 }
 
@@ -160,8 +161,32 @@ TEST_F(Remote, PlaysWhatIsAddedLaterThanAskedFor) {
   remote.play_awaited();
   EXPECT_EQ(remote.motion(), Motion::Stopped);
   add_dropped();
+  adds_later = false;
   remote.play_awaited();
   EXPECT_EQ(remote.song(), "/music/new.mp3");
+}
+
+// A file that is refused, a folder without songs, a full list: what the user adds later is not what was to be played.
+TEST_F(Remote, WaitsNoLongerForWhatIsNotAdded) {
+  adds_later = true;
+  remote.add_and_play({"/music/refused.txt"});
+  remote.play_awaited();
+  adds_later = false;
+  remote.play_awaited();
+  panel.add_songs(1);
+  remote.play_awaited();
+  EXPECT_EQ(remote.motion(), Motion::Stopped);
+}
+
+TEST_F(Remote, PlaysASavedListFromItsFirstLine) {
+  panel.add_songs(2);
+  adds_later = true;
+  remote.add_and_play({"/music/Evening.M3L"});
+  remote.play_awaited();
+  EXPECT_EQ(remote.motion(), Motion::Stopped);
+  adds_later = false;
+  remote.play_awaited();
+  EXPECT_EQ(remote.song(), TestPanel::song_path(0));
 }
 
 }  // namespace

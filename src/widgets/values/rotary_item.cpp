@@ -25,6 +25,7 @@ RotaryItem::RotaryItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& pl
   for (const PositionCaption& text : position_captions(place.name))
     captions_ << QString::fromUtf8(text.caption.data(), static_cast<qsizetype>(text.caption.size()));
   pointer_ = target_angle();
+  setContextMenuPolicy(Qt::PreventContextMenu);  // the right button turns the knob back
 }
 
 void RotaryItem::draw(QPainter& painter) const {

@@ -65,7 +65,7 @@ class Menu : public testing::Test {
   }
 
   TestPanel panel;
-  PanelRemote remote{panel.program, {[] {}, [](const std::vector<std::string>&) {}}};
+  PanelRemote remote{panel.program, {[] {}, [](const std::vector<std::string>&) {}, {}}};
   QWidget window;
   QWidget item{&window};
   std::unique_ptr<PanelMenu> menu;
@@ -81,6 +81,14 @@ TEST_F(Menu, OpensOverEveryItemOfThePanel) {
     if (!action->isSeparator()) texts += action->text();
   EXPECT_EQ(texts.join(", ").toStdString(),
             "Play, Pause, Stop, Next, Add songs..., Open list..., Save list..., Remove line, Size, About Tandem, Quit");
+}
+
+TEST_F(Menu, LeavesTheRightButtonToAControlThatUsesIt) {
+  item.setContextMenuPolicy(Qt::PreventContextMenu);
+  EXPECT_EQ(open(), nullptr);
+  QContextMenuEvent by_key(QContextMenuEvent::Keyboard, QPoint(5, 5), item.mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(&item, &by_key);
+  EXPECT_NE(window.findChild<QMenu*>("PanelMenu"), nullptr);
 }
 
 TEST_F(Menu, OffersWhatThePanelCan) {
