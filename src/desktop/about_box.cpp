@@ -12,7 +12,8 @@ QString about_text() {
              "<p>Plays MP3 and WAV files and overlaps each song with the next.</p>"
              "<p>Copyright 2026 Tandem authors. MIT licence.</p>"
              "<p>It stands on Qt %2 (LGPL 3), mpg123 and libsndfile (LGPL 2.1), soxr (LGPL 2.1), KISS FFT (BSD),"
-             " utf8proc (MIT), libpulse, ALSA and libsystemd (LGPL 2.1), XCB (MIT); letters: Roboto (Apache 2.0).</p>"
+             " utf8proc (MIT), FriBidi, libpulse, ALSA and libsystemd (LGPL 2.1), XCB (MIT); letters: Roboto (Apache "
+             "2.0).</p>"
              "<p>Built by %3.</p>")
       .arg(kVersion, qVersion(), kBuild);
 }

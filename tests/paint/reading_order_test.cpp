@@ -8,7 +8,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 QString shown(const QString& line) {
-  const QList<uint> letters = reading_order(line);
+  const QList<uint> letters = reading_order(line).letters;
   return QString::fromUcs4(reinterpret_cast<const char32_t*>(letters.data()), letters.size());
 }
 
@@ -20,8 +20,10 @@ TEST(ReadingOrder, LeavesLeftToRightTextAlone) {
 
 TEST(ReadingOrder, TurnsRightToLeftRuns) {
   EXPECT_EQ(shown(u"\u05D0\u05D1\u05D2"_s), u"\u05D2\u05D1\u05D0"_s);
-  EXPECT_EQ(shown(u"05 - \u05D0\u05D1 \u05D2\u05D3.MP3"_s), u"05 - \u05D3\u05D2 \u05D1\u05D0.MP3"_s)
-      << "the words too, but not what stands around them";
+  EXPECT_EQ(shown(u"05 - \u05D0\u05D1 \u05D2\u05D3.MP3"_s), u"MP3.\u05D3\u05D2 \u05D1\u05D0 - 05"_s)
+      << "and the line with them, whose first letter is one of them";
+  EXPECT_EQ(shown(u"Song \u05D0\u05D1 \u05D2\u05D3 live"_s), u"Song \u05D3\u05D2 \u05D1\u05D0 live"_s)
+      << "alone in a line of the other direction";
 }
 
 TEST(ReadingOrder, FiguresInARunReadFromLeftToRight) {
@@ -39,13 +41,42 @@ TEST(ReadingOrder, ArabicLettersJoinTheirNeighbours) {
 
 TEST(ReadingOrder, MarksAreComposedOrLeftOut) {
   EXPECT_EQ(shown(u"E\u0301"_s), u"\u00C9"_s);
-  EXPECT_EQ(reading_order(u"\u05D0\u05B8"_s).size(), 1);
-  EXPECT_EQ(reading_order(u"a\u200Db"_s).size(), 2);
+  EXPECT_EQ(shown(u"\u05D0\u05B8"_s), u"\u05D0"_s);
+  EXPECT_EQ(shown(u"a\u200Db"_s), u"ab"_s);
 }
 
-TEST(ReadingOrder, CountsLeadingBlanks) {
-  EXPECT_EQ(leading_blanks(reading_order(u"   ab "_s)), 3);
-  EXPECT_EQ(leading_blanks(reading_order(u"   "_s)), 0);
+TEST(ReadingOrder, FiguresKeepTheirSeparators) {
+  EXPECT_EQ(shown(u"\u05D0 3.14 \u05D1"_s), u"\u05D1 3.14 \u05D0"_s);
+  EXPECT_EQ(shown(u"\u05D0 12:30 \u05D1"_s), u"\u05D1 12:30 \u05D0"_s);
+}
+
+TEST(ReadingOrder, KnowsWhereReadingBegins) {
+  EXPECT_FALSE(reading_order(u"01 - Song \u05D0"_s).right_to_left);
+  EXPECT_TRUE(reading_order(u"01 - \u05D0 Song"_s).right_to_left);
+  EXPECT_FALSE(reading_order(u"01"_s).right_to_left);
+}
+
+constexpr int kColumns = 6;
+
+TEST(RingColumn, BeginsWithTheFirstLetterAtTheLeftAndRunsToTheLeft) {
+  const DisplayLine line = reading_order(u"  abcdefgh "_s);
+  EXPECT_EQ(ring_column(line, 4, kColumns, 0), 2 * kColumns);
+  EXPECT_EQ(ring_column(line, 4, kColumns, 5), 2 * kColumns + 5);
+  EXPECT_EQ(ring_column(line, 4, kColumns, 11 * kColumns), 2 * kColumns) << "once round";
+}
+
+TEST(RingColumn, OfHebrewBeginsAtTheRightAndRunsToTheRight) {
+  const DisplayLine line = reading_order(u"  \u05D0\u05D1\u05D2\u05D3\u05D4\u05D5\u05D6\u05D7 "_s);
+  const int start = ring_column(line, 4, kColumns, 0);
+  EXPECT_EQ(start % kColumns, 0);
+  EXPECT_EQ(line.letters[start / kColumns + 3], 0x5D0U) << "the first letter in the window's last cell";
+  EXPECT_EQ(ring_column(line, 4, kColumns, 5), start - 5);
+  EXPECT_EQ(ring_column(line, 4, kColumns, 11 * kColumns), start) << "once round";
+}
+
+TEST(RingColumn, OfNothingOrBlanksIsTheBeginning) {
+  EXPECT_EQ(ring_column(reading_order(QString()), 4, kColumns, 7), 0);
+  EXPECT_EQ(ring_column(reading_order(u"   "_s), 4, kColumns, 0), 0);
 }
 
 }  // namespace

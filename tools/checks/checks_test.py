@@ -39,7 +39,7 @@ class IncludeOrder(unittest.TestCase):
                            ('shaping/a.h', '#include <filesystem>'), ('controls/a.h', '#include <QString>'),
                            ('paint/text/a.h', '#include <QWidget>'), ('base/text.cpp', '#include <fcntl.h>'),
                            ('engine/decode/a.h', '#include <pulse/stream.h>'), ('engine/read/a.h', '#include <fstream>'),
-                           ('platform/pulse/a.h', '#include <mpg123.h>'), ('base/a.h', '#include <utf8proc.h>'),
+                           ('platform/pulse/a.h', '#include <mpg123.h>'), ('base/a.h', '#include <utf8proc.h>'), ('widgets/a.h', '#include <fribidi.h>'),
                            ('engine/core/a.h', '#include "frames.h"'), ('base/a.h', '#include <boost/any.hpp>'),
                            ('engine/core/a.h', 'auto t = std::chrono::steady_clock::now();'),
                            ('base/a.h', '  #  include <mutex>'), ('settings/a.h', '#include <fstream>')):

@@ -79,6 +79,7 @@ GROUPS = (
     ('decoders', r'(mpg123\.h|sndfile\.hh?|soundtouch/.+\.h|SoundTouch\.h)'),
     ('fft', r'(kissfft/)?kiss_fft[a-z]*\.h'),
     ('unicode', r'utf8proc\.h'),
+    ('bidi', r'fribidi\.h'),
 )
 STANDARD = set('''algorithm any array bit bitset cassert cctype cerrno cfenv cfloat charconv cinttypes climits clocale cmath
 compare complex concepts coroutine cstdarg cstddef cstdint cstdio cstdlib cstring cuchar cwchar cwctype deque exception
@@ -90,7 +91,7 @@ ALLOWED_GROUPS = {
     'engine': ('threads', 'clocks', 'system', 'lanes', 'rates', 'decoders', 'fft'),
     'displays': ('lanes', 'fft'),
     'layout': ('qt',),
-    'paint': ('qt', 'lanes'),
+    'paint': ('qt', 'lanes', 'bidi'),
     'widgets': ('qt',),
     'platform': ('threads', 'clocks', 'files', 'system', 'qt', 'server', 'rates', 'unicode'),
     'desktop': ('qt', 'server', 'system'),

@@ -18,6 +18,7 @@ constexpr int kOversampling = 4;
 constexpr int kInkShare = 40;  // percent of a half dot that must be covered
 
 const DotGlyph* capital_or_base(char32_t letter) {
+  if (letter == U'ß') return find_dot_glyph(U'ẞ');  // whose capital is two letters to Unicode
   if (const DotGlyph* glyph = find_dot_glyph(letter)) return glyph;
   const QString capital = QString::fromUcs4(&letter, 1).toUpper();
   const QList<uint> capitals = capital.toUcs4();

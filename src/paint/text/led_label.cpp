@@ -100,11 +100,10 @@ const QImage& cached_glyph(const GlyphKey& key) {
 class Cells {
  public:
   explicit Cells(const LedLabelState& look)
-      : letters_(reading_order(look.text)), ring_(look.scroll && !letters_.isEmpty()) {
-    const auto columns = static_cast<int>(letters_.size()) * kCellColumns;
-    const int moved = ring_ ? (*look.scroll + leading_blanks(letters_) * kCellColumns) % columns : 0;
-    skipped_ = moved / kCellColumns;
-    part_ = moved % kCellColumns;
+      : line_(reading_order(look.text)), ring_(look.scroll && !line_.letters.isEmpty()) {
+    const int hidden = ring_ ? ring_column(line_, look.cells, kCellColumns, *look.scroll) : 0;
+    skipped_ = hidden / kCellColumns;
+    part_ = hidden % kCellColumns;
     count_ = look.cells + (part_ > 0 ? 1 : 0);
   }
 
@@ -120,13 +119,13 @@ class Cells {
 
  private:
   [[nodiscard]] const DotGlyph& glyph(int cell) const {
-    const auto size = static_cast<int>(letters_.size());
+    const auto size = static_cast<int>(line_.letters.size());
     const int place = ring_ ? (cell + skipped_) % size : cell;
     const bool blank = cell < 0 || cell >= count_ || place >= size;
-    return dot_glyph(blank ? U' ' : static_cast<char32_t>(letters_[place]));
+    return dot_glyph(blank ? U' ' : static_cast<char32_t>(line_.letters[place]));
   }
 
-  QList<uint> letters_;
+  DisplayLine line_;
   bool ring_;
   int skipped_ = 0;
   int part_ = 0;
@@ -155,7 +154,9 @@ void draw_cells(QPainter& painter, const QPointF& top_left, const LedLabelState&
 
 }  // namespace
 
-int led_text_columns(const QString& text) { return static_cast<int>(reading_order(text).size()) * kCellColumns; }
+int led_text_columns(const QString& text) {
+  return static_cast<int>(reading_order(text).letters.size()) * kCellColumns;
+}
 
 void paint_led_label(QPainter& painter, const QPointF& top_left, const LedLabelState& look) {
   const bool cut = look.scroll.has_value();

@@ -14,8 +14,8 @@ struct LedLabelState {
   QRgb colour = 0xFFFFFFFF;
   std::optional<QRgb> dark_dots{};  ///< none: unlit dots do not show
   bool unbroken = false;            ///< the dark dots are one field without gaps between cells, and never move
-  /// Whole dot columns that the ring has moved left from its first letter that is no blank; none: the first cells stand
-  /// still.
+  /// Whole dot columns that the ring has moved from its first letter that is no blank, to the left, or to the right if
+  /// the text is read from right to left; none: the first cells stand still.
   std::optional<int> scroll{};
 };
 

@@ -6,13 +6,20 @@
 
 namespace tandem {
 
-/// Code points from left to right: composed letters instead of a letter with its marks, runs of Hebrew or Arabic
-/// reversed with the figures in them left as they are, brackets in them mirrored, Arabic letters in the form that their
-/// neighbours ask for. A simplified form of the Unicode bidirectional algorithm (UAX 9) with left to right as the
-/// line's own direction.
-QList<uint> reading_order(const QString& line);
+struct DisplayLine {
+  QList<uint> letters{};       ///< code points from left to right
+  bool right_to_left = false;  ///< its first letter with a direction is Hebrew or Arabic: read from the right end
+};
 
-/// How many blanks stand before the first letter; 0 if there is none.
-int leading_blanks(const QList<uint>& letters);
+/// Orders a line by the Unicode bidirectional algorithm (UAX 9, through FriBidi), which also mirrors brackets and gives
+/// Arabic letters the form that their neighbours ask for. A letter and its marks are composed to one where Unicode has
+/// it; other marks take no place and are left out.
+DisplayLine reading_order(const QString& line);
+
+/// Of a line that runs as a ring through a window of so many letters: which of its dot columns stands at the window's
+/// left edge. It begins with the first letter that is no blank, at the left edge or, read from right to left, at the
+/// right edge; `moved` columns later it has gone that far to the left or to the right. columns: of a letter with its
+/// gap.
+int ring_column(const DisplayLine& line, int window, int columns, int moved);
 
 }  // namespace tandem

@@ -97,33 +97,23 @@ const QImage& kept_image(const ImageKey& key) {
   return images[key];
 }
 
-/// Where the first letter stands: dot columns to the left of the label's edge, and which of the text it is.
-struct Start {
-  int letter;
-  int columns;
-};
-
-Start start_of(const QList<uint>& letters, const LedLabelState& look) {
-  if (!look.scroll || letters.isEmpty()) return {0, 0};
-  const int moved =
-      (*look.scroll + leading_blanks(letters) * kCellColumns) % static_cast<int>(letters.size() * kCellColumns);
-  return {moved / kCellColumns, moved % kCellColumns};
-}
-
 }  // namespace
 
 void paint_running_text(QPainter& painter, const QPointF& top_left, const LedLabelState& look) {
-  const QList<uint> letters = reading_order(look.text);
-  const Start start = start_of(letters, look);
+  const DisplayLine line = reading_order(look.text);
+  const QList<uint>& letters = line.letters;
+  const int hidden = look.scroll ? ring_column(line, look.cells, kCellColumns, *look.scroll) : 0;
+  const int first = hidden / kCellColumns;
+  const int part = hidden % kCellColumns;
   const double scale = device_scale(painter);
   const DevicePixels pixels(painter);
   const auto margin = static_cast<int>(std::ceil(look.pitch * scale));
   const QPoint origin = pixels.at(top_left) - QPoint(margin, margin);
   if (look.dark_dots) painter.drawImage(origin, kept_image({0, *look.dark_dots, look.pitch, look.cells, 0, scale}));
-  for (int cell = 0; cell < look.cells + (start.columns > 0 ? 1 : 0); ++cell) {
-    const auto place = look.scroll ? (start.letter + cell) % std::max<qsizetype>(letters.size(), 1) : qsizetype{cell};
+  for (int cell = 0; cell < look.cells + (part > 0 ? 1 : 0); ++cell) {
+    const auto place = look.scroll ? (first + cell) % std::max<qsizetype>(letters.size(), 1) : qsizetype{cell};
     if (place >= letters.size() || letters[place] == U' ') continue;
-    const double x = (cell * kCellColumns - start.columns) * look.pitch * scale;
+    const double x = (cell * kCellColumns - part) * look.pitch * scale;
     const double whole = std::floor(x + .5 / kPhases);
     const auto phase = std::clamp(static_cast<int>(std::lround((x - whole) * kPhases)), 0, kPhases - 1);
     painter.drawImage(origin + QPoint(static_cast<int>(whole), 0),
