@@ -71,6 +71,22 @@ function(tandem_test_data)
   set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_DEFINITIONS TANDEM_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data")
 endfunction()
 
+# A compiler takes precompiled headers only where these are as they were: -fPIC as with Qt, _REENTRANT as with PulseAudio.
+function(tandem_reads_test_headers target)
+  target_compile_options(${target} PRIVATE -fPIC)
+  target_compile_definitions(${target} PRIVATE _REENTRANT)
+endfunction()
+
+# tandem_test_headers(SOURCE): the headers of GoogleTest, precompiled once for all test programs: each would take 8 s more.
+function(tandem_test_headers source)
+  find_package(GTest REQUIRED)
+  add_library(test_headers OBJECT ${source})
+  target_link_libraries(test_headers PRIVATE tandem_options GTest::gmock GTest::gtest)
+  tandem_quick_to_compile(test_headers)
+  tandem_reads_test_headers(test_headers)
+  target_precompile_headers(test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+endfunction()
+
 # tandem_test(NAME SOURCES file... LINKS target... [LABELS label...] [PRECOMPILED header...] [SERIAL] [SHARDS n]):
 # a GoogleTest program.
 # It is one CTest entry of that name, or n entries NAME.0 ... that share its cases. Labels with a meaning for ./check:
@@ -86,9 +102,11 @@ function(tandem_test name)
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE tandem_options ${arg_LINKS} GTest::gmock GTest::gtest GTest::gtest_main)
   tandem_quick_to_compile(${name})
-  list(LENGTH arg_SOURCES files)
-  if(files GREATER 3)
+  tandem_reads_test_headers(${name})
+  if(arg_PRECOMPILED)
     target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> ${arg_PRECOMPILED})
+  else()
+    target_precompile_headers(${name} REUSE_FROM test_headers)
   endif()
   if("threads" IN_LIST arg_LABELS)
     add_dependencies(threads_tests ${name})

@@ -1,0 +1,1 @@
+// Nothing: the precompiled headers of GoogleTest need a source file of their own.
