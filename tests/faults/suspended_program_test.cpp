@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds kSuspended{2000};  // longer than all that i
 
 TEST(SuspendedProgram, GoesOnWhereItStood) {
   PlayingProgram program(2, 14, 0);
-  ASSERT_TRUE(program.play(PlayingProgram::Hand::kAway)) << program.player.errors();
+  ASSERT_TRUE(program.play(PlayingProgram::User::kAway)) << program.player.errors();
   std::this_thread::sleep_for(kSuspended);
   for (int i = 0; i < kTimes; ++i) {
     std::this_thread::sleep_for(kSuspended);
