@@ -44,7 +44,6 @@ bool takes_descriptors(xcb_connection_t* server) {
   return version && version->major_version == 1 && version->minor_version >= 2;
 }
 
-// Pixels as an image of ours has them.
 // The window's depth if it has them, else 0: 24, or 32 for one with transparency.
 std::uint8_t depth_of_our_pixels(xcb_connection_t* server, xcb_window_t window) {
   const xcb_setup_t* setup = xcb_get_setup(server);

@@ -55,7 +55,9 @@ bool draw_directly(const QWidget& window, const QImage& picture, const QPoint& a
   for (const QRect& box : changed) boxes.append((box & picture.rect()).translated(at));
   const std::span<const QRect> shown(boxes.data(), static_cast<std::size_t>(boxes.size()));
   // With `present` the store gets one dirty box instead of many, which is cheaper: Qt shows it with its next painting.
-  store->beginPaint(region_of(present ? std::span(&whole, 1) : shown, scale));
+  // Not so with transparency, where Qt empties what is dirty.
+  const bool one = present && !window.testAttribute(Qt::WA_TranslucentBackground);
+  store->beginPaint(region_of(one ? std::span(&whole, 1) : shown, scale));
   QImage* target = target_of(*store, scale);
   const bool fits = target != nullptr && target->rect().contains(whole);
   for (const QRect& box : shown)
