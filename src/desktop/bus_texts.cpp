@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QSysInfo>
 #include <QUrl>
 
 #include "base/text.h"
@@ -13,7 +14,10 @@ namespace {
 
 QByteArray bytes_of(std::string_view text) { return {text.data(), static_cast<qsizetype>(text.size())}; }
 
-bool is_this_machine(const QString& host) { return host.isEmpty() || host == "localhost"; }
+// File managers may name the machine (RFC 8089); a name is the same in capitals.
+bool is_this_machine(const QString& host) {
+  return host.isEmpty() || host == "localhost" || host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+}
 
 }  // namespace
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QString>
+#include <QSysInfo>
+
 namespace tandem {
 namespace {
 
@@ -24,6 +27,7 @@ TEST(FileUrl, CarriesEveryByteThereAndBack) {
 
 TEST(FileUrl, OfNoFileHereIsNoPath) {
   EXPECT_EQ(path_of("file://localhost/a.mp3"), "/a.mp3");
+  EXPECT_EQ(path_of("file://" + QSysInfo::machineHostName().toStdString() + "/a.mp3"), "/a.mp3");
   for (const char* url : {"http://example.org/a.mp3", "file://elsewhere/a.mp3", "a.mp3", "", "file:", "file:///a%00b"})
     EXPECT_EQ(path_of(url), std::nullopt) << url;
 }
