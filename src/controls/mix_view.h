@@ -24,6 +24,7 @@ struct MixView {
   std::vector<std::int32_t> lengths;    // of the list's songs, milliseconds, 0 where it is not known
   std::int64_t left = 0;                // of the counted song and those after it, milliseconds
   int songs_left = 0;                   // with the counted one
+  bool paused = false;                  // the songs hold where they are
   bool operator==(const MixView&) const = default;
 };
 

@@ -152,10 +152,13 @@ TEST(RunningTitle, BeginsWithItsFirstLetter) {
 
 TEST(RunningTitle, ShowsLettersThatTheDotFontLacks) {
   const QImage blank = picture_of(title_of(u"        "_s, 0));
-  for (const QString& text : {u"\u65E5       "_s, u"\u05D0       "_s, u"\u0645       "_s}) {
-    const QImage picture = picture_of(title_of(text, 0));
-    EXPECT_NE(picture, blank);
-    EXPECT_EQ(picture.copy(76, 0, 300, 88), blank.copy(76, 0, 300, 88)) << "within its cell";
+  const QImage first = picture_of(title_of(u"\u65E5       "_s, 0));
+  EXPECT_NE(first, blank);
+  EXPECT_EQ(first.copy(76, 0, 300, 88), blank.copy(76, 0, 300, 88)) << "within its cell";
+  for (const QString& text : {u"\u05D0       "_s, u"\u0645       "_s}) {
+    const QImage last = picture_of(title_of(text, 0));
+    EXPECT_NE(last, blank);
+    EXPECT_EQ(last.copy(0, 0, 148, 88), blank.copy(0, 0, 148, 88)) << "which is read from the right end";
   }
 }
 

@@ -1,8 +1,9 @@
 // Float sound to 16 bits. Where 16 bits cannot hold the samples, all of them get triangular dither of two steps (TPDF):
 // rounding then leaves no harmonics and no lower limit, only an even noise (Lipshitz, Wannamaker and Vanderkooy 1992,
-// "Quantization and dither"). The dither begins with the first sample that stands on no step and ends 10 ms after the
+// "Quantization and dither"). The dither begins with the first sample that stands on no step and ends 1 ms after the
 // last one, so that the noise does not come and go with samples that stand on a step by chance. Sound that the chain
-// has not changed comes out bit for bit, and silence is zero. For one thread at a time; no allocation, no lock.
+// has not changed comes out bit for bit, and silence is zero, at once. For one thread at a time; no allocation, no
+// lock.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +19,7 @@ class Quantizer16 {
   void convert(std::span<const StereoFrame> from, std::span<Sample16> to) noexcept;
 
  private:
-  static constexpr int kHold = kSampleRate / 100;  // frames of any rate
+  static constexpr int kHold = kSampleRate / 1000;  // frames of any rate
 
   std::int16_t dithered(float steps) noexcept;
   float triangular() noexcept;

@@ -12,9 +12,12 @@ namespace tandem {
 
 namespace {
 
-QString sound_text(LineSound sound) {
-  if (sound == LineSound::None) return {};
-  return sound == LineSound::Counted ? QStringLiteral("playing") : QStringLiteral("overlapping");
+// "playing, 3:20"; what is not known is left out.
+QString description_of(LineSound sound, const QString& length) {
+  QStringList words;
+  if (sound != LineSound::None) words << (sound == LineSound::Counted ? "playing" : "overlapping");
+  if (!length.isEmpty()) words << length;
+  return words.join(", ");
 }
 
 }  // namespace
@@ -44,7 +47,8 @@ class AccessibleRow final : public QAccessibleInterface, public QAccessibleActio
   void setText(QAccessible::Text, const QString&) override {}
   QString text(QAccessible::Text what) const override {
     if (what == QAccessible::Name) return QString::fromStdString(list_.list().List(index_));
-    return what == QAccessible::Description ? sound_text(list_.sound_of(index_)) : QString();
+    return what == QAccessible::Description ? description_of(list_.sound_of(index_), list_.length_of(index_))
+                                            : QString();
   }
 
   QAccessible::State state() const override {

@@ -115,6 +115,12 @@ QAccessibleInterface* interface_of(const QString&, QObject* object) {
 
 void install_accessibility() { QAccessible::installFactory(interface_of); }
 
+void post_description_changed(PanelItem& item) {
+  if (!item.notifies_accessibility()) return;
+  QAccessibleEvent description(&item, QAccessible::DescriptionChanged);
+  post_accessibility_event(description);
+}
+
 void post_value_changed(PanelItem& item) {
   if (!item.notifies_accessibility()) return;
   QAccessibleEvent name(&item, QAccessible::NameChanged);

@@ -12,5 +12,6 @@ void install_accessibility();
 
 // The item's value or state has changed.
 void post_value_changed(PanelItem& item);
+void post_description_changed(PanelItem& item);
 
 }  // namespace tandem

@@ -29,9 +29,10 @@ class PanelCanvas {
   // The changed boxes, in pixels of an opaque picture in device pixels that stands at a point of the panel: on the
   // screen at once.
   virtual void show_picture(const QImage& picture, const QPointF& at, std::span<const QRect> changed) = 0;
-  virtual void start_moving(PanelItem& item) = 0;   // advance() is called at every frame until it returns false
-  virtual void visibilities_changed() = 0;          // a control's Visible has changed
-  virtual void value_changed(PanelItem& item) = 0;  // what assistive technology says of the item may have changed
+  virtual void start_moving(PanelItem& item) = 0;         // advance() is called at every frame until it returns false
+  virtual void visibilities_changed() = 0;                // a control's Visible has changed
+  virtual void value_changed(PanelItem& item) = 0;        // what assistive technology says of the item may have changed
+  virtual void description_changed(PanelItem& item) = 0;  // its accessible_description() says something else
   // The wheel over an item, before the item gets it: true if the turn is the window's.
   virtual bool take_wheel(const PanelItem& over, QWheelEvent& event) = 0;
   virtual void mouse_pressed() = 0;  // somewhere: the focus ring is for the keyboard alone

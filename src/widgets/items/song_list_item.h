@@ -38,6 +38,7 @@ class SongListItem final : public PanelItem {
   // Assistive technology has asked for the lines: from now on it hears when they change.
   void set_follower(const std::shared_ptr<SongListFollower>& follower) { follower_ = follower; }
   LineSound sound_of(int index) const;  // of a line
+  QString length_of(int index) const;   // "3:20", empty if it is not known
   void show_mix(const MixView& view);   // marks and lengths
   // What hovers over the list, in words; nothing once it has been dropped or has left.
   void set_drop(const std::optional<QString>& what);
@@ -62,7 +63,6 @@ class SongListItem final : public PanelItem {
   void follow_selection();
   void follow_additions();
   void follow_additions_soon();
-  QString length_of(int index) const;
 
   ListBox& list_;
   int top_ = 0;

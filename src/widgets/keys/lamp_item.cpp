@@ -39,23 +39,27 @@ void LeadLampItem::draw(QPainter& painter) const {
 // The caption stands in front of the lamp.
 QRect LeadLampItem::drawn_box() const { return LampItem::drawn_box().adjusted(-20, 0, 0, 0); }
 
-void LeadLampItem::set_breathing(bool breathing) {
-  if (std::exchange(breathing_, breathing) == breathing) return;
+void LeadLampItem::set_mixing(bool mixing, bool held) {
+  if (breathing_ == mixing && held_ == held) return;
+  breathing_ = mixing;
+  held_ = held;
   seconds_ = 0;
   changed();
-  if (breathing) start_moving();
+  if (moves()) start_moving();
 }
+
+bool LeadLampItem::moves() const { return breathing_ && !held_ && !canvas().reduced_motion(); }
 
 // Once a second, a raised cosine that begins and ends as the lamp always is.
 double LeadLampItem::breath() const {
   if (!breathing_ || !lit()) return 0;
-  if (canvas().reduced_motion()) return kStillBreath;
+  if (!moves()) return kStillBreath;
   return (1 - std::cos(2 * std::numbers::pi * seconds_)) / 2;
 }
 
 bool LeadLampItem::advance(double seconds) {
   const bool hovering = LampItem::advance(seconds);
-  if (!breathing_ || canvas().reduced_motion()) return hovering;
+  if (!moves()) return hovering;
   seconds_ = std::fmod(seconds_ + seconds, 1.0);
   if (lit()) canvas().repaint_box(drawn_box());
   return true;

@@ -44,7 +44,7 @@ class LeadLampItem final : public LampItem {
     before_ = before;
     after_ = after;
   }
-  void set_breathing(bool breathing);
+  void set_mixing(bool mixing, bool held);  // held: two songs sound as soon as the panel goes on
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
 
@@ -54,11 +54,13 @@ class LeadLampItem final : public LampItem {
 
  private:
   double breath() const;  // 0 as the lamp always is .. 1 brightest
+  bool moves() const;
 
   const ControlBox& caption_;
   PanelItem* before_ = nullptr;
   PanelItem* after_ = nullptr;
   bool breathing_ = false;
+  bool held_ = false;
   double seconds_ = 0;  // since it began to breathe
 };
 

@@ -188,7 +188,10 @@ void PositionItem::show_mix(const MixView& view) {
   if (view.mix_at && range > 0) mark = share_of(*view.mix_at, range);
   std::optional<double> second;
   if (view.other) second = share_of(view.other->position, view.other->length);
+  const bool mixed = !mixing_.isEmpty();
   mixing_ = view.counted && view.other ? mixing_text(*view.counted, *view.other) : QString();
+  if (mixed == mixing_.isEmpty()) canvas().description_changed(*this);
+  next_ = view.mix_at ? QStringLiteral(", next song at ") + minutes_and_seconds(*view.mix_at) : QString();
   if (mark == mark_ && second == second_) return;
   mark_ = mark;
   second_ = second;
@@ -202,7 +205,9 @@ QRectF PositionItem::cap_box(double share) const {
   return {left - kAbout, box().top() - kAbout, kSliderCapWidth + 2 * kAbout, box().height() + 2 * kAbout};
 }
 
-QString PositionItem::accessible_description() const { return mixing_.isEmpty() ? accessible_value() : mixing_; }
+QString PositionItem::accessible_description() const {
+  return mixing_.isEmpty() ? accessible_value() + next_ : mixing_;
+}
 
 QString PositionItem::accessible_value() const {
   return minutes_and_seconds(slider().value()) + " of " + minutes_and_seconds(slider().maximum());

@@ -104,7 +104,8 @@ class PositionItem final : public SlidingItem {
   double drawn_share_ = -1;
   std::optional<double> mark_;
   std::optional<double> second_;
-  QString mixing_;
+  QString mixing_;  // what is said while two songs sound
+  QString next_;    // where the next song begins
 };
 
 class SlideSwitchItem final : public PanelItem {

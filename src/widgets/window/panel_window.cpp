@@ -78,10 +78,12 @@ void PanelWindow::visibilities_changed() {
 
 void PanelWindow::value_changed(PanelItem& item) { post_value_changed(item); }
 
+void PanelWindow::description_changed(PanelItem& item) { post_description_changed(item); }
+
 void PanelWindow::show_mix(const MixView& view) {
   list_->show_mix(view);
   position_->show_mix(view);
-  for (LeadLampItem* lamp : lead_lamps_) lamp->set_breathing(view.other.has_value());
+  for (LeadLampItem* lamp : lead_lamps_) lamp->set_mixing(view.other.has_value(), view.paused);
   const QString left = minutes_and_seconds(view.left);
   total_->setToolTip(view.songs_left == 0 ? QString()
                                           : QStringLiteral("Left in the list: %1, %2 %3")

@@ -74,6 +74,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void start_moving(PanelItem& item) override;
   void visibilities_changed() override;
   void value_changed(PanelItem& item) override;
+  void description_changed(PanelItem& item) override;
   bool take_wheel(const PanelItem& over, QWheelEvent& event) override;
   void mouse_pressed() override;
   void user_acts() override { hooks_.user_acts(); }

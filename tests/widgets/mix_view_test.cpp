@@ -1,0 +1,109 @@
+// What the window shows and says of an overlap, from a view of it.
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QCoreApplication>
+#include <utility>
+
+#include "widgets/accessibility/accessible_events.h"
+#include "widgets/window_rig.h"
+
+namespace tandem::test {
+namespace {
+
+int descriptions = 0;
+
+void count_descriptions(QAccessibleEvent* event) { descriptions += event->type() == QAccessible::DescriptionChanged; }
+
+class ShownMix : public testing::Test {
+ protected:
+  ShownMix() {
+    rig.add_songs(3);
+    rig.controls().Slider1.put_maximum(200000);
+  }
+  static MixView one_song() {
+    MixView view;
+    view.counted = {0, "a.mp3", 60000, 200000};
+    view.mix_at = 196500;
+    view.lengths = {200000, 180000, 0};
+    view.left = 320000;
+    view.songs_left = 2;
+    return view;
+  }
+  static MixView two_songs() {
+    MixView view = one_song();
+    view.counted->position = 198000;
+    view.other = {1, "b.mp3", 1500, 180000};
+    return view;
+  }
+  std::string said(const std::string& name) {
+    return QAccessible::queryAccessibleInterface(&rig.item(name))->text(QAccessible::Description).toStdString();
+  }
+  std::string said_of_line(int line) {
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&rig.item("PlayList"));
+    return list->child(line)->text(QAccessible::Description).toStdString();
+  }
+  // Frames that are still wanted after what was begun before has come to rest.
+  bool moves_for_ever() {
+    bool moving = true;
+    for (int i = 0; i < 120; ++i) moving = rig.frame(1.0 / 60);
+    return moving;
+  }
+
+  WindowRig rig;
+};
+
+TEST_F(ShownMix, WithOneSongThePositionSaysWhereTheNextBegins) {
+  rig.window->show_mix(one_song());
+  EXPECT_NE(said("Slider1").find("next song at 3:16"), std::string::npos) << said("Slider1");
+  EXPECT_EQ(said_of_line(0), "playing, 3:20");
+  EXPECT_EQ(said_of_line(1), "3:00");
+  EXPECT_EQ(said_of_line(2), "");
+  EXPECT_FALSE(moves_for_ever());
+}
+
+TEST_F(ShownMix, TheTotalTimesTipSaysWhatIsLeft) {
+  rig.window->show_mix(one_song());
+  EXPECT_EQ(rig.item("LblTempTot").toolTip().toStdString(), "Left in the list: 5:20, 2 songs");
+  rig.window->show_mix({});
+  EXPECT_EQ(rig.item("LblTempTot").toolTip().toStdString(), "");
+}
+
+TEST_F(ShownMix, WithTwoSongsThePositionSaysWhichEndsAndWhichBegan) {
+  rig.window->show_mix(two_songs());
+  EXPECT_EQ(said("Slider1"), "Mixing: a.mp3 ends in 2 s, b.mp3");
+  EXPECT_EQ(said_of_line(0), "playing, 3:20");
+  EXPECT_EQ(said_of_line(1), "overlapping, 3:00");
+}
+
+TEST_F(ShownMix, AScreenReaderLearnsThatAnOverlapBeginsAndEnds) {
+  const AccessibilityHandler before = set_accessibility_handler(count_descriptions);
+  rig.window->show_mix(one_song());
+  descriptions = 0;
+  rig.window->show_mix(two_songs());
+  EXPECT_EQ(std::exchange(descriptions, 0), 1);
+  MixView later = two_songs();
+  later.counted->position += 1000;
+  rig.window->show_mix(later);
+  EXPECT_EQ(std::exchange(descriptions, 0), 0) << "not at every second of it";
+  rig.window->show_mix(one_song());
+  EXPECT_EQ(descriptions, 1);
+  set_accessibility_handler(before);
+}
+
+TEST_F(ShownMix, TheLitLeadLampBreathesUntilTheOverlapEndsOrIsPaused) {
+  rig.window->show_mix(two_songs());
+  EXPECT_TRUE(moves_for_ever());
+  MixView paused = two_songs();
+  paused.paused = true;
+  rig.window->show_mix(paused);
+  EXPECT_FALSE(moves_for_ever()) << "a mix that is paused over night costs no pictures";
+  rig.window->show_mix(two_songs());
+  EXPECT_TRUE(moves_for_ever());
+  rig.window->show_mix(one_song());
+  EXPECT_FALSE(moves_for_ever());
+}
+
+}  // namespace
+}  // namespace tandem::test
