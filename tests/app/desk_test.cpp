@@ -94,7 +94,7 @@ TEST_F(Managed, IsMinimisedPlaysOnAndComesBack) {
   ASSERT_TRUE(player->dialog_shows_up());
   player->answer_dialog('"' + player->write_song("one.wav", kTone, 30) + '"');
   ASSERT_TRUE(player->dialog_goes_away());
-  player->key("ctrl+p");
+  ASSERT_TRUE(player->play());
   player->click(579, 7);
   ASSERT_TRUE(wait_until([this] { return !is_mapped(); }));
   desktop.sound.start_recording();
@@ -156,7 +156,7 @@ TEST(Covered, PaintsNothingUntilItIsSeenAgain) {
   ASSERT_TRUE(player.dialog_shows_up());
   player.answer_dialog('"' + player.write_song("one.wav", kTone, 60) + '"');
   ASSERT_TRUE(player.dialog_goes_away());
-  player.key("ctrl+p");
+  ASSERT_TRUE(player.play());
   desktop.sound.start_recording();
   ASSERT_TRUE(wait_until([&] { return find_tone(desktop.sound.recording(), kTone).has_value(); }));
   desktop.do_tool({"mousemove", "1270", "1020"});

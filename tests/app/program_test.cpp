@@ -115,7 +115,7 @@ TEST_F(TheProgram, IsUsedByTheKeyboardAlone) {
   player->key("ctrl+o");
   answer(names);
   desktop.sound.start_recording();
-  player->key("ctrl+p");
+  ASSERT_TRUE(player->play());
   EXPECT_TRUE(hears(kTones[0]));
   set_two_bands_by_keys();
   const std::string list = player->file("evening");
@@ -138,7 +138,7 @@ TEST_F(TheProgram, IsUsedByTheKeyboardAlone) {
   player->key("ctrl+l");
   answer(list + ".m3l");
   desktop.sound.start_recording();
-  player->key("ctrl+p");
+  ASSERT_TRUE(player->play());
   EXPECT_TRUE(hears(kTones[0]));
   EXPECT_TRUE(hears(kTones[2]));
   player->key("ctrl+q");
@@ -152,7 +152,7 @@ TEST_F(TheProgram, ATermSignalWhilePlayingSavesTheSettings) {
   answer('"' + player->write_song("one.wav", kTones[0], 20) + '"');
   player->click(235, 137, 5);  // the wheel on the volume, one notch down
   desktop.sound.start_recording();
-  player->key("ctrl+p");
+  ASSERT_TRUE(player->play());
   ASSERT_TRUE(hears(kTones[0]));
   player->send(SIGTERM);
   EXPECT_EQ(player->exit_status(), 0);
@@ -175,7 +175,7 @@ TEST_F(TheProgram, SoundsAsSoonAsThereIsASoundServer) {
   start_and_show();
   player->click(189, 146);
   answer('"' + player->write_song("one.wav", kTones[0], 20) + '"');
-  player->key("ctrl+p");
+  ASSERT_TRUE(player->play());
   desktop.sound.start();
   desktop.sound.start_recording();
   EXPECT_TRUE(hears(kTones[0]));

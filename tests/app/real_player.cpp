@@ -164,6 +164,17 @@ void RealPlayer::drag(int x, int y, int right, int down) const {
 
 void RealPlayer::key(const std::string& key) const { desktop_.do_tool({"windowfocus", "--sync", panel_, "key", key}); }
 
+bool RealPlayer::has_songs_name() const {
+  return desktop_.do_tool({"getwindowname", panel_}).find(" - Tandem") != std::string::npos;
+}
+
+bool RealPlayer::play() {
+  return wait_until([this] {
+    key("ctrl+p");  // of an empty list does nothing
+    return wait_until([this] { return has_songs_name(); }, std::chrono::seconds(1));
+  });
+}
+
 void RealPlayer::dialog_key(const std::string& key) {
   desktop_.do_tool({"windowfocus", "--sync", dialog_, "key", key});
 }

@@ -49,7 +49,9 @@ class RealPlayer {
   void click(int x, int y, int button = 1) const;  // a point of the panel
   void key(const std::string& key) const;          // for the panel, as xdotool names it
   void answer_dialog(const std::string& text);     // typed, and Return
-  void type(const std::string& text) const;        // where the keys go
+  // PLAY, once the songs that the dialog chose are in the list: they are measured first. False if no song plays then.
+  bool play();
+  void type(const std::string& text) const;  // where the keys go
   void dialog_key(const std::string& key);
   void send(int signal) const;
   // The exit status once it has ended; 128 + n if it died of signal n. Nothing if it still runs after the deadline.
@@ -78,6 +80,7 @@ class RealPlayer {
   bool find_panel(int width);
   bool find_dialog();
   bool has_ended();
+  bool has_songs_name() const;  // in its window's title
 
   const Desktop& desktop_;
   TempDirectory folder_;

@@ -67,7 +67,7 @@ TEST_P(ShownDisplays, MoveWhileASongPlaysAndLeaveNothingBehind) {
     still = well();
     return std::adjacent_find(still.begin(), still.end(), std::not_equal_to<>()) != still.end() && still == well();
   }));
-  player->key("ctrl+p");
+  ASSERT_TRUE(player->play());
   EXPECT_TRUE(wait_until([&] { return share(well(), still) > 0.01; })) << "the display does not move";
   EXPECT_EQ(mapped().find("tandem-picture") != std::string::npos, shares());
   EXPECT_TRUE(wait_until([&] { return well() == still; })) << 100 * share(well(), still) << " % are left";
@@ -119,7 +119,7 @@ TEST(CompositedDisplays, AreWholeWhenTheWindowComesBack) {
   player.answer_dialog(player.write_song("song.wav", 1000, 1));
   ASSERT_TRUE(player.dialog_goes_away());
   const Pixels still = glass();
-  player.key("ctrl+p");
+  ASSERT_TRUE(player.play());
   ASSERT_TRUE(wait_until([&] { return glass() != still; })) << "the display does not move";
   ASSERT_TRUE(wait_until([&] { return glass() == still; }));
   desktop.do_tool({"windowunmap", "--sync", player.window()});
