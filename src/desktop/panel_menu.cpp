@@ -8,6 +8,7 @@
 #include <cmath>
 #include <utility>
 
+#include "controls/pause_state.h"
 #include "desktop/about_box.h"
 
 namespace tandem {
@@ -59,7 +60,7 @@ void PanelMenu::add(QMenu& menu, const char* text, bool possible, std::function<
 // Play resumes what is paused; else it is the panel's key, which starts the line that is chosen.
 void PanelMenu::add_transport(QMenu& menu) {
   PanelControls& controls = remote_.program().controls;
-  const bool paused = controls.PAUSE.BackColor == clYellow;
+  const bool paused = is_paused(controls);
   const bool sounds = remote_.motion() != PanelRemote::Motion::Stopped;
   add(menu, "Play", remote_.can_play(), [this, &controls] {
     remote_.motion() == PanelRemote::Motion::Playing ? remote_.click(controls.PLAY) : remote_.play();

@@ -1,6 +1,6 @@
 // The menu of the right button, anywhere on the panel but where a control has a use of its own for it (a context menu
-// policy of Qt::PreventContextMenu). Its entries do what the panel's own keys
-// do. A menu lives as long as it is open. UI thread.
+// policy of Qt::PreventContextMenu). Its entries do what the panel's own keys do. A menu lives as long as it is open.
+// UI thread.
 #pragma once
 
 #include <QObject>

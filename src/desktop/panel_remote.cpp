@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/song_endings.h"
+#include "controls/pause_state.h"
 
 namespace tandem {
 
@@ -20,8 +21,6 @@ class Act {
  private:
   const std::function<void()>& user_acts_;
 };
-
-bool is_paused(const PanelControls& controls) { return controls.PAUSE.BackColor == clYellow; }
 
 }  // namespace
 

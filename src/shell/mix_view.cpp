@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "controls/pause_state.h"
 #include "playlist/list_lines.h"
 
 namespace tandem {
@@ -73,7 +74,7 @@ MixView mix_view(const Program& program) {
   view.counted = song_on(program, state.ActiveDeck, both ? current - 1 : current);
   view.other = song_on(program, state.idle_deck(), current);
   if (view.counted) view.mix_at = mix_point(program, *view.counted);
-  view.paused = program.controls.PAUSE.BackColor == clYellow;
+  view.paused = is_paused(program.controls);
   add_lengths(program, view);
   add_rest(view);
   return view;

@@ -62,6 +62,17 @@ TEST_F(MixViewTest, InAnOverlapTheCounterStaysWithTheOutgoingSong) {
   EXPECT_EQ(look().counted->line, 1);
 }
 
+TEST_F(MixViewTest, PauseHoldsWhatSounds) {
+  rig_.play();
+  ASSERT_TRUE(rig_.run_until([this] { return look().other.has_value(); }, 6000));
+  EXPECT_FALSE(look().paused);
+  rig_.pause();
+  EXPECT_TRUE(look().paused);
+  EXPECT_TRUE(look().other.has_value());
+  rig_.pause();
+  EXPECT_FALSE(look().paused);
+}
+
 TEST_F(MixViewTest, TheLastSongHasNoMixPoint) {
   rig_.play();
   ASSERT_TRUE(rig_.run_until([this] { return look().counted && look().counted->line == 2 && !look().other; }, 15000));

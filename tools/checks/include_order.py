@@ -57,7 +57,7 @@ ROOMS = {
     'platform/alsa': ('platform/output', 'engine/device', 'engine/core', 'base'),
     'platform': ('platform/pulse', 'platform/alsa', 'engine/device', 'base'),
     'platform/desktop': ('platform/realtime', 'controls', 'base'),
-    'desktop': ('shell', 'base', 'paint/strokes', 'platform/desktop', 'platform/system'),
+    'desktop': ('controls', 'shell', 'base', 'paint/strokes', 'platform/desktop', 'platform/system'),
     'app': ('desktop', 'base', 'controls', 'shell', 'engine', 'engine/device', 'engine/core', 'displays', 'paint',
             'widgets', 'platform'),
 }

@@ -9,8 +9,8 @@ namespace tandem {
 
 // In a compressed recording a band stays within a few dB for minutes, and its column would stand still. Here each
 // column is drawn about its own mean of the last seconds, and the less it moves about that mean, the more its moves are
-// enlarged, up to three times. A column that moves well by itself stays as it is, and a
-// steady tone stands at its own height, since it does not leave its mean.
+// enlarged, up to three times. A column that moves well by itself stays as it is, and a steady tone stands at its own
+// height, since it does not leave its mean.
 class ColumnContrast {
  public:
   void prepare(std::size_t columns);  // forgets what it has seen; allocates
