@@ -65,11 +65,22 @@ void BandAnalyser::clear() noexcept {
 }
 
 void BandAnalyser::feed(std::span<const SoundFrame> frames) noexcept {
-  for (const SoundFrame& frame : frames.last(std::min(frames.size(), kMemory))) {
-    quiet_ = frame == SoundFrame{} ? std::min(quiet_ + 1, kMemory) : 0;
-    pending_[filled_] = frame;
-    if (++filled_ == hop_) hop();
+  frames = frames.last(std::min(frames.size(), kMemory));
+  while (!frames.empty()) {
+    const std::size_t count = std::min(frames.size(), hop_ - filled_);
+    keep(frames.first(count));
+    frames = frames.subspan(count);
+    if (filled_ == hop_) hop();
   }
+}
+
+void BandAnalyser::keep(std::span<const SoundFrame> frames) noexcept {
+  std::copy(frames.begin(), frames.end(), pending_.begin() + static_cast<std::ptrdiff_t>(filled_));
+  filled_ += frames.size();
+  const auto last_sound =
+      std::find_if(frames.rbegin(), frames.rend(), [](const SoundFrame& frame) { return frame != SoundFrame{}; });
+  const auto zeros = static_cast<std::size_t>(last_sound - frames.rbegin());
+  quiet_ = zeros == frames.size() ? std::min(quiet_ + zeros, kMemory) : zeros;
 }
 
 void BandAnalyser::hop() noexcept {

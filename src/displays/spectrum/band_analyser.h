@@ -42,6 +42,7 @@ class BandAnalyser {
   static constexpr std::size_t kStages = 3;
   static constexpr std::size_t kHalvings = 6;
 
+  void keep(std::span<const SoundFrame> frames) noexcept;
   void hop() noexcept;
   void add_halved(std::span<const SoundFrame> frames) noexcept;
 

@@ -20,11 +20,19 @@ double bessel_i0(double x) noexcept {
   return sum;
 }
 
+void add_pair(float tap, const SoundFrame* before, const SoundFrame* after, std::span<SoundFrame> to) noexcept {
+  for (std::size_t i = 0; i < to.size(); ++i) {
+    to[i].left += tap * (before[i].left + after[i].left);
+    to[i].right += tap * (before[i].right + after[i].right);
+  }
+}
+
 double kaiser(double x) noexcept { return bessel_i0(kKaiser * std::sqrt(1.0 - x * x)) / bessel_i0(kKaiser); }
 
 }  // namespace
 
-HalvingFilter::HalvingFilter(std::size_t pairs, std::size_t largest_in) : taps_(pairs), line_(older() + largest_in) {
+HalvingFilter::HalvingFilter(std::size_t pairs, std::size_t largest_in)
+    : taps_(pairs), outer_(older() + largest_in / 2), middle_(outer_.size()) {
   double sum = 0.0;
   for (std::size_t i = 0; i < pairs; ++i) {
     const double at = static_cast<double>(2 * i + 1);
@@ -35,22 +43,24 @@ HalvingFilter::HalvingFilter(std::size_t pairs, std::size_t largest_in) : taps_(
   for (float& tap : taps_) tap *= static_cast<float>(0.5 / sum);  // 1 at 0 Hz
 }
 
-void HalvingFilter::clear() noexcept { std::fill(line_.begin(), line_.end(), SoundFrame{}); }
+void HalvingFilter::clear() noexcept {
+  std::fill(outer_.begin(), outer_.end(), SoundFrame{});
+  std::fill(middle_.begin(), middle_.end(), SoundFrame{});
+}
 
+// A tap at a time over the whole block, which the compiler turns into vectors.
 void HalvingFilter::halve(std::span<const SoundFrame> in, std::span<SoundFrame> out) noexcept {
-  std::copy(in.begin(), in.end(), line_.begin() + static_cast<std::ptrdiff_t>(older()));
-  const SoundFrame* middle = line_.data() + older() / 2;
-  for (SoundFrame& frame : out) {
-    frame = {0.5F * middle->left, 0.5F * middle->right};
-    for (std::size_t i = 0; i < taps_.size(); ++i) {
-      const SoundFrame& before = *(middle - (2 * i + 1));
-      const SoundFrame& after = *(middle + (2 * i + 1));
-      frame.left += taps_[i] * (before.left + after.left);
-      frame.right += taps_[i] * (before.right + after.right);
-    }
-    middle += 2;
+  const std::size_t pairs = taps_.size();
+  for (std::size_t i = 0; i < out.size(); ++i) {
+    outer_[older() + i] = in[2 * i];
+    middle_[older() + i] = in[2 * i + 1];
   }
-  std::copy_n(line_.begin() + static_cast<std::ptrdiff_t>(in.size()), older(), line_.begin());
+  for (std::size_t i = 0; i < out.size(); ++i)
+    out[i] = {0.5F * middle_[pairs - 1 + i].left, 0.5F * middle_[pairs - 1 + i].right};
+  for (std::size_t tap = 0; tap < pairs; ++tap)
+    add_pair(taps_[tap], &outer_[pairs - 1 - tap], &outer_[pairs + tap], out);
+  std::copy_n(outer_.begin() + static_cast<std::ptrdiff_t>(out.size()), older(), outer_.begin());
+  std::copy_n(middle_.begin() + static_cast<std::ptrdiff_t>(out.size()), older(), middle_.begin());
 }
 
 }  // namespace tandem

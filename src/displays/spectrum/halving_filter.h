@@ -23,10 +23,12 @@ class HalvingFilter {
   void clear() noexcept;
 
  private:
-  std::size_t older() const noexcept { return 4 * taps_.size() - 2; }  // inputs that the taps still reach
+  std::size_t older() const noexcept { return 2 * taps_.size() - 1; }  // frames of each line that the taps still reach
 
-  std::vector<float> taps_;       // outwards from the middle; the middle tap is 1/2
-  std::vector<SoundFrame> line_;  // the older inputs, then the block
+  std::vector<float> taps_;  // outwards from the middle; the middle tap is 1/2
+  // The older frames, then the block, by turns: the outer taps lie on the one, the middle tap on the other.
+  std::vector<SoundFrame> outer_;
+  std::vector<SoundFrame> middle_;
 };
 
 }  // namespace tandem

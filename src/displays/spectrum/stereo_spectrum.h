@@ -3,21 +3,19 @@
 // symmetry (Press et al., "Numerical Recipes", section 12.3: two real functions in one transform).
 #pragma once
 
-#include <kiss_fft.h>
-
 #include <cstddef>
-#include <memory>
 #include <span>
 #include <vector>
 
 #include "displays/core/sound_frame.h"
+#include "displays/spectrum/complex_fft.h"
 #include "displays/spectrum/fft_window.h"
 
 namespace tandem {
 
 class StereoSpectrum {
  public:
-  void prepare(std::size_t length, FftWindow window);  // length: a power of two from 4; allocates
+  void prepare(std::size_t length, FftWindow window);  // length: a power of two from 16; allocates
 
   // frames.size() is length(). Only the bins first .. end - 1 get their power; end is at most length() / 2.
   void analyse(std::span<const SoundFrame> frames, std::size_t first, std::size_t end) noexcept;
@@ -31,14 +29,10 @@ class StereoSpectrum {
   std::size_t length() const noexcept { return window_.size(); }
 
  private:
-  struct Release {
-    void operator()(kiss_fft_cfg plan) const noexcept { kiss_fft_free(plan); }
-  };
+  void separate(std::size_t first, std::size_t end) noexcept;
 
-  std::unique_ptr<kiss_fft_state, Release> plan_;
   std::vector<float> window_;  // scaled, so that the sum of its squares is 1 / length
-  std::vector<kiss_fft_cpx> time_;
-  std::vector<kiss_fft_cpx> bins_;
+  ComplexFft fft_;
   BothSides<std::vector<float>> power_;
 };
 
