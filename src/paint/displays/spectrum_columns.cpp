@@ -62,10 +62,14 @@ unsigned cover(int y, int top, int bottom) {
   return static_cast<unsigned>(std::max(covered, 0)) * (256 / kPart);
 }
 
+void copy_pixels(QRgb* pixels, const QRgb* from, int width) {
+  std::memcpy(pixels, from, static_cast<std::size_t>(width) * sizeof(QRgb));
+}
+
 void lay_over(QRgb* pixels, const QRgb* from, int width, unsigned share) {
   if (share == 0) return;
   if (share >= 256) {
-    std::memcpy(pixels, from, static_cast<std::size_t>(width) * sizeof(QRgb));
+    copy_pixels(pixels, from, width);
   } else {
     std::transform(pixels, pixels + width, from, pixels, [share](QRgb a, QRgb b) { return blended(a, b, share); });
   }
@@ -113,12 +117,16 @@ void draw_column(const SpectrumTarget& target, const SpectrumBackdrop& backdrop,
   const int head = style.kind == AnalyserKind::VLines ? column.top + head_height(style) : column.top;
   const bool capped = style.kind == AnalyserKind::Bar && style.solid;
   const int cap = capped ? column.top + parts(style.grid.scale) : column.top;
+  const PixelLines<const QRgb> dark = lines_of(backdrop.dark());
+  const PixelLines<const QRgb> lit = lines_of(backdrop.lit());
+  const PixelLines<const QRgb> heads = head > column.top ? lines_of(backdrop.second()) : lit;
   for (int y = lines.top; y < lines.bottom; ++y) {
     QRgb* pixels = target.line(y, x);
-    std::memcpy(pixels, line_of(backdrop.dark(), y, x), static_cast<std::size_t>(width) * sizeof(QRgb));
-    lay_over(pixels, line_of(backdrop.lit(), y, x), width, cover(y, head, column.bottom));
+    const unsigned share = cover(y, head, column.bottom);
+    copy_pixels(pixels, share < 256 ? dark.line(y, x) : lit.line(y, x), width);
+    if (share < 256) lay_over(pixels, lit.line(y, x), width, share);
     if (head > column.top) {
-      lay_over(pixels, line_of(backdrop.second(), y, x), width, cover(y, column.top, std::min(head, column.bottom)));
+      lay_over(pixels, heads.line(y, x), width, cover(y, column.top, std::min(head, column.bottom)));
     }
     if (capped) whiten(pixels, width, cover(y, column.top, std::min(cap, column.bottom)) * kCapShare / 256);
   }

@@ -42,10 +42,12 @@ void lay_curve(const SpectrumBackdrop& backdrop, std::span<const float> values, 
 
 void fill_below(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, const QRect& half,
                 const std::vector<int>& curve) {
+  const PixelLines<const QRgb> unlit_lines = lines_of(backdrop.dark());
+  const PixelLines<const QRgb> lit_lines = lines_of(backdrop.lit());
   for (int y = 0; y < half.height(); ++y) {
     QRgb* pixels = target.line(half.top() + y, half.left());
-    const QRgb* dark = line_of(backdrop.dark(), half.top() + y, half.left());
-    const QRgb* lit = line_of(backdrop.lit(), half.top() + y, half.left());
+    const QRgb* dark = unlit_lines.line(half.top() + y, half.left());
+    const QRgb* lit = lit_lines.line(half.top() + y, half.left());
     for (std::size_t x = 0; x < curve.size(); ++x) pixels[x] = y >= curve[x] ? lit[x] : dark[x];
   }
 }
@@ -61,10 +63,12 @@ QRgb under_glass(QRgb black, QRgb white, QRgb colour) {
 }
 
 void fill_cell(const SpectrumTarget& target, const SpectrumBackdrop& backdrop, const QRect& cell, QRgb colour) {
+  const PixelLines<const QRgb> black_lines = lines_of(backdrop.second());
+  const PixelLines<const QRgb> white_lines = lines_of(backdrop.lit());
   for (int y = cell.top(); y <= cell.bottom(); ++y) {
     QRgb* pixels = target.line(y, cell.left());
-    const QRgb* black = line_of(backdrop.second(), y, cell.left());
-    const QRgb* white = line_of(backdrop.lit(), y, cell.left());
+    const QRgb* black = black_lines.line(y, cell.left());
+    const QRgb* white = white_lines.line(y, cell.left());
     for (int x = 0; x < cell.width(); ++x) pixels[x] = under_glass(black[x], white[x], colour);
   }
 }

@@ -5,21 +5,38 @@
 
 namespace tandem {
 
+/// The pixels of an image, without Qt's question at every line whether they are shared.
+template <class Pixel>
+class PixelLines {
+ public:
+  PixelLines(Pixel* top_left, qsizetype bytes_per_line)
+      : top_left_(top_left), pixels_per_line_(bytes_per_line / static_cast<qsizetype>(sizeof(Pixel))) {}
+  [[nodiscard]] Pixel* line(int y, int x) const { return top_left_ + y * pixels_per_line_ + x; }
+
+ private:
+  Pixel* top_left_;
+  qsizetype pixels_per_line_;
+};
+
+inline PixelLines<const QRgb> lines_of(const QImage& image) {
+  return {reinterpret_cast<const QRgb*>(image.constBits()), image.bytesPerLine()};
+}
+
 /// The display area within a larger image.
 struct SpectrumTarget {
+  SpectrumTarget(QImage& whole, const QPoint& corner)
+      : image(whole), origin(corner), lines(reinterpret_cast<QRgb*>(whole.bits()), whole.bytesPerLine()) {}
+
   QImage& image;
   QPoint origin;
 
-  [[nodiscard]] QRgb* line(int y, int x) const {
-    return reinterpret_cast<QRgb*>(image.scanLine(y + origin.y())) + x + origin.x();
-  }
+  [[nodiscard]] QRgb* line(int y, int x) const { return lines.line(y + origin.y(), x + origin.x()); }
   /// Copies a box from an image of the area.
   void copy(const QImage& from, const QRect& box) const;
-};
 
-inline const QRgb* line_of(const QImage& image, int y, int x) {
-  return reinterpret_cast<const QRgb*>(image.constScanLine(y)) + x;
-}
+ private:
+  PixelLines<QRgb> lines;
+};
 
 /// Where a column's parts lie for the picture.
 SpectrumTrace::Column spectrum_column(const SpectrumBackdrop& backdrop, const SpectrumPicture& picture,

@@ -129,10 +129,11 @@ void ShmPresenter::show_box(const QImage& picture, const QRect& box, std::size_t
   const std::size_t line = static_cast<std::size_t>(picture.width()) * kPixel;
   std::byte* into = &memory_[at + static_cast<std::size_t>(box.top()) * line + left];
   const uchar* from = picture.constScanLine(box.top()) + left;
+  const qsizetype from_line = picture.bytesPerLine();
   for (int rows = box.height(); rows > 0; --rows) {
     std::memcpy(into, from, static_cast<std::size_t>(box.width()) * kPixel);
     into += line;
-    from += picture.bytesPerLine();
+    from += from_line;
   }
   const auto size = [](int length) { return static_cast<std::uint16_t>(length); };
   const auto place = [](int coordinate) { return static_cast<std::int16_t>(coordinate); };

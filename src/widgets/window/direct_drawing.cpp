@@ -34,10 +34,12 @@ void copy(QImage& target, const QPoint& to, const QImage& picture, const QRect& 
   const auto bytes = static_cast<std::size_t>(box.width()) * sizeof(QRgb);
   uchar* into = target.scanLine(box.top() + to.y()) + static_cast<std::size_t>(box.left() + to.x()) * sizeof(QRgb);
   const uchar* from = picture.constScanLine(box.top()) + static_cast<std::size_t>(box.left()) * sizeof(QRgb);
+  const qsizetype into_line = target.bytesPerLine();
+  const qsizetype from_line = picture.bytesPerLine();
   for (int rows = box.height(); rows > 0; --rows) {
     std::memcpy(into, from, bytes);
-    into += target.bytesPerLine();
-    from += picture.bytesPerLine();
+    into += into_line;
+    from += from_line;
   }
 }
 
