@@ -36,6 +36,8 @@ void hear(QAccessibleEvent* event) {
       return heard.push_back("named " + name);
     case QAccessible::Selection:
       return heard.push_back("selected " + name);
+    case QAccessible::DescriptionChanged:
+      return heard.push_back(name + " is " + whose->text(QAccessible::Description).toStdString());
     case QAccessible::Focus:
       return heard.push_back("focus on " + name);
     case QAccessible::ValueChanged:
@@ -113,6 +115,18 @@ TEST_F(AccessibleEvents, AListThatIsEmptied) {
   list().Clear();
   EXPECT_EQ(line_events(), (Events{"destroyed 2", "destroyed 1", "destroyed 0"}));
   EXPECT_EQ(spoken_list().childCount(), 0);
+}
+
+TEST_F(AccessibleEvents, HowAnEmptyListIsFilled) {
+  const auto description = [this] { return spoken_list().text(QAccessible::Description).toStdString(); };
+  const std::string name = spoken_list().text(QAccessible::Name).toStdString();
+  EXPECT_EQ(description(), "Drop songs here or press SONG");
+  rig.add_songs(2);
+  EXPECT_EQ(events({name + " is"}), Events{name + " is "});
+  rig.add_songs(1);
+  EXPECT_EQ(events({name + " is"}), Events{}) << "it was not empty before";
+  list().Clear();
+  EXPECT_EQ(events({name + " is"}), Events{name + " is Drop songs here or press SONG"});
 }
 
 TEST_F(AccessibleEvents, NothingOfLinesThatAreAsTheyWere) {

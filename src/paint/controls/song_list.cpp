@@ -51,10 +51,9 @@ void paint_hint(QPainter& painter, const QRectF& box) {
   tray.quadTo(at + QPointF(12, 5), at + QPointF(12, 3));
   tray.lineTo(at + QPointF(12, -4));
   stroke_path(painter, tray, QColor::fromRgb(kHintTray), 1.6, Qt::RoundCap);
-  draw_caption(painter, at + QPointF(0, 22), QStringLiteral("Drop songs here"),
+  draw_caption(painter, at + QPointF(0, 22), QString(kListHint),
                {.size = 11, .colour = palette::kLegendUnchosen, .bold = true}, Anchor::Middle);
-  draw_caption(painter, at + QPointF(0, 36), QStringLiteral("or press SONG"), {.colour = palette::kListLength},
-               Anchor::Middle);
+  draw_caption(painter, at + QPointF(0, 36), QString(kListHintBelow), {.colour = palette::kListLength}, Anchor::Middle);
 }
 
 void paint_drop_frame(QPainter& painter, const QRectF& box) {

@@ -12,6 +12,10 @@ namespace tandem {
 inline constexpr int kListRows = 10;
 inline constexpr double kListRowHeight = 13;
 
+/// What a list without lines says, in two lines.
+inline constexpr const char* kListHint = "Drop songs here";
+inline constexpr const char* kListHintBelow = "or press SONG";
+
 struct SongListState {
   QStringList rows;               ///< the lines in view, from `top` on, at most ten; each "number - path"
   QStringList lengths{};          ///< "m:ss" of these lines, empty where it is not known; may be shorter than `rows`

@@ -2,7 +2,9 @@
 
 namespace tandem {
 
-SongListInterface::SongListInterface(SongListItem& list) : QAccessibleWidget(&list, QAccessible::List), list_(list) {}
+SongListInterface::SongListInterface(SongListItem& list) : QAccessibleWidget(&list, QAccessible::List), list_(list) {
+  list.notify_accessibility();
+}
 
 // From the first question on they are followed.
 AccessibleRows& SongListInterface::lines() const {
@@ -21,6 +23,8 @@ int SongListInterface::childCount() const {
 QString SongListInterface::text(QAccessible::Text what) const {
   if (what == QAccessible::Name) return list_.accessible_name();
   if (what == QAccessible::Value) return list_.accessible_value();
+  if (what == QAccessible::Description && !list_.accessible_description().isEmpty())
+    return list_.accessible_description();
   return QAccessibleWidget::text(what);
 }
 

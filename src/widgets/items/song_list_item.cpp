@@ -70,6 +70,10 @@ void SongListItem::set_drop(const std::optional<QString>& what) {
 
 QString SongListItem::accessible_value() const { return QString::fromStdString(list_.List(list_.ListIndex())); }
 
+QString SongListItem::accessible_description() const {
+  return list_.ListCount() == 0 ? QStringLiteral("%1 %2").arg(QString(kListHint), QString(kListHintBelow)) : QString();
+}
+
 int SongListItem::last_top() const { return std::max(0, list_.ListCount() - kListRows); }
 
 void SongListItem::scroll_to(int top) {
@@ -118,6 +122,7 @@ void SongListItem::follow_additions() {
   additions_due_ = false;
   const int before = std::exchange(settled_count_, list_.ListCount());
   const bool replaced = std::exchange(emptied_, false);
+  if ((before == 0) != (settled_count_ == 0)) canvas().description_changed(*this);
   if (settled_count_ <= before) return;
   if (replaced) {
     scroll_to(0);

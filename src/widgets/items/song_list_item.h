@@ -31,6 +31,7 @@ class SongListItem final : public PanelItem {
                std::function<void()> play_selected);
   void draw(QPainter& painter) const override;
   QString accessible_value() const override;
+  QString accessible_description() const override;  // how a list without lines is filled
   const ListBox& list() const { return list_; }
   int top() const { return top_; }
   QRect line_on_screen(int index) const;  // nothing if it is not in view
