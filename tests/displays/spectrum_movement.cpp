@@ -1,15 +1,12 @@
-#include "bench/spectrum_movement.h"
+#include "displays/spectrum_movement.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
-#include <cstdio>
-#include <span>
+#include <tuple>
 #include <utility>
 #include <vector>
 
-#include "bench/piece_of_music.h"
 #include "displays/spectrum/band_analyser.h"
 #include "displays/spectrum/spectrum_analyser.h"
 
@@ -21,12 +18,6 @@ using enum SpectrumSetting;
 
 constexpr std::size_t kPerPicture = 735;
 constexpr double kPicture = 1.0 / 60.0;
-
-// What is asked of every kind of music in every state.
-constexpr double kLeastMean = 0.25;
-constexpr double kGreatestMean = 0.6;
-constexpr double kLeastMove = 0.08;
-constexpr double kMostAtTop = 0.03;
 
 constexpr double kTopHeight = 0.98;        // within a row of the top
 constexpr double kSoundRange = 1 / 316.0;  // 25 dB below the loudest column: what is less is no sound of the piece
@@ -108,7 +99,7 @@ class ColumnMovement {
   double tops_ = 0.0;
 };
 
-struct StateMovement {
+struct StateColumns {
   BothSides<std::vector<ColumnMovement>> columns;
   FrequencyAxis axis;
   bool rests = false;  // all of it after the sound has become silence
@@ -123,12 +114,12 @@ bool rests_in_silence(SpectrumAnalyser& analyser) {
   return analyser.at_rest();
 }
 
-StateMovement movement_of(const BoardState& state, std::span<const SoundFrame> sound) {
+StateColumns columns_of(const BoardState& state, std::span<const SoundFrame> sound) {
   SpectrumAnalyser analyser;
   analyser.put_Enabled(true);
   for (const auto& [setting, value] : state.settings) analyser.put(setting, value);
   const SpectrumReading& picture = analyser.picture();
-  StateMovement movement{{}, picture.axis};
+  StateColumns movement{{}, picture.axis};
   movement.columns.fill(std::vector<ColumnMovement>(picture.heights[0].size()));
   for (std::size_t at = 0; at + kPerPicture <= sound.size(); at += kPerPicture) {
     analyser.feed(sound.subspan(at, kPerPicture));
@@ -141,62 +132,41 @@ StateMovement movement_of(const BoardState& state, std::span<const SoundFrame> s
   return movement;
 }
 
-struct Summary {
-  double mean = 0.0;
-  double at_top = 0.0;
-  std::pair<double, double> weakest{1.0, 0.0};  // deviation, Hz
-  std::vector<double> deviations;               // of the columns with sound, rising
-  bool rests = false;
-
-  bool meets() const {
-    return mean >= kLeastMean && mean <= kGreatestMean && weakest.first >= kLeastMove && at_top < kMostAtTop && rests;
-  }
-};
-
-Summary summary_of(const StateMovement& movement, std::span<const SoundFrame> sound) {
-  Summary summary;
-  summary.rests = movement.rests;
+SpectrumMovement movement_of(const BoardState& state, std::span<const SoundFrame> sound) {
+  const StateColumns shown = columns_of(state, sound);
+  SpectrumMovement movement{state.name};
+  movement.rests = shown.rests;
+  std::vector<double> deviations;
   for (std::size_t side = 0; side < kSides; ++side) {
-    const std::vector<ColumnMovement>& columns = movement.columns[side];
-    const std::vector<bool> sounds = sounding(sound, side, movement.axis, columns.size());
+    const std::vector<ColumnMovement>& columns = shown.columns[side];
+    const std::vector<bool> sounds = sounding(sound, side, shown.axis, columns.size());
     const double share = 1.0 / static_cast<double>(kSides * columns.size());
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      summary.mean += share * columns[i].mean();
-      summary.at_top += share * columns[i].at_top();
+      movement.mean += share * columns[i].mean();
+      movement.at_top += share * columns[i].at_top();
       if (!sounds[i]) continue;
-      summary.deviations.push_back(columns[i].deviation());
-      const double hz = middle_hz(movement.axis, i, columns.size());
-      summary.weakest = std::min(summary.weakest, {columns[i].deviation(), hz});
+      deviations.push_back(columns[i].deviation());
+      const std::pair weakest(movement.weakest, movement.weakest_hz);
+      std::tie(movement.weakest, movement.weakest_hz) =
+          std::min(weakest, {columns[i].deviation(), middle_hz(shown.axis, i, columns.size())});
     }
   }
-  std::sort(summary.deviations.begin(), summary.deviations.end());
-  return summary;
-}
-
-void print(const char* name, const Summary& summary) {
-  std::printf("%-15s %6.1f %% %8.1f %% %7.0f Hz %8.1f %% %8zu %8.2f %%   %-7s  %s\n", name, 100.0 * summary.mean,
-              100.0 * summary.weakest.first, summary.weakest.second,
-              100.0 * summary.deviations[summary.deviations.size() / 2], summary.deviations.size(),
-              100.0 * summary.at_top, summary.rests ? "rests" : "MOVES", summary.meets() ? "alive" : "MISSES");
+  std::sort(deviations.begin(), deviations.end());
+  movement.columns = deviations.size();
+  movement.median = deviations.empty() ? 0.0 : deviations[deviations.size() / 2];
+  return movement;
 }
 
 }  // namespace
 
-int print_movement(const char* path, double second) {
-  const std::vector<SoundFrame> sound = piece_of_music(path, second, 60.0);
-  if (sound.size() < kPerPicture) {
-    std::fprintf(stderr, "%s: no WAV file of 16 bits, stereo, 44.1 kHz\n", path);
-    return 1;
-  }
-  std::printf("%-15s %8s %10s %10s %10s %8s %10s   %s\n", "", "mean", "weakest", "at", "median", "columns", "at top",
-              "silence");
-  bool all = true;
-  for (const BoardState& state : kStates) {
-    const Summary summary = summary_of(movement_of(state, sound), sound);
-    print(state.name, summary);
-    all = all && summary.meets();
-  }
-  return all ? 0 : 1;
+bool SpectrumMovement::alive() const {
+  return mean >= kLeastMean && mean <= kGreatestMean && weakest >= kLeastMove && at_top < kMostAtTop && rests;
+}
+
+std::vector<SpectrumMovement> spectrum_movement(std::span<const SoundFrame> sound) {
+  std::vector<SpectrumMovement> movements;
+  for (const BoardState& state : kStates) movements.push_back(movement_of(state, sound));
+  return movements;
 }
 
 }  // namespace tandem

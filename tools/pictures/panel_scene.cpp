@@ -13,12 +13,14 @@
 
 #include "displays/display_set.h"
 #include "tools/pictures/panel_states.h"
+#include "tools/pictures/synthetic_music.h"
 #include "widgets/display_area/display_views.h"
 
 namespace tandem {
 
 namespace {
 
+constexpr double kMusicSeconds = 4.88;
 constexpr std::size_t kFrame = 735;  // frames of sound to a picture: a 60th of a second
 
 const NamedState& state_of(std::string_view name) {
@@ -29,19 +31,20 @@ const NamedState& state_of(std::string_view name) {
   return *found;
 }
 
-// A chord, the left channel a little louder and without its highest tone.
-SoundFrame chord(std::size_t frame) {
+// A second of a chord, the left channel a little louder and without its highest tone.
+std::vector<SoundFrame> chord() {
   constexpr double kTones[] = {110, 440, 1000, 3000, 7000};
-  double left = 0;
-  double right = 0;
+  std::vector<SoundFrame> sound(44100);
   double level = .3;
   for (const double tone : kTones) {
-    const double wave = level * std::sin(2 * std::numbers::pi * tone * static_cast<double>(frame) / 44100);
-    left += tone > 5000 ? 0 : wave;
-    right += .7 * wave;
+    for (std::size_t i = 0; i < sound.size(); ++i) {
+      const double wave = level * std::sin(2 * std::numbers::pi * tone * static_cast<double>(i) / 44100);
+      if (tone < 5000) sound[i].left += static_cast<float>(wave);
+      sound[i].right += static_cast<float>(.7 * wave);
+    }
     level *= .6;
   }
-  return {static_cast<float>(left), static_cast<float>(right)};
+  return sound;
 }
 
 }  // namespace
@@ -69,17 +72,16 @@ PanelScene::PanelScene(std::string_view name, double scale) {
   state.put(parts);
   window_->show();
   window_->show_mix(mix);
-  hear_a_second();
+  hear(state.music);
   if (state.hovering > 0) hover(state.hovering);
 }
 
 PanelScene::~PanelScene() = default;
 
-void PanelScene::hear_a_second() {
-  for (std::size_t begin = 0; begin < 44100; begin += kFrame) {
-    std::vector<SoundFrame> sound(kFrame);
-    for (std::size_t i = 0; i < kFrame; ++i) sound[i] = chord(begin + i);
-    window_->visual().feed(sound);
+void PanelScene::hear(bool music) {
+  const std::vector<SoundFrame> sound = music ? band_music(kMusicSeconds) : chord();
+  for (std::size_t at = 0; at + kFrame <= sound.size(); at += kFrame) {
+    window_->visual().feed(std::span(sound).subspan(at, kFrame));
     window_->frame(1.0 / 60);
   }
 }

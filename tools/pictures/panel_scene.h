@@ -1,5 +1,5 @@
 // The panel's own window in a named state, without a program beneath: its controls are put as the panel's logic would
-// put them, its displays have heard a made-up second of sound. For pictures and their tests. UI thread; needs a
+// put them, its displays have heard a chord, or some made-up music. For pictures and their tests. UI thread; needs a
 // QApplication.
 #pragma once
 
@@ -37,7 +37,7 @@ class PanelScene {
     std::string ask_open() override { return {}; }
     std::string ask_save() override { return {}; }
   };
-  void hear_a_second();
+  void hear(bool music);
   void hover(int files);
 
   NoDialog dialog_;

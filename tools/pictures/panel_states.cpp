@@ -205,6 +205,16 @@ void put_factory(PanelStateParts& p) {
   for (const auto& [setting, value] : kFactory) spectrum.put(setting, value);
 }
 
+// The same with its board, whose scales, switches and lamps stand as the factory settings have them.
+void put_factory_board(PanelStateParts& p) {
+  put_factory(p);
+  PanelControls& c = p.controls;
+  for (const auto lamp : kOptionLamps) (c.*lamp).LEDColor = clGreen;
+  c.MMLEDX6.LEDColor = clOlive;
+  c.Painel.Height = kBoardHeight;
+  c.ShowControls.BackColor = clLime;
+}
+
 void put_list_empty(PanelStateParts& p) {
   show_displays(p.sound, true, false, false);
   p.controls.LblPosition.Caption = "00:00";
@@ -225,7 +235,8 @@ const std::vector<NamedState>& named_states() {
                                                   {"stopped", put_stopped},
                                                   {"next-disabled", put_next_disabled},
                                                   {"mix", put_mix},
-                                                  {"factory", put_factory},
+                                                  {"factory", put_factory, false, 0, true},
+                                                  {"factory-board", put_factory_board, false, 0, true},
                                                   {"list-empty", put_list_empty},
                                                   {"list-drop", put_base, false, 3}};
   return kStates;

@@ -22,6 +22,7 @@ struct NamedState {
   void (*put)(PanelStateParts& parts);
   bool shadow = false;  // where the desktop composites windows
   int hovering = 0;     // files over the window
+  bool music = false;   // heard by the displays; else a chord
 };
 
 const std::vector<NamedState>& named_states();
