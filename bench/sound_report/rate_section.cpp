@@ -16,7 +16,6 @@
 
 #include "platform/output/rate_converter.h"
 #include "platform/output_test_server.h"
-#include "platform/pipewire_test_server.h"
 #include "platform/tone_spectrum.h"
 #include "sound_report/processor_time.h"
 #include "sound_report/sections.h"
@@ -66,7 +65,7 @@ void play_plainly(const std::filesystem::path& folder, const std::string& sink, 
 
 // A sink that another program plays to keeps its rate.
 Sound through_pulseaudio(const Sound& sound) {
-  OutputTestServer server;
+  OutputTestServer server(SoundServer::kPulseaudio);
   server.start();
   server.load_sink("card", kDeviceRate, "float32le");
   const ChildProcess other({"pacat", "-d", "card", "--raw", "--rate=48000", "/dev/zero"}, server.directory() / "other");
@@ -76,17 +75,19 @@ Sound through_pulseaudio(const Sound& sound) {
 }
 
 Sound through_pipewire(const Sound& sound) {
-  PipewireTestServer server;
-  server.start_recording();
-  play_plainly(server.directory(), "null0", sound);
-  return server.recording();
+  OutputTestServer server(SoundServer::kPipewire);
+  server.start();
+  server.load_sink("card", kDeviceRate, "float32le");
+  server.start_float_recording("card", kDeviceRate);
+  play_plainly(server.directory(), "card", sound);
+  return server.float_recording();
 }
 
 std::vector<Converter> converters() {
   std::vector<Converter> list{
       {"Tandem", [](const Sound& sound) { return converted_by_us(sound, kDeviceRate, nullptr); }}};
   if (has("pulseaudio") && has("pacat")) list.push_back({"PulseAudio's own", through_pulseaudio});
-  if (PipewireTestServer::is_installed() && has("pacat")) list.push_back({"PipeWire's own", through_pipewire});
+  if (is_installed(SoundServer::kPipewire) && has("pacat")) list.push_back({"PipeWire's own", through_pipewire});
   if (has("sox"))
     list.push_back({"sox rate", [](const Sound& sound) { return through(sound, "sox IN OUT rate 48000"); }});
   if (has("ffmpeg"))

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "platform/output_feeder.h"
-#include "platform/pipewire_test_server.h"
+#include "platform/output_test_server.h"
 #include "platform/pulse/pulse_output.h"
 #include "platform/tone_spectrum.h"
 
@@ -15,6 +15,7 @@ namespace tandem {
 namespace {
 
 constexpr double kTone = 997;
+constexpr int kDeviceRate = 48000;
 
 StereoFrame tone(std::uint64_t number) {
   const double angle = 2 * std::numbers::pi * kTone * static_cast<double>(number) / kSampleRate;
@@ -25,8 +26,11 @@ StereoFrame tone(std::uint64_t number) {
 class LivePipewire : public testing::Test {
  protected:
   void SetUp() override {
-    if (!PipewireTestServer::is_installed()) GTEST_SKIP() << "PipeWire is not installed";
-    server_.emplace();
+    if (!is_installed(SoundServer::kPipewire)) GTEST_SKIP() << "PipeWire is not installed";
+    server_.emplace(SoundServer::kPipewire);
+    server_->start();
+    server_->load_sink("card", kDeviceRate, "float32le");
+    server_->move_streams_to("card");
     output_.emplace(ring_);
     feeder_.emplace(ring_, *output_, std::size_t{2560}, tone);
     output_->set_queue_length(8);
@@ -38,16 +42,16 @@ class LivePipewire : public testing::Test {
   }
 
   OutputRing ring_;
-  std::optional<PipewireTestServer> server_;
+  std::optional<OutputTestServer> server_;
   std::optional<PulseOutput> output_;
   std::optional<OutputFeeder> feeder_;
 };
 
 TEST_F(LivePipewire, AToneThroughADeviceOf48000HzIsClean) {
   ASSERT_TRUE(played_further(kSampleRate / 2));
-  server_->start_recording();
+  server_->start_float_recording("card", kDeviceRate);
   ASSERT_TRUE(played_further(3 * kSampleRate));
-  const test::ToneSpectrum spectrum(server_->recording(), 48000, kTone);
+  const test::ToneSpectrum spectrum(server_->float_recording(), kDeviceRate, kTone);
   RecordProperty("unwanted_dbfs", std::to_string(spectrum.worst()));
   EXPECT_LT(spectrum.worst(), -105) << "at " << spectrum.worst_hz() << " Hz";
   EXPECT_NEAR(spectrum.level(), 20 * std::log10(0.99), 0.05);

@@ -7,9 +7,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -103,13 +105,26 @@ void ChildProcess::end() {
   wait();
 }
 
-OutputTestServer::OutputTestServer() {
+SoundServer server_of_environment() {
+  const char* server = std::getenv("TANDEM_TEST_SERVER");
+  const bool is_pipewire = server != nullptr && std::string_view(server) == "pipewire";
+  return is_pipewire ? SoundServer::kPipewire : SoundServer::kPulseaudio;
+}
+
+bool is_installed(SoundServer server) {
+  const auto has = [](const char* program) { return fs::exists(fs::path("/usr/bin") / program); };
+  if (server == SoundServer::kPulseaudio) return has("pulseaudio");
+  return has("dbus-daemon") && has("pipewire") && has("wireplumber") && has("pipewire-pulse");
+}
+
+OutputTestServer::OutputTestServer(SoundServer server) : server_(server) {
   std::string name = (fs::temp_directory_path() / "tandem-sound-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr) throw std::system_error(errno, std::generic_category(), name);
   directory_ = name;
   for (const char* variable : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
     ::setenv(variable, name.c_str(), 1);
-  ::setenv("PULSE_SERVER", ("unix:" + name + "/socket").c_str(), 1);
+  socket_ = directory_ / (server_ == SoundServer::kPipewire ? "pulse/native" : "socket");
+  ::setenv("PULSE_SERVER", ("unix:" + socket_.string()).c_str(), 1);
   ::unsetenv("DISPLAY");
   ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
 }
@@ -117,22 +132,48 @@ OutputTestServer::OutputTestServer() {
 OutputTestServer::~OutputTestServer() {
   recorder_.end();
   daemon_.end();
+  while (!helpers_.empty()) helpers_.pop_back();
   std::error_code ignored;
   fs::remove_all(directory_, ignored);
 }
 
 void OutputTestServer::start(bool prompt) {
-  fs::remove(directory_ / "socket");
+  fs::remove(socket_);
   modules_.clear();
-  const std::string answer = prompt ? "yes" : "no";
-  daemon_ =
-      ChildProcess({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-                    "--realtime=" + answer, "--high-priority=" + answer, "-L",
-                    "module-native-protocol-unix socket=" + (directory_ / "socket").string() + " auth-anonymous=1"},
-                   directory_ / "daemon.log");
-  if (!wait_until([this] { return fs::exists(directory_ / "socket") && answers(); }))
-    throw std::runtime_error("pulseaudio does not start: " + read_text(directory_ / "daemon.log.err"));
+  if (server_ == SoundServer::kPipewire)
+    start_pipewire();
+  else
+    start_pulseaudio(prompt);
+  if (!wait_until([this] { return fs::exists(socket_) && answers(); }))
+    throw std::runtime_error("the sound server does not start: " + read_text(directory_ / "daemon.log.err"));
   load_sink("null0");
+}
+
+void OutputTestServer::start_pulseaudio(bool prompt) {
+  const std::string answer = prompt ? "yes" : "no";
+  daemon_ = ChildProcess({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+                          "--realtime=" + answer, "--high-priority=" + answer, "-L",
+                          "module-native-protocol-unix socket=" + socket_.string() + " auth-anonymous=1"},
+                         directory_ / "daemon.log");
+}
+
+// Its session manager wants a bus, and each part the one before it.
+void OutputTestServer::start_pipewire() {
+  const std::string bus = "unix:path=" + (directory_ / "bus").string();
+  for (const char* variable : {"PIPEWIRE_RUNTIME_DIR", "XDG_STATE_HOME"}) ::setenv(variable, directory_.c_str(), 1);
+  ::unsetenv("PULSE_RUNTIME_PATH");  // its socket would be there
+  helpers_.clear();
+  for (const char* socket : {"bus", "pipewire-0"}) fs::remove(directory_ / socket);
+  helpers_.emplace_back(
+      std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--address=" + bus},
+      directory_ / "bus.log");
+  const bool has_bus = wait_until([this] { return fs::exists(directory_ / "bus"); });
+  helpers_.emplace_back(std::vector<std::string>{"pipewire"}, directory_ / "pipewire.log");
+  if (!has_bus || !wait_until([this] { return fs::exists(directory_ / "pipewire-0"); }))
+    throw std::runtime_error("pipewire does not start: " + read_text(directory_ / "pipewire.log.err"));
+  helpers_.emplace_back(std::vector<std::string>{"env", "DBUS_SESSION_BUS_ADDRESS=" + bus, "wireplumber"},
+                        directory_ / "wireplumber.log");
+  daemon_ = ChildProcess({"env", "DBUS_SESSION_BUS_ADDRESS=" + bus, "pipewire-pulse"}, directory_ / "daemon.log");
 }
 
 bool OutputTestServer::answers() const { return ChildProcess({"pactl", "info"}, directory_ / "pactl.out").wait() == 0; }

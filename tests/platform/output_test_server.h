@@ -1,6 +1,7 @@
 // A private sound server for one test: pulseaudio on a unix socket in a temporary directory, with one null sink, and a
-// recorder of what that sink plays. Needs the programs pulseaudio, pactl and parec. Everything it started is killed by
-// its process number, and the directory removed, when it is destroyed.
+// recorder of what that sink plays. Or PipeWire with its session manager and its PulseAudio protocol (dbus-daemon,
+// pipewire, wireplumber, pipewire-pulse). Needs pactl and parec besides. Everything it started is killed by its process
+// number, and the directory removed, when it is destroyed.
 #pragma once
 
 #include <sys/types.h>
@@ -36,15 +37,21 @@ class ChildProcess {  // killed and reaped at the end
   pid_t pid_ = -1;
 };
 
+enum class SoundServer { kPulseaudio, kPipewire };
+
+SoundServer server_of_environment();  // PipeWire if TANDEM_TEST_SERVER is "pipewire"
+bool is_installed(SoundServer server);
+
 class OutputTestServer {
  public:
-  OutputTestServer();  // not started; PULSE_SERVER of this process points at its socket
+  // Not started; PULSE_SERVER of this process points at its socket.
+  explicit OutputTestServer(SoundServer server = server_of_environment());
   ~OutputTestServer();
   OutputTestServer(const OutputTestServer&) = delete;
   OutputTestServer& operator=(const OutputTestServer&) = delete;
 
-  // Returns when it answers; throws std::runtime_error if it does not. As a user's server does, a prompt one asks for
-  // real-time scheduling.
+  // Returns when it answers and has its sink, "null0"; throws std::runtime_error if it does not. As a user's server
+  // does, a prompt one asks for real-time scheduling; PipeWire always does.
   void start(bool prompt = false);
   void kill_hard() { daemon_.end(); }
   void freeze();
@@ -68,10 +75,15 @@ class OutputTestServer {
   std::filesystem::path directory() const { return directory_; }
 
  private:
+  void start_pulseaudio(bool prompt);
+  void start_pipewire();
   bool answers() const;
   std::string control(const std::vector<std::string>& arguments) const;
 
+  SoundServer server_;
   std::filesystem::path directory_;
+  std::filesystem::path socket_;
+  std::vector<ChildProcess> helpers_;  // of PipeWire, in the order in which they were started
   ChildProcess daemon_;
   ChildProcess recorder_;
   std::vector<std::pair<std::string, std::string>> modules_;  // of the sinks: name, number
