@@ -32,7 +32,7 @@ const char* status_text(PanelRemote::Motion motion) {
 }  // namespace
 
 MprisPlayer::MprisPlayer(sd_bus* bus, PanelRemote& remote, Hooks hooks)
-    : bus_(bus), remote_(remote), hooks_(std::move(hooks)), shown_(face()) {
+    : bus_(bus), remote_(remote), hooks_(std::move(hooks)), shown_(face()), seeks_(remote.seeks()) {
   if (shown_.motion != Motion::Stopped) ++songs_begun_;
   sd_bus_add_object_vtable(bus_, nullptr, kMprisObject, "org.mpris.MediaPlayer2", kRootTable, this);
   sd_bus_add_object_vtable(bus_, nullptr, kMprisObject, kPlayerInterface, kPlayerTable, this);
@@ -64,7 +64,7 @@ void MprisPlayer::update(std::int64_t now) {
   if (!began) tell_jumps(now_shown, now);
   position_ = remote_.position();
   looked_ = now;
-  was_seeking_ = remote_.seeking();
+  seeks_ = remote_.seeks();
 }
 
 // A property whose value is asked for is read then, so it only needs to be named here.
@@ -91,10 +91,10 @@ void MprisPlayer::tell_changes(const Face& before) {
 
 void MprisPlayer::tell_jumps(const Face& before, std::int64_t now) {
   if (shown_.motion == Motion::Stopped || before.motion == Motion::Stopped) return;
-  const bool let_go = was_seeking_ && !remote_.seeking();
+  const bool sought = remote_.seeks() != seeks_;
   const std::int64_t way = before.motion == Motion::Playing ? now - looked_ : 0;
   const bool jumped = std::abs(remote_.position() - (position_ + way)) > kJump;
-  if (let_go || jumped) tell_position();
+  if (sought || jumped) tell_position();
 }
 
 void MprisPlayer::tell_position() const {
@@ -104,6 +104,7 @@ void MprisPlayer::tell_position() const {
 void MprisPlayer::tell_seek() {
   tell_position();
   position_ = remote_.position();
+  seeks_ = remote_.seeks();
 }
 
 std::string MprisPlayer::track() const {

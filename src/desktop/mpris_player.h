@@ -74,7 +74,7 @@ class MprisPlayer {
   std::uint64_t songs_begun_ = 0;
   std::int32_t position_ = 0;  // milliseconds, at the last update
   std::int64_t looked_ = 0;    // milliseconds: the time of it
-  bool was_seeking_ = false;
+  std::uint32_t seeks_;
 };
 
 }  // namespace tandem

@@ -27,13 +27,13 @@ class PanelRemote {
 
   // A song sounds while one of the two inputs is open; in an overlap the song is the one that comes in.
   Motion motion() const;
-  std::string song() const;                                   // its path; empty when stopped
-  std::int32_t length() const;                                // milliseconds; 0 when stopped
-  std::int32_t position() const;                              // milliseconds; 0 when stopped
-  double volume() const;                                      // 0 .. 1
-  bool seeking() const { return controls().Slider1.held(); }  // the user holds the position slider
-  int deck() const;                                           // whose song is meant; -1: none
-  bool can_play() const;                                      // there is something to play
+  std::string song() const;                                              // its path; empty when stopped
+  std::int32_t length() const;                                           // milliseconds; 0 when stopped
+  std::int32_t position() const;                                         // milliseconds; 0 when stopped
+  double volume() const;                                                 // 0 .. 1
+  std::uint32_t seeks() const { return controls().Slider1.releases(); }  // of the user, so far
+  int deck() const;                                                      // whose song is meant; -1: none
+  bool can_play() const;                                                 // there is something to play
   bool can_pause() const { return motion() != Motion::Stopped; }
   bool can_go_next() const;  // a song sounds, one follows it, and the key for it is enabled
   bool can_seek() const;     // one song alone sounds

@@ -20,6 +20,10 @@ sd_bus_message* new_call(sd_bus* bus, const char* service, const char* object, c
   return call;
 }
 
+void watch(sd_bus* bus, const char* wanted, sd_bus_message_handler_t seen, void* about) {
+  sd_bus_add_match_async(bus, nullptr, wanted, seen, nullptr, about);
+}
+
 bool send(DBusConnection& link, sd_bus_message* call, sd_bus_message_handler_t answered, void* about) {
   const bool sent = call != nullptr && sd_bus_call_async(link.bus(), nullptr, call, answered, about, 0) >= 0;
   sd_bus_message_unref(call);
@@ -31,10 +35,14 @@ bool send(DBusConnection& link, sd_bus_message* call, sd_bus_message_handler_t a
 
 SleepInhibitor::SleepInhibitor(DBusConnection& session) : session_(session) {
   if (session_.bus() == nullptr) return;
-  sd_bus_add_match_async(session_.bus(), nullptr,
-                         "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
-                         "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'",
-                         &SleepInhibitor::on_portal_change, nullptr, this);
+  watch(session_.bus(),
+        "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+        "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'",
+        &SleepInhibitor::on_portal_change, this);
+  watch(session_.bus(),
+        "type='signal',sender='org.freedesktop.portal.Desktop',interface='org.freedesktop.portal.Request',"
+        "member='Response'",
+        &SleepInhibitor::on_portal_verdict, this);
 }
 
 SleepInhibitor::~SleepInhibitor() {
@@ -56,6 +64,7 @@ void SleepInhibitor::ask_portal() {
       new_call(session_.bus(), kPortal, "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Inhibit", "Inhibit");
   if (call != nullptr) sd_bus_message_append(call, "sua{sv}", "", kSuspend, 1, "reason", "s", kReason);
   portal_changed_ = false;
+  refused_.clear();
   asking_ = send(session_, call, &SleepInhibitor::on_portal_answer, this);
   if (!asking_) ask_login();
 }
@@ -66,6 +75,7 @@ int SleepInhibitor::on_portal_answer(sd_bus_message* answer, void* self, sd_bus_
   const char* request = nullptr;
   if (sd_bus_message_is_method_error(answer, nullptr) == 0 && sd_bus_message_read_basic(answer, 'o', &request) > 0)
     inhibitor.request_ = request;
+  if (inhibitor.request_ == inhibitor.refused_) inhibitor.request_.clear();
   if (!inhibitor.wanted_) {
     inhibitor.let_go();
   } else if (inhibitor.request_.empty()) {
@@ -73,6 +83,19 @@ int SleepInhibitor::on_portal_answer(sd_bus_message* answer, void* self, sd_bus_
   } else {
     inhibitor.lock_.reset();
   }
+  return 0;
+}
+
+// The object that answers the call is no yes yet. Its verdict may come before the answer does. Other requests of this
+// connection, as the file dialog's, have objects of their own.
+int SleepInhibitor::on_portal_verdict(sd_bus_message* signal, void* self, sd_bus_error*) {
+  auto& inhibitor = *static_cast<SleepInhibitor*>(self);
+  std::uint32_t verdict = 0;
+  if (sd_bus_message_read_basic(signal, 'u', &verdict) <= 0 || verdict == 0) return 0;
+  inhibitor.refused_ = sd_bus_message_get_path(signal);
+  if (inhibitor.request_ != inhibitor.refused_) return 0;
+  inhibitor.request_.clear();
+  if (inhibitor.wanted_) inhibitor.ask_login();
   return 0;
 }
 

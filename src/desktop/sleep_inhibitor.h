@@ -1,5 +1,5 @@
-// Keeps the machine from falling asleep while a song sounds: by the desktop portal, where there is none by login1. The
-// screen may go dark, and what the user asks for (the lid, the power key) is the desktop's to decide.
+// Keeps the machine from falling asleep while a song sounds: by the desktop portal, where there is none, or it refuses,
+// by login1. The screen may go dark, and what the user asks for (the lid, the power key) is the desktop's to decide.
 // Nothing is said where neither is there; no program is started. UI thread; gone before the QApplication.
 #pragma once
 
@@ -27,6 +27,7 @@ class SleepInhibitor {
   void let_go();
 
   static int on_portal_answer(sd_bus_message* answer, void* self, sd_bus_error*);
+  static int on_portal_verdict(sd_bus_message* signal, void* self, sd_bus_error*);
   static int on_login_answer(sd_bus_message* answer, void* self, sd_bus_error*);
   static int on_portal_change(sd_bus_message* signal, void* self, sd_bus_error*);
 
@@ -36,6 +37,7 @@ class SleepInhibitor {
   bool asking_ = false;
   bool portal_changed_ = false;  // while one of the two was asked
   std::string request_;          // the portal's object; empty: none
+  std::string refused_;          // one that the portal, or its user, has said no to
   std::unique_ptr<sd_bus_message, decltype(&sd_bus_message_unref)> lock_{nullptr, &sd_bus_message_unref};  // login1's
 };
 

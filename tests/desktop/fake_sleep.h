@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdint>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -17,8 +18,10 @@ namespace tandem::test {
 
 class FakeInhibitPortal {
  public:
-  explicit FakeInhibitPortal(const BusTestDaemon& bus, bool knows_inhibit = true)
-      : knows_inhibit_(knows_inhibit),
+  enum class Verdict { kHolds, kNotKnown, kRefusesFirst, kRefusesLater };  // before or after it answers the call
+
+  explicit FakeInhibitPortal(const BusTestDaemon& bus, Verdict verdict = Verdict::kHolds)
+      : verdict_(verdict),
         service_(bus, "org.freedesktop.portal.Desktop", kObject, [this](auto* call) { return answer(call); }) {}
 
   int holders() const { return holders_.load(); }
@@ -36,14 +39,26 @@ class FakeInhibitPortal {
     const bool asks = sd_bus_message_is_method_call(call, "org.freedesktop.portal.Inhibit", "Inhibit") > 0;
     const char* window = nullptr;
     unsigned flags = 0;
-    if (!asks || !knows_inhibit_ || sd_bus_message_read(call, "su", &window, &flags) <= 0) return -EINVAL;
+    const bool knows = verdict_ != Verdict::kNotKnown;
+    if (!asks || !knows || sd_bus_message_read(call, "su", &window, &flags) <= 0) return -EINVAL;
     flags_ = flags;
-    ++holders_;
     ++asked_;
-    return sd_bus_reply_method_return(call, "o", kObject);
+    const bool holds = verdict_ == Verdict::kHolds;
+    if (holds) ++holders_;
+    if (verdict_ == Verdict::kRefusesFirst) respond(call, kRefused);
+    const int sent = sd_bus_reply_method_return(call, "o", kObject);
+    if (verdict_ != Verdict::kRefusesFirst) respond(call, holds ? 0 : kRefused);
+    return sent;
   }
 
-  bool knows_inhibit_;
+  static constexpr std::uint32_t kRefused = 2;
+
+  static void respond(sd_bus_message* call, std::uint32_t verdict) {
+    sd_bus_emit_signal(sd_bus_message_get_bus(call), kObject, "org.freedesktop.portal.Request", "Response", "ua{sv}",
+                       verdict, 0);
+  }
+
+  Verdict verdict_;
   std::atomic<int> holders_{0};
   std::atomic<int> asked_{0};
   std::atomic<unsigned> flags_{0};

@@ -112,6 +112,9 @@ TEST_F(Mpris, SaysWhereTheUserHasSeekedTo) {
   take_signals();
   remote_.seek_to(90'000);  // pressed, moved and let go within one event, as a notch of the wheel
   EXPECT_TRUE(signalled("Seeked 90000000"));
+  take_signals();
+  remote_.seek_to(91'000);  // by less than a gulp of sound
+  EXPECT_TRUE(signalled("Seeked 91000000"));
 }
 
 TEST_F(Mpris, SaysNothingOfASeekThatIsNotDone) {

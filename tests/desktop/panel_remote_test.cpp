@@ -129,9 +129,11 @@ TEST_F(Remote, LeavesTheSliderToTheUserWhoHoldsIt) {
   panel.add_songs(1);
   remote.play();
   panel.controls.Slider1.user_press();
-  EXPECT_TRUE(remote.seeking());
   EXPECT_FALSE(remote.seek_to(60'000));
   EXPECT_EQ(panel.controls.Slider1.value(), 0);
+  EXPECT_EQ(remote.seeks(), 0U);
+  panel.controls.Slider1.user_release();
+  EXPECT_EQ(remote.seeks(), 1U);
 }
 
 TEST_F(Remote, TurnsTheVolume) {

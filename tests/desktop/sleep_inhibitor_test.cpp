@@ -62,10 +62,23 @@ TEST_F(Sleep, IsHeldOffByLoginWhereThereIsNoPortal) {
 }
 
 TEST_F(Sleep, IsHeldOffByLoginWhereThePortalCannot) {
-  portal_.emplace(bus_, false);
+  portal_.emplace(bus_, FakeInhibitPortal::Verdict::kNotKnown);
   login_.emplace(bus_);
   remote_.play();
   EXPECT_TRUE(login_holds(1));
+}
+
+TEST_F(Sleep, IsHeldOffByLoginWhereThePortalRefusesOnSecondThought) {
+  login_.emplace(bus_);
+  for (const auto verdict : {FakeInhibitPortal::Verdict::kRefusesFirst, FakeInhibitPortal::Verdict::kRefusesLater}) {
+    portal_.emplace(bus_, verdict);
+    remote_.play();
+    EXPECT_TRUE(login_holds(1));
+    remote_.stop();
+    EXPECT_TRUE(login_holds(0));
+    EXPECT_EQ(portal_->holders(), 0);
+    portal_.reset();
+  }
 }
 
 TEST_F(Sleep, IsShownWithItsReasonByTheSystemsOwnList) {

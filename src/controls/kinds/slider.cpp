@@ -11,6 +11,7 @@ void Slider::user_press() {
 void Slider::user_release() {
   if (!held_) return;
   held_ = false;
+  ++releases_;
   release.raise();
 }
 

@@ -17,12 +17,15 @@ class Slider : public ValuedControl {
   Notification<> release;
 
   bool held() const { return held_; }
+  // How often the user has let go of it, for those who only look now and then.
+  std::uint32_t releases() const { return releases_; }
   // What the user does. A release without a press, or a second press, does nothing.
   void user_press();
   void user_release();
 
  private:
   bool held_ = false;
+  std::uint32_t releases_ = 0;
 };
 
 }  // namespace tandem
