@@ -73,16 +73,15 @@ void Player::show() {
     hooks.present = [this](const QImage& picture, std::span<const QRect> boxes) {
       return presenter_ && presenter_->present(picture, boxes);
     };
-  const bool composited = desktop_composites();
-  if (composited) hooks.outline = [this](const QRect& panel) { set_window_outline(*window_->windowHandle(), panel); };
-  window_ = std::make_unique<PanelWindow>(program_.controls, views_of(program_.sound), std::move(hooks), composited);
+  hooks.outline = [this](const QRect& panel) { set_window_outline(*window_->windowHandle(), panel); };
+  window_ = std::make_unique<PanelWindow>(program_.controls, views_of(program_.sound), std::move(hooks));
+  compositor_watch_ = std::make_unique<CompositorWatch>([this] { clock_->reschedule(); });
+  window_->set_composited(compositor_watch_->composites());
   dialog_.set_parent(window_.get());
   intake_.set_parent(window_.get());
   window_->show();
   shown_ = clock_->now();
-  presenter_ = std::make_unique<ShmPresenter>(*window_->windowHandle());
-  cover_watch_ = std::make_unique<OcclusionWatch>(*window_->windowHandle(),
-                                                  [this](bool covered) { window_->set_covered(covered); });
+  watch_window();
   hand_watch_ = std::make_unique<UserInputWatch>([this] { hand_moved(); });
   bell_.answer([this] { clock_->reschedule(); });
   clock_->reschedule();
@@ -124,6 +123,7 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   program_.timers.advance(now);
   engine_.deliver();
   attend(now);
+  follow_compositor();
   ask_the_system(now);
   if (services_) services_->update(now);
   auto next = program_.timers.next_due();
@@ -202,6 +202,7 @@ void Player::leave_desktop() {
   remote_.reset();
   motion_.reset();
   cover_watch_.reset();
+  compositor_watch_.reset();
   presenter_.reset();
   window_.reset();
 }

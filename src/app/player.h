@@ -13,6 +13,7 @@
 #include "desktop/panel_menu.h"
 #include "engine/device/output_ring.h"
 #include "engine/engine.h"
+#include "platform/desktop/compositor_watch.h"
 #include "platform/desktop/occlusion_watch.h"
 #include "platform/desktop/qt_clock.h"
 #include "platform/desktop/qt_file_dialog.h"
@@ -63,6 +64,8 @@ class Player {
   void ask_the_system(Milliseconds now);
   void user_acts();
   void join_desktop();
+  void follow_compositor();
+  void watch_window();
   void come_to_front(const std::string& token);
   void show_name(const std::string& name);
   void show_mix(Milliseconds now);
@@ -83,6 +86,7 @@ class Player {
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<ShmPresenter> presenter_;
   std::unique_ptr<OcclusionWatch> cover_watch_;
+  std::unique_ptr<CompositorWatch> compositor_watch_;
   std::optional<RtKit> realtime_kit_;
   std::optional<ReducedMotionSetting> motion_;
   std::optional<PanelRemote> remote_;

@@ -1,5 +1,6 @@
 // The player as the desktop meets it: what its services read and do, the window brought to the front, the song's name.
 
+#include <QApplication>
 #include <QTimer>
 
 #include "app/player.h"
@@ -29,6 +30,23 @@ void Player::join_desktop() {
       *window_, *remote_,
       PanelMenu::Hooks{[this] { return window_->scale(); }, [this](double scale) { window_->set_scale(scale); },
                        [this] { return window_->greatest_scale(); }, [this] { close(); }});
+}
+
+void Player::watch_window() {
+  presenter_ = std::make_unique<ShmPresenter>(*window_->windowHandle());
+  cover_watch_ = std::make_unique<OcclusionWatch>(*window_->windowHandle(),
+                                                  [this](bool covered) { window_->set_covered(covered); });
+}
+
+// A dialog or a menu hangs on the window that it was opened from: as long as there is one, that stays.
+void Player::follow_compositor() {
+  if (compositor_watch_->composites() == window_->composited()) return;
+  if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return;
+  presenter_.reset();
+  cover_watch_.reset();
+  window_->set_covered(false);
+  window_->set_composited(compositor_watch_->composites());
+  watch_window();
 }
 
 void Player::come_to_front(const std::string& token) {

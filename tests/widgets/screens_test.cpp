@@ -53,5 +53,19 @@ TEST_F(Screens, OnAScreenOfAnotherScaleAllOfTheWindowIsThere) {
   report("screen of another scale", "all of the window is there", "all of it is there");
 }
 
+TEST_F(Screens, OnASmallerScreenItGetsAsSmallAsItMust) {
+  const QScreen* small = QGuiApplication::screens()[0];
+  jump(1, QGuiApplication::screens()[1]->geometry().topLeft() + QPoint(20, 30));
+  rig.window->set_scale(2);
+  ASSERT_EQ(rig.window->scale(), 2);
+  rig.window->move(small->geometry().topLeft() + QPoint(50, 50));
+  rig.window->windowHandle()->setScreen(QGuiApplication::screens()[0]);
+  EXPECT_EQ(rig.window->scale(), 1.25);
+  EXPECT_TRUE(small->availableGeometry().contains(rig.window->geometry())) << "all of it can be reached";
+  jump(1, QGuiApplication::screens()[1]->geometry().topLeft() + QPoint(20, 30));
+  EXPECT_EQ(rig.window->scale(), 1.25) << "what fits keeps its size";
+  report("a window of twice the size on a screen of 800 x 800", "all of it is there", "all of it, at 125 %");
+}
+
 }  // namespace
 }  // namespace tandem::test

@@ -64,7 +64,8 @@ PanelScene::PanelScene(std::string_view name, double scale) {
   hooks.frame_wanted = [] {};
   hooks.user_acts = [] {};
   hooks.drop = [](const auto&) {};
-  window_ = std::make_unique<PanelWindow>(*controls_, views_of(sound_), std::move(hooks), state.shadow);
+  window_ = std::make_unique<PanelWindow>(*controls_, views_of(sound_), std::move(hooks));
+  window_->set_composited(state.shadow);
   window_->set_reduced_motion(true);
   window_->begin_with_scale(scale);
   MixView mix;

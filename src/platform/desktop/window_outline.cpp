@@ -1,7 +1,7 @@
 #include "platform/desktop/window_outline.h"
 
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
-#include <xcb/xcbext.h>
 
 #include <QGuiApplication>
 #include <QRegion>
@@ -29,40 +29,11 @@ xcb_atom_t atom(xcb_connection_t* server, const std::string& name) {
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-// A compositing manager owns the selection _NET_WM_CM_Sn of its screen (Extended Window Manager Hints).
-bool has_compositor(xcb_connection_t* server) {
-  const auto cookie = xcb_get_selection_owner(server, atom(server, "_NET_WM_CM_S0"));
-  const Answer<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(server, cookie, nullptr),
-                                                      &std::free);
-  return reply && reply->owner != XCB_NONE;
-}
-
-// The request ShapeRectangles of the SHAPE extension: one rectangle as the input region.
-struct ShapeRectangles {
-  std::uint8_t major_opcode = 0;  // xcb fills these three in
-  std::uint8_t minor_opcode = 1;
-  std::uint16_t length = 0;
-  std::uint8_t operation = 0;  // set
-  std::uint8_t kind = 2;       // input
-  std::uint8_t ordering = 0;
-  std::uint8_t unused = 0;
-  std::uint32_t window = 0;
-  std::int16_t x = 0;
-  std::int16_t y = 0;
-  xcb_rectangle_t rectangle{};
-};
-static_assert(sizeof(ShapeRectangles) == 24);
-
+// Of the SHAPE extension 1.1.
 void set_input_region(xcb_connection_t* server, xcb_window_t window, const xcb_rectangle_t& box) {
-  static xcb_extension_t shape = {"SHAPE", 0};
-  const xcb_query_extension_reply_t* known = xcb_get_extension_data(server, &shape);
+  const xcb_query_extension_reply_t* known = xcb_get_extension_data(server, &xcb_shape_id);
   if (known == nullptr || known->present == 0) return;
-  ShapeRectangles request;
-  request.window = window;
-  request.rectangle = box;
-  const xcb_protocol_request_t protocol = {1, &shape, request.minor_opcode, 1};
-  iovec parts[3] = {{}, {}, {&request, sizeof(request)}};  // xcb needs room for two before the request
-  xcb_send_request(server, 0, &parts[2], &protocol);
+  xcb_shape_rectangles(server, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0, 1, &box);
 }
 
 xcb_rectangle_t device_box(const QRect& box, double scale) {
@@ -80,12 +51,6 @@ void set_extents(xcb_connection_t* server, xcb_window_t window, const QRect& box
 }
 
 }  // namespace
-
-bool desktop_composites() {
-  if (QGuiApplication::platformName().startsWith("wayland")) return true;
-  xcb_connection_t* server = x_server();
-  return server != nullptr && has_compositor(server);
-}
 
 void set_window_outline(QWindow& window, const QRect& box) {
   if (QGuiApplication::platformName().startsWith("wayland")) return window.setMask(box);  // there, of input alone

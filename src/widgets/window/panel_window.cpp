@@ -18,14 +18,12 @@
 
 namespace tandem {
 
-PanelWindow::PanelWindow(PanelControls& controls, DisplayViews displays, Hooks hooks, bool composited)
+PanelWindow::PanelWindow(PanelControls& controls, DisplayViews displays, Hooks hooks)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint),
       controls_(controls),
-      hooks_(std::move(hooks)),
-      composited_(composited) {
+      hooks_(std::move(hooks)) {
   setWindowTitle("Tandem");
   setAttribute(Qt::WA_OpaquePaintEvent);
-  if (composited_) setAttribute(Qt::WA_TranslucentBackground);
   setAcceptDrops(true);
   add_items(std::move(displays));
   add_shortcuts();
@@ -149,7 +147,7 @@ bool PanelWindow::focusNextPrevChild(bool next) {
 bool PanelWindow::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::ScreenChangeInternal:  // its move came before, when the screen was still the old one
-      take_place();
+      suit_screen();
       break;
     case QEvent::WindowStateChange:  // what has changed while it was minimised
       update();

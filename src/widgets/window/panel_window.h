@@ -40,8 +40,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
     std::function<void(const QRect& panel)> outline;            // the window's part that is no shadow, px of the window
   };
 
-  // `composited`: the desktop shows windows with transparency.
-  PanelWindow(PanelControls& controls, DisplayViews displays, Hooks hooks, bool composited = false);
+  PanelWindow(PanelControls& controls, DisplayViews displays, Hooks hooks);
   ~PanelWindow() override;
 
   // Moves what moves by itself, by the time since the last call. False when nothing moves any more.
@@ -53,6 +52,12 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   bool exposed() const;
   bool attended() const;
   void set_covered(bool covered);  // wholly, by other windows; nothing is painted then
+
+  // Whether the desktop shows windows with transparency, at first not: the corners get round, or square again, and the
+  // shadow comes or goes about a panel that keeps its place. A change makes another native window: what hangs on
+  // windowHandle() must be given up before.
+  void set_composited(bool composited);
+  bool composited() const { return composited_; }
 
   PanelItem* item(std::string_view name) const;
   const std::vector<PanelItem*>& items() const { return items_; }
@@ -125,7 +130,9 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void take_place();
   void read_screen();
   void fit_screen();
-  void lay_out();
+  void suit_screen();
+  void watch_screen();
+  void lay_out(double scale);
   void report_outline();
   QPoint screen_origin() const;
   WindowSize size_now() const;
@@ -143,7 +150,6 @@ class PanelWindow final : public QWidget, public PanelCanvas {
 
   PanelControls& controls_;
   Hooks hooks_;
-  const bool composited_;
   PanelTransform transform_;
   std::vector<PanelItem*> items_;  // in drawing order; owned by the window as its children
   std::map<std::string, PanelItem*, std::less<>> by_name_;
@@ -163,6 +169,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   };
   std::vector<Moving> moving_;
 
+  QMetaObject::Connection screen_watch_;
   QPixmap background_;
   WindowState background_state_;
   double background_scale_ = 0;
@@ -175,6 +182,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   bool placing_ = false;   // the panel's place is being brought to the window, or the window's to the panel
   bool reduced_motion_ = false;
   bool covered_ = false;
+  bool composited_ = false;
 };
 
 }  // namespace tandem

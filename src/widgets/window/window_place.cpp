@@ -5,6 +5,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "controls/panel_sizes.h"
 #include "widgets/window/panel_type.h"
@@ -92,21 +93,38 @@ void PanelWindow::follow_frame() {
 
 // Of a window that the desktop has.
 void PanelWindow::report_outline() {
+  if (!hooks_.outline || !composited_ || !isVisible()) return;
   const QMargins margins(transform_.margin(), transform_.margin(), transform_.margin(), transform_.margin());
-  if (hooks_.outline && isVisible()) hooks_.outline(rect().marginsRemoved(margins));
+  hooks_.outline(rect().marginsRemoved(margins));
 }
 
-void PanelWindow::showEvent(QShowEvent*) { report_outline(); }
+void PanelWindow::showEvent(QShowEvent*) {
+  report_outline();
+  watch_screen();
+}
 
-void PanelWindow::begin_with_scale(double scale) {
+void PanelWindow::begin_with_scale(double scale) { lay_out(scale); }
+
+// An X server's window is transparent or opaque for as long as it lives, and a transparent one costs the server more.
+void PanelWindow::set_composited(bool composited) {
+  if (std::exchange(composited_, composited) == composited) return;
+  const bool shown = isVisible();
+  setAttribute(Qt::WA_ShowWithoutActivating, shown && !isActiveWindow());
+  const QPoint corner = pos() + QPoint(transform_.margin(), transform_.margin());
+  hide();
+  destroy();
+  setAttribute(Qt::WA_TranslucentBackground, composited);
+  lay_out(scale());
+  if (!shown) return;
+  move(corner - QPoint(transform_.margin(), transform_.margin()));
+  show();
+}
+
+void PanelWindow::lay_out(double scale) {
   transform_ = PanelTransform(scale, composited_ ? margin_for(scale) : 0);
-  lay_out();
-}
-
-void PanelWindow::lay_out() {
   for (PanelItem* item : items_) item->follow_transform();
   background_ = {};
-  use_panel_type(scale());
+  use_panel_type(scale);
   read_screen();
   follow_frame();
 }
@@ -118,14 +136,31 @@ double PanelWindow::greatest_scale() const {
 void PanelWindow::set_scale(double scale) {
   const double wanted = std::clamp(std::round(scale / kScaleStep) * kScaleStep, 1.0, greatest_scale());
   if (wanted == this->scale()) return;
+  if (drag_from_) *drag_from_ *= wanted / this->scale();
   const QPoint corner = pos() + QPoint(transform_.margin(), transform_.margin()) - screen_origin();
-  transform_ = PanelTransform(wanted, composited_ ? margin_for(wanted) : 0);
   placing_ = true;
   controls_.Painel.Left = twips(corner.x(), wanted);
   controls_.Painel.Top = twips(corner.y(), wanted);
   placing_ = false;
-  lay_out();
+  lay_out(wanted);
   fit_screen();
+}
+
+// Of the screen where the window now is, or of what this has become. What is too large for it gets as small as it must;
+// a window that fits keeps its size, and its place, which may be between two screens.
+void PanelWindow::suit_screen() {
+  watch_screen();
+  take_place();
+  if (scale() > greatest_scale()) set_scale(greatest_scale());
+}
+
+void PanelWindow::watch_screen() {
+  disconnect(screen_watch_);
+  if (screen() == nullptr) return;
+  screen_watch_ = connect(screen(), &QScreen::availableGeometryChanged, this, [this] {
+    suit_screen();
+    fit_screen();
+  });
 }
 
 void PanelWindow::step_scale(int steps) { set_scale(scale() + steps * kScaleStep); }
