@@ -15,18 +15,17 @@ namespace fs = std::filesystem;
 
 class Collector {
  public:
-  Collector(std::size_t most, const std::function<bool(const std::string&)>& has_sound, const std::stop_token& stop)
-      : most_(most), has_sound_(has_sound), stop_(stop) {}
+  Collector(const DropLimits& limits, std::string list, const std::function<bool(const std::string&)>& has_sound,
+            const std::stop_token& stop)
+      : most_(list.empty() ? limits.songs : limits.songs_with_list), has_sound_(has_sound), stop_(stop) {
+    found_.list = std::move(list);
+  }
 
   void take(const std::string& path) {
     std::error_code error;
     if (fs::is_directory(path, error)) return take_folder(path);
-    if (!fs::is_regular_file(path, error)) return;
-    if (ends_as_list(path)) {
-      found_.list = path;
-    } else if (ends_as_song(path) || has_sound_(path)) {
-      add(path);
-    }
+    if (!fs::is_regular_file(path, error) || ends_as_list(path)) return;
+    if (ends_as_song(path) || has_sound_(path)) add(path);
   }
   bool full() const { return found_.more || stop_.stop_requested(); }
   Dropped found() { return std::move(found_); }
@@ -70,12 +69,20 @@ class Collector {
   Dropped found_;
 };
 
+std::string last_list(const std::vector<std::string>& paths) {
+  std::error_code error;
+  const auto found = std::find_if(paths.rbegin(), paths.rend(), [&error](const std::string& path) {
+    return ends_as_list(path) && fs::is_regular_file(path, error);
+  });
+  return found == paths.rend() ? std::string() : *found;
+}
+
 }  // namespace
 
-Dropped dropped_songs(std::vector<std::string> paths, std::size_t most,
+Dropped dropped_songs(std::vector<std::string> paths, const DropLimits& limits,
                       const std::function<bool(const std::string&)>& has_sound, const std::stop_token& stop) {
   std::sort(paths.begin(), paths.end(), [](const std::string& a, const std::string& b) { return natural_less(a, b); });
-  Collector collector(most, has_sound, stop);
+  Collector collector(limits, last_list(paths), has_sound, stop);
   for (const std::string& path : paths)
     if (!collector.full()) collector.take(path);
   return collector.found();

@@ -10,6 +10,11 @@
 
 namespace tandem {
 
+struct DropLimits {
+  std::size_t songs = 0;            // how many are wanted,
+  std::size_t songs_with_list = 0;  // and how many if there is a list among what was dropped
+};
+
 struct Dropped {
   std::vector<std::string> songs;  // full paths in the order of the list to be
   std::string list;                // a saved list, the last one that was dropped; "" for none
@@ -18,8 +23,9 @@ struct Dropped {
 
 // In natural order of the paths. Of files those that are songs by their ending, or by content (asked of `has_sound`);
 // of folders the songs by their ending in them and below, hidden ones left out, each folder's own files first, in
-// natural order. Looks no further once there are more than `most`, or when it is stopped.
-Dropped dropped_songs(std::vector<std::string> paths, std::size_t most,
+// natural order. Looks no further once there are more than `limits`, or when it is stopped; a list is found in any
+// case.
+Dropped dropped_songs(std::vector<std::string> paths, const DropLimits& limits,
                       const std::function<bool(const std::string& path)>& has_sound, const std::stop_token& stop = {});
 
 }  // namespace tandem

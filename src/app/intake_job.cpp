@@ -2,6 +2,7 @@
 
 #include <pthread.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -20,6 +21,7 @@ namespace {
 
 constexpr std::size_t kMostFields = 201;  // a list with more is not opened
 constexpr std::chrono::milliseconds kPatience{200};
+constexpr std::chrono::milliseconds kSlice{10};
 
 std::vector<std::string> fields_of(const std::string& list) try {
   const std::string text = read_whole_file(list);
@@ -55,7 +57,8 @@ struct IntakeJob::Work {
     if (request.kind == Kind::List) return fields_of(request.paths.front());
     if (request.kind == Kind::Songs) return request.paths;
     found = dropped_songs(
-        request.paths, request.most, [this](const std::string& path) { return has_sound(path); }, stop.get_token());
+        request.paths, {request.most, request.most_with_list},
+        [this](const std::string& path) { return has_sound(path); }, stop.get_token());
     std::vector<std::string> paths = found.songs;
     if (!found.list.empty()) {
       const std::vector<std::string> listed = fields_of(found.list);
@@ -99,10 +102,24 @@ IntakeJob::IntakeJob(Request request, std::shared_ptr<MeasuredSongs> songs, std:
 }
 
 IntakeJob::~IntakeJob() {
+  if (work_ == nullptr) return;
   work_->stop.request_stop();
+  wait(kPatience);
+}
+
+bool IntakeJob::wait(std::chrono::milliseconds patience) {
   std::unique_lock lock(work_->mutex);
   work_->notify = nullptr;
-  work_->on_end.wait_for(lock, kPatience, [this] { return work_->ended; });
+  return work_->on_end.wait_for(lock, patience, [this] { return work_->ended; });
+}
+
+void IntakeJob::cancel(std::vector<std::unique_ptr<IntakeJob>> jobs) {
+  for (const auto& job : jobs) job->work_->stop.request_stop();
+  std::chrono::milliseconds left = kPatience;
+  for (const auto& job : jobs) {
+    while (!job->wait(std::min(left, kSlice)) && left.count() > 0) left -= kSlice;
+    job->work_.reset();
+  }
 }
 
 bool IntakeJob::finished() const {

@@ -2,6 +2,7 @@
 // UI thread, but for what is said otherwise.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -23,7 +24,8 @@ class IntakeJob {
   struct Request {
     Kind kind = Kind::Songs;
     std::vector<std::string> paths;
-    std::size_t most = 0;  // Drop: how many songs are wanted
+    std::size_t most = 0;            // Drop: how many songs are wanted,
+    std::size_t most_with_list = 0;  // and how many where a list is dropped with them, which makes room
   };
   struct Progress {
     std::size_t done = 0;  // songs
@@ -35,6 +37,8 @@ class IntakeJob {
   IntakeJob(Request request, std::shared_ptr<MeasuredSongs> songs, std::function<void()> finished);
   // Cancels the work. Waits at most 0.2 s for its thread: one that hangs in a read is left to end by itself.
   ~IntakeJob();
+  // Of all of them at once.
+  static void cancel(std::vector<std::unique_ptr<IntakeJob>> jobs);
   IntakeJob(const IntakeJob&) = delete;
   IntakeJob& operator=(const IntakeJob&) = delete;
 
@@ -44,7 +48,9 @@ class IntakeJob {
 
  private:
   struct Work;
-  std::shared_ptr<Work> work_;  // with the thread
+  bool wait(std::chrono::milliseconds patience);
+
+  std::shared_ptr<Work> work_;  // with the thread; null once it is cancelled
 };
 
 }  // namespace tandem

@@ -42,7 +42,8 @@ Player::Player()
       intake_(program_, engine_.measured_songs(), {[this] { bell_.ring(); }, show_message}) {
   dialog_.fit = [this](std::vector<std::string> paths) { return intake_.that_fit(std::move(paths)); };
   dialog_.prepare = [this](const std::string& result) {
-    return intake_.prepare(result, dialog_.asks_for_lists() ? IntakeJob::Kind::List : IntakeJob::Kind::Songs);
+    if (dialog_.asks_for_lists()) return intake_.prepare(result, IntakeJob::Kind::List);
+    return intake_.prepare(result, IntakeJob::Kind::Songs, dialog_.take_others());
   };
   program_.panel.load();
   engine_.deliver();

@@ -47,15 +47,16 @@ bool SongIntake::is_ready(const Waiting& first) const {
 }
 
 // After the loop was ended, another event of the same round may have begun an overlap.
-bool SongIntake::prepare(const std::string& result, IntakeJob::Kind kind) {
+bool SongIntake::prepare(const std::string& result, IntakeJob::Kind kind, const std::vector<std::string>& others) {
   QEventLoop loop;
-  Waiting& own = begin({kind, chosen_paths(result), 0});
+  Waiting& own = begin({kind, chosen_paths(result), 0, 0});
   bool cancelled = false;
   own.loop = &loop;
   own.cancelled = &cancelled;
   while (loop.exec() != kProgramEnds && !cancelled) {
     if (!std::exchange(returning_, false) || !is_ready(own)) continue;
     waiting_.pop_front();
+    if (!others.empty()) drop(others);
     songs_->trust(true);  // until the next look(), which comes when the dialog's handler has returned
     return true;
   }
@@ -63,7 +64,9 @@ bool SongIntake::prepare(const std::string& result, IntakeJob::Kind kind) {
   return false;
 }
 
-void SongIntake::drop(const std::vector<std::string>& paths) { begin({IntakeJob::Kind::Drop, paths, room()}); }
+void SongIntake::drop(const std::vector<std::string>& paths) {
+  begin({IntakeJob::Kind::Drop, paths, room(), SongEntries::kLastSong});
+}
 
 void SongIntake::add(const Dropped& found) {
   WindowFrame& window = program_.controls.Painel;
@@ -123,6 +126,9 @@ void SongIntake::cancel_first() {
 }
 
 void SongIntake::leave_desktop() {
+  std::vector<std::unique_ptr<IntakeJob>> jobs;
+  for (Waiting& each : waiting_) jobs.push_back(std::move(each.job));
+  IntakeJob::cancel(std::move(jobs));
   while (!waiting_.empty()) cancel_first();
   progress_.reset();
   parent_ = nullptr;

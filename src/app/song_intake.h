@@ -37,8 +37,8 @@ class SongIntake {
   // Of the songs chosen those for which the list has room; says so if they are not all.
   std::vector<std::string> that_fit(std::vector<std::string> paths) const;
   // What the dialog is about to return, in its form. Runs an event loop until that may be added; false if the user, or
-  // leave_desktop(), cancels it.
-  bool prepare(const std::string& result, IntakeJob::Kind kind);
+  // leave_desktop(), cancels it. `others`: songs chosen in other folders; they are added after it as if dropped.
+  bool prepare(const std::string& result, IntakeJob::Kind kind, const std::vector<std::string>& others = {});
   // Takes its time; what was dropped is added by a later look().
   void drop(const std::vector<std::string>& paths);
 

@@ -23,7 +23,7 @@ class DroppedSongs : public testing::Test {
     replace_whole_file(directory.file(name), "x");
     return directory.file(name);
   }
-  Dropped drop(const std::vector<std::string>& names, std::size_t most = 200) {
+  Dropped drop(const std::vector<std::string>& names, DropLimits most = {200, 200}) {
     std::vector<std::string> paths;
     for (const std::string& name : names) paths.push_back(directory.file(name));
     return dropped_songs(paths, most, [this](const std::string& path) {
@@ -49,6 +49,14 @@ TEST_F(DroppedSongs, OnlySongsAreTakenOfFiles) {
   EXPECT_FALSE(found.more);
 }
 
+TEST_F(DroppedSongs, AListIsFoundAfterMoreSongsThanFitAndMakesRoom) {
+  for (const char* name : {"1.wav", "2.wav", "3.wav", "night.m3l"}) make(name);
+  const Dropped found = drop({"1.wav", "2.wav", "3.wav", "night.m3l"}, {0, 2});
+  EXPECT_THAT(songs(found), ElementsAre("1.wav", "2.wav"));
+  EXPECT_TRUE(found.list.ends_with("night.m3l"));
+  EXPECT_TRUE(found.more);
+}
+
 TEST_F(DroppedSongs, OfFoldersTheSongsByTheirEnding) {
   for (const char* name :
        {"f/2.wav", "f/10.mp3", "f/.hidden.mp3", "f/sound.bin", "f/cd/1.mp3", "f/.cd/1.mp3", "f/x.m3l"})
@@ -69,12 +77,12 @@ TEST_F(DroppedSongs, TheLastSavedListIsOpened) {
 TEST_F(DroppedSongs, NoFurtherThanWhatFits) {
   for (int i = 0; i < 30; ++i) make("f/" + std::to_string(i) + ".mp3");
   for (const char* name : {"g/a.mp3", "z.bin"}) make(name);
-  const Dropped found = drop({"f", "g", "z.bin"}, 10);
+  const Dropped found = drop({"f", "g", "z.bin"}, {10, 10});
   EXPECT_THAT(found.songs, SizeIs(10));
   EXPECT_EQ(found.songs.back(), directory.file("f/9.mp3"));
   EXPECT_TRUE(found.more);
   EXPECT_THAT(asked, IsEmpty());
-  EXPECT_FALSE(drop({"f"}, 30).more);
+  EXPECT_FALSE(drop({"f"}, {30, 30}).more);
 }
 
 TEST_F(DroppedSongs, AFolderThatLeadsBackIsNotWalkedAgain) {
@@ -93,7 +101,7 @@ TEST_F(DroppedSongs, AStopEndsTheWalk) {
   std::stop_source stop;
   stop.request_stop();
   const auto never = [](const std::string&) { return false; };
-  EXPECT_THAT(dropped_songs({directory.file("f")}, 200, never, stop.get_token()).songs, IsEmpty());
+  EXPECT_THAT(dropped_songs({directory.file("f")}, {200, 200}, never, stop.get_token()).songs, IsEmpty());
 }
 
 }  // namespace

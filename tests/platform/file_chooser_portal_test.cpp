@@ -128,6 +128,17 @@ TEST_F(FileChooser, IsAskedForOneListAndForAnyNumberOfSongs) {
   EXPECT_EQ(portal_->asked(), "OpenFile: Add songs, several");
 }
 
+// Its results of a search may lie anywhere.
+TEST_F(FileChooser, LosesNoSongsOfOtherFolders) {
+  start({.urls = {"file:///a/1.mp3", "file:///b/2.mp3", "file:///a/3.mp3", "file:///c/4.mp3"}});
+  QtFileDialog dialog;
+  dialog.Filter = "Songs|*.mp3;*.wav";
+  dialog.ShowOpen();
+  EXPECT_EQ(dialog.FileName, std::string("/a\0003.mp3\0001.mp3", 14));
+  EXPECT_EQ(dialog.take_others(), (Paths{"/b/2.mp3", "/c/4.mp3"}));
+  EXPECT_EQ(dialog.take_others(), Paths());
+}
+
 TEST_F(FileChooser, AsksForANameToSave) {
   start({.urls = {"file:///music/evening.m3l"}});
   EXPECT_EQ(ask(true), (Paths{"/music/evening.m3l"}));

@@ -45,7 +45,7 @@ WindowRig::WindowRig() : watch_(std::make_unique<PaintWatch>()) {
   };
   hooks.drop = [this](const std::vector<std::string>& paths) {
     const auto has_sound = [](const std::string& path) { return measure_song(path).value_or(MeasuredSong{}).opens; };
-    const Dropped found = dropped_songs(paths, SongEntries::kLastSong, has_sound);
+    const Dropped found = dropped_songs(paths, {SongEntries::kLastSong, SongEntries::kLastSong}, has_sound);
     player->drop(found.list, found.songs);
   };
   window = std::make_unique<PanelWindow>(controls(), views_of(player->program.sound), std::move(hooks));

@@ -224,7 +224,11 @@ std::string QtFileDialog::ask_open() {
   const auto answer = ask_portal(false);
   auto paths = answer ? *answer : ask_here(QFileDialog::AcceptOpen);
   if (fit && !asks_for_lists()) paths = fit(std::move(paths));
-  return first_or_empty(dialog_results(paths));
+  others_.clear();
+  const std::vector<std::string> results = dialog_results(paths);
+  for (std::size_t i = 1; i < results.size(); ++i)
+    for (std::string& path : chosen_paths(results[i])) others_.push_back(std::move(path));
+  return first_or_empty(results);
 }
 
 // The portal asks before it overwrites the name that was typed, but not the name that it becomes.

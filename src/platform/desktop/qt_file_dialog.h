@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/file_dialog.h"
@@ -26,6 +27,8 @@ class QtFileDialog final : public FileDialog {
   // Of the songs chosen, which ones are returned: those for which the list has room.
   std::function<std::vector<std::string>(std::vector<std::string>)> fit;
   bool asks_for_lists() const;  // the filter is that of saved lists
+  // Of the last songs chosen, those that the result has no place for, since they lie in other folders. Once.
+  std::vector<std::string> take_others() { return std::exchange(others_, {}); }
 
   void set_parent(QWidget* parent) { parent_ = parent; }  // the window that it belongs to
   void leave_desktop();                                   // before that window and the QApplication end
@@ -46,6 +49,7 @@ class QtFileDialog final : public FileDialog {
   std::unique_ptr<QFileDialog> made(QFileDialog::AcceptMode mode, const Kept& kept);
 
   QWidget* parent_ = nullptr;
+  std::vector<std::string> others_;
   std::unique_ptr<QAbstractFileIconProvider> kinds_;
   Kept open_;
   Kept save_;
