@@ -79,6 +79,8 @@ void press_controls(tandem::Player& player, const Wishes& wishes) {
 void print_underruns(const tandem::FlightRecorder& recorder) {
   for (const tandem::FlightRecorder::Underrun& underrun : recorder.underruns())
     std::printf("underrun at %s\n", tandem::FlightRecorder::text(underrun).c_str());
+  if (recorder.failed_conversions() > 0)
+    std::printf("%llu failed conversions\n", static_cast<unsigned long long>(recorder.failed_conversions()));
   std::fflush(stdout);
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -10,6 +11,7 @@
 #include <numbers>
 
 #include "platform/device_output.h"
+#include "platform/failing_resampler.h"
 #include "platform/output_feeder.h"
 #include "platform/output_test_server.h"
 #include "platform/tone_spectrum.h"
@@ -120,6 +122,15 @@ TEST_F(AlsaOutputTest, ADeviceOf48KilohertzGetsOurConversionIn32Bits) {
   const test::ToneSpectrum spectrum(sound, 48000, 10000);
   EXPECT_NEAR(spectrum.level(), -0.92, 0.01);
   EXPECT_LT(spectrum.worst(), -110.0);
+}
+
+TEST_F(AlsaOutputTest, IfOurConversionFailsAlsaConverts) {
+  const test::FailingResampler failing;
+  play("wide", fine_frame, kSampleRate);
+  EXPECT_EQ(ring_.flight_recorder().failed_conversions(), 1U);
+  const auto samples = recorded<std::int32_t>();
+  EXPECT_GE(static_cast<double>(samples.size()) / 2, static_cast<double>(kSampleRate) * 48000 / 44100);
+  EXPECT_GT(std::count_if(samples.begin(), samples.end(), [](std::int32_t sample) { return sample != 0; }), 48000);
 }
 
 TEST_F(AlsaOutputTest, PauseHoldsAndRestartGoesOn) {

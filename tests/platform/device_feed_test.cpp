@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+#include "platform/failing_resampler.h"
+
 namespace tandem {
 namespace {
 
@@ -118,6 +120,22 @@ TEST_F(DeviceFeedTest, AnEndBeforeTheRingsLeavesTheRest) {
   EXPECT_EQ(ring_.taken(), 4000U);
   read_end(1000);
   EXPECT_EQ(ring_.taken(), 4000U) << "what is taken is taken";
+}
+
+TEST_F(DeviceFeedTest, AConversionThatFailsIsNoDryRing) {
+  open(SampleEncoding::kFloat32, 48000);
+  write_ramp(20000);
+  EXPECT_EQ(read<StereoFrame>(5000).size(), 5000U);
+  EXPECT_FALSE(feed_->broken());
+  const test::FailingResampler failing;
+  EXPECT_LT(read<StereoFrame>(5000).size(), 5000U);
+  EXPECT_TRUE(feed_->broken());
+  open(SampleEncoding::kFloat32, 48000);
+  EXPECT_TRUE(feed_->broken()) << "none can be made";
+  EXPECT_EQ(read<StereoFrame>(100).size(), 0U);
+  open(SampleEncoding::kFloat32, kSampleRate);
+  EXPECT_FALSE(feed_->broken());
+  EXPECT_EQ(read<StereoFrame>(5000).size(), 5000U) << "at our own rate the sound goes on";
 }
 
 // Twelve days at the device's rate: no step is lost to rounding.

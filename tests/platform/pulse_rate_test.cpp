@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/failing_resampler.h"
 #include "platform/pulse_output_fixture.h"
 #include "platform/tone_spectrum.h"
 
@@ -86,6 +87,25 @@ TEST_F(PulseRateTest, ThePositionIsThatOfTheSongAndTheEndIsPlayedWhole) {
   const double seconds = static_cast<double>(monotonic_now() - began) / 1e9;
   EXPECT_NEAR(static_cast<double>(output_.frames_played() - from) / kSampleRate, seconds, 0.05);
   EXPECT_GT(static_cast<double>(ring_.taken()), at_first);
+}
+
+TEST_F(PulseRateTest, IfOurConversionFailsTheServerConverts) {
+  play_on("card", 48000, "float32le");
+  ASSERT_TRUE(has_stream("float32le 2ch 48000Hz;")) << server_.stream_formats();
+  ASSERT_TRUE(played_further(kSampleRate / 2));
+  {
+    const test::FailingResampler failing;
+    EXPECT_TRUE(has_stream("float32le 2ch 44100Hz;")) << server_.stream_formats();
+    server_.start_float_recording("card", 48000);
+    ASSERT_TRUE(played_further(2 * kSampleRate));
+    EXPECT_EQ(ring_.flight_recorder().failed_conversions(), 1U);
+  }
+  const test::ToneSpectrum spectrum(server_.float_recording(), 48000, kTone);
+  EXPECT_NEAR(spectrum.level(), 20 * std::log10(0.99), 0.5);
+  output_.close();
+  output_.open(kBuffer);
+  output_.start();
+  EXPECT_TRUE(has_stream("float32le 2ch 48000Hz;")) << server_.stream_formats();
 }
 
 TEST_F(PulseRateTest, ADeviceOfAnotherRateInItsPlaceIsFollowedAndNoFrameIsLost) {

@@ -1,8 +1,8 @@
 // Always on: what the last underruns of the device were like, for tests and diagnostics. It costs a few stores a
 // request and is never read in ordinary use.
 //
-// Threads: rendered() and waited_for_panel() on the render thread, fed() and underrun() on the thread that serves the
-// device, the rest on any. Nothing here locks, allocates (but underruns()) or calls the system.
+// Threads: rendered() and waited_for_panel() on the render thread, fed(), underrun() and conversion_failed() on the
+// thread that serves the device, the rest on any. Nothing here locks, allocates (but underruns()) or calls the system.
 #pragma once
 
 #include <array>
@@ -48,7 +48,11 @@ class FlightRecorder {
   // Completes the record from what was noted before.
   void underrun(std::int64_t now, std::int64_t ready, std::uint64_t frame, bool steady) noexcept;
 
+  // The conversion to the device's rate, which was then left to the server or to ALSA.
+  void conversion_failed() noexcept { failed_conversions_.fetch_add(1, std::memory_order_relaxed); }
+
   std::vector<Underrun> underruns() const;  // the newest kKept, oldest first
+  std::uint64_t failed_conversions() const noexcept { return failed_conversions_.load(std::memory_order_relaxed); }
 
  private:
   std::atomic<std::int64_t> rendered_at_{0};
@@ -62,6 +66,7 @@ class FlightRecorder {
   Feed feed_before_;
   std::array<SeqLock<Underrun>, kKept> kept_;
   std::atomic<std::uint64_t> count_{0};
+  std::atomic<std::uint64_t> failed_conversions_{0};
 };
 
 }  // namespace tandem

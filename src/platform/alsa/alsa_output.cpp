@@ -18,12 +18,12 @@ std::vector<std::string> candidates(const std::string& device) {
   return {"default", "plughw:" + std::to_string(card)};
 }
 
-std::optional<AlsaPcm> open_first(const std::vector<std::string>& names, const TargetState& target) {
+std::optional<AlsaPcm> open_first(const std::vector<std::string>& names, const TargetState& target, bool converts) {
   const auto buffer = static_cast<snd_pcm_uframes_t>(target.buffer_bytes()) / sizeof(Sample16);
   // Half a buffer, since many devices report their position only at the end of a period.
   const AlsaPcm::Sizes sizes = {buffer / 2, buffer * static_cast<snd_pcm_uframes_t>(Output::kMaxQueuedBuffers), buffer};
   for (const std::string& name : names) {
-    if (std::optional<AlsaPcm> pcm = AlsaPcm::open(name, sizes)) return pcm;
+    if (std::optional<AlsaPcm> pcm = AlsaPcm::open(name, sizes, converts)) return pcm;
   }
   return std::nullopt;
 }
@@ -63,6 +63,10 @@ Nanoseconds AlsaOutput::play(Nanoseconds now) {
     player_->set_queue(target().buffer_bytes() / static_cast<int>(sizeof(Sample16)), target().queue_length());
   const Nanoseconds next = player_->step(current() && target().wants_sound(), target().play_up_to(), now);
   if (!player_->gone()) return !current() && player_->held() ? now : next;
+  if (player_->unconverted()) {
+    alsa_converts_ = true;
+    ring_.flight_recorder().conversion_failed();
+  }
   close_device();
   retry_at_ = now + retry_.delay();
   return retry_at_;
@@ -70,15 +74,15 @@ Nanoseconds AlsaOutput::play(Nanoseconds now) {
 
 void AlsaOutput::open_device(Nanoseconds now) {
   std::optional<AlsaPcm> pcm;
+  if (std::exchange(player_generation_, target().generation()) != target().generation()) alsa_converts_ = false;
   if (token_.take()) {
-    pcm = open_first(candidates(device_), target());
+    pcm = open_first(candidates(device_), target(), alsa_converts_);
     if (!pcm) token_.give_back();
   }
   pcm ? retry_.succeeded() : retry_.failed();
   retry_at_ = now + retry_.delay();
   if (!pcm) return;
   player_.emplace(std::move(*pcm), ring_, playback_clock_, underruns_);
-  player_generation_ = target().generation();
 }
 
 void AlsaOutput::close_device() {

@@ -47,6 +47,7 @@ class AlsaOutput final : public ThreadedOutput {
   std::uint32_t player_generation_ = 0;
   RetryDelay retry_;
   Nanoseconds retry_at_ = 0;
+  bool alsa_converts_ = false;  // since our own conversion has failed; until the output is opened again
   ServingThread thread_;
 };
 

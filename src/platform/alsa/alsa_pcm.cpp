@@ -78,14 +78,15 @@ int error_of(snd_pcm_state_t state) {
 
 }  // namespace
 
-std::optional<AlsaPcm> AlsaPcm::open(const std::string& name, const Sizes& sizes) {
+std::optional<AlsaPcm> AlsaPcm::open(const std::string& name, const Sizes& sizes, bool converts) {
+  if (converts) return open_as(name, sizes, 0);
   for (const int mode : {SND_PCM_NO_AUTO_RESAMPLE | SND_PCM_NO_AUTO_FORMAT, SND_PCM_NO_AUTO_RESAMPLE, 0}) {
-    if (std::optional<AlsaPcm> opened = open(name, sizes, mode)) return opened;
+    if (std::optional<AlsaPcm> opened = open_as(name, sizes, mode)) return opened;
   }
   return std::nullopt;
 }
 
-std::optional<AlsaPcm> AlsaPcm::open(const std::string& name, const Sizes& sizes, int mode) {
+std::optional<AlsaPcm> AlsaPcm::open_as(const std::string& name, const Sizes& sizes, int mode) {
   snd_pcm_t* pcm = nullptr;
   if (snd_pcm_open(&pcm, name.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK | mode) < 0) return std::nullopt;
   AlsaPcm opened(pcm);

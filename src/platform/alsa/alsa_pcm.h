@@ -31,8 +31,8 @@ class AlsaPcm {
   };
   enum class Revived { kYes, kAsleep, kNo };
 
-  // Empty if there is no such device or it takes no format of ours.
-  static std::optional<AlsaPcm> open(const std::string& name, const Sizes& sizes);
+  // Empty if there is no such device or it takes no format of ours. `converts`: ALSA converts to the device's rate.
+  static std::optional<AlsaPcm> open(const std::string& name, const Sizes& sizes, bool converts);
 
   Look look();
   // Whole frames, in the device's format; how many frames it took, or a negative errno for revive().
@@ -48,7 +48,7 @@ class AlsaPcm {
   };
 
   explicit AlsaPcm(snd_pcm_t* pcm) : pcm_(pcm) {}
-  static std::optional<AlsaPcm> open(const std::string& name, const Sizes& sizes, int mode);
+  static std::optional<AlsaPcm> open_as(const std::string& name, const Sizes& sizes, int mode);
   bool set_hardware(const Sizes& sizes);
   bool set_software(const Sizes& sizes);
 

@@ -17,7 +17,6 @@ namespace tandem {
 
 class AlsaPlayer {
  public:
-  // Throws std::runtime_error if there is no conversion to the device's rate.
   AlsaPlayer(AlsaPcm pcm, OutputRing& ring, PlaybackClock& clock, std::atomic<std::uint64_t>& underruns);
 
   void set_queue(int buffer_frames, int depth);  // in the ring's frames
@@ -27,7 +26,8 @@ class AlsaPlayer {
 
   bool held() const noexcept { return motion_ == Motion::kHeld; }
   bool asleep() const noexcept { return asleep_; }
-  bool gone() const noexcept { return gone_; }
+  bool gone() const noexcept { return gone_ || unconverted(); }
+  bool unconverted() const noexcept { return feed_.broken(); }  // gone since its rate cannot be converted to
   // In the ring's frames.
   int request_frames() const noexcept { return static_cast<int>(ring_frames(request_)); }
 

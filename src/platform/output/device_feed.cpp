@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 
 namespace tandem {
 
@@ -24,8 +25,12 @@ struct Sample32 {  // one frame
 DeviceFeed::DeviceFeed(OutputRing& ring, const DeviceFormat& format)
     : ring_(ring), format_(format), ring_base_(ring.taken()) {
   if (format.rate == kSampleRate) return;
-  converter_.emplace(format.rate);
-  most_held_ = RateConverter::most_held(format.rate);
+  try {
+    converter_.emplace(format.rate);
+    most_held_ = RateConverter::most_held(format.rate);
+  } catch (const std::exception&) {
+    broken_ = true;
+  }
 }
 
 std::size_t DeviceFeed::read(void* place, std::size_t frames) noexcept {
@@ -67,6 +72,7 @@ std::size_t DeviceFeed::fill(void* place, std::size_t frames, std::uint64_t up_t
 }
 
 std::size_t DeviceFeed::make(std::span<StereoFrame> out, std::uint64_t up_to) noexcept {
+  if (broken_) return 0;
   if (!converter_) return take(out, up_to);
   const std::size_t made = convert(out, up_to);
   return made > 0 || up_to == kNoEnd ? made : converter_->finish(out);
@@ -85,8 +91,8 @@ std::size_t DeviceFeed::convert(std::span<StereoFrame> out, std::uint64_t up_to)
     const RateConverter::Moved moved = converter_->convert(waiting, out.subspan(made));
     waiting_from_ += moved.taken;
     made += moved.made;
-    const bool stuck = !waiting.empty() && moved.taken + moved.made == 0;  // soxr has failed
-    if (made == out.size() || stuck) return made;
+    broken_ = moved.failed;
+    if (made == out.size() || broken_) return made;
     if (waiting_from_ < waiting_to_) continue;
     waiting_from_ = 0;
     waiting_to_ = take(waiting_, up_to);

@@ -18,11 +18,13 @@ namespace tandem {
 
 class DeviceFeed {
  public:
-  // Throws std::runtime_error if there is no conversion to that rate.
   DeviceFeed(OutputRing& ring, const DeviceFormat& format);
 
   const DeviceFormat& format() const noexcept { return format_; }
-  // Writes up to `frames` device frames to `place`; returns how many, fewer only if the ring ran dry.
+  // There is no conversion to the device's rate, or it has failed: nothing comes any more.
+  bool broken() const noexcept { return broken_; }
+  // Writes up to `frames` device frames to `place`; returns how many, fewer only if the ring ran dry or it is
+  // broken.
   std::size_t read(void* place, std::size_t frames) noexcept;
   // The same for the end of the sound: takes the ring up to that count, then the converter's rest. 0: all is out, and
   // what is read next begins again.
@@ -48,6 +50,7 @@ class DeviceFeed {
   OutputRing& ring_;
   DeviceFormat format_;
   std::optional<RateConverter> converter_;  // empty at our own rate
+  bool broken_ = false;
   Quantizer16 quantizer_;
   std::array<StereoFrame, 64> waiting_;  // out of the ring, not yet in the converter
   std::size_t waiting_from_ = 0;

@@ -56,10 +56,14 @@ RateConverter::Moved RateConverter::convert(std::span<const StereoFrame> in, std
     std::size_t taken = 0;
     std::size_t made = 0;
     const StereoFrame* from = piece.empty() ? kNothing.data() : piece.data();
-    soxr_process(converter_.get(), from, piece.size(), &taken, out.data() + moved.made, out.size() - moved.made, &made);
+    const bool good = soxr_process(converter_.get(), from, piece.size(), &taken, out.data() + moved.made,
+                                   out.size() - moved.made, &made) == nullptr;
     moved.taken += taken;
     moved.made += made;
-    if (moved.made == out.size() || (taken == 0 && made == 0)) return moved;
+    const bool full = moved.made == out.size();
+    const bool stuck = taken == 0 && made == 0;
+    moved.failed = !good || (stuck && !full && !piece.empty());
+    if (full || stuck || !good) return moved;
   }
 }
 

@@ -34,6 +34,7 @@ class RateConverter {
   struct Moved {
     std::size_t taken = 0;  // of `in`
     std::size_t made = 0;   // in `out`
+    bool failed = false;    // libsoxr has run out of memory: this converter is of no use any more
   };
   // Takes what it needs to fill `out`, as far as there is.
   Moved convert(std::span<const StereoFrame> in, std::span<StereoFrame> out) noexcept;

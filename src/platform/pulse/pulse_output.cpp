@@ -52,14 +52,16 @@ class PulseOutput::Worker {
   void look_after();
   void drive_stream();
   void drop_stream();
+  void drop_failed_stream();
   void retire_stream();
   void make_stream();
   void publish();
   void publish_reachable();
   void look_after_sink();
   bool current() const {
-    return stream_ && stream_generation_ == output_.target().generation() && stream_->format() == sink_.format();
+    return stream_ && stream_generation_ == output_.target().generation() && stream_->format() == format();
   }
+  std::optional<DeviceFormat> format() const;
 
   PulseOutput& output_;
   std::function<void(bool)> reachable_;
@@ -73,6 +75,7 @@ class PulseOutput::Worker {
   PulseSink sink_;                     // destroyed before its context, as the stream
   std::optional<PulseStream> stream_;  // destroyed before its context
   std::uint32_t stream_generation_ = 0;
+  bool server_converts_ = false;  // since our own conversion has failed; until the output is opened again
   StreamName stream_name_;
 };
 
@@ -91,10 +94,8 @@ PulseOutput::Worker::Worker(PulseOutput& output, std::function<void(bool)> reach
 void PulseOutput::Worker::look_after() {
   if (!std::exchange(asked_priority_, true)) ask_realtime_priority();
   output_.take_commands();
-  if (stream_ && (context_.ready() == nullptr || stream_->failed())) {
-    if (stream_->failed()) again_.start(kRetryMilliseconds);
-    drop_stream();
-  }
+  if (stream_ && context_.ready() == nullptr) drop_stream();
+  if (stream_ && stream_->failed()) drop_failed_stream();
   look_after_sink();
   if (stream_ && !current()) retire_stream();
   if (!stream_) make_stream();
@@ -130,6 +131,23 @@ void PulseOutput::Worker::drop_stream() {
   output_.token_.give_back();
 }
 
+void PulseOutput::Worker::drop_failed_stream() {
+  if (stream_->unconverted()) {
+    server_converts_ = true;
+    output_.ring_.flight_recorder().conversion_failed();
+  } else {
+    again_.start(kRetryMilliseconds);
+  }
+  drop_stream();
+}
+
+// The sink's, or our own rate if the server has to convert.
+std::optional<DeviceFormat> PulseOutput::Worker::format() const {
+  std::optional<DeviceFormat> found = sink_.format();
+  if (found && server_converts_) found->rate = kSampleRate;
+  return found;
+}
+
 void PulseOutput::Worker::retire_stream() {
   if (stream_->ready()) stream_->hold(output_.target().play_up_to());
   if (!stream_->ready() || stream_->held() || stream_->suspended()) drop_stream();
@@ -144,8 +162,8 @@ void PulseOutput::Worker::make_stream() {
   }
   const PulseStream::Places places = {thread_.api(), context_.ready(), &output_.ring_, &output_.playback_clock_,
                                       &output_.underruns_};
-  stream_generation_ = target.generation();
-  stream_.emplace(places, *sink_.format(), PulseQueue{target.buffer_bytes(), target.queue_length()},
+  if (std::exchange(stream_generation_, target.generation()) != target.generation()) server_converts_ = false;
+  stream_.emplace(places, *format(), PulseQueue{target.buffer_bytes(), target.queue_length()},
                   [this] { changed_.ask(); });
   if (stream_->failed()) changed_.ask();
 }

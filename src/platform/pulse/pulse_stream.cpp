@@ -35,7 +35,6 @@ pa_stream* new_stream(pa_context* context, const DeviceFormat& wanted) {
 PulseStream::PulseStream(const Places& places, const DeviceFormat& format, const PulseQueue& queue,
                          std::function<void()> changed)
     : ring_(*places.ring),
-
       clock_(*places.clock),
       underruns_(*places.underruns),
       changed_(std::move(changed)),
@@ -45,7 +44,7 @@ PulseStream::PulseStream(const Places& places, const DeviceFormat& format, const
       writer_(stream_, *places.ring, format),
       stalled_at_(ring_.taken()),
       position_(ring_.taken()) {
-  if (stream_ == nullptr) {
+  if (stream_ == nullptr || writer_.broken()) {
     state_ = State::kFailed;
     return;
   }
@@ -156,6 +155,7 @@ void PulseStream::feed() {
     ring_.demand_now(writer_.ring_frames_for(missing), kSupplyPatience);
     missing = writer_.write(missing);
   }
+  if (writer_.broken()) return fail();
   ring_.demand(writer_.ring_frames_for(missing));
   report();
   const Nanoseconds now = monotonic_now();
@@ -166,6 +166,12 @@ void PulseStream::feed() {
   } else {
     hungry_.cancel();
   }
+}
+
+void PulseStream::fail() {
+  hungry_.cancel();
+  state_ = State::kFailed;
+  changed_();
 }
 
 // The more is queued the later, but always soon enough to take more than is played meanwhile.

@@ -47,6 +47,7 @@ class PulseStream {
 
   bool ready() const noexcept { return state_ == State::kReady; }
   bool failed() const noexcept { return state_ == State::kFailed; }
+  bool unconverted() const noexcept { return writer_.broken(); }   // failed since its rate cannot be converted to
   bool held() const noexcept { return motion_ == Motion::kHeld; }  // everything taken was played
   bool suspended() const noexcept { return suspended_; }
   int request_frames() const noexcept { return request_frames_; }  // of the ring
@@ -59,6 +60,7 @@ class PulseStream {
 
   void listen(bool on);
   void connect();
+  void fail();
   void come_back(std::uint64_t just_taken);
   void play_out();
   void stall();

@@ -16,6 +16,7 @@ class PulseWriter {
   PulseWriter(pa_stream* stream, OutputRing& ring, const DeviceFormat& format) : stream_(stream), feed_(ring, format) {}
 
   const DeviceFormat& format() const noexcept { return feed_.format(); }
+  bool broken() const noexcept { return feed_.broken(); }
   // Up to so many frames of the device, as many as the ring gives; returns how many are missing.
   std::size_t write(std::size_t frames);
   // The ring's frames up to that count, and all that belongs to their sound.
