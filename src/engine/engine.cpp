@@ -91,7 +91,13 @@ void Engine::take_events() {
   }
 }
 
+void Engine::replace_hung_readers() {
+  for (std::size_t i = 0; i < decks_.size(); ++i)
+    if (reader_threads_[i] && reader_threads_[i]->replace_if_hung(chain_.steps())) decks_[i].change_feed();
+}
+
 void Engine::deliver() {
+  replace_hung_readers();
   take_events();
   while (song_end_->deliver_one()) {
   }

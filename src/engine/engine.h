@@ -81,6 +81,7 @@ class Engine {
   bool readers_idle() const { return readers_[0].idle() && readers_[1].idle(); }
 
  private:
+  void replace_hung_readers();
   void work_inline();
   void render_one_step();
   void take_events();

@@ -68,6 +68,54 @@ TEST_F(HangingReader, GoesOnIfTheReadComesBackBefore) {
   close();
 }
 
+// A dead disk under one song is not to cost its deck the songs of other disks.
+TEST_F(HangingReader, LeavesTheNextSongToAThreadOfItsOwn) {
+  const TempDirectory healthy;
+  write_file(healthy.file("next.wav"), wav_file(tones(20.0, 440, 0.3), Encoding::kInt16));
+  readers_[0]->open(2, healthy.file("next.wav"));
+  threads_[0]->wake();
+  std::uint64_t step = 0;
+  while (!threads_[0]->replace_if_hung(step)) ++step;
+  EXPECT_LE(step, 250U);
+  ReaderStatus seen;
+  while (!readers_[0]->status().try_read(seen) || seen.state == ReaderStatus::State::Empty) std::this_thread::yield();
+  EXPECT_EQ(seen.generation, 2U);
+  EXPECT_EQ(disk_.waiting(), 2);  // the reads still hang
+  EXPECT_FALSE(threads_[0]->replace_if_hung(step + 1000));
+  disk_.go_on();
+  close();
+}
+
+TEST_F(HangingReader, ThatHangsAgainAndAgainIsReplacedEightTimes) {
+  std::uint64_t step = 0;
+  const auto replaced = [&](std::uint32_t generation) {
+    while (disk_.waiting() < static_cast<int>(generation)) std::this_thread::yield();
+    readers_[0]->open(generation, song());
+    threads_[0]->wake();
+    for (const std::uint64_t end = step + 1000; step < end; ++step)
+      if (threads_[0]->replace_if_hung(step)) return true;
+    return false;
+  };
+  std::uint32_t generation = 2;  // as many reads hang already: one of each deck
+  while (generation < 100 && replaced(generation)) ++generation;
+  EXPECT_EQ(generation - 2, DeckReader::kMostHung);
+  disk_.go_on();
+  close();
+}
+
+// A walk or a song that is decoded comes back by itself.
+TEST_F(HangingReader, IsLeftAloneWhileItWorks) {
+  disk_.go_on();
+  for (std::uint64_t step = 0; step < 3000; step += 10) {
+    readers_[0]->open(static_cast<std::uint32_t>(step) + 2, song());
+    threads_[0]->wake();
+    ASSERT_FALSE(threads_[0]->replace_if_hung(step));
+    while (!readers_[0]->idle()) std::this_thread::yield();
+    ASSERT_FALSE(threads_[0]->replace_if_hung(step + 5));
+  }
+  close();
+}
+
 class HangingReaderDeathTest : public HangingReader {
  protected:
   [[noreturn]] void exit_while_reading() {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <span>
 
 #include "faults/failing_disk.h"
 #include "faults/measured.h"
@@ -81,6 +83,37 @@ TEST_P(LiveStalledDisk, BeforeASongsTurn) {
   rig_.run(kLead - 100);
   stall(true);
   judge("before a song's turn", std::max(GetParam() - 2000, 0));
+}
+
+// The first song's reads never return. Its deck has the third one, from a disk that works.
+TEST(LiveDeadDisk, CostsItsOwnSongOnly) {
+  LiveRig rig;
+  const std::string dead = rig.folder() + "/dead";
+  std::filesystem::create_directory(dead);
+  rig.add_song("dead/1.wav", signature(1, 20, kPeak));
+  const Sound second = rig.add_song("2.wav", signature(2, 4, kPeak));
+  const Sound third = rig.add_song("3.wav", signature(3, 3, kPeak));
+  rig.server.start();
+  rig.choose_lead(kLead);
+  rig.play();
+  rig.run(1000);
+  FailingDisk disk(dead);
+  disk.hang();
+  ASSERT_TRUE(rig.run_until([&rig] { return rig.current_song() == 2; }, 30'000));
+  const std::size_t first_is_over = rig.made().size();
+  ASSERT_TRUE(rig.run_until([&rig] { return rig.sound().MixTimer->Interval() == 0; }, 30'000));
+  EXPECT_GT(disk.waiting(), 0) << "the read still hangs";
+  const auto heard = std::span(rig.made()).subspan(first_is_over);
+  SongFinder finder(heard);
+  const std::size_t begin = finder.take(second);
+  const std::size_t end = finder.take(third) + third.size();
+  EXPECT_LE(finder.rest(), 1.0) << "at frame " << finder.first_rest();
+  EXPECT_LE(end, heard.size());
+  const auto silent = static_cast<int>(longest_silence(heard, begin, end) * 1000 / kSampleRate);
+  EXPECT_EQ(silent, 0);
+  record_fault("with threads: a read that never returns under a song", "the songs after it are heard, on its deck too",
+               std::to_string(silent) + " ms of dead air after it, panel held for at most " +
+                   std::to_string(rig.longest_pause()) + " ms");
 }
 
 INSTANTIATE_TEST_SUITE_P(Times, LiveStalledDisk, testing::Values(500, 4000),

@@ -1,6 +1,7 @@
 // A deck whose reader does not get on: a disk that hangs.
 #include <gtest/gtest.h>
 
+#include "engine/read/deck_reader.h"
 #include "engine/render/deck.h"
 #include "faults/measured.h"
 #include "program/signatures.h"
@@ -34,7 +35,7 @@ class StalledReader : public testing::Test {
 
   TempDirectory directory_;
   DeckReader reader_;
-  Deck deck_{reader_};
+  Deck deck_{*reader_.feed()};
   bool silent_ = false;
 };
 

@@ -58,7 +58,18 @@ void DeckControl::start_at(Frames frame, bool keeps_fade) {
   wake_reader_();
 }
 
+void DeckControl::change_feed() {
+  fed_generation_ = generation_;
+  commands_.send({.kind = RenderCommand::Kind::Feed, .deck = deck_, .feed = reader_.feed().get()});
+}
+
+// Once the render thread has taken a song that was sent after the change.
+void DeckControl::forget_former_feeds() {
+  if (generation_ != fed_generation_ && chain_.position(deck_).of(generation_)) reader_.forget_former();
+}
+
 void DeckControl::put_file_name(const std::string& name) {
+  forget_former_feeds();
   name_ = name;
   ++names_put_;
   begin(0, false);

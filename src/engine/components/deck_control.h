@@ -33,6 +33,9 @@ class DeckControl {
   float pitch() const { return pitch_; }
   void put_pitch(float value);
 
+  // The reader has another feed: see ReaderThread::replace_if_hung().
+  void change_feed();
+
   void finish(std::int32_t milliseconds);
   void rewind() { start_at(0, false); }  // an input that goes from sounding to muted
 
@@ -43,6 +46,7 @@ class DeckControl {
   void pretend_ended(bool ended) { pretends_ended_ = ended; }
 
  private:
+  void forget_former_feeds();
   void begin(Frames frame, bool keeps_fade);     // a new generation, for the render thread
   void start_at(Frames frame, bool keeps_fade);  // and of the open song for the reader
 
@@ -54,6 +58,7 @@ class DeckControl {
   std::string name_;
   std::uint32_t generation_ = 0;
   std::uint32_t name_generation_ = 0;  // the generation of the last name
+  std::uint32_t fed_generation_ = 0;   // that of the last change of feeds
   std::uint64_t names_put_ = 0;
   std::uint64_t measured_name_ = 0;  // which name length_ belongs to
   std::int32_t length_ = 0;

@@ -1,10 +1,11 @@
 // One deck's reader as the deck sees it: requests from the UI thread go in, sound for the render thread comes out.
 // The work itself is SongFeed's. Its thread may hang in a read when the deck is closed, so the two share it: see
-// reader_thread.h.
+// reader_thread.h. Where it hangs while another song is asked for, that song gets a feed and a thread of its own.
 #pragma once
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/read/song_feed.h"
 
@@ -22,7 +23,13 @@ class DeckReader {
   void seek(std::uint32_t generation, Frames frame) { feed_->mailbox().seek(generation, frame); }
   std::optional<ReaderMailbox::Answer> take_answer() { return feed_->mailbox().take_answer(); }
 
-  // Render thread.
+  // UI thread. Another feed in place of the one whose thread hangs, with the song that this has not come to: false if
+  // it has meanwhile, or if kMostHung threads hang already (each keeps 2 MB). The render thread may use the former one
+  // until forget_former().
+  bool renew();
+  void forget_former() { former_.clear(); }
+  static constexpr std::size_t kMostHung = 8;
+
   DeckRing& ring() noexcept { return feed_->ring(); }
   const SeqLock<ReaderStatus>& status() const noexcept { return feed_->status(); }
 
@@ -35,6 +42,8 @@ class DeckReader {
 
  private:
   std::shared_ptr<SongFeed> feed_;
+  std::vector<std::shared_ptr<SongFeed>> former_;  // the render thread may still use them
+  std::vector<std::weak_ptr<SongFeed>> hung_;
 };
 
 }  // namespace tandem

@@ -4,9 +4,11 @@
 
 namespace tandem {
 
-void ReaderMailbox::open(std::uint32_t generation, const std::string& name) {
+void ReaderMailbox::open(std::uint32_t generation, const std::string& name) { put({generation, name, 0}); }
+
+void ReaderMailbox::put(Request request) {
   const std::scoped_lock lock(mutex_);
-  request_ = Request{generation, name, 0};
+  request_ = std::move(request);
   named_.store(true, std::memory_order_release);
   asked_.store(true, std::memory_order_release);
 }

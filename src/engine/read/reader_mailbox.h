@@ -1,6 +1,6 @@
 // What the UI thread asks a deck's reader for, and the reader's answers. Each request replaces the one before it.
-// Threads: open(), seek(), close() and take_answer() on the UI thread, the rest on the reader thread. Nothing blocks
-// for longer than the other thread needs to copy a name.
+// Threads: open(), put(), seek(), close() and take_answer() on the UI thread, answer() on the reader thread, the rest
+// on either. Nothing blocks for longer than the other thread needs to copy a name.
 #pragma once
 
 #include <atomic>
@@ -26,6 +26,7 @@ class ReaderMailbox {
   };
 
   void open(std::uint32_t generation, const std::string& name);
+  void put(Request request);  // one with a name
   // A name that has not been opened yet is opened at the new place.
   void seek(std::uint32_t generation, Frames frame);
   void close() noexcept { closed_.store(true, std::memory_order_release); }  // the reader is not needed any more

@@ -14,13 +14,27 @@ constexpr auto kShort = std::chrono::milliseconds(2);
 constexpr auto kPatience = std::chrono::milliseconds(100);
 }  // namespace
 
-ReaderThread::ReaderThread(const DeckReader& reader) : shared_(std::make_shared<Shared>(reader.feed())) {
-  std::thread([shared = shared_] { shared->run(); }).detach();
-}
+ReaderThread::ReaderThread(DeckReader& reader) : reader_(reader) { start(); }
 
 ReaderThread::~ReaderThread() { shared_->stop(); }
 
+void ReaderThread::start() {
+  shared_ = std::make_shared<Shared>(reader_.feed());
+  std::thread([shared = shared_] { shared->run(); }).detach();
+}
+
 void ReaderThread::wake() { shared_->wake(); }
+
+bool ReaderThread::replace_if_hung(std::uint64_t step) {
+  const std::uint64_t before = std::exchange(turns_, shared_->turns());
+  const bool works_on_the_same = before == turns_ && turns_ % 2 == 1;
+  if (!works_on_the_same) turned_at_ = step;
+  if (!shared_->has_name()) no_name_until_ = step;
+  const bool hangs = step - turned_at_ > kWork && step - no_name_until_ > kRequest;
+  if (!hangs || !reader_.renew()) return false;
+  start();
+  return true;
+}
 
 void ReaderThread::Shared::wake() {
   {
@@ -43,10 +57,17 @@ void ReaderThread::Shared::sleep() {
   woken_ = false;
 }
 
+bool ReaderThread::Shared::work() {
+  turns_.fetch_add(1, std::memory_order_release);
+  const bool worked = feed_->work();
+  turns_.fetch_add(1, std::memory_order_release);
+  return worked;
+}
+
 void ReaderThread::Shared::run() {
   name_this_thread("tandem-reader");
   while (!feed_->closed()) {
-    if (!feed_->work()) sleep();
+    if (!work()) sleep();
   }
   {
     const std::scoped_lock lock(mutex_);

@@ -9,7 +9,7 @@
 namespace tandem {
 
 Chain::Chain(std::array<DeckReader, kDecks>& readers, FilterWorker& designer)
-    : decks_{Deck(readers[0]), Deck(readers[1])}, designer_(designer) {}
+    : decks_{Deck(*readers[0].feed()), Deck(*readers[1].feed())}, designer_(designer) {}
 
 // The equalizer lets go of its filters at the end of a fade to none.
 Chain::~Chain() {
@@ -85,6 +85,9 @@ void Chain::take_command(const RenderCommand& command) noexcept {
     case Kind::Song:
       broken_off_ = broken_off_ || deck.in_mid_song();
       deck.begin_song(command);
+      break;
+    case Kind::Feed:
+      deck.change_feed(*command.feed);
       break;
     case Kind::Mute:
       broken_off_ = broken_off_ || deck.in_mid_song();

@@ -13,6 +13,7 @@
 #include "engine/device/output_ring.h"
 #include "engine/equalizer/band_equalizer.h"
 #include "engine/equalizer/filter_worker.h"
+#include "engine/read/deck_reader.h"
 #include "engine/render/deck.h"
 #include "engine/render/fade.h"
 #include "engine/render/limiter.h"

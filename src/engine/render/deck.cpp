@@ -68,10 +68,10 @@ void Deck::change_pitch(const RenderCommand& command) noexcept {
 // as the reader has come to it, muted or not.
 void Deck::follow_reader() noexcept {
   ReaderStatus seen;
-  if (!reader_.status().try_read(seen) || seen.generation != generation_) return;
+  if (!feed_->status().try_read(seen) || seen.generation != generation_) return;
   status_ = seen;
   if (begun_) return;
-  reader_.ring().skip_to(seen.begin);
+  feed_->ring().skip_to(seen.begin);
   using State = ReaderStatus::State;
   if (seen.state == State::Refused || seen.state == State::Empty) {
     end_song();
@@ -125,7 +125,7 @@ void Deck::drop_tail() noexcept {
 std::size_t Deck::take_frames(std::span<StereoFrame> block) noexcept {
   std::size_t wanted = block.size();
   if (finish_total_ > 0) wanted = std::min(wanted, static_cast<std::size_t>(std::max<Frames>(finish_left_, 0)));
-  return stage_.process(reader_.ring(), status_.end, block.first(wanted));
+  return stage_.process(feed_->ring(), status_.end, block.first(wanted));
 }
 
 void Deck::fade_towards_end(std::span<StereoFrame> block) noexcept {
@@ -148,7 +148,7 @@ void Deck::advance(std::size_t frames) noexcept {
   frame_ += static_cast<Frames>(frames);
   position_.put(generation_, frame_);
   const bool finished = finish_total_ > 0 && finish_left_ <= 0;
-  if (finished || stage_.at_end(reader_.ring(), status_.end)) {
+  if (finished || stage_.at_end(feed_->ring(), status_.end)) {
     end_song();
   } else if (frames < kStepFrames) {
     if (++stalled_steps_ >= kStallSteps) end_song();

@@ -10,7 +10,7 @@
 
 #include "engine/core/frames.h"
 #include "engine/pitch/pitch_stage.h"
-#include "engine/read/deck_reader.h"
+#include "engine/read/song_feed.h"
 #include "engine/render/deck_position.h"
 #include "engine/render/render_messages.h"
 
@@ -20,13 +20,14 @@ class Deck {
  public:
   static constexpr int kStallSteps = 1000;  // a song that brings nothing for 10 s has ended
 
-  explicit Deck(DeckReader& reader) : reader_(reader) {}
+  explicit Deck(SongFeed& feed) : feed_(&feed) {}
   ~Deck();  // when no thread renders any more
   Deck(const Deck&) = delete;
   Deck& operator=(const Deck&) = delete;
 
   // Orders.
   void begin_song(const RenderCommand& command) noexcept;
+  void change_feed(SongFeed& feed) noexcept { feed_ = &feed; }  // which brings the song that has not begun
   void mute(std::uint32_t epoch) noexcept;
   void unmute(std::uint32_t epoch) noexcept;
   void finish(Frames frames) noexcept;
@@ -64,7 +65,7 @@ class Deck {
   void end_song() noexcept { ended_ = true; }
   void hold_shifter(PitchShifter* shifter) noexcept;
 
-  DeckReader& reader_;
+  SongFeed* feed_;
   ReaderStatus status_;
   PitchStage stage_;
   RetiredShifters retired_;

@@ -10,9 +10,10 @@
 namespace tandem {
 
 class PitchShifter;
+class SongFeed;
 
 struct RenderCommand {  // UI -> render
-  enum class Kind : std::uint8_t { Song, Mute, Unmute, Finish, Pitch, Volume, CloseGate, OpenGate };
+  enum class Kind : std::uint8_t { Song, Feed, Mute, Unmute, Finish, Pitch, Volume, CloseGate, OpenGate };
   Kind kind = Kind::Song;
   std::uint8_t deck = 0;
   bool keeps_fade = false;          // Song: a seek within the song, a finishing run goes on
@@ -21,6 +22,7 @@ struct RenderCommand {  // UI -> render
   Frames frames = 0;                // Song: where it starts; Finish: how long the fade is
   float value = 0.0F;               // Song, Pitch: the pitch value; Volume: the gain
   PitchShifter* shifter = nullptr;  // Song, Pitch: a new one, owned by the receiver
+  SongFeed* feed = nullptr;         // Feed: what brings the song that the deck waits for
 };
 
 struct RenderEvent {  // render -> UI
