@@ -225,6 +225,38 @@ TEST_F(LongWalk, WhichASeekContinuesFromWhereItWasBrokenOff) {
   EXPECT_LT(disk_.bytes_read() - before, 500'000);
 }
 
+// At 2 MB/s the walk takes 40 s, and a song that brought nothing for 10 s would be passed over.
+TEST(LongSongs, AFarSeekThatTakesLongLosesNoSong) {
+  PlayerRig rig;
+  const std::string path = rig.file("varying.mp3");
+  SlowDisk disk(path, make_mp3(music(20.0), {"-V4", "-t", "--nores"}), 100'000'000);
+  rig.add(path);
+  add_song(rig, "next.wav", tones(30.0, 882.0, 0.3));
+  rig.play();
+  rig.run(1000);
+  constexpr double kSpeed = 2e6;
+  disk.set_speed(kSpeed, 0);
+  double passed = disk.busy_seconds();
+  const auto stall = [&rig](bool stalled) {
+    for (const std::size_t deck : {0U, 1U}) rig.player().engine.stall_reader(deck, stalled);
+  };
+  disk.on_read([&] {
+    for (stall(true); passed < disk.busy_seconds(); passed += 0.01) rig.run(kStepMilliseconds);
+    stall(false);
+  });
+  const double before = passed;
+  const std::int32_t place = rig.player().program.SongTable.at(1).SongLength / 10 * 8;
+  rig.seek(place);
+  rig.run(1000);
+  disk.on_read({});
+  EXPECT_GT(passed - before, 30.0);
+  EXPECT_EQ(rig.state().CurrentSong, 1);
+  EXPECT_NEAR(rig.deck(0).Position(), place + 1000, 1000);
+  record_fault("a seek far into a song of 100 MB whose bit rate varies, without a header, disk of 2 MB/s",
+               "the song goes on there",
+               "silence for " + std::to_string(static_cast<int>(passed - before)) + " s, then so");
+}
+
 // The index that a walk leaves is small however long the song is.
 TEST(LongSongs, TwelveHoursNeedLittleMemory) {
   const TempDirectory directory;

@@ -18,6 +18,7 @@ struct ReaderStatus {
   std::uint64_t begin = 0;       // ring position of the generation's first frame
   std::uint64_t end = kUnknown;  // ring position just after the song's last frame, once it is known
   std::int64_t first_frame = 0;  // which frame of the song the first one is
+  std::int64_t walked = 0;       // while a place is sought: the byte of the file that was come to, roughly
 };
 
 }  // namespace tandem

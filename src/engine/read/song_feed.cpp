@@ -8,6 +8,7 @@ namespace {
 constexpr std::size_t kBlock = 4096;
 // A full ring is left alone until so much of it has been played: the reader sleeps meanwhile.
 constexpr std::size_t kRefill = DeckRing::kCapacity / 8;
+constexpr std::int64_t kNews = 1 << 20;  // bytes of a walk from one report to the next
 }  // namespace
 
 SongFeed::SongFeed() : published_(ReaderStatus{}) {}
@@ -22,17 +23,28 @@ bool SongFeed::wanted() const noexcept {
   return !mailbox_.closed() && !(opening_ ? mailbox_.has_name() : mailbox_.has_request());
 }
 
+// A long search for the place of a seek is no stall: the deck sees that it goes on.
+bool SongFeed::walk_on(std::int64_t byte) {
+  const bool seeks = !opening_ && status_.state == ReaderStatus::State::Opening;
+  if (seeks && byte >= status_.walked + kNews) {
+    status_.walked = byte;
+    publish(status_.state);
+  }
+  return wanted();
+}
+
 void SongFeed::open_song(const ReaderMailbox::Request& request) {
   song_.reset();
   if (request.name->empty()) return;
   opening_ = true;
-  song_ = SongSource::open(*request.name, [this](std::int64_t) { return wanted(); });
+  song_ = SongSource::open(*request.name, [this](std::int64_t byte) { return walk_on(byte); });
   opening_ = false;
   mailbox_.answer({request.generation, song_ == nullptr});
 }
 
 void SongFeed::carry_out(const ReaderMailbox::Request& request) {
-  status_ = {request.generation, ReaderStatus::State::Opening, ring_.written(), ReaderStatus::kUnknown, request.frame};
+  status_ = {
+      request.generation, ReaderStatus::State::Opening, ring_.written(), ReaderStatus::kUnknown, request.frame, 0};
   publish(ReaderStatus::State::Opening);
   if (request.name) open_song(request);
   filling_ = song_ != nullptr;

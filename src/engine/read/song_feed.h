@@ -41,6 +41,7 @@ class SongFeed {
   void publish(ReaderStatus::State state);
   bool decode_block();
   bool wanted() const noexcept;
+  bool walk_on(std::int64_t byte);
 
   DeckRing ring_;
   SeqLock<ReaderStatus> published_;

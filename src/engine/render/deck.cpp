@@ -24,6 +24,7 @@ void Deck::begin_song(const RenderCommand& command) noexcept {
   ended_ = false;
   reported_ = false;
   stalled_steps_ = 0;
+  opening_steps_ = 0;
   frame_ = command.frames;
   ramp_in_ = command.frames > 0;
   pitch_value_ = command.value;
@@ -69,8 +70,10 @@ void Deck::change_pitch(const RenderCommand& command) noexcept {
 void Deck::follow_reader() noexcept {
   ReaderStatus seen;
   if (!feed_->status().try_read(seen) || seen.generation != generation_) return;
+  const bool comes_nearer = seen.walked > 0 && seen.walked != status_.walked;
   status_ = seen;
   if (begun_) return;
+  if (comes_nearer && opening_steps_ < kSearchSteps) stalled_steps_ = 0;
   feed_->ring().skip_to(seen.begin);
   using State = ReaderStatus::State;
   if (seen.state == State::Refused || seen.state == State::Empty) {
@@ -162,6 +165,7 @@ void Deck::render(std::span<StereoFrame, kStepFrames> mix) noexcept {
   add_tail(mix);
   if (muted_ || ended_) return;
   if (!begun_) {
+    ++opening_steps_;
     if (++stalled_steps_ >= kStallSteps) end_song();
     return;
   }

@@ -18,7 +18,8 @@ namespace tandem {
 
 class Deck {
  public:
-  static constexpr int kStallSteps = 1000;  // a song that brings nothing for 10 s has ended
+  static constexpr int kStallSteps = 1000;   // a song that brings nothing for 10 s has ended,
+  static constexpr int kSearchSteps = 6000;  // but for 60 s while its reader comes nearer to the place of a seek
 
   explicit Deck(SongFeed& feed) : feed_(&feed) {}
   ~Deck();  // when no thread renders any more
@@ -78,6 +79,7 @@ class Deck {
   bool reported_ = true;
   bool ramp_in_ = false;  // the next sound does not begin at the song's first frame
   int stalled_steps_ = 0;
+  int opening_steps_ = 0;  // in which the song that has not begun was waited for
   float pitch_value_ = 0.0F;
   PitchShifter* waiting_shifter_ = nullptr;  // for the song that has not begun
 
