@@ -7,6 +7,8 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <optional>
+#include <string>
 #include <thread>
 
 #include "app/real_player.h"
@@ -25,6 +27,8 @@ void report(const std::string& fault, const std::string& measured) {
   testing::Test::RecordProperty("measured", measured);
 }
 
+std::string first_line(const std::string& text) { return text.substr(0, text.find('\n')); }
+
 class Session : public testing::Test {
  protected:
   void start() {
@@ -32,7 +36,16 @@ class Session : public testing::Test {
     ASSERT_TRUE(player->show_up()) << player->errors();
     player->click(235, 137, 5);  // the wheel on the volume, one notch down
   }
-  bool volume_is_saved() const { return lines_of(player->settings()).at(kVolumeLine) == kLower; }
+  bool volume_is_saved() const { return saved_volume() == kLower; }
+  std::string saved_volume() const { return lines_of(player->settings()).at(kVolumeLine); }
+  void report_end(const std::string& fault, std::optional<int> status) const {
+    report(fault, "status " + (status ? std::to_string(*status) : "none") + ", volume " + saved_volume() + " where " +
+                      kLower + " was set");
+  }
+  void report_refusal(const std::string& fault, std::optional<int> status) const {
+    report(fault, "status " + (status ? std::to_string(*status) : "none") +
+                      ", without a box: " + first_line(player->errors()));
+  }
 
   Desktop desktop;
   std::unique_ptr<RealPlayer> player;
@@ -58,10 +71,11 @@ class ManagedSession : public Session {
     ASSERT_TRUE(wait_until([&] { return manager.work() && manager.saves_done() > before; }));
   }
   // It answers to a press: Ctrl+M makes the window small.
-  void expect_life() {
+  void expect_life_after(const std::string& fault) {
     player->key("ctrl+m");
     EXPECT_TRUE(wait_until([this] { return manager.work() && player->panel_width() == 262; }));
     EXPECT_TRUE(manager.has_client());
+    report(fault, "goes on: Ctrl+M makes its panel " + std::to_string(player->panel_width()) + " wide");
   }
 
   SessionManager manager;
@@ -69,24 +83,23 @@ class ManagedSession : public Session {
 
 TEST_F(ManagedSession, ACheckpointLeavesThePlayerAsItIs) {
   ask(false);
-  expect_life();
-  report("session manager saves the session", "player goes on");
+  expect_life_after("session manager saves the session");
 }
 
 TEST_F(ManagedSession, ALogoutThatIsCancelledLeavesThePlayerAsItIs) {
   ask(true);
   manager.cancel_logout();
-  expect_life();
-  report("logout that is cancelled", "player goes on");
+  expect_life_after("logout that is cancelled");
 }
 
 TEST_F(ManagedSession, TheEndOfTheSessionSavesTheSettings) {
   ask(true);
   manager.end_session();
   EXPECT_TRUE(wait_until([this] { return manager.work() && !manager.has_client(); }));
-  EXPECT_EQ(player->exit_status(), 0);
+  const std::optional<int> status = player->exit_status();
+  EXPECT_EQ(status, 0);
   EXPECT_TRUE(volume_is_saved());
-  report("session ends", "settings saved, status 0");
+  report_end("session ends", status);
 }
 
 TEST_F(ManagedSession, ItsEndWaitsForNoBoxWhereTheSettingsCannotBeSaved) {
@@ -94,17 +107,19 @@ TEST_F(ManagedSession, ItsEndWaitsForNoBoxWhereTheSettingsCannotBeSaved) {
   ask(true);
   manager.end_session();
   EXPECT_TRUE(wait_until([this] { return manager.work() && !manager.has_client(); }));
-  EXPECT_EQ(player->exit_status(), 1);
+  const std::optional<int> status = player->exit_status();
+  EXPECT_EQ(status, 1);
   EXPECT_NE(player->errors().find("TP.inf"), std::string::npos) << player->errors();
-  report("session ends, settings cannot be saved", "report on standard error, no box, status 1");
+  report_refusal("session ends, settings cannot be saved", status);
 }
 
 TEST_F(Session, TheEndOfItsTerminalSavesTheSettings) {
   start();
   player->send(SIGHUP);
-  EXPECT_EQ(player->exit_status(), 0);
+  const std::optional<int> status = player->exit_status();
+  EXPECT_EQ(status, 0);
   EXPECT_TRUE(volume_is_saved());
-  report("SIGHUP", "settings saved, status 0");
+  report_end("SIGHUP", status);
 }
 
 TEST_F(Session, UnderNohupTheEndOfItsTerminalIsNothing) {
@@ -119,18 +134,20 @@ TEST_F(Session, UnderNohupTheEndOfItsTerminalIsNothing) {
 TEST_F(Session, TheEndOfTheScreenSavesTheSettings) {
   start();
   desktop.end_screen();
-  EXPECT_EQ(player->exit_status(), 1);
+  const std::optional<int> status = player->exit_status();
+  EXPECT_EQ(status, 1);
   EXPECT_TRUE(volume_is_saved());
-  report("X server ends", "settings saved, status 1");
+  report_end("X server ends", status);
 }
 
 TEST_F(Session, ASignalWaitsForNoBoxWhereTheSettingsCannotBeSaved) {
   start();
   player->make_settings_unwritable();
   player->send(SIGTERM);
-  EXPECT_EQ(player->exit_status(), 1);
+  const std::optional<int> status = player->exit_status();
+  EXPECT_EQ(status, 1);
   EXPECT_NE(player->errors().find("TP.inf"), std::string::npos) << player->errors();
-  report("SIGTERM, settings cannot be saved", "report on standard error, no box, status 1");
+  report_refusal("SIGTERM, settings cannot be saved", status);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
+#include <string>
 
 #include "widgets/window_rig.h"
 
@@ -16,6 +17,9 @@ void report(const std::string& fault, const std::string& expected, const std::st
   testing::Test::RecordProperty("expected", expected);
   testing::Test::RecordProperty("measured", measured);
 }
+
+std::string text(const QPoint& at) { return std::to_string(at.x()) + ", " + std::to_string(at.y()); }
+std::string text(const QSize& size) { return std::to_string(size.width()) + " x " + std::to_string(size.height()); }
 
 class Screens : public testing::Test {
  protected:
@@ -40,7 +44,7 @@ TEST_F(Screens, AfterAJumpThePanelsPlaceIsThatOnTheNewScreen) {
   EXPECT_EQ(rig.controls().Painel.ScreenWidth, second->geometry().width() * 15);
   rig.key(Qt::Key_M, Qt::ControlModifier);
   EXPECT_EQ(rig.window->pos(), at) << "the small window keeps its corner";
-  report("jump to another screen, then another size", "stays there", "stays there");
+  report("jump to another screen, then another size", "at " + text(at), "at " + text(rig.window->pos()));
 }
 
 TEST_F(Screens, OnAScreenOfAnotherScaleAllOfTheWindowIsThere) {
@@ -50,7 +54,8 @@ TEST_F(Screens, OnAScreenOfAnotherScaleAllOfTheWindowIsThere) {
   const QImage picture = rig.window->grab().toImage();
   EXPECT_EQ(picture.size(), QSize(1214, 516));
   EXPECT_EQ(qAlpha(picture.pixel(1213, 515)), 255);
-  report("screen of another scale", "all of the window is there", "all of it is there");
+  report("screen of another scale", "1214 x 516 pixels of the window are seen",
+         text(picture.size()) + ", the last of opacity " + std::to_string(qAlpha(picture.pixel(1213, 515))));
 }
 
 TEST_F(Screens, OnASmallerScreenItGetsAsSmallAsItMust) {
