@@ -58,7 +58,7 @@ int play(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(tandem::kApplicationName);
   QGuiApplication::setWindowIcon(window_icon());
   QApplication::setPalette(tandem::panel_palette());
-  QToolTip::setPalette(tandem::panel_palette());  // a desktop's theme may have one for tips alone
+  QToolTip::setPalette(tandem::tip_palette());  // a desktop's theme may have one for tips alone
   tandem::install_accessibility();
   player.show();
   // A session manager that saves its session, or a logout that is cancelled, leaves the player as it is; the session's

@@ -1,6 +1,7 @@
 #include "desktop/about_box.h"
 
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "desktop/version.h"
 
@@ -21,6 +22,7 @@ QString about_text() {
 void show_about_box(QWidget* window) {
   auto* box = new QMessageBox(QMessageBox::NoIcon, "About Tandem", about_text(), QMessageBox::Close, window);
   box->setObjectName("AboutBox");
+  box->button(QMessageBox::Close)->setIcon(QIcon());  // a black cross, which is hard to see on the panel's colours
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->open();
 }

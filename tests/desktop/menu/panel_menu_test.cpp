@@ -14,6 +14,7 @@
 #include <memory>
 
 #include "desktop/about_box.h"
+#include "desktop/panel_palette.h"
 #include "desktop/version.h"
 #include "fakes/test_panel.h"
 
@@ -151,6 +152,12 @@ TEST_F(Menu, SaysWhatTheProgramIs) {
   auto* box = window.findChild<QMessageBox*>("AboutBox");
   ASSERT_NE(box, nullptr);
   for (const char* part : {kVersion, "MIT", "Qt", "mpg123", kBuild}) EXPECT_TRUE(box->text().contains(part)) << part;
+}
+
+TEST(TipPalette, ATipHasAQuietEdge) {
+  const QPalette tip = tip_palette();
+  EXPECT_LT(tip.color(QPalette::WindowText).lightness(), 100);
+  EXPECT_GT(tip.color(QPalette::ToolTipText).lightness(), 200);
 }
 
 TEST_F(Menu, Quits) {
