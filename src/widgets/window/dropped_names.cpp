@@ -14,6 +14,11 @@ void add(QStringList& words, qsizetype count, const QString& one) {
   if (count > 0) words << QStringLiteral("%1 %2%3").arg(count).arg(one, count == 1 ? "" : "s");
 }
 
+// Nothing is looked up while files hover: a disk may be slow. A name without a dot is nearly always a folder's.
+bool looks_like_a_folder(const std::string& path) {
+  return path.find('.', path.find_last_of('/', path.size() - 2) + 1) == std::string::npos;
+}
+
 }  // namespace
 
 std::vector<std::string> local_paths(const QMimeData& data) {
@@ -30,7 +35,9 @@ QString names_in_words(const std::vector<std::string>& paths) {
   QStringList words;
   add(words, songs, QStringLiteral("song"));
   add(words, lists, QStringLiteral("playlist"));
-  if (words.isEmpty()) add(words, static_cast<qsizetype>(paths.size()), QStringLiteral("folder or file"));
+  const bool folders = std::all_of(paths.begin(), paths.end(), looks_like_a_folder);
+  const auto one = folders ? QStringLiteral("folder") : QStringLiteral("folder or file");
+  if (words.isEmpty()) add(words, static_cast<qsizetype>(paths.size()), one);
   return words.join(QStringLiteral(", ")).replace("folder or files", "folders or files");
 }
 
