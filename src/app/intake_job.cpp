@@ -113,7 +113,7 @@ bool IntakeJob::wait(std::chrono::milliseconds patience) {
   return work_->on_end.wait_for(lock, patience, [this] { return work_->ended; });
 }
 
-void IntakeJob::cancel(std::vector<std::unique_ptr<IntakeJob>> jobs) {
+void IntakeJob::cancel(const std::vector<std::unique_ptr<IntakeJob>>& jobs) {
   for (const auto& job : jobs) job->work_->stop.request_stop();
   std::chrono::milliseconds left = kPatience;
   for (const auto& job : jobs) {

@@ -38,7 +38,7 @@ class IntakeJob {
   // Cancels the work. Waits at most 0.2 s for its thread: one that hangs in a read is left to end by itself.
   ~IntakeJob();
   // Of all of them at once.
-  static void cancel(std::vector<std::unique_ptr<IntakeJob>> jobs);
+  static void cancel(const std::vector<std::unique_ptr<IntakeJob>>& jobs);
   IntakeJob(const IntakeJob&) = delete;
   IntakeJob& operator=(const IntakeJob&) = delete;
 

@@ -128,7 +128,7 @@ void SongIntake::cancel_first() {
 void SongIntake::leave_desktop() {
   std::vector<std::unique_ptr<IntakeJob>> jobs;
   for (Waiting& each : waiting_) jobs.push_back(std::move(each.job));
-  IntakeJob::cancel(std::move(jobs));
+  IntakeJob::cancel(jobs);
   while (!waiting_.empty()) cancel_first();
   progress_.reset();
   parent_ = nullptr;
