@@ -18,6 +18,7 @@
 #include "app/session_end.h"
 #include "desktop/names.h"
 #include "desktop/panel_palette.h"
+#include "desktop/panel_style.h"
 #include "paint/panel/program_icon.h"
 #include "widgets/accessibility/panel_accessible.h"
 
@@ -57,8 +58,9 @@ int play(int argc, char** argv) {
   QApplication::setApplicationName("Tandem");
   QGuiApplication::setDesktopFileName(tandem::kApplicationName);
   QGuiApplication::setWindowIcon(window_icon());
+  QApplication::setStyle(new tandem::PanelStyle);  // the application's own from here on
   QApplication::setPalette(tandem::panel_palette());
-  QToolTip::setPalette(tandem::tip_palette());  // a desktop's theme may have one for tips alone
+  QToolTip::setPalette(tandem::panel_palette());  // a desktop's theme may have one for tips alone
   tandem::install_accessibility();
   player.show();
   // A session manager that saves its session, or a logout that is cancelled, leaves the player as it is; the session's

@@ -1,7 +1,6 @@
 #include "desktop/about_box.h"
 
 #include <QMessageBox>
-#include <QPushButton>
 
 #include "desktop/version.h"
 
@@ -22,7 +21,6 @@ QString about_text() {
 void show_about_box(QWidget* window) {
   auto* box = new QMessageBox(QMessageBox::NoIcon, "About Tandem", about_text(), QMessageBox::Close, window);
   box->setObjectName("AboutBox");
-  box->button(QMessageBox::Close)->setIcon(QIcon());  // a black cross, which is hard to see on the panel's colours
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->open();
 }

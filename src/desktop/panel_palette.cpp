@@ -23,10 +23,4 @@ QPalette panel_palette() {
   return colours;
 }
 
-QPalette tip_palette() {
-  QPalette colours = panel_palette();
-  colours.setColor(QPalette::WindowText, QColor::fromRgb(palette::kFaceplate[0]));
-  return colours;
-}
-
 }  // namespace tandem

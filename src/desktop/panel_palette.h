@@ -6,6 +6,5 @@
 namespace tandem {
 
 QPalette panel_palette();
-QPalette tip_palette();  // Qt draws a tip's edge in the colour of a window's text
 
 }  // namespace tandem

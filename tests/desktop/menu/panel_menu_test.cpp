@@ -10,11 +10,15 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOption>
 #include <cstdlib>
 #include <memory>
 
 #include "desktop/about_box.h"
 #include "desktop/panel_palette.h"
+#include "desktop/panel_style.h"
 #include "desktop/version.h"
 #include "fakes/test_panel.h"
 
@@ -154,10 +158,29 @@ TEST_F(Menu, SaysWhatTheProgramIs) {
   for (const char* part : {kVersion, "MIT", "Qt", "mpg123", kBuild}) EXPECT_TRUE(box->text().contains(part)) << part;
 }
 
-TEST(TipPalette, ATipHasAQuietEdge) {
-  const QPalette tip = tip_palette();
-  EXPECT_LT(tip.color(QPalette::WindowText).lightness(), 100);
-  EXPECT_GT(tip.color(QPalette::ToolTipText).lightness(), 200);
+TEST(PanelStyle, ATipHasAQuietEdge) {
+  const PanelStyle style;
+  QImage picture(40, 20, QImage::Format_RGB32);
+  picture.fill(Qt::magenta);
+  QStyleOptionFrame tip;
+  tip.rect = picture.rect();
+  tip.palette = panel_palette();
+  QPainter painter(&picture);
+  style.drawPrimitive(QStyle::PE_PanelTipLabel, &tip, &painter, nullptr);
+  const int ground = picture.pixelColor(20, 10).lightness();
+  EXPECT_EQ(picture.pixelColor(20, 10), tip.palette.color(QPalette::ToolTipBase));
+  for (const QPoint edge : {QPoint(0, 0), QPoint(20, 0), QPoint(39, 19), QPoint(0, 10)}) {
+    EXPECT_GT(picture.pixelColor(edge).lightness(), ground);
+    EXPECT_LT(picture.pixelColor(edge).lightness(), tip.palette.color(QPalette::ToolTipText).lightness() / 2);
+  }
+}
+
+TEST(PanelStyle, TheKeysOfDialogsHaveNoPictures) {
+  PanelStyle style;
+  QMessageBox box;
+  box.setStyle(&style);
+  EXPECT_EQ(style.styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons, nullptr, &box, nullptr), 0);
+  EXPECT_TRUE(box.addButton(QMessageBox::Close)->icon().isNull());
 }
 
 TEST_F(Menu, Quits) {
