@@ -24,27 +24,27 @@ namespace {
 constexpr std::int32_t kOverlap = 3500;  // milliseconds
 constexpr std::array<double, kBands> kGains{3, -2, 4, -3, 2, -4, 3, -2, 2, -3, 4, -2, 3, -3, 2};
 
-struct Wishes {
+struct Options {
   bool print = false;
   bool shift = false;
   float pitch = 0;
   std::vector<std::string> files;
 };
 
-Wishes read_wishes(int argc, char** argv) {
-  Wishes wishes;
+Options read_options(int argc, char** argv) {
+  Options options;
   for (int i = 1; i < argc; ++i) {
     const std::string_view word = argv[i];
     if (word == "--print") {
-      wishes.print = true;
+      options.print = true;
     } else if ((word == "--pitch" || word == "--shift") && i + 1 < argc) {
-      wishes.shift = word == "--shift";
-      wishes.pitch = std::strtof(argv[++i], nullptr);
+      options.shift = word == "--shift";
+      options.pitch = std::strtof(argv[++i], nullptr);
     } else {
-      wishes.files.emplace_back(word);
+      options.files.emplace_back(word);
     }
   }
-  return wishes;
+  return options;
 }
 
 class Graph {
@@ -93,20 +93,20 @@ int refuse(const std::string& file) {
   return 1;
 }
 
-int shift(const Wishes& wishes) {
-  WavRecorder recorder(wishes.files[1]);
+int shift(const Options& options) {
+  WavRecorder recorder(options.files[1]);
   Graph graph(sink_of_16_bits([&recorder](std::span<const Sample16> frames) { recorder.write(frames); }));
-  if (!graph.load(0, wishes.files[0], wishes.pitch)) return refuse(wishes.files[0]);
+  if (!graph.load(0, options.files[0], options.pitch)) return refuse(options.files[0]);
   graph.play(0);
   graph.run_to_the_end(0);
   return 0;
 }
 
-int overlap(const Wishes& wishes) {
+int overlap(const Options& options) {
   Graph graph([](std::span<const StereoFrame>) {});
   graph.shape();
   for (std::size_t deck = 0; deck < 2; ++deck)
-    if (!graph.load(deck, wishes.files[deck], wishes.pitch)) return refuse(wishes.files[deck]);
+    if (!graph.load(deck, options.files[deck], options.pitch)) return refuse(options.files[deck]);
   graph.play(0);
   while (graph.left(0) > kOverlap) graph.step();
   graph.play(1);
@@ -115,9 +115,9 @@ int overlap(const Wishes& wishes) {
   timespec cpu{};
   clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &cpu);
   const double spent = static_cast<double>(cpu.tv_sec) + static_cast<double>(cpu.tv_nsec) * 1e-9;
-  if (wishes.print)
+  if (options.print)
     std::printf("graph, pitch value %+g: %.1f s of sound in %.3f s of CPU: %.0f times real time\n",
-                static_cast<double>(wishes.pitch), graph.seconds(), spent, graph.seconds() / spent);
+                static_cast<double>(options.pitch), graph.seconds(), spent, graph.seconds() / spent);
   return 0;
 }
 
@@ -125,10 +125,10 @@ int overlap(const Wishes& wishes) {
 }  // namespace tandem
 
 int main(int argc, char** argv) {
-  const tandem::Wishes wishes = tandem::read_wishes(argc, argv);
-  if (wishes.files.size() != 2) {
+  const tandem::Options options = tandem::read_options(argc, argv);
+  if (options.files.size() != 2) {
     std::fprintf(stderr, "usage: graph_bench [--print] [--pitch P] A B | --shift P IN OUT.wav\n");
     return 2;
   }
-  return wishes.shift ? tandem::shift(wishes) : tandem::overlap(wishes);
+  return options.shift ? tandem::shift(options) : tandem::overlap(options);
 }

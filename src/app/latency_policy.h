@@ -21,9 +21,9 @@ class LatencyPolicy {
   static constexpr Milliseconds kForgotten = 3'600'000;  // an underrun is, this long after it without another
 
   // The user does something. True if there was no input for kIdle: the answer of deep() may change at once.
-  bool move_hand(Milliseconds now) noexcept {
-    const bool rested = now - hand_moved_ > kIdle;
-    hand_moved_ = now;
+  bool note_input(Milliseconds now) noexcept {
+    const bool rested = now - last_input_ > kIdle;
+    last_input_ = now;
     return rested;
   }
 
@@ -32,7 +32,7 @@ class LatencyPolicy {
   // each change of length is a moment in which a busy machine may be late.
   bool deep(Milliseconds now, bool near, bool seen, std::uint64_t breaks) noexcept {
     if (!begun_) begun_ = near_ = now;
-    if (near && now - hand_moved_ <= kIdle) near_ = now;
+    if (near && now - last_input_ <= kIdle) near_ = now;
     if (std::exchange(underruns_, breaks) != breaks && !deep_) be_cautious(now);
     deep_ = now - near_ > kAlone || now < cautious_until_ || (!(seen || near) && now - *begun_ > kAppears);
     return deep_;
@@ -47,7 +47,7 @@ class LatencyPolicy {
 
   std::optional<Milliseconds> begun_;
   Milliseconds near_ = 0;        // when the user was last near
-  Milliseconds hand_moved_ = 0;  // when the user last did anything
+  Milliseconds last_input_ = 0;  // when the user last did anything
   Milliseconds cautious_until_ = 0;
   Milliseconds caution_ = 0;
   Milliseconds broke_ = -kForgotten - 1;

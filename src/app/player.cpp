@@ -23,8 +23,9 @@ namespace {
 
 constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with the user near
 constexpr double kUnattendedFrame = 1000.0 / 30;
-constexpr TimerQueue::Milliseconds kPoll = 10;      // while the device is about to answer
-constexpr TimerQueue::Milliseconds kUnseen = 1000;  // so long the desktop waits for a window that is not to be seen
+constexpr TimerQueue::Milliseconds kPoll = 10;  // while the device is about to answer
+constexpr TimerQueue::Milliseconds kWaitForWindow =
+    1000;  // so long the desktop waits for a window that is not to be seen
 
 void show_message(const std::string& text) {
   auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));
@@ -83,7 +84,7 @@ void Player::show() {
   window_->show();
   shown_ = clock_->now();
   watch_window();
-  hand_watch_ = std::make_unique<UserInputWatch>([this] { hand_moved(); });
+  input_watch_ = std::make_unique<UserInputWatch>([this] { user_moves(); });
   bell_.answer([this] { clock_->reschedule(); });
   clock_->reschedule();
 }
@@ -95,8 +96,8 @@ void Player::user_acts() {
 }
 
 // The first move after a rest is answered by a short queue at once.
-void Player::hand_moved() {
-  if (queue_depth_.move_hand(clock_->now())) clock_->reschedule();
+void Player::user_moves() {
+  if (queue_depth_.note_input(clock_->now())) clock_->reschedule();
 }
 
 void Player::attend(Milliseconds now) {
@@ -111,7 +112,7 @@ void Player::attend(Milliseconds now) {
 void Player::ask_the_system(Milliseconds now) {
   if (!realtime_kit_ && output_.frames_played() > static_cast<std::uint64_t>(kSampleRate / 10))
     realtime_kit_.emplace().ask();
-  if (motion_ || (!window_->exposed() && now < shown_ + kUnseen)) return;
+  if (motion_ || (!window_->exposed() && now < shown_ + kWaitForWindow)) return;
   const bool by_style = window_->reduced_motion();
   motion_.emplace([this, by_style](bool reduced) { window_->set_reduced_motion(by_style || reduced); });
   join_desktop();
@@ -132,7 +133,7 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
     if (due && (!next || *due < *next)) next = due;
   };
   sooner(look_again);
-  if (!services_) sooner(shown_ + kUnseen);
+  if (!services_) sooner(shown_ + kWaitForWindow);
   if (!engine_.device_idle()) sooner(now + kPoll);
   sooner(draw_frame(now));
   return next;
@@ -161,8 +162,8 @@ void Player::show_mix(Milliseconds now) {
 
 // The last sound is faded and played before the program ends, but nothing is waited for long.
 void Player::play_out() {
-  constexpr Milliseconds kPatience = 300;
-  const Milliseconds until = clock_->now() + kPatience;
+  constexpr Milliseconds kLongest = 300;
+  const Milliseconds until = clock_->now() + kLongest;
   while (!engine_.device_idle() && clock_->now() < until) {
     engine_.deliver();
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
@@ -194,7 +195,7 @@ void Player::save_at_exit() {
 void Player::leave_desktop() {
   close();
   bell_.answer(nullptr);
-  hand_watch_.reset();
+  input_watch_.reset();
   clock_.reset();
   dialog_.leave_desktop();
   realtime_kit_.reset();

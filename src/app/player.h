@@ -60,7 +60,7 @@ class Player {
   std::optional<Milliseconds> work(Milliseconds now);
   std::optional<Milliseconds> draw_frame(Milliseconds now);
   void attend(Milliseconds now);
-  void hand_moved();
+  void user_moves();
   void ask_the_system(Milliseconds now);
   void user_acts();
   void join_desktop();
@@ -82,7 +82,7 @@ class Player {
   SongIntake intake_;
 
   std::unique_ptr<QtClock> clock_;
-  std::unique_ptr<UserInputWatch> hand_watch_;
+  std::unique_ptr<UserInputWatch> input_watch_;
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<ShmPresenter> presenter_;
   std::unique_ptr<OcclusionWatch> cover_watch_;

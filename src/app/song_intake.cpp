@@ -10,9 +10,9 @@ namespace tandem {
 
 namespace {
 
-constexpr SongIntake::Milliseconds kUnseen = 500;    // what takes no longer shows no progress
-constexpr SongIntake::Milliseconds kProgress = 100;  // between two looks at the progress
-constexpr int kProgramEnds = -1;                     // what an event loop returns that is not begun any more
+constexpr SongIntake::Milliseconds kNoProgress = 500;  // what takes no longer shows no progress
+constexpr SongIntake::Milliseconds kProgress = 100;    // between two looks at the progress
+constexpr int kProgramEnds = -1;                       // what an event loop returns that is not begun any more
 
 }  // namespace
 
@@ -95,7 +95,7 @@ std::optional<SongIntake::Milliseconds> SongIntake::look(Milliseconds now) {
   if (returning_) first.loop->quit();
   if (!first.since) first.since = now;
   const Milliseconds waited = now - *first.since;
-  if (waited < kUnseen) return now + kUnseen - waited;
+  if (waited < kNoProgress) return now + kNoProgress - waited;
   show_progress(first);
   return now + kProgress;
 }

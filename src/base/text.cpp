@@ -1,5 +1,7 @@
 #include "base/text.h"
 
+#include <cctype>
+
 #include <algorithm>
 
 namespace tandem {
@@ -77,6 +79,19 @@ std::string song_number_text(std::int64_t number) { return (number < 10 ? "0" : 
 std::size_t name_begin(std::string_view path) {
   const std::size_t last = path.rfind(kPathSeparator);
   return last == std::string_view::npos ? 0 : last + 1;
+}
+
+std::string any_case(std::string_view patterns) {
+  std::string result;
+  for (const char c : patterns) {
+    const auto letter = static_cast<unsigned char>(c);
+    if (letter >= 0x80 || std::isalpha(letter) == 0) {
+      result += c;
+    } else {
+      result += {'[', static_cast<char>(std::tolower(letter)), static_cast<char>(std::toupper(letter)), ']'};
+    }
+  }
+  return result;
 }
 
 }  // namespace tandem

@@ -22,6 +22,9 @@ std::string number_text(std::int64_t value);
 // A song's number: "01" .. "09", "10", "100".
 std::string song_number_text(std::int64_t number);
 
+// File patterns that match in any case of letters: "*.mp3" becomes "*.[mM][pP]3". Letters of ASCII only.
+std::string any_case(std::string_view patterns);
+
 // Position just after the last separator, in bytes; 0 if there is none.
 std::size_t name_begin(std::string_view path);
 

@@ -34,7 +34,6 @@ class PanelRemote {
   std::uint32_t seeks() const { return controls().Slider1.releases(); }  // of the user, so far
   int deck() const;                                                      // whose song is meant; -1: none
   bool can_play() const;                                                 // there is something to play
-  bool can_pause() const { return motion() != Motion::Stopped; }
   bool can_go_next() const;  // a song sounds, one follows it, and the key for it is enabled
   bool can_seek() const;     // one song alone sounds
 

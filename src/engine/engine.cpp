@@ -13,8 +13,8 @@ namespace tandem {
 Engine::Engine(Output& output, OutputRing& ring, const std::optional<Threads>& threads)
     : output_(output),
       ring_(ring),
-      designer_(threads.has_value()),
-      chain_(readers_, designer_),
+      filter_worker_(threads.has_value()),
+      chain_(readers_, filter_worker_),
       commands_(chain_.commands()),
       decks_{DeckControl(0, readers_[0], commands_, chain_,
                          [this] {
@@ -60,7 +60,7 @@ void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
   graph.TempFile = std::make_unique<ProbeFile>(measured_songs_);
   graph.WaveMixer = std::move(mixer);
   graph.MMRingBufferX1 = std::make_unique<PassingRingBuffer>();
-  graph.EQ = std::make_unique<EqualizerControl>(designer_);
+  graph.EQ = std::make_unique<EqualizerControl>(filter_worker_);
   graph.WaveOut = std::move(device);
   graph.MMConnectorX1 = std::make_unique<Connector>();
   graph.Helper = std::make_unique<TimeText>();

@@ -92,7 +92,7 @@ class Engine {
   OutputRing& ring_;
   std::array<DeckReader, 2> readers_;
   std::array<bool, 2> stalled_{};  // in simulated time
-  FilterWorker designer_;
+  FilterWorker filter_worker_;
   Chain chain_;
   CommandSender commands_;
   std::array<DeckControl, 2> decks_;

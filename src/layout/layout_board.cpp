@@ -9,7 +9,7 @@ using K = ControlKind;
 using G = ControlGroup;
 
 // Name, x, y, w, h, kind, group, caption, tab, tip, accessible name, cells or digits, dot pitch.
-constexpr ControlBox kTable[] = {
+constexpr ControlBox kBoard[] = {
     {"Board", 4, 258, 599, 164, K::BevelledPanel, G::Board, "", 0, "", "Analyser settings"},
     {"MMLEDX1", 14, 269, 22, 11, K::LampButton, G::Board, "Grid", 50, "", "Grid"},
     {"Label5(0)", 44, 267, 54, 15, K::Caption, G::Board, "Grid", 0, "", ""},
@@ -62,6 +62,6 @@ constexpr ControlBox kTable[] = {
 
 }  // namespace
 
-std::span<const ControlBox> layout_board() { return kTable; }
+std::span<const ControlBox> layout_board() { return kBoard; }
 
 }  // namespace tandem

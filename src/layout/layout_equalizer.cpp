@@ -9,7 +9,7 @@ using K = ControlKind;
 using G = ControlGroup;
 
 // Name, x, y, w, h, kind, group, caption, tab, tip, accessible name, cells or digits, dot pitch.
-constexpr ControlBox kTable[] = {
+constexpr ControlBox kEqualizer[] = {
     {"MMPanelX1(0)", 262, 113, 341, 141, K::BevelledPanel, G::Equalizer, "10 BANDS EQUALIZER", 0, "",
      "10 bands equalizer, press to change the window size"},
     {"Label2(0)", 267, 132, 22, 10, K::Caption, G::Equalizer, "32", 0, "", ""},
@@ -61,6 +61,6 @@ constexpr ControlBox kTable[] = {
 
 }  // namespace
 
-std::span<const ControlBox> layout_equalizer() { return kTable; }
+std::span<const ControlBox> layout_equalizer() { return kEqualizer; }
 
 }  // namespace tandem

@@ -9,7 +9,7 @@ using K = ControlKind;
 using G = ControlGroup;
 
 // Name, x, y, w, h, kind, group, caption, tab, tip, accessible name, cells or digits, dot pitch.
-constexpr ControlBox kTable[] = {
+constexpr ControlBox kLeft[] = {
     {"Window grip", 0, 0, 607, 14, K::Grip, G::Chrome, "", 0, "", "(none)"},
     {"Minimise", 571, 1, 16, 13, K::ChromeButton, G::Chrome, "", 81, "", "Minimise"},
     {"Close", 588, 1, 16, 13, K::ChromeButton, G::Chrome, "", 82, "", "Close"},
@@ -56,6 +56,6 @@ constexpr ControlBox kTable[] = {
 
 }  // namespace
 
-std::span<const ControlBox> layout_left() { return kTable; }
+std::span<const ControlBox> layout_left() { return kLeft; }
 
 }  // namespace tandem

@@ -9,7 +9,7 @@ using K = ControlKind;
 using G = ControlGroup;
 
 // Name, x, y, w, h, kind, group, caption, tab, tip, accessible name, cells or digits, dot pitch.
-constexpr ControlBox kTable[] = {
+constexpr ControlBox kRight[] = {
     {"Display well", 262, 14, 341, 95, K::GlassPanel, G::Visual, "", 0, "", "(decorative)"},
     {"MMSpectrum1", 264, 16, 337, 91, K::Display, G::Visual, "", 0, "", "Spectrum analyser"},
     {"MMMeterX1", 264, 16, 163, 91, K::Display, G::Visual, "", 0, "", "Left level, dB"},
@@ -25,6 +25,6 @@ constexpr ControlBox kTable[] = {
 
 }  // namespace
 
-std::span<const ControlBox> layout_right() { return kTable; }
+std::span<const ControlBox> layout_right() { return kRight; }
 
 }  // namespace tandem

@@ -5,7 +5,7 @@ namespace tandem {
 namespace {
 
 // Control, position, caption, x, y, w, h, angle.
-constexpr PositionCaption kTable[] = {
+constexpr PositionCaption kCaptions[] = {
     {"MMSwitchX1", 0, "Spec", 60, 206, 34, 12, 64},         {"MMSwitchX1", 1, "V.U.", 60, 221, 34, 12, 90},
     {"MMSwitchX1", 2, "Scope", 60, 236, 34, 12, 116},       {"MMSwitch1", 0, "Points", 180, 283.5, 46, 12, 35},
     {"MMSwitch1", 1, "Lines", 180, 296.5, 46, 12, 57},      {"MMSwitch1", 2, "V.Lines", 180, 309.5, 46, 12, 79},
@@ -24,6 +24,6 @@ constexpr PositionCaption kTable[] = {
 
 }  // namespace
 
-std::span<const PositionCaption> position_captions() { return kTable; }
+std::span<const PositionCaption> position_captions() { return kCaptions; }
 
 }  // namespace tandem

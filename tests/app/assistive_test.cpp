@@ -13,8 +13,6 @@
 namespace tandem::test {
 namespace {
 
-constexpr double kTone = 2000;
-
 class AssistiveProgram : public testing::Test {
  protected:
   void SetUp() override {

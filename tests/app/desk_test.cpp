@@ -17,8 +17,6 @@
 namespace tandem::test {
 namespace {
 
-constexpr double kTone = 2000;
-
 class Managed : public testing::Test {
  protected:
   void SetUp() override {

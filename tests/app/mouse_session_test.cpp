@@ -15,8 +15,7 @@
 namespace tandem::test {
 namespace {
 
-constexpr double kTones[] = {800, 2000, 3200};
-constexpr std::size_t kVolumeLine = 15;
+constexpr double kClickedTones[] = {800, 2000, 3200};
 
 class MouseSession : public testing::Test {
  protected:
@@ -35,7 +34,7 @@ class MouseSession : public testing::Test {
   void write_songs() {
     for (int i = 0; i < 3; ++i) {
       const std::string name = "song " + std::to_string(i + 1) + ".wav";
-      std::filesystem::rename(player->write_song(name, kTones[i], 3), desktop.home().file(name));
+      std::filesystem::rename(player->write_song(name, kClickedTones[i], 3), desktop.home().file(name));
     }
   }
   std::optional<AssistiveObject> seen(const std::string& name, const std::string& role) const {
@@ -107,7 +106,7 @@ TEST_F(MouseSession, SongsAreAddedPlayedShapedSavedAndOpenedAgain) {
   ASSERT_NO_FATAL_FAILURE(add_songs());
   desktop.sound.start_recording();
   player->click(24, 146);  // PLAY
-  EXPECT_TRUE(hears(kTones[0]));
+  EXPECT_TRUE(hears(kClickedTones[0]));
   set_equalizer_and_volume();
   ASSERT_NO_FATAL_FAILURE(save_list());
   close();
@@ -121,8 +120,8 @@ TEST_F(MouseSession, SongsAreAddedPlayedShapedSavedAndOpenedAgain) {
   ASSERT_NO_FATAL_FAILURE(open_list());
   player->double_click(400, 124);  // the first line goes
   player->click(24, 146);
-  EXPECT_TRUE(hears(kTones[1]));
-  EXPECT_TRUE(hears(kTones[2]));
+  EXPECT_TRUE(hears(kClickedTones[1]));
+  EXPECT_TRUE(hears(kClickedTones[2]));
   close();
 }
 

@@ -14,6 +14,8 @@
 
 namespace tandem::test {
 
+inline constexpr std::size_t kVolumeLine = 15;  // of the settings file
+
 // A screen and a sound server for all players of one test, and a home directory in which nothing is. Programs that are
 // started after it use them.
 class Desktop {

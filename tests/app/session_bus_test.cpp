@@ -17,7 +17,7 @@
 namespace tandem::test {
 namespace {
 
-constexpr double kTone = 1500;
+constexpr double kBusTone = 1500;
 
 class SessionBus : public testing::Test {
  protected:
@@ -61,10 +61,10 @@ class SessionBus : public testing::Test {
 
 TEST_F(SessionBus, OpensASongAndPlaysItByAMediaKey) {
   EXPECT_EQ(title(), "Tandem\n");
-  open_with(player->write_song("tone.wav", kTone, 20));
+  open_with(player->write_song("tone.wav", kBusTone, 20));
   desktop.sound.start_recording();
   EXPECT_TRUE(comes_to({"playerctl", "play"}, ""));
-  EXPECT_TRUE(wait_until([&] { return find_tone(desktop.sound.recording(), kTone).has_value(); }));
+  EXPECT_TRUE(wait_until([&] { return find_tone(desktop.sound.recording(), kBusTone).has_value(); }));
   EXPECT_TRUE(comes_to({"playerctl", "status"}, "Playing\n"));
   EXPECT_TRUE(wait_until([&] { return title() == "TONE.WAV - Tandem\n"; })) << title();
   EXPECT_EQ(output_of({"playerctl", "metadata", "title"}), "TONE.WAV\n");

@@ -9,7 +9,7 @@ namespace tandem::test {
 
 namespace {
 
-SessionManager* manager = nullptr;
+SessionManager* the_manager = nullptr;
 
 Status registers(SmsConn client, SmPointer, char* previous) {
   std::free(previous);
@@ -27,17 +27,17 @@ void closes(SmsConn client, SmPointer, int count, char** reasons) {
 
 // Every client on this machine is let in.
 Status SessionManager::take_client(SmsConn client, SmPointer, unsigned long* mask, SmsCallbacks* callbacks, char**) {
-  manager->client_ = client;
+  the_manager->client_ = client;
   *callbacks = {};
   callbacks->register_client.callback = registers;
   callbacks->interact_request.callback = [](SmsConn, SmPointer, int) {};
   callbacks->interact_done.callback = [](SmsConn, SmPointer, Bool) {};
   callbacks->save_yourself_request.callback = [](SmsConn, SmPointer, int, Bool, int, Bool, Bool) {};
   callbacks->save_yourself_phase2_request.callback = [](SmsConn asks, SmPointer) { SmsSaveYourselfPhase2(asks); };
-  callbacks->save_yourself_done.callback = [](SmsConn, SmPointer, Bool) { ++manager->saves_done_; };
+  callbacks->save_yourself_done.callback = [](SmsConn, SmPointer, Bool) { ++the_manager->saves_done_; };
   callbacks->close_connection.callback = [](SmsConn leaves, SmPointer data, int count, char** reasons) {
-    manager->client_ = nullptr;
-    manager->connections_.clear();
+    the_manager->client_ = nullptr;
+    the_manager->connections_.clear();
     closes(leaves, data, count, reasons);
   };
   callbacks->set_properties.callback = [](SmsConn, SmPointer, int count, SmProp** properties) {
@@ -54,7 +54,7 @@ Status SessionManager::take_client(SmsConn client, SmPointer, unsigned long* mas
 }
 
 SessionManager::SessionManager() {
-  manager = this;
+  the_manager = this;
   char error[256] = {};
   const auto let_in = [](char*) -> Bool { return True; };
   if (!SmsInitialize("test", "1", take_client, nullptr, let_in, sizeof(error), error) ||
@@ -70,7 +70,7 @@ SessionManager::SessionManager() {
 SessionManager::~SessionManager() {
   ::unsetenv("SESSION_MANAGER");
   IceFreeListenObjs(listeners_, listening_);
-  manager = nullptr;
+  the_manager = nullptr;
 }
 
 bool SessionManager::work() {

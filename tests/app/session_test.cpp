@@ -18,7 +18,6 @@
 namespace tandem::test {
 namespace {
 
-constexpr std::size_t kVolumeLine = 15;
 const std::string kLower = std::to_string(32768 - 328);  // one notch of the wheel
 
 void report(const std::string& fault, const std::string& measured) {

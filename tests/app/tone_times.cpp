@@ -11,7 +11,7 @@ namespace tandem::test {
 namespace {
 
 constexpr std::size_t kWindow = 220;  // frames
-constexpr double kTone = 0.25 * 32768;
+constexpr double kLoudness = 0.25 * 32768;
 constexpr double kRate = kSampleRate;
 
 }  // namespace
@@ -27,7 +27,7 @@ std::optional<ToneTimes> find_tone(const std::vector<Sample16>& recording, doubl
     sum += turned[i];
     if (i >= kWindow) sum -= turned[i - kWindow];
     const double amplitude = 2 * std::abs(sum) / kWindow;
-    if (amplitude < kTone / 2) continue;
+    if (amplitude < kLoudness / 2) continue;
     const double seconds = static_cast<double>(i) / kRate;
     if (!found) found = ToneTimes{seconds, seconds};
     found->end = seconds;

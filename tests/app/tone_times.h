@@ -8,6 +8,9 @@
 
 namespace tandem::test {
 
+// Of the songs that tests play, Hz.
+inline constexpr double kTone = 2000;
+
 struct ToneTimes {
   double begin = 0;  // seconds
   double end = 0;

@@ -14,8 +14,6 @@
 namespace tandem::test {
 namespace {
 
-constexpr double kTone = 2000;
-
 class OnWayland : public testing::Test {
  protected:
   void SetUp() override {

@@ -68,5 +68,10 @@ TEST(Text, ANameBeginsBehindTheLastSeparator) {
   EXPECT_EQ(name_begin("C:\\b.mp3"), 0U);  // a backslash is an ordinary character
 }
 
+TEST(Text, PatternsMatchInAnyCaseOfLetters) {
+  EXPECT_EQ(any_case("*.mp3;*.Wav"), "*.[mM][pP]3;*.[wW][aA][vV]");
+  EXPECT_EQ(any_case("*.\u00e9"), "*.\u00e9");
+}
+
 }  // namespace
 }  // namespace tandem

@@ -12,8 +12,6 @@ namespace tandem::test {
 
 namespace {
 
-constexpr const char* kPlayer = "org.mpris.MediaPlayer2.Player";
-
 sd_bus* connected(const std::string& address) {
   sd_bus* bus = nullptr;
   sd_bus_new(&bus);
@@ -188,7 +186,7 @@ std::string DesktopRig::text_property(const char* interface, const char* name) {
 bool DesktopRig::flag(const char* name) {
   int value = -1;
   meanwhile([&](sd_bus* bus) {
-    sd_bus_get_property_trivial(bus, kMprisName, kMprisObject, kPlayer, name, nullptr, 'b', &value);
+    sd_bus_get_property_trivial(bus, kMprisName, kMprisObject, kPlayerInterface, name, nullptr, 'b', &value);
   });
   EXPECT_GE(value, 0) << name;
   return value == 1;
@@ -197,7 +195,7 @@ bool DesktopRig::flag(const char* name) {
 double DesktopRig::number(const char* name) {
   double value = -1;
   meanwhile([&](sd_bus* bus) {
-    sd_bus_get_property_trivial(bus, kMprisName, kMprisObject, kPlayer, name, nullptr, 'd', &value);
+    sd_bus_get_property_trivial(bus, kMprisName, kMprisObject, kPlayerInterface, name, nullptr, 'd', &value);
   });
   return value;
 }
@@ -205,7 +203,7 @@ double DesktopRig::number(const char* name) {
 std::int64_t DesktopRig::long_number(const char* name) {
   std::int64_t value = -1;
   meanwhile([&](sd_bus* bus) {
-    sd_bus_get_property_trivial(bus, kMprisName, kMprisObject, kPlayer, name, nullptr, 'x', &value);
+    sd_bus_get_property_trivial(bus, kMprisName, kMprisObject, kPlayerInterface, name, nullptr, 'x', &value);
   });
   return value;
 }
@@ -214,7 +212,8 @@ std::map<std::string, std::string> DesktopRig::metadata() {
   std::map<std::string, std::string> entries;
   meanwhile([&](sd_bus* bus) {
     sd_bus_message* reply = nullptr;
-    if (sd_bus_get_property(bus, kMprisName, kMprisObject, kPlayer, "Metadata", nullptr, &reply, "a{sv}") < 0) return;
+    if (sd_bus_get_property(bus, kMprisName, kMprisObject, kPlayerInterface, "Metadata", nullptr, &reply, "a{sv}") < 0)
+      return;
     sd_bus_message_enter_container(reply, 'a', "{sv}");
     while (sd_bus_message_enter_container(reply, 'e', "sv") > 0) {
       const char* name = "";

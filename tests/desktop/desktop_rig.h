@@ -18,6 +18,8 @@
 
 namespace tandem::test {
 
+inline constexpr const char* kPlayerInterface = "org.mpris.MediaPlayer2.Player";
+
 class DesktopRig : public BusFixture {
  protected:
   DesktopRig();
@@ -36,7 +38,7 @@ class DesktopRig : public BusFixture {
   // Calls a method of the player; the error's name, empty if there is none.
   std::string call(const char* interface, const char* method, const char* types = nullptr, const char* text = nullptr,
                    std::int64_t number = 0);
-  std::string player_call(const char* method) { return call("org.mpris.MediaPlayer2.Player", method); }
+  std::string player_call(const char* method) { return call(kPlayerInterface, method); }
   std::string text_property(const char* interface, const char* name);
   bool flag(const char* name);
   double number(const char* name);

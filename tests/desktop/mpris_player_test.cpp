@@ -9,7 +9,6 @@ namespace tandem::test {
 namespace {
 
 constexpr const char* kRoot = "org.mpris.MediaPlayer2";
-constexpr const char* kPlayer = "org.mpris.MediaPlayer2.Player";
 
 class Mpris : public DesktopRig {
  protected:
@@ -17,7 +16,7 @@ class Mpris : public DesktopRig {
     DesktopRig::SetUp();
     start();
   }
-  std::string status() { return text_property(kPlayer, "PlaybackStatus"); }
+  std::string status() { return text_property(kPlayerInterface, "PlaybackStatus"); }
 };
 
 TEST_F(Mpris, StandsForTheProgram) {
@@ -78,24 +77,24 @@ TEST_F(Mpris, SeeksWithinTheSongAndSaysSo) {
   panel_.add_songs(2);
   player_call("Play");
   panel_.sound.deck[0]->position = 10'000;
-  EXPECT_EQ(call(kPlayer, "Seek", "x", nullptr, 5'000'000), "");
+  EXPECT_EQ(call(kPlayerInterface, "Seek", "x", nullptr, 5'000'000), "");
   EXPECT_TRUE(signalled("Seeked 15000000"));
   EXPECT_EQ(long_number("Position"), 15'000'000);
-  call(kPlayer, "Seek", "x", nullptr, -60'000'000);
+  call(kPlayerInterface, "Seek", "x", nullptr, -60'000'000);
   EXPECT_EQ(long_number("Position"), 0) << "not before the beginning";
   panel_.tick();  // loads the next song
-  call(kPlayer, "Seek", "x", nullptr, 600'000'000);
+  call(kPlayerInterface, "Seek", "x", nullptr, 600'000'000);
   EXPECT_EQ(remote_.song(), TestPanel::song_path(1)) << "beyond the end is the next song";
 }
 
 TEST_F(Mpris, SetsThePositionOfTheSongThatIsMeant) {
   panel_.add_songs(1);
   player_call("Play");
-  call(kPlayer, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", 20'000'000);
+  call(kPlayerInterface, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", 20'000'000);
   EXPECT_EQ(long_number("Position"), 20'000'000);
-  call(kPlayer, "SetPosition", "ox", "/org/tandem_player/Tandem/song/7", 30'000'000);
-  call(kPlayer, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", -1);
-  call(kPlayer, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", 999'000'000);
+  call(kPlayerInterface, "SetPosition", "ox", "/org/tandem_player/Tandem/song/7", 30'000'000);
+  call(kPlayerInterface, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", -1);
+  call(kPlayerInterface, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", 999'000'000);
   EXPECT_EQ(long_number("Position"), 20'000'000);
 }
 
@@ -123,8 +122,8 @@ TEST_F(Mpris, SaysNothingOfASeekThatIsNotDone) {
   panel_.controls.Slider1.user_press();
   soon([] { return true; });
   take_signals();
-  EXPECT_EQ(call(kPlayer, "Seek", "x", nullptr, 5'000'000), "");
-  EXPECT_EQ(call(kPlayer, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", 20'000'000), "");
+  EXPECT_EQ(call(kPlayerInterface, "Seek", "x", nullptr, 5'000'000), "");
+  EXPECT_EQ(call(kPlayerInterface, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", 20'000'000), "");
   meanwhile([](sd_bus*) {});
   EXPECT_EQ(take_signals(), std::vector<std::string>());
 }
@@ -155,8 +154,9 @@ TEST_F(Mpris, KeepsQuietWhileTheSongJustGoesOn) {
 }
 
 TEST_F(Mpris, TurnsTheVolume) {
-  meanwhile(
-      [](sd_bus* bus) { sd_bus_set_property(bus, kMprisName, kMprisObject, kPlayer, "Volume", nullptr, "d", 0.25); });
+  meanwhile([](sd_bus* bus) {
+    sd_bus_set_property(bus, kMprisName, kMprisObject, kPlayerInterface, "Volume", nullptr, "d", 0.25);
+  });
   EXPECT_EQ(panel_.controls.Volume.value(), 8192);
   EXPECT_TRUE(signalled("Volume"));
   EXPECT_EQ(number("Volume"), 0.25);
@@ -165,18 +165,20 @@ TEST_F(Mpris, TurnsTheVolume) {
 TEST_F(Mpris, TakesARateOfNothingForAPause) {
   panel_.add_songs(1);
   player_call("Play");
-  meanwhile(
-      [](sd_bus* bus) { sd_bus_set_property(bus, kMprisName, kMprisObject, kPlayer, "Rate", nullptr, "d", 0.0); });
+  meanwhile([](sd_bus* bus) {
+    sd_bus_set_property(bus, kMprisName, kMprisObject, kPlayerInterface, "Rate", nullptr, "d", 0.0);
+  });
   EXPECT_EQ(status(), "Paused");
   EXPECT_EQ(number("Rate"), 1);
 }
 
 TEST_F(Mpris, OpensFilesOfThisMachineAlone) {
   panel_.sound.files.lengths["/music/a b.mp3"] = 60'000;
-  EXPECT_EQ(call(kPlayer, "OpenUri", "s", "file:///music/a%20b.mp3"), "");
+  EXPECT_EQ(call(kPlayerInterface, "OpenUri", "s", "file:///music/a%20b.mp3"), "");
   EXPECT_EQ(drops_, (std::vector<std::vector<std::string>>{{"/music/a b.mp3"}}));
   EXPECT_EQ(status(), "Playing");
-  EXPECT_EQ(call(kPlayer, "OpenUri", "s", "http://example.org/a.mp3"), "org.freedesktop.DBus.Error.InvalidArgs");
+  EXPECT_EQ(call(kPlayerInterface, "OpenUri", "s", "http://example.org/a.mp3"),
+            "org.freedesktop.DBus.Error.InvalidArgs");
   EXPECT_EQ(drops_.size(), 1U);
 }
 

@@ -10,8 +10,6 @@ namespace tandem {
 namespace {
 
 constexpr std::size_t kBands = 33;
-constexpr std::array kWindows{FftWindow::Rectang,   FftWindow::Hamming, FftWindow::Hanning, FftWindow::Blackman,
-                              FftWindow::Gaussiano, FftWindow::Welch,   FftWindow::Parzen};
 using Powers = BothSides<std::vector<float>>;
 
 struct Rig {

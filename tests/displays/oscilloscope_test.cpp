@@ -9,7 +9,7 @@
 namespace tandem {
 namespace {
 
-constexpr double kPicture = 1.0 / 60.0;
+constexpr double kFrame = 1.0 / 60.0;
 
 // What is drawn at x px from the left edge.
 double drawn(const ScopeReading& picture, const ScopeReading::Trace& trace, std::size_t x) {
@@ -28,7 +28,7 @@ double restlessness(const Sound& sound) {
   const ScopeReading first = scope.picture();
   double greatest = 0.0;
   for (int i = 0; i < 60; ++i) {
-    screen.picture(i % 3 == 0 ? 0.0137 : kPicture);
+    screen.picture(i % 3 == 0 ? 0.0137 : kFrame);
     for (std::size_t x = 0; x < kScopeWidth; ++x)
       greatest =
           std::max(greatest, std::abs(drawn(scope.picture(), scope.picture().left, x) - drawn(first, first.left, x)));
@@ -80,10 +80,10 @@ TEST(Oscilloscope, ThreeDecibelsFillTheHeight) {
   Oscilloscope scope;
   scope.put_Enabled(true);
   scope.feed(sine(2048, 441.0, 1.0 / std::numbers::sqrt2));
-  scope.advance(kPicture);
+  scope.advance(kFrame);
   EXPECT_NEAR(*std::max_element(scope.picture().left.begin(), scope.picture().left.end()), 1.0, 0.001);
   scope.feed(sine(2048, 441.0));
-  scope.advance(kPicture);
+  scope.advance(kFrame);
   EXPECT_EQ(*std::max_element(scope.picture().left.begin(), scope.picture().left.end()), 1.0F);
   EXPECT_EQ(*std::min_element(scope.picture().left.begin(), scope.picture().left.end()), -1.0F);
 }
@@ -95,7 +95,7 @@ TEST(Oscilloscope, TheRightTraceGoesWithTheLeft) {
   const Sound right = sine(2048, 441.0, 0.5, std::numbers::pi / 2.0);
   for (std::size_t i = 0; i < tone.size(); ++i) tone[i].right = right[i].right;
   scope.feed(tone);
-  scope.advance(kPicture);
+  scope.advance(kFrame);
   EXPECT_NEAR(drawn(scope.picture(), scope.picture().right, 0), 0.5 * std::numbers::sqrt2, 0.002);
 }
 
@@ -115,7 +115,7 @@ TEST(Oscilloscope, WithoutACrossingItShowsTheNewest) {
   scope.put_Enabled(true);
   Sound rising = both(2048, [](double t) { return 0.1 + t; });
   scope.feed(rising);
-  scope.advance(kPicture);
+  scope.advance(kFrame);
   EXPECT_FLOAT_EQ(scope.picture().left.back(), rising.back().left * std::numbers::sqrt2_v<float>);
 }
 
@@ -131,14 +131,14 @@ TEST(Oscilloscope, FallsToRestInSilenceAndWhenSoundIsHeldBack) {
     screen.run(0.75);
     EXPECT_TRUE(scope.at_rest());
     EXPECT_EQ(scope.picture(), ScopeReading{});
-    EXPECT_FALSE(screen.picture(kPicture));
+    EXPECT_FALSE(screen.picture(kFrame));
   }
 }
 
 TEST(Oscilloscope, DisabledItDoesNothing) {
   Oscilloscope scope;
   scope.feed(sine(2048, 441.0));
-  EXPECT_FALSE(scope.advance(kPicture));
+  EXPECT_FALSE(scope.advance(kFrame));
   EXPECT_TRUE(scope.at_rest());
 }
 

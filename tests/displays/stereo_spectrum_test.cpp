@@ -10,9 +10,6 @@
 namespace tandem {
 namespace {
 
-constexpr std::array kWindows{FftWindow::Rectang,   FftWindow::Hamming, FftWindow::Hanning, FftWindow::Blackman,
-                              FftWindow::Gaussiano, FftWindow::Welch,   FftWindow::Parzen};
-
 double db(float power) { return 10.0 * std::log10(static_cast<double>(power) + 1e-30); }
 
 // The power of all bins of a full-scale sine at `bin` bins.
@@ -31,7 +28,7 @@ TEST(FftWindow, HasItsCoherentGain) {
   std::vector<float> points(4096);
   for (std::size_t i = 0; i < gains.size(); ++i) {
     fill_window(kWindows[i], points);
-    EXPECT_NEAR(coherent_gain(points), gains[i], 1e-4) << i;
+    EXPECT_NEAR(std::accumulate(points.begin(), points.end(), 0.0) / 4096.0, gains[i], 1e-4) << i;
     EXPECT_FLOAT_EQ(points[2048], 1.0F);
     EXPECT_FLOAT_EQ(points[1000], points[4096 - 1000]);
   }

@@ -1,6 +1,7 @@
 // Sounds and simulated screens for the displays' tests.
 #pragma once
 
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <functional>
@@ -10,8 +11,12 @@
 
 #include "displays/core/sound_display.h"
 #include "displays/core/sound_frame.h"
+#include "displays/spectrum/fft_window.h"
 
 namespace tandem {
+
+inline constexpr std::array kWindows{FftWindow::Rectang,   FftWindow::Hamming, FftWindow::Hanning, FftWindow::Blackman,
+                                     FftWindow::Gaussiano, FftWindow::Welch,   FftWindow::Parzen};
 
 using Sound = std::vector<SoundFrame>;
 

@@ -17,7 +17,7 @@ using Number = std::complex<double>;
 // 24-bit numbers through nine binary stages, in sums of some tens.
 constexpr double kRounding = 2e-5;
 
-Block noise(unsigned seed) {
+Block noise_block(unsigned seed) {
   std::mt19937 random(seed);
   std::uniform_real_distribution<float> level(-1.0F, 1.0F);
   Block block{};
@@ -52,8 +52,8 @@ std::size_t place_of(std::size_t frequency) {
 }
 
 TEST_P(EveryKernel, TheTransformIsThePlainSum) {
-  const Block earlier = noise(1);
-  const Block later = noise(2);
+  const Block earlier = noise_block(1);
+  const Block later = noise_block(2);
   const auto table = std::make_unique<SpectrumTable>();
   GetParam().forward(earlier, later, *table, 7);
   for (std::size_t frequency = 0; frequency < kTransform; ++frequency) {
@@ -69,8 +69,8 @@ TEST_P(EveryKernel, TheTransformIsThePlainSum) {
 }
 
 TEST_P(EveryKernel, TheWayBackGivesTheLaterBlock) {
-  const Block earlier = noise(3);
-  const Block later = noise(4);
+  const Block earlier = noise_block(3);
+  const Block later = noise_block(4);
   const auto table = std::make_unique<SpectrumTable>();
   GetParam().forward(earlier, later, *table, 0);
   Spectrum spectrum{};
@@ -87,8 +87,8 @@ TEST_P(EveryKernel, TheSumsOfProductsAreThePlainSums) {
   const auto h = std::make_unique<SpectrumTable>();
   for (std::size_t i = 0; i < kPartitions; ++i) {
     const auto seed = static_cast<unsigned>(i);
-    GetParam().forward(noise(100 + seed), noise(200 + seed), *x, i);
-    GetParam().forward(noise(300 + seed), noise(400 + seed), *h, i);
+    GetParam().forward(noise_block(100 + seed), noise_block(200 + seed), *x, i);
+    GetParam().forward(noise_block(300 + seed), noise_block(400 + seed), *h, i);
   }
   constexpr std::size_t kNewest = 77;
   const auto sums = std::make_unique<SpectraAhead>();
@@ -111,8 +111,8 @@ TEST_P(EveryKernel, TheRestOfASumIsAdded) {
   const auto h = std::make_unique<SpectrumTable>();
   for (std::size_t i = 0; i < 3; ++i) {
     const auto seed = static_cast<unsigned>(i);
-    GetParam().forward(noise(500 + seed), noise(600 + seed), *x, (kPartitions - 1 + i) % kPartitions);
-    GetParam().forward(noise(700 + seed), noise(800 + seed), *h, i);
+    GetParam().forward(noise_block(500 + seed), noise_block(600 + seed), *x, (kPartitions - 1 + i) % kPartitions);
+    GetParam().forward(noise_block(700 + seed), noise_block(800 + seed), *h, i);
   }
   Spectrum sum{};
   sum.re.fill(3.0F);

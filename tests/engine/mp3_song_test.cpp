@@ -13,8 +13,6 @@ namespace {
 
 // Lossy coding leaves the signal well above its noise at these bit rates.
 constexpr double kCodingSnr = 15.0;
-// Resampling from an aligned place repeats its sums but for rounding: below -100 dB.
-constexpr float kResampledTolerance = 1e-5F;
 
 struct Case {
   std::vector<std::string> options;

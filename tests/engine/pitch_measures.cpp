@@ -10,8 +10,6 @@
 namespace tandem {
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
-
 double decibels_of_power(double power) { return 10.0 * std::log10(std::max(power, 1e-20)); }
 
 double blackman_harris(std::size_t i, std::size_t count) {

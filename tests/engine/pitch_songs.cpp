@@ -8,7 +8,6 @@
 namespace tandem {
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
 constexpr double kSongSeconds = 6.5;
 constexpr double kLastAttack = 6.0;
 

@@ -1,11 +1,14 @@
 // Songs with attacks for the tests and the measuring of the pitch stage. The same at every call.
 #pragma once
 
+#include <numbers>
 #include <vector>
 
 #include "engine/core/frames.h"
 
 namespace tandem {
+
+inline constexpr double kTurn = 2.0 * std::numbers::pi;  // radians
 
 struct AttackSong {
   std::vector<StereoFrame> sound;

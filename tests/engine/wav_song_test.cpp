@@ -14,8 +14,6 @@
 namespace tandem::test {
 namespace {
 
-constexpr float kResampledTolerance = 1e-5F;
-
 Signal short_music() { return music(1.5); }
 
 // Exactly what 16 bits hold of a signal.

@@ -23,12 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string text_of(const std::string& path) {
-  std::stringstream text;
-  text << std::ifstream(path).rdbuf();
-  return text.str();
-}
-
 class OpenThings {
  public:
   explicit OpenThings(pid_t pid) : process_("/proc/" + std::to_string(pid)) {

@@ -21,16 +21,16 @@ namespace tandem::test {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-constexpr uid_t kOrdinaryUser = 65534;
-constexpr auto kPatience = std::chrono::seconds(20);
-
 std::string text_of(const std::string& path) {
   std::stringstream text;
   text << std::ifstream(path, std::ios::binary).rdbuf();
   return text.str();
 }
+
+namespace {
+
+constexpr uid_t kOrdinaryUser = 65534;
+constexpr auto kPatience = std::chrono::seconds(20);
 
 // Whether the program has set its handler of SIGTERM, by the system's own account.
 bool handles_term(pid_t pid) {

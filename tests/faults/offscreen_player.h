@@ -11,6 +11,8 @@
 
 namespace tandem::test {
 
+std::string text_of(const std::string& path);  // of a whole file; "" if there is none
+
 // The program's folder; several players may run from it.
 class PlayerFolder {
  public:

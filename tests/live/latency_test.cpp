@@ -10,7 +10,7 @@
 namespace tandem::test {
 namespace {
 
-constexpr double kLevel = 0.5;
+constexpr double kToneLevel = 0.5;
 
 struct Buffers {
   int mode;
@@ -21,15 +21,15 @@ class LiveLatency : public testing::TestWithParam<Buffers> {
  protected:
   void play() {
     rig_.start_server();
-    rig_.add_song("tone.wav", tones(60.0, 1000.0, kLevel));
+    rig_.add_song("tone.wav", tones(60.0, 1000.0, kToneLevel));
     rig_.controls().BufferSwitch.move(GetParam().mode);
     rig_.controls().PLAY.click.raise();
-    ASSERT_TRUE(rig_.run_until([this] { return rig_.recorded_level(10) > 0.9 * kLevel; }));
+    ASSERT_TRUE(rig_.run_until([this] { return rig_.recorded_level(10) > 0.9 * kToneLevel; }));
     ASSERT_TRUE(rig_.played_further(0.7));
   }
   bool heard(bool loud) const {
     const double level = rig_.recorded_level(10);
-    return loud ? level > 0.9 * kLevel : level < 0.4 * kLevel;
+    return loud ? level > 0.9 * kToneLevel : level < 0.4 * kToneLevel;
   }
   // Milliseconds from `act` until the recording has fallen, at the most of some rounds (TANDEM_TEST_MOVES), without
   // what a busy machine kept this thread from looking. The way through the recorder, some 20 ms, counts too. `undo`
@@ -78,7 +78,7 @@ TEST_P(LiveLatency, EqualizerGain) {
 // The frame that output.frames_played() names now, found in the recording, against how much is recorded by now.
 TEST_P(LiveLatency, TheDisplaysShowWhatIsHeard) {
   rig_.start_server();
-  const Sound song = rig_.add_song("song.wav", signature(1, 8.0, kLevel));
+  const Sound song = rig_.add_song("song.wav", signature(1, 8.0, kToneLevel));
   rig_.controls().BufferSwitch.move(GetParam().mode);
   rig_.controls().PLAY.click.raise();
   ASSERT_TRUE(rig_.played_further(0.7));

@@ -14,8 +14,8 @@
 namespace tandem::test {
 namespace {
 
-constexpr int kLead = 1000;  // milliseconds
-constexpr double kPeak = 0.45;
+constexpr int kStallLead = 1000;  // milliseconds
+constexpr double kStallPeak = 0.45;
 // A thread that should look every millisecond; a busy machine may keep it so long. A disk would for 500 ms and more.
 constexpr Milliseconds kPrompt = 200;
 
@@ -23,11 +23,11 @@ class LiveStalledDisk : public testing::TestWithParam<int> {  // for how many mi
  protected:
   void add(double seconds) {
     const auto seed = static_cast<unsigned>(songs_.size()) + 1;
-    songs_.push_back(rig_.add_song("song" + std::to_string(seed) + ".wav", signature(seed, seconds, kPeak)));
+    songs_.push_back(rig_.add_song("song" + std::to_string(seed) + ".wav", signature(seed, seconds, kStallPeak)));
   }
   void start() {
     rig_.server.start();
-    rig_.choose_lead(kLead);
+    rig_.choose_lead(kStallLead);
     rig_.play();
   }
   // `must_be_asked`: the stall is long enough for a reader that looks for more every 0.7 s.
@@ -80,7 +80,7 @@ TEST_P(LiveStalledDisk, BeforeASongsTurn) {
   for (int i = 0; i < 3; ++i) add(3);
   start();
   ASSERT_TRUE(rig_.run_until([this] { return rig_.current_song() == 2; }));
-  rig_.run(kLead - 100);
+  rig_.run(kStallLead - 100);
   stall(true);
   judge("before a song's turn", std::max(GetParam() - 2000, 0));
 }

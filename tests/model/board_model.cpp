@@ -10,7 +10,6 @@ namespace {
 
 constexpr Number kLime = 0x00FF00;
 constexpr Number kGreen = 0x008000;
-constexpr Number kYellow = 0x00FFFF;
 constexpr Number kOlive = 0x008080;
 
 using Setting = SpectrumSetting;

@@ -8,8 +8,6 @@ namespace tandem::model {
 namespace {
 constexpr std::string_view kSongs = "MP3 and Wave Files (MP3 / WAV)|*.mp3;*.wav";
 constexpr std::string_view kPlaylists = "PlayList Files (M3L)|*.m3l";
-const std::string kBlanks(14, ' ');
-
 // The text before the last separator.
 std::string folder_of(const std::string& path) {
   const std::size_t separator = path.rfind('/');

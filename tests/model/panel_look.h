@@ -13,6 +13,9 @@ namespace tandem::model {
 
 using Number = std::int32_t;
 
+inline constexpr Number kYellow = 0x00FFFF;
+inline const std::string kBlanks(14, ' ');  // before and after a running title
+
 struct Box {  // a button, lamp or display: what is used of it
   bool Enabled = true;
   bool Visible = true;

@@ -7,7 +7,6 @@ namespace {
 constexpr Number kLit = 33023;
 constexpr Number kDark = 16512;
 constexpr std::array<Number, 4> kLeadMs{280, 1000, 2500, 3500};
-const std::string kBlanks(14, ' ');
 }  // namespace
 
 void PanelModel::show_song_info(Number number) {

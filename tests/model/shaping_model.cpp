@@ -11,7 +11,6 @@ constexpr Number kRed = 0x0000FF;
 constexpr Number kMaroon = 0x000080;
 constexpr Number kAqua = 0xFFFF00;
 constexpr Number kTeal = 0x808000;
-constexpr Number kYellow = 0x00FFFF;
 }  // namespace
 
 // above: the right lamp is lit; it goes with the text of whole steps up.

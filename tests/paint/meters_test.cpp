@@ -15,9 +15,9 @@
 namespace tandem {
 namespace {
 
-const QRectF kWell(262, 14, 341, 95);
+const QRectF kMeterWell(262, 14, 341, 95);
 const QRectF kMeter(264, 16, 162, 91);
-const QRectF kArea(264, 16, 337, 91);
+const QRectF kScopeArea(264, 16, 337, 91);
 
 QImage black(const QSize& size) {
   QImage image(size, QImage::Format_RGB32);
@@ -140,7 +140,7 @@ QPointF needle_middle(double db, double scale) {
 
 TEST(NeedleMeter, PointsToItsReading) {
   for (const double scale : {1.0, 1.25, 2.0}) {
-    NeedleBackdrop face(scale, kMeter, kWell, false);
+    NeedleBackdrop face(scale, kMeter, kMeterWell, false);
     for (const double db : {-40.0, -10.0, -3.0, 0.0, 3.0}) {
       QImage image = black(face.size());
       QRect standing;
@@ -152,7 +152,7 @@ TEST(NeedleMeter, PointsToItsReading) {
 }
 
 TEST(NeedleMeter, StepByStepGivesThePictureDrawnAtOnce) {
-  NeedleBackdrop face(1.5, kMeter, kWell, true);
+  NeedleBackdrop face(1.5, kMeter, kMeterWell, true);
   QImage moving = black(face.size());
   QRect standing;
   for (int i = 0; i < 40; ++i) {
@@ -173,7 +173,7 @@ TEST(NeedleMeter, StepByStepGivesThePictureDrawnAtOnce) {
 }
 
 TEST(NeedleMeter, StopsJustBeyondTheScale) {
-  NeedleBackdrop face(1, kMeter, kWell, false);
+  NeedleBackdrop face(1, kMeter, kMeterWell, false);
   QImage image = black(face.size());
   QRect standing;
   face.draw(image, {0, 0}, 60, standing);
@@ -196,7 +196,7 @@ TEST(LevelBar, LightsItsRows) {
 
 TEST(Oscilloscope, TracesGoThroughTheirValues) {
   for (const double scale : {1.0, 1.25, 2.0}) {
-    ScopeBackdrop face(scale, kArea, kWell);
+    ScopeBackdrop face(scale, kScopeArea, kMeterWell);
     std::vector<float> left;
     for (int i = 0; i < kScopeValues; ++i) {
       left.push_back(static_cast<float>(.8 * std::sin(i * 2 * std::numbers::pi / 120)));
@@ -211,7 +211,7 @@ TEST(Oscilloscope, TracesGoThroughTheirValues) {
 }
 
 TEST(Oscilloscope, LeftLiesOverRightAndWildValuesAreClamped) {
-  ScopeBackdrop face(1, kArea, kWell);
+  ScopeBackdrop face(1, kScopeArea, kMeterWell);
   const std::vector<float> level(kScopeValues, .5F);
   QImage image = black(face.size());
   face.draw(image, {0, 0}, {level, level});
@@ -224,7 +224,7 @@ TEST(Oscilloscope, LeftLiesOverRightAndWildValuesAreClamped) {
 }
 
 TEST(Oscilloscope, LeavesNothingOfThePictureBefore) {
-  ScopeBackdrop face(1.25, kArea, kWell);
+  ScopeBackdrop face(1.25, kScopeArea, kMeterWell);
   const std::vector<float> high(kScopeValues, .9F);
   const std::vector<float> low(kScopeValues, -.9F);
   QImage used = black(face.size());
@@ -235,7 +235,7 @@ TEST(Oscilloscope, LeavesNothingOfThePictureBefore) {
   face.draw(used, {0, 0}, {quiet, quiet});
   EXPECT_LT(face.draw(used, {0, 0}, {quiet, quiet}).height(), 20);
   face.draw(used, {0, 0}, {low, high});
-  ScopeBackdrop other(1.25, kArea, kWell);
+  ScopeBackdrop other(1.25, kScopeArea, kMeterWell);
   QImage fresh = black(face.size());
   other.draw(fresh, {0, 0}, {low, high});
   EXPECT_EQ(used, fresh);

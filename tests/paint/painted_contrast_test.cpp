@@ -21,12 +21,12 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr double kScale = 2;  // the strokes of the smallest letters are wider than a pixel here
-constexpr int kShine = 12;    // levels that the light of the glass may add to an ink
+constexpr double kContrastScale = 2;  // the strokes of the smallest letters are wider than a pixel here
+constexpr int kShine = 12;            // levels that the light of the glass may add to an ink
 
 /// The colours of a box from the darkest to the lightest.
 std::vector<QRgb> by_light(const QImage& picture, const QRectF& box) {
-  const QRect pixels = QRectF(box.topLeft() * kScale, box.size() * kScale).toAlignedRect();
+  const QRect pixels = QRectF(box.topLeft() * kContrastScale, box.size() * kContrastScale).toAlignedRect();
   std::vector<QRgb> colours;
   for (int y = pixels.top(); y <= pixels.bottom(); ++y)
     for (int x = pixels.left(); x <= pixels.right(); ++x) colours.push_back(picture.pixel(x, y));
@@ -69,7 +69,7 @@ std::int32_t chosen_position(const PanelControls& c, std::string_view control) {
 }
 
 TEST(PaintedContrast, OfPositionCaptions) {
-  PanelScene scene("board-open", kScale);
+  PanelScene scene("board-open", kContrastScale);
   const QImage picture = scene.picture();
   for (const PositionCaption& caption : position_captions()) {
     const bool faceplate = control_box(caption.control).group == ControlGroup::Mix;
@@ -94,7 +94,7 @@ QRgb caption_ink(const PanelControls& c, std::string_view name) {
 }
 
 TEST(PaintedContrast, OfPrintedCaptions) {
-  PanelScene scene("board-open", kScale);
+  PanelScene scene("board-open", kContrastScale);
   const QImage board = scene.picture();
   int seen = 0;
   for (const ControlBox& control : panel_layout()) {
@@ -128,7 +128,7 @@ struct Columns {
 };
 
 TEST(PaintedContrast, OfTheList) {
-  const QImage picture = PanelScene("full-playlist", kScale).picture();
+  const QImage picture = PanelScene("full-playlist", kContrastScale).picture();
   const QRectF box = control_box("PlayList").box();
   for (int row = 0; row < 9; ++row) {
     const Columns columns(list_row_box(box, row, 0).adjusted(0, 1, 0, -1));
@@ -156,7 +156,7 @@ int nearest(const QImage& picture, const QRectF& box, QRgb ink) {
 }
 
 TEST(PaintedContrast, OfTheNeedleMeters) {
-  const QImage picture = PanelScene("full-vu", kScale).picture();
+  const QImage picture = PanelScene("full-vu", kContrastScale).picture();
   for (const QRectF& meter : {left_meter_box(), right_meter_box()}) {
     const QRectF foot(meter.left(), meter.bottom() - 18, meter.width(), 12);
     expect_text(picture, {foot.left() + 6, foot.top(), 12, 12}, palette::kSilver, 7, "L and R");
@@ -178,7 +178,9 @@ TEST(PaintedContrast, OfAKeysCaptionIsKeptBesideEveryColour) {
     for (const bool lit : {false, true}) {
       for (const double hover : {0., 1.}) {
         KeyState look{.back_colour = colour, .lit = lit, .interaction = {.hover = hover}};
-        const auto drawn = [&] { return sketch({80, 44}, kScale, [&](QPainter& p) { paint_key(p, box, look); }); };
+        const auto drawn = [&] {
+          return sketch({80, 44}, kContrastScale, [&](QPainter& p) { paint_key(p, box, look); });
+        };
         const QRectF caption(18, 16, 37, 12);
         const QRgb ink = lit ? palette::kWhite : palette::kLegend;
         const std::string what =
@@ -193,7 +195,7 @@ TEST(PaintedContrast, OfAKeysCaptionIsKeptBesideEveryColour) {
 
 // The ring lies outside the control, on what is there without it.
 TEST(PaintedContrast, OfTheFocusRing) {
-  PanelScene scene("full-equalizer", kScale);
+  PanelScene scene("full-equalizer", kContrastScale);
   const QImage without = scene.picture();
   scene.window().activateWindow();
   for (int i = 0; i < 100 && !scene.window().isActiveWindow(); ++i) QCoreApplication::processEvents();

@@ -74,20 +74,20 @@ TEST(PanelData, EveryLetterHasItsDots) {
   }
 }
 
-constexpr int kScale = 4;
+constexpr int kSampleScale = 4;
 
 /// The light dots within a box of the open panel, px at 100 %; empty where nothing is printed.
 QRectF ink_in(const QRectF& box) {
-  static const QImage picture = sample_picture("board-open", kScale);
+  static const QImage picture = sample_picture("board-open", kSampleScale);
   constexpr int kLight = 115;
   QRect ink;
-  for (int y = static_cast<int>(box.top() * kScale); y < box.bottom() * kScale; ++y) {
-    for (int x = static_cast<int>(box.left() * kScale); x < box.right() * kScale; ++x) {
+  for (int y = static_cast<int>(box.top() * kSampleScale); y < box.bottom() * kSampleScale; ++y) {
+    for (int x = static_cast<int>(box.left() * kSampleScale); x < box.right() * kSampleScale; ++x) {
       if (qGray(picture.pixel(x, y)) > kLight) ink |= QRect(x, y, 1, 1);
     }
   }
-  return {ink.x() / double{kScale}, ink.y() / double{kScale}, ink.width() / double{kScale},
-          ink.height() / double{kScale}};
+  return {ink.x() / double{kSampleScale}, ink.y() / double{kSampleScale}, ink.width() / double{kSampleScale},
+          ink.height() / double{kSampleScale}};
 }
 
 /// Capitals stand on the baseline, which lies 0.34 of the size below the middle of the box, and are 0.71 of the size

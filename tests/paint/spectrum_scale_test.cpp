@@ -5,11 +5,10 @@
 #include <cmath>
 #include <functional>
 
+#include "paint/spectrum_well.h"
+
 namespace tandem {
 namespace {
-
-const QRectF kArea(264, 16, 337, 91);
-const QRectF kWell(262, 14, 341, 95);
 
 /// x from the right half's left end of what the condition takes of the scale strip.
 std::vector<int> on_strip(const SpectrumStyle& style, const std::function<bool(QRgb)>& is_meant) {

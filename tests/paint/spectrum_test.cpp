@@ -5,13 +5,11 @@
 #include <cmath>
 #include <random>
 
+#include "paint/spectrum_well.h"
 #include "paint/strokes/palette.h"
 
 namespace tandem {
 namespace {
-
-const QRectF kArea(264, 16, 337, 91);
-const QRectF kWell(262, 14, 341, 95);
 
 SpectrumStyle style_of(AnalyserKind kind, double scale = 1, bool solid = false) {
   SpectrumStyle style;

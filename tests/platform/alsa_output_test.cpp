@@ -19,8 +19,8 @@
 namespace tandem {
 namespace {
 
-constexpr int kBuffer = 5120;
-constexpr std::uint64_t kRequest = kBuffer / sizeof(Sample16);
+constexpr int kAlsaBuffer = 5120;
+constexpr std::uint64_t kAlsaRequest = kAlsaBuffer / sizeof(Sample16);
 
 // Devices without hardware: one that has no clock and takes every format, three that write what they play into a file
 // and know one format each (16 bits; 32 bits at 48 kHz; 24 bits in 3 bytes), and one with a clock, which is the sound
@@ -57,8 +57,8 @@ class AlsaOutputTest : public testing::Test {
   // Until so many frames of the ring have been heard, to the end of what the ring was given.
   void play(const std::string& device, const OutputFeeder::Sound& sound, std::uint64_t frames) {
     AlsaOutput output(ring_, {device});
-    OutputFeeder feeder(ring_, output, 2 * kRequest, sound);
-    output.open(kBuffer);
+    OutputFeeder feeder(ring_, output, 2 * kAlsaRequest, sound);
+    output.open(kAlsaBuffer);
     output.start();
     ASSERT_TRUE(wait_until([&] { return output.frames_played() > frames; }));
     output.close();
@@ -77,8 +77,8 @@ StereoFrame fine_frame(std::uint64_t number) {
 
 TEST_F(AlsaOutputTest, EveryFrameReachesTheDeviceUnchanged) {
   AlsaOutput output(ring_, {"written"});
-  OutputFeeder feeder(ring_, output, 2 * kRequest);
-  output.open(kBuffer);
+  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
+  output.open(kAlsaBuffer);
   output.start();
   ASSERT_TRUE(wait_until([&] { return output.frames_played() > 100000; }));
   output.close();
@@ -135,11 +135,11 @@ TEST_F(AlsaOutputTest, IfOurConversionFailsAlsaConverts) {
 
 TEST_F(AlsaOutputTest, PauseHoldsAndRestartGoesOn) {
   AlsaOutput output(ring_, {"nowhere"});
-  OutputFeeder feeder(ring_, output, 2 * kRequest);
+  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
   output.start();
   for (int i = 0; i < 5; ++i) {
     const std::uint64_t before = output.frames_played();
-    ASSERT_TRUE(wait_until([&] { return output.frames_played() > before + 4 * kRequest; }));
+    ASSERT_TRUE(wait_until([&] { return output.frames_played() > before + 4 * kAlsaRequest; }));
     output.pause();
     ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.frames_played() == ring_.taken(); }));
     output.restart();
@@ -148,22 +148,22 @@ TEST_F(AlsaOutputTest, PauseHoldsAndRestartGoesOn) {
 
 TEST_F(AlsaOutputTest, AMissingDeviceIsLookedForAgain) {
   AlsaOutput output(ring_, {"clocked"});
-  OutputFeeder feeder(ring_, output, 2 * kRequest);
+  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
   output.start();
   EXPECT_FALSE(output.consuming());
   server_.start();
-  EXPECT_TRUE(wait_until([&] { return output.frames_played() > 4 * kRequest; }));
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > 4 * kAlsaRequest; }));
 }
 
 TEST_F(AlsaOutputTest, AClockedDeviceIsFollowedAndFoundAgain) {
   server_.start();
   server_.start_recording();
   AlsaOutput output(ring_, {"clocked"});
-  OutputFeeder feeder(ring_, output, 2 * kRequest);
-  output.open(kBuffer);
+  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
+  output.open(kAlsaBuffer);
   output.set_queue_length(8);
   output.start();
-  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 4 * kRequest; }));
+  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 4 * kAlsaRequest; }));
   const Nanoseconds began = monotonic_now();
   const std::uint64_t from = output.frames_played();
   ASSERT_TRUE(wait_until([&] { return output.frames_played() >= from + 22050; }));
@@ -179,27 +179,27 @@ TEST_F(AlsaOutputTest, AClockedDeviceIsFollowedAndFoundAgain) {
   ASSERT_TRUE(wait_until([&] { return !output.consuming(); }));
   server_.start();
   const std::uint64_t stood = output.frames_played();
-  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 4 * kRequest; }));
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 4 * kAlsaRequest; }));
 }
 
 TEST_F(AlsaOutputTest, TheServerIsPreferredAndAlsaStandsIn) {
   DeviceOutput output(ring_, "nowhere");
-  OutputFeeder feeder(ring_, output, 2 * kRequest);
+  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
   output.start();
-  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 100 * kRequest; })) << "no server: ALSA";
+  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 100 * kAlsaRequest; })) << "no server: ALSA";
   server_.start();
   const Nanoseconds deadline = monotonic_now() + 10 * kNanosecondsPerSecond;
   bool clocked = false;  // the device without a clock takes sound many times faster
   while (!clocked && monotonic_now() < deadline) {
     const std::uint64_t from = output.frames_played();
     const Nanoseconds began = monotonic_now();
-    wait_until([&] { return output.frames_played() >= from + 4 * kRequest; });
+    wait_until([&] { return output.frames_played() >= from + 4 * kAlsaRequest; });
     clocked = monotonic_now() - began > 80 * kNanosecondsPerMillisecond;
   }
   EXPECT_TRUE(clocked) << "the server came: it plays";
   server_.kill_hard();
   const std::uint64_t stood = output.frames_played();
-  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 100 * kRequest; }))
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 100 * kAlsaRequest; }))
       << "the server went: ALSA again";
 }
 

@@ -11,12 +11,12 @@
 namespace tandem::test {
 namespace {
 
-constexpr int kLead = 1000;
+constexpr int kViewLead = 1000;
 
 class MixViewTest : public testing::Test {
  protected:
   MixViewTest() {
-    rig_.choose_lead(kLead);
+    rig_.choose_lead(kViewLead);
     for (const char* name : {"a.wav", "b.wav", "c.wav"})
       rig_.add(rig_.make_file(name, wav_file(tones(5.0, 440, 0.3), Encoding::kInt16)));
   }
@@ -42,7 +42,7 @@ TEST_F(MixViewTest, OneSongSoundsWithItsMixPointAndWhatIsLeft) {
   EXPECT_EQ(view.counted->line, 0);
   EXPECT_EQ(view.counted->name, "a.wav");
   EXPECT_FALSE(view.other);
-  EXPECT_EQ(view.mix_at, 5000 - kLead);
+  EXPECT_EQ(view.mix_at, 5000 - kViewLead);
   EXPECT_EQ(view.songs_left, 3);
   EXPECT_EQ(view.left, 15000 - view.counted->position);
 }
@@ -56,8 +56,8 @@ TEST_F(MixViewTest, InAnOverlapTheCounterStaysWithTheOutgoingSong) {
   EXPECT_EQ(view.counted->line, 0);
   EXPECT_EQ(view.other->line, 1);
   EXPECT_NEAR(view.other->position, 300, 50);
-  EXPECT_GT(view.counted->position, 5000 - kLead);
-  rig_.run(kLead);
+  EXPECT_GT(view.counted->position, 5000 - kViewLead);
+  rig_.run(kViewLead);
   EXPECT_FALSE(look().other);
   EXPECT_EQ(look().counted->line, 1);
 }

@@ -11,12 +11,14 @@ namespace tandem::test {
 
 namespace {
 
-constexpr double kPeak = 0.2;
+constexpr double kNoisePeak = 0.2;
 constexpr std::size_t kLongestRun = 10;  // of songs that cannot be played
 
 unsigned below(std::mt19937& random, unsigned bound) { return static_cast<unsigned>(random() % bound); }
 
-Bytes noise_file(unsigned seed, Frames frames) { return wav_file(full_noise(seed, frames, kPeak), Encoding::kInt16); }
+Bytes noise_file(unsigned seed, Frames frames) {
+  return wav_file(full_noise(seed, frames, kNoisePeak), Encoding::kInt16);
+}
 
 SongKind random_playable(std::mt19937& random) {
   constexpr std::array kKinds{SongKind::kGood, SongKind::kGood,      SongKind::kGood,

@@ -11,6 +11,9 @@
 
 namespace tandem::test {
 
+// Resampling from an aligned place repeats its sums but for rounding: below -100 dB.
+inline constexpr float kResampledTolerance = 1e-5F;
+
 Sound read_all(SongSource& source);
 
 struct SongCheck {

@@ -11,7 +11,7 @@
 namespace tandem {
 namespace {
 
-StereoFrame numbered(std::uint64_t number) {
+StereoFrame shown_frame(std::uint64_t number) {
   return {static_cast<float>(number & 0x7FFF), static_cast<float>((number >> 15) & 0x7FFF)};
 }
 
@@ -25,7 +25,7 @@ TEST(DisplayFeedThreads, WhatIsReadIsTheSoundBeforeThatFrameOrNothing) {
     std::vector<StereoFrame> step(441);
     while (looking.load()) {
       std::uint64_t number = feed->written();
-      for (StereoFrame& frame : step) frame = numbered(number++);
+      for (StereoFrame& frame : step) frame = shown_frame(number++);
       feed->write(step);
     }
   });
@@ -38,7 +38,7 @@ TEST(DisplayFeedThreads, WhatIsReadIsTheSoundBeforeThatFrameOrNothing) {
     const std::uint64_t back = look % 4 == 3 && newest > DisplayFeed::kCapacity ? DisplayFeed::kCapacity - kShown : 0;
     if (!feed->read(newest - back, picture)) continue;
     ++pictures;
-    for (std::size_t i = 0; i < kShown; ++i) wrong += picture[i] == numbered(newest - back - kShown + i) ? 0U : 1U;
+    for (std::size_t i = 0; i < kShown; ++i) wrong += picture[i] == shown_frame(newest - back - kShown + i) ? 0U : 1U;
   }
   looking.store(false);
   renderer.join();

@@ -23,7 +23,7 @@ std::string line_of(QAccessibleInterface* line) {
 
 void hear(QAccessibleEvent* event) {
   QAccessibleInterface* whose = event->accessibleInterface();
-  if (whose == nullptr) throw std::runtime_error("an event of nobody");
+  if (whose == nullptr) throw std::runtime_error("an event without an object");
   if (!whose->isValid()) throw std::runtime_error("an event of what is gone");
   const bool line = whose->role() == QAccessible::ListItem;
   const std::string name = line ? line_of(whose) : whose->text(QAccessible::Name).toStdString();

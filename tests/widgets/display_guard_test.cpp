@@ -14,24 +14,24 @@ namespace {
 
 const QLoggingCategory kScreens("test.screens");
 
-std::vector<std::string> heard;
+std::vector<std::string> messages;
 
-void hear(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  heard.push_back(std::to_string(type) + " " + context.category + ": " + text.toStdString());
+void keep_message(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  messages.push_back(std::to_string(type) + " " + context.category + ": " + text.toStdString());
 }
 
 std::string message(QtMsgType type, const std::string& rest) { return std::to_string(type) + " " + rest; }
 
 TEST(DisplayGuard, KeepsTheSeverityOfWhatIsSaid) {
-  heard.clear();
-  const QtMessageHandler before = qInstallMessageHandler(hear);
+  messages.clear();
+  const QtMessageHandler before = qInstallMessageHandler(keep_message);
   {
     const DisplayGuard guard;
     qDebug("looking");
     qInfo("found 100 %%s");
     qCWarning(kScreens) << "no \"second\" screen";
     qCritical("no\ncursor");
-    EXPECT_TRUE(heard.empty());
+    EXPECT_TRUE(messages.empty());
   }
   qWarning("afterwards");
   qInstallMessageHandler(before);
@@ -39,19 +39,19 @@ TEST(DisplayGuard, KeepsTheSeverityOfWhatIsSaid) {
       message(QtDebugMsg, "default: looking"), message(QtInfoMsg, "default: found 100 %s"),
       message(QtWarningMsg, "test.screens: no \"second\" screen"), message(QtCriticalMsg, "default: no\ncursor"),
       message(QtWarningMsg, "default: afterwards")};
-  EXPECT_EQ(heard, all);
+  EXPECT_EQ(messages, all);
 }
 
 TEST(DisplayGuard, SaysNothingTwice) {
-  heard.clear();
-  const QtMessageHandler before = qInstallMessageHandler(hear);
+  messages.clear();
+  const QtMessageHandler before = qInstallMessageHandler(keep_message);
   {
     const DisplayGuard guard;
     qInfo("once");
   }
   { const DisplayGuard guard; }
   qInstallMessageHandler(before);
-  EXPECT_EQ(heard, (std::vector<std::string>{message(QtInfoMsg, "default: once")}));
+  EXPECT_EQ(messages, (std::vector<std::string>{message(QtInfoMsg, "default: once")}));
 }
 
 }  // namespace

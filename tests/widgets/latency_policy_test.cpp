@@ -9,7 +9,7 @@ constexpr LatencyPolicy::Milliseconds kStart = 100'000;  // the clock's, with th
 
 class LatencyPolicys : public testing::Test {
  protected:
-  void SetUp() override { depth.move_hand(kStart); }
+  void SetUp() override { depth.note_input(kStart); }
   bool near(LatencyPolicy::Milliseconds now) { return depth.deep(now, true, true, breaks); }
   bool away(LatencyPolicy::Milliseconds now) { return depth.deep(now, false, true, breaks); }
 
@@ -38,16 +38,16 @@ TEST_F(LatencyPolicys, AHandThatRestsForAMinuteIsAwayUntilItMoves) {
   EXPECT_FALSE(near(kStart + LatencyPolicy::kIdle));
   EXPECT_TRUE(near(kStart + LatencyPolicy::kIdle + LatencyPolicy::kAlone + 1));
   const auto back = kStart + 2 * LatencyPolicy::kIdle;
-  EXPECT_TRUE(depth.move_hand(back));
+  EXPECT_TRUE(depth.note_input(back));
   EXPECT_FALSE(near(back));
-  EXPECT_FALSE(depth.move_hand(back + 1)) << "it had not rested";
+  EXPECT_FALSE(depth.note_input(back + 1)) << "it had not rested";
 }
 
 TEST_F(LatencyPolicys, AMachineTooBusyForTheShortOneGetsTheDeepOneForAMinute) {
   EXPECT_FALSE(near(kStart));
   ++breaks;
   EXPECT_TRUE(near(kStart + 10));
-  depth.move_hand(kStart + 59'000);
+  depth.note_input(kStart + 59'000);
   EXPECT_TRUE(near(kStart + 60'009));
   EXPECT_FALSE(near(kStart + 60'010));
 }
@@ -57,19 +57,19 @@ TEST_F(LatencyPolicys, BreaksOfTheDeepOneSayNothingAboutTheShortOne) {
   EXPECT_TRUE(away(kStart + 5000));
   ++breaks;
   EXPECT_TRUE(away(kStart + 5010));
-  depth.move_hand(kStart + 6000);
+  depth.note_input(kStart + 6000);
   EXPECT_FALSE(near(kStart + 6000));
 }
 
 TEST_F(LatencyPolicys, EachFurtherBreakDoublesTheCautionUpToSixteenMinutes) {
   auto now = kStart;
   for (const int minutes : {1, 2, 4, 8, 16, 16}) {
-    depth.move_hand(now);
+    depth.note_input(now);
     ASSERT_FALSE(near(now));
     ++breaks;
     EXPECT_TRUE(near(now));
     now += minutes * 60'000;
-    depth.move_hand(now - 1);
+    depth.note_input(now - 1);
     EXPECT_TRUE(near(now - 1)) << minutes;
   }
 }
@@ -77,14 +77,14 @@ TEST_F(LatencyPolicys, EachFurtherBreakDoublesTheCautionUpToSixteenMinutes) {
 TEST_F(LatencyPolicys, AfterAnHourABreakIsAFirstOneAgain) {
   auto now = kStart;
   for (int i = 0; i < 3; ++i) {
-    depth.move_hand(now);
+    depth.note_input(now);
     near(now);
     ++breaks;
     near(now);
     now += LatencyPolicy::kForgotten + 1;
   }
   const auto last = now - LatencyPolicy::kForgotten - 1;
-  depth.move_hand(last + LatencyPolicy::kCaution);
+  depth.note_input(last + LatencyPolicy::kCaution);
   EXPECT_FALSE(near(last + LatencyPolicy::kCaution));
 }
 

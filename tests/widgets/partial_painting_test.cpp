@@ -8,17 +8,14 @@
 #include <cstdlib>
 #include <random>
 
+#include "support/picture_difference.h"
 #include "widgets/window_rig.h"
 
 namespace tandem::test {
 namespace {
 
 // Of a gradient whose spans begin elsewhere under another clip.
-constexpr int kRounding = 2;
-
-int difference(QRgb a, QRgb b) {
-  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
-}
+constexpr int kGradientRounding = 2;
 
 class PartialPainting : public testing::Test {
  protected:
@@ -45,7 +42,8 @@ class PartialPainting : public testing::Test {
     constexpr int kCorner = 8;  // the desktop cuts them round
     for (int y = kCorner; y < std::min(stands.height(), again.height()) - kCorner; ++y) {
       for (int x = 0; x < std::min(stands.width(), again.width()); ++x) {
-        ASSERT_LE(difference(stands.pixel(x, y), again.pixel(x, y)), kRounding) << x << ' ' << y << " after " << after;
+        ASSERT_LE(difference(stands.pixel(x, y), again.pixel(x, y)), kGradientRounding)
+            << x << ' ' << y << " after " << after;
       }
     }
   }

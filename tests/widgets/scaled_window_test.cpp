@@ -14,6 +14,7 @@
 #include "paint/panel/panel_background.h"
 #include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
+#include "support/picture_difference.h"
 #include "widgets/window_rig.h"
 
 namespace tandem::test {
@@ -21,14 +22,10 @@ namespace {
 
 constexpr int kRounding = 2;  // of an edge that is brought to a whole pixel and back
 
-int difference(QRgb a, QRgb b) {
-  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
-}
-
 bool is_near(QRgb a, QRgb b) { return difference(a, b) <= kRounding; }
 
 // The greatest of a box of pixels.
-int difference(const QImage& a, const QImage& b, const QRect& pixels) {
+int greatest_difference(const QImage& a, const QImage& b, const QRect& pixels) {
   int greatest = 0;
   for (int y = pixels.top(); y <= pixels.bottom(); ++y)
     for (int x = pixels.left(); x <= pixels.right(); ++x)
@@ -186,8 +183,8 @@ TEST_F(ScaledWindow, IsDrawnAtItsScaleAndNotMadeLarger) {
   const QImage picture = shown();
   const QImage made_larger =
       drawn("LoadSong", 1).scaled(picture.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  EXPECT_LE(difference(picture, drawn("LoadSong", scale()), pixels), kRounding);
-  EXPECT_EQ(difference(picture, made_larger, pixels) > 10 * kRounding, scale() > 1);
+  EXPECT_LE(greatest_difference(picture, drawn("LoadSong", scale()), pixels), kRounding);
+  EXPECT_EQ(greatest_difference(picture, made_larger, pixels) > 10 * kRounding, scale() > 1);
 }
 
 }  // namespace

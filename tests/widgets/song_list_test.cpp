@@ -236,7 +236,7 @@ TEST_F(LongSongList, PaintsItselfAndNothingElse) {
   expect_list_only("another song");
 }
 
-class Dropped : public SongList {
+class DroppedFiles : public SongList {
  protected:
   void touch(const std::string& name) const {
     std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
@@ -251,19 +251,19 @@ class Dropped : public SongList {
   }
 };
 
-TEST_F(Dropped, FilesComeInNaturalOrder) {
+TEST_F(DroppedFiles, FilesComeInNaturalOrder) {
   for (const char* name : {"d/10.wav", "d/9.wav", "d/1 a.wav"}) touch(name);
   rig.drop({path("d/10.wav"), path("d/1 a.wav"), path("d/9.wav")});
   EXPECT_EQ(names(), (std::vector<std::string>{"1 a.wav", "9.wav", "10.wav"}));
 }
 
-TEST_F(Dropped, AFolderGivesItsSongsAndThoseBelow) {
+TEST_F(DroppedFiles, AFolderGivesItsSongsAndThoseBelow) {
   for (const char* name : {"f/2.WAV", "f/10.wav", "f/notes.txt", "f/.hidden.wav", "f/cd/1.wav"}) touch(name);
   rig.drop({path("f")});
   EXPECT_EQ(names(), (std::vector<std::string>{"2.WAV", "10.wav", "1.wav"}));
 }
 
-TEST_F(Dropped, NamesAreBytes) {
+TEST_F(DroppedFiles, NamesAreBytes) {
   const std::string name = "d/\xFFr\xC3\xA4nk #1 100%.wav";
   touch(name);
   rig.drop({path(name)});
@@ -271,7 +271,7 @@ TEST_F(Dropped, NamesAreBytes) {
   EXPECT_NE(list().List(1).find(path(name)), std::string::npos);
 }
 
-TEST_F(Dropped, AFolderWithoutSongsAddsNothing) {
+TEST_F(DroppedFiles, AFolderWithoutSongsAddsNothing) {
   std::filesystem::create_directory(path("empty"));
   rig.drop({path("empty")});
   EXPECT_EQ(list().ListCount(), 1);

@@ -12,13 +12,13 @@ namespace {
 
 const QSize kFull(607, 258);
 const QSize kSmall(262, 165);
-const QSize kBoard(607, 426);
+const QSize kWithBoard(607, 426);
 
 TEST(WindowSize, IsExactInAllThreeStates) {
   WindowRig rig;
   EXPECT_EQ(rig.window->size(), kFull);
   rig.key(Qt::Key_F3);
-  EXPECT_EQ(rig.window->size(), kBoard);
+  EXPECT_EQ(rig.window->size(), kWithBoard);
   rig.key(Qt::Key_F3);
   EXPECT_EQ(rig.window->size(), kFull);
   rig.key(Qt::Key_M, Qt::ControlModifier);

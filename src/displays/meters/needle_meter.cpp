@@ -8,11 +8,11 @@ namespace {
 
 constexpr double kVisible = 0.0005;  // smaller moves are not worth a repaint
 
-constexpr double kOffset = 8.0;  // dB
-constexpr double kGain = -5.0;   // dB
+constexpr double kNeedleOffset = 8.0;  // dB
+constexpr double kNeedleGain = -5.0;   // dB
 
 double reading_of(float amplitude) noexcept {
-  return 20.0 * std::log10(static_cast<double>(amplitude)) + kOffset + kGain;
+  return 20.0 * std::log10(static_cast<double>(amplitude)) + kNeedleOffset + kNeedleGain;
 }
 
 }  // namespace

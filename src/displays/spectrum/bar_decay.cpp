@@ -6,9 +6,9 @@
 namespace tandem {
 
 namespace {
-constexpr float kInvisible = 1.0F / 1024.0F;  // ends a fall that becomes slower and slower
-constexpr float kRest = 0.1F;                 // seconds
-constexpr double kSpeedUnit = 0.12;           // full heights a second in one unit of the decay
+constexpr float kLeastHeight = 1.0F / 1024.0F;  // ends a fall that becomes slower and slower
+constexpr float kRest = 0.1F;                   // seconds
+constexpr double kSpeedUnit = 0.12;             // full heights a second in one unit of the decay
 }  // namespace
 
 void BarDecay::prepare(std::size_t bars) { rests_.assign(bars, 0.0F); }
@@ -33,7 +33,7 @@ float BarDecay::fallen(float level, double seconds) const noexcept {
   if (kind_ == DecayKind::None || level <= 0.0F) return 0.0F;
   if (kind_ != DecayKind::Exponenc) return std::max(0.0F, level - static_cast<float>(speed_ * seconds));
   const float lower = level * static_cast<float>(std::exp(-speed_ * seconds));
-  return lower < kInvisible ? 0.0F : lower;
+  return lower < kLeastHeight ? 0.0F : lower;
 }
 
 float BarDecay::shown(float level, int rows) const noexcept {

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstddef>
 #include <numbers>
-#include <numeric>
 
 namespace tandem {
 
@@ -46,10 +45,6 @@ void fill_window(FftWindow window, std::span<float> points) noexcept {
   const double half = static_cast<double>(points.size()) / 2.0;
   for (std::size_t i = 0; i < points.size(); ++i)
     points[i] = static_cast<float>(window_shape(window, (static_cast<double>(i) - half) / half));
-}
-
-double coherent_gain(std::span<const float> points) noexcept {
-  return std::accumulate(points.begin(), points.end(), 0.0) / static_cast<double>(points.size());
 }
 
 }  // namespace tandem

@@ -22,7 +22,4 @@ double window_shape(FftWindow window, double x) noexcept;
 // One period of the window, so that a sine of a whole number of periods falls into as few bins as possible.
 void fill_window(FftWindow window, std::span<float> points) noexcept;
 
-// The mean of the points: what is left of the amplitude of a sine under the window.
-double coherent_gain(std::span<const float> points) noexcept;
-
 }  // namespace tandem

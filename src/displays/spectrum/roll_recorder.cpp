@@ -2,16 +2,14 @@
 
 #include <algorithm>
 
+#include "displays/spectrum/heights.h"
+
 namespace tandem {
 
 namespace {
 
 void darken(BothSides<std::vector<float>>& heights) noexcept {
   for (auto& side : heights) std::fill(side.begin(), side.end(), 0.0F);
-}
-
-bool dark(const std::vector<float>& heights) noexcept {
-  return std::all_of(heights.begin(), heights.end(), [](float height) { return height <= 0.0F; });
 }
 
 }  // namespace

@@ -6,16 +6,14 @@
 #include <numeric>
 #include <utility>
 
+#include "displays/spectrum/heights.h"
+
 namespace tandem {
 
 namespace {
 
 constexpr double kGainStep = 3.0;       // dB an octave
 constexpr double kDesignLength = 64.0;  // at which the transforms have their own lengths
-
-bool dark(const std::vector<float>& heights) {
-  return std::all_of(heights.begin(), heights.end(), [](float height) { return height <= 0.0F; });
-}
 
 }  // namespace
 

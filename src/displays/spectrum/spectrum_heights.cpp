@@ -32,8 +32,8 @@ float HeightLaw::height(float power) const noexcept {
 
 float shouldered(float height) noexcept {
   if (height <= kShoulder) return height;
-  constexpr float kRest = 1.0F - kShoulder;
-  return 1.0F - kRest * std::exp2(-(height - kShoulder) / kRest * kOctavesANeper);
+  constexpr float kOverShoulder = 1.0F - kShoulder;
+  return 1.0F - kOverShoulder * std::exp2(-(height - kShoulder) / kOverShoulder * kOctavesANeper);
 }
 
 }  // namespace tandem

@@ -11,7 +11,7 @@ const EqualizerBand& EqualizerControl::band(int index) const {
 
 void EqualizerControl::add_filter(double low_hz, double high_hz, double gain_db) {
   bands_.push_back({low_hz, high_hz, gain_db});
-  designer_.request(bands_, bypassed_);
+  filter_worker_.request(bands_, bypassed_);
 }
 
 MMEqualizerX::Filter EqualizerControl::filter(int index) const {
@@ -22,12 +22,12 @@ MMEqualizerX::Filter EqualizerControl::filter(int index) const {
 void EqualizerControl::put_Gain(int index, double gain_db) {
   if (band(index).gain_db == gain_db) return;
   bands_[static_cast<std::size_t>(index)].gain_db = gain_db;
-  designer_.request(bands_, bypassed_);
+  filter_worker_.request(bands_, bypassed_);
 }
 
 void EqualizerControl::put_Bypassed(bool bypassed) {
   bypassed_ = bypassed;
-  designer_.request(bands_, bypassed_);
+  filter_worker_.request(bands_, bypassed_);
 }
 
 }  // namespace tandem

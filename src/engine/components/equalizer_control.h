@@ -10,7 +10,7 @@ namespace tandem {
 
 class EqualizerControl final : public MMEqualizerX {
  public:
-  explicit EqualizerControl(FilterWorker& designer) : designer_(designer) {}
+  explicit EqualizerControl(FilterWorker& filter_worker) : filter_worker_(filter_worker) {}
 
   int FilterCount() const override { return static_cast<int>(bands_.size()); }
   void add_filter(double low_hz, double high_hz, double gain_db) override;
@@ -22,7 +22,7 @@ class EqualizerControl final : public MMEqualizerX {
  private:
   const EqualizerBand& band(int index) const;
 
-  FilterWorker& designer_;
+  FilterWorker& filter_worker_;
   std::vector<EqualizerBand> bands_;
   bool bypassed_ = false;
 };

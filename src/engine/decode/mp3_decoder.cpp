@@ -21,9 +21,11 @@ constexpr std::size_t kSynthesisPeriod = 8;
 constexpr int kMostSamples = 1152;
 
 // Frames that are damaged can come out a thousand times too loud, or as no number; whole ones stay well within this.
-constexpr float kLoudest = 4.0F;
+constexpr float kLoudestFrame = 4.0F;
 
-float within_reason(float sample) { return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0.0F; }
+float within_reason(float sample) {
+  return std::isfinite(sample) ? std::clamp(sample, -kLoudestFrame, kLoudestFrame) : 0.0F;
+}
 
 StereoFrame limited(const StereoFrame& frame) { return {within_reason(frame.left), within_reason(frame.right)}; }
 

@@ -5,7 +5,7 @@
 namespace tandem {
 
 namespace {
-constexpr std::uint64_t kMask = OutputRing::kCapacity - 1;
+constexpr std::uint64_t kRingMask = OutputRing::kCapacity - 1;
 }
 
 std::size_t OutputRing::readable() const noexcept {
@@ -17,7 +17,7 @@ std::size_t OutputRing::write(std::span<const StereoFrame> frames) noexcept {
   const std::uint64_t tail = tail_.load(std::memory_order_relaxed);
   const std::uint64_t used = tail - head_.load(std::memory_order_acquire);
   const std::size_t count = std::min(frames.size(), kCapacity - static_cast<std::size_t>(used));
-  for (std::size_t i = 0; i < count; ++i) frames_[static_cast<std::size_t>((tail + i) & kMask)] = frames[i];
+  for (std::size_t i = 0; i < count; ++i) frames_[static_cast<std::size_t>((tail + i) & kRingMask)] = frames[i];
   tail_.store(tail + count, std::memory_order_release);
   return count;
 }
@@ -26,7 +26,7 @@ std::size_t OutputRing::read(std::span<StereoFrame> out) noexcept {
   const std::uint64_t head = head_.load(std::memory_order_relaxed);
   const std::uint64_t used = tail_.load(std::memory_order_acquire) - head;
   const std::size_t count = std::min(out.size(), static_cast<std::size_t>(used));
-  for (std::size_t i = 0; i < count; ++i) out[i] = frames_[static_cast<std::size_t>((head + i) & kMask)];
+  for (std::size_t i = 0; i < count; ++i) out[i] = frames_[static_cast<std::size_t>((head + i) & kRingMask)];
   head_.store(head + count, std::memory_order_release);
   return count;
 }

@@ -14,7 +14,7 @@ namespace tandem {
 namespace {
 
 constexpr std::size_t kGrid = 32768;  // points of the transforms
-constexpr double kSpacing = static_cast<double>(kSampleRate) / kGrid;
+constexpr double kGridSpacing = static_cast<double>(kSampleRate) / kGrid;
 constexpr float kNepersOfDecibel = static_cast<float>(std::numbers::ln10 / 20.0);
 
 float amplitude_of(double gain_db) { return static_cast<float>(std::pow(10.0, gain_db / 20.0)); }
@@ -48,7 +48,7 @@ std::vector<float> design_taps(std::span<const EqualizerBand> bands) {
     return taps;
   }
   const std::vector<BandCentre> centres = centres_of(bands);
-  std::vector<float> curve = band_curve(centres, kSpacing, kGrid / 2 + 1);
+  std::vector<float> curve = band_curve(centres, kGridSpacing, kGrid / 2 + 1);
   limit_group_delay(curve, centres);
   const std::vector<float> response = minimum_phase(curve);
   std::copy_n(response.begin(), taps.size(), taps.begin());

@@ -49,12 +49,12 @@ class FilterWorker {
   void publish(const Request& request);
   void free_returned() noexcept;
 
-  std::mutex mutex_;  // guards wanted_ and stopping_; never taken by the render thread of a threaded designer
+  std::mutex mutex_;  // guards wanted_ and stopping_; never taken by the render thread of a threaded worker
   std::condition_variable changed_;
   std::optional<Request> wanted_;
   bool stopping_ = false;
 
-  std::atomic<std::uintptr_t> finished_{0};                // nothing new, none, or a filter: see filter_designer.cpp
+  std::atomic<std::uintptr_t> finished_{0};                // nothing new, none, or a filter: see filter_worker.cpp
   std::atomic<const EqualizerFilter*> returned_{nullptr};  // head of a list linked by next_retired
   std::atomic<std::int64_t> designs_{0};
   bool threaded_;

@@ -20,17 +20,17 @@ using Values = std::vector<float>;
 constexpr std::size_t kPoints = 2048;
 constexpr std::size_t kBins = kPoints / 2 + 1;
 constexpr double kRate = kSampleRate / 16.0;
-constexpr double kSpacing = kRate / kPoints;  // Hz between two bins
-constexpr double kBlendFrom = 1000.0;         // Hz: from here on the new curve passes into the old one
-constexpr float kUntouched = 13.0F;           // ms: a curve that delays less stays as it is
-constexpr float kLimit = 14.2F;               // ms
-constexpr float kAccepted = 1.02F;            // of the limit
-constexpr float kOverRelaxation = 1.8F;       // how far beyond the limit's edge a step goes, 1: just there
-constexpr double kCepstrumFades = 36.0;       // ms
-constexpr double kCepstrumEnds = 43.0;        // ms
-constexpr float kTolerance = 0.4F;            // dB at a centre
-constexpr float kSlopeTolerance = 0.35F;      // dB between a band's two centres and the point between them
-constexpr int kPatience = 100;                // rounds after which the limit gives way by 1 % each
+constexpr double kBinSpacing = kRate / kPoints;  // Hz between two bins
+constexpr double kBlendFrom = 1000.0;            // Hz: from here on the new curve passes into the old one
+constexpr float kUntouched = 13.0F;              // ms: a curve that delays less stays as it is
+constexpr float kLimit = 14.2F;                  // ms
+constexpr float kAccepted = 1.02F;               // of the limit
+constexpr float kOverRelaxation = 1.8F;          // how far beyond the limit's edge a step goes, 1: just there
+constexpr double kCepstrumFades = 36.0;          // ms
+constexpr double kCepstrumEnds = 43.0;           // ms
+constexpr float kTolerance = 0.4F;               // dB at a centre
+constexpr float kSlopeTolerance = 0.35F;         // dB between a band's two centres and the point between them
+constexpr int kPatience = 100;                   // rounds after which the limit gives way by 1 % each
 constexpr int kMostRounds = 150;
 
 // ms for one dB c(n) n
@@ -43,7 +43,7 @@ float magnitude(const Values& values) {
 }
 
 float at(const Values& curve, double hz) {
-  const double place = std::min(hz / kSpacing, static_cast<double>(kBins) - 2.0);
+  const double place = std::min(hz / kBinSpacing, static_cast<double>(kBins) - 2.0);
   const auto bin = static_cast<std::size_t>(place);
   return std::lerp(curve[bin], curve[bin + 1], static_cast<float>(place - static_cast<double>(bin)));
 }
@@ -57,7 +57,7 @@ struct Point {
 void subtract(Values& curve, const std::vector<Point>& line) {
   std::size_t next = 0;
   for (std::size_t bin = 0; bin < kBins; ++bin) {
-    const double hz = kSpacing * static_cast<double>(bin);
+    const double hz = kBinSpacing * static_cast<double>(bin);
     while (next < line.size() && line[next].hz <= hz) ++next;
     const Point& above = line[std::min(next, line.size() - 1)];
     const Point& below = line[next == 0 ? 0 : next - 1];
@@ -127,7 +127,7 @@ class Rounding {
   // The new curve, passing into the old one towards its upper end.
   void write(std::span<float> curve) const {
     for (std::size_t bin = 0; bin < kBins; ++bin) {
-      const double way = (kSpacing * static_cast<double>(bin) - kBlendFrom) / (kRate / 2.0 - kBlendFrom);
+      const double way = (kBinSpacing * static_cast<double>(bin) - kBlendFrom) / (kRate / 2.0 - kBlendFrom);
       const double share = 1.0 - raised_cosine(way);
       curve[bin] += static_cast<float>(share) * (curve_[bin] - curve[bin]);
     }

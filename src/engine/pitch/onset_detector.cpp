@@ -10,14 +10,14 @@ namespace {
 constexpr float kRise = 4.0F;      // in energy: 6 dB
 constexpr float kSilence = 1e-7F;  // energy of a block that is no sound yet: -85 dBFS
 constexpr Frames kApart = 441;     // one attack is found once
-constexpr auto kCount = static_cast<std::size_t>(OnsetDetector::kBlock);
+constexpr auto kBlockCount = static_cast<std::size_t>(OnsetDetector::kBlock);
 
-float energy(const float* sound) noexcept { return dot_product(sound, sound, kCount); }
+float energy(const float* sound) noexcept { return dot_product(sound, sound, kBlockCount); }
 
 // Of the second difference, which raises by 12 dB an octave.
 float high_energy(const float* sound) noexcept {
-  std::array<float, kCount> bend;
-  for (std::size_t i = 0; i < kCount; ++i, ++sound) bend[i] = sound[0] - 2.0F * sound[-1] + sound[-2];
+  std::array<float, kBlockCount> bend;
+  for (std::size_t i = 0; i < kBlockCount; ++i, ++sound) bend[i] = sound[0] - 2.0F * sound[-1] + sound[-2];
   return energy(bend.data());
 }
 

@@ -8,8 +8,8 @@
 
 namespace tandem {
 
-Chain::Chain(std::array<DeckReader, kDecks>& readers, FilterWorker& designer)
-    : decks_{Deck(*readers[0].feed()), Deck(*readers[1].feed())}, designer_(designer) {}
+Chain::Chain(std::array<DeckReader, kDecks>& readers, FilterWorker& filter_worker)
+    : decks_{Deck(*readers[0].feed()), Deck(*readers[1].feed())}, filter_worker_(filter_worker) {}
 
 // The equalizer lets go of its filters at the end of a fade to none.
 Chain::~Chain() {
@@ -125,13 +125,13 @@ void Chain::mix_decks(std::span<StereoFrame, kStepFrames> mix) noexcept {
 
 void Chain::equalize(std::span<StereoFrame, kStepFrames> mix) noexcept {
   const EqualizerFilter* filter = nullptr;
-  if (designer_.take(filter)) equalizer_.adopt(filter);
+  if (filter_worker_.take(filter)) equalizer_.adopt(filter);
   equalizer_.process(mix);
   give_filters_back();
 }
 
 void Chain::give_filters_back() noexcept {
-  while (const EqualizerFilter* retired = equalizer_.take_retired()) designer_.give_back(retired);
+  while (const EqualizerFilter* retired = equalizer_.take_retired()) filter_worker_.give_back(retired);
 }
 
 // There is always room: an event answers a command, and no more commands than events are ever under way.

@@ -25,8 +25,8 @@ class Chain {
  public:
   static constexpr int kDecks = 2;
 
-  Chain(std::array<DeckReader, kDecks>& readers, FilterWorker& designer);
-  ~Chain();  // gives the filters back to the designer
+  Chain(std::array<DeckReader, kDecks>& readers, FilterWorker& filter_worker);
+  ~Chain();  // gives the filters back
   Chain(const Chain&) = delete;
   Chain& operator=(const Chain&) = delete;
 
@@ -65,7 +65,7 @@ class Chain {
   void report(const RenderEvent& event) noexcept;
 
   std::array<Deck, kDecks> decks_;
-  FilterWorker& designer_;
+  FilterWorker& filter_worker_;
   GainRamp volume_;
   BandEqualizer equalizer_;
   PauseFade gate_;

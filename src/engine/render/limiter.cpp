@@ -7,10 +7,10 @@ namespace tandem {
 
 namespace {
 
-using Frames = std::span<StereoFrame, LimiterEnvelope::kBlock>;
+using FrameBlock = std::span<StereoFrame, LimiterEnvelope::kBlock>;
 
 // False too if a sample is no number. Counts rather than leaving early: a loop without branches.
-bool within_full_scale(Frames frames) {
+bool within_full_scale(FrameBlock frames) {
   int within = 0;
   for (const StereoFrame& frame : frames) {
     within += static_cast<int>(std::abs(frame.left) <= 1.0F) + static_cast<int>(std::abs(frame.right) <= 1.0F);
@@ -18,7 +18,7 @@ bool within_full_scale(Frames frames) {
   return within == 2 * static_cast<int>(frames.size());
 }
 
-void silence_what_is_no_number(Frames frames) {
+void silence_what_is_no_number(FrameBlock frames) {
   for (StereoFrame& frame : frames) {
     if (!std::isfinite(frame.left) || !std::isfinite(frame.right)) frame = {};
   }
@@ -28,14 +28,14 @@ Divisor excess_of(const StereoFrame& frame) {
   return {std::max(std::abs(frame.left), 1.0F), std::max(std::abs(frame.right), 1.0F)};
 }
 
-std::size_t measure(Frames frames, LimiterEnvelope::Block& excess) {
+std::size_t measure(FrameBlock frames, LimiterEnvelope::Block& excess) {
   silence_what_is_no_number(frames);
   std::transform(frames.begin(), frames.end(), excess.begin(), excess_of);
   return static_cast<std::size_t>(
       std::count_if(excess.begin(), excess.end(), [](const Divisor& d) { return d.left > 1.0F || d.right > 1.0F; }));
 }
 
-void divide(Frames frames, const LimiterEnvelope::Block& by) {
+void divide(FrameBlock frames, const LimiterEnvelope::Block& by) {
   for (std::size_t i = 0; i < frames.size(); ++i)
     frames[i] = {frames[i].left / by[i].left, frames[i].right / by[i].right};
 }

@@ -18,7 +18,7 @@ double y_of(const QRectF& box, const FaderState& look, double value) {
   return box.top() + look.cap.height() / 2 + travel * (look.maximum - value) / (look.maximum - look.minimum);
 }
 
-void paint_groove(QPainter& painter, const QRectF& box) {
+void paint_fader_groove(QPainter& painter, const QRectF& box) {
   const double x = box.center().x();
   const double top = box.top();
   const double height = box.height();
@@ -64,7 +64,7 @@ void paint_fader(QPainter& painter, const QRectF& box, const FaderState& look) {
   const double x = box.center().x();
   const double y = fader_y(box, look);
   const bool at_zero = look.value == 0;
-  paint_groove(painter, box);
+  paint_fader_groove(painter, box);
   if (!at_zero) paint_lit_line(painter, x, y_of(box, look, 0), y, look.lit_colour);
   const QRectF cap(QPointF(x - look.cap.width() / 2, y - look.cap.height() / 2), look.cap);
   paint_cap(painter, cap, at_zero ? kWhite : look.lit_colour, look.interaction.hover);

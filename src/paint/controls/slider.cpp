@@ -19,7 +19,7 @@ double place_x(const QRectF& box, double share) {
   return box.left() + kSliderCapWidth / 2 + (box.width() - kSliderCapWidth) * std::clamp(share, 0.0, 1.0);
 }
 
-void paint_groove(QPainter& painter, const QRectF& box) {
+void paint_slider_groove(QPainter& painter, const QRectF& box) {
   const double y = box.center().y();
   fill_box(painter, {box.left() + 1, y - 2, box.width() - 2, 5}, faded(kWhite, .10), 2.5);
   fill_box(painter, {box.left() + 1, y - 2.5, box.width() - 2, 5}, QColor::fromRgb(kBlack), 2.5);
@@ -102,7 +102,7 @@ void paint_switch_cap(QPainter& painter, const QRectF& box, double place, double
 void paint_slider(QPainter& painter, const QRectF& box, const SliderState& look) {
   const double x = place_x(box, look.share);
   const QRectF cap(x - kSliderCapWidth / 2, box.top() + .5, kSliderCapWidth, box.height() - 1);
-  paint_groove(painter, box);
+  paint_slider_groove(painter, box);
   if (look.overlapping) paint_overlapping(painter, box, *look.overlapping);
   paint_played(painter, box, x);
   if (look.next_start) paint_next_start(painter, box, *look.next_start, look.overlapping.has_value());

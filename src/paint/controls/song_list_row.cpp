@@ -23,14 +23,14 @@ constexpr double kWideNumberColumn = 40;  // from song 100 on
 constexpr double kLengthInset = 6;
 constexpr double kLengthGap = 8;  // at least between name and length
 
-struct RowColours {
+struct LineColours {
   QRgb number;
   QRgb directory;
   QRgb file;
   QRgb length;
 };
 
-RowColours colours_of(const SongListRow& row) {
+LineColours colours_of(const SongListRow& row) {
   if (row.selected) return {kWhite, palette::kListSelectedDirectory, kWhite, palette::kListSelectedDirectory};
   if (row.playing || row.overlapping) return {kWhite, palette::kListDirectory, kWhite, palette::kListLength};
   return {palette::kLegendUnchosen, palette::kListDirectory, palette::kListFile, palette::kListLength};
@@ -101,7 +101,7 @@ void paint_play_mark(QPainter& painter, const QPointF& at, QRgb colour) {
 
 void paint_text(QPainter& painter, const QRectF& box, const SongListRow& row) {
   const RowText& text = kept_text(row, box.width());
-  const RowColours colours = colours_of(row);
+  const LineColours colours = colours_of(row);
   const double baseline = box.top() + kBaseline;
   const bool sounds = row.playing || row.overlapping;
   const QString number = sounds ? text.number.left(text.number.indexOf(u' ')) : text.number;

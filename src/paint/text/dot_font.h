@@ -9,6 +9,9 @@
 
 namespace tandem {
 
+inline constexpr int kDotRows = 7;      // of a cell
+inline constexpr int kCellColumns = 6;  // 5 dots and a gap
+
 /// The glyph of a code point: a small letter shows its capital where it has none, any other letter its base letter, and
 /// what is left a blank. Never fails.
 const DotGlyph& dot_glyph(char32_t letter);

@@ -8,7 +8,7 @@ namespace tandem {
 
 namespace {
 
-const QString kGap = QStringLiteral("\u2026");
+const QString kEllipsis = QStringLiteral("\u2026");
 
 // Long names often differ in their last word only ("... side 2.mp3"), so that stays with the extension.
 constexpr qsizetype kTail = 8;
@@ -58,7 +58,7 @@ QString elide_file_name(const QString& name, double room, const TextWidth& width
   const QList<qsizetype> places = cuts(name);
   const qsizetype letters = places.size() - 1;
   const auto ends_with = [&](qsizetype tail) {
-    return kGap + name.mid(places[std::max<qsizetype>(letters - tail, 0)]);
+    return kEllipsis + name.mid(places[std::max<qsizetype>(letters - tail, 0)]);
   };
   const qsizetype extension = extension_letters(name, places);
   QString tail = ends_with(extension + kTail);

@@ -16,8 +16,6 @@ namespace tandem {
 namespace {
 
 constexpr int kColumns = 5;
-constexpr int kRows = 7;
-constexpr int kCellColumns = 6;
 constexpr std::size_t kCacheLimit = 1024;
 
 /// Seven columns of eight bits: the neighbours' nearest columns, whose glow reaches into this cell, and the own five.
@@ -56,7 +54,7 @@ Dots dot_paths(const GlyphKey& key) {
   const double side = key.pitch >= 2 ? key.pitch * .86 : 1;
   for (int column = -1; column <= kColumns; ++column) {
     const int gap = column < 0 ? -1 : column == kColumns ? 1 : 0;
-    for (int row = 0; row < kRows; ++row) {
+    for (int row = 0; row < kDotRows; ++row) {
       const bool lit = lit_at(key.dots, column, row);
       if (gap != 0 && !lit) continue;
       const QRectF dot((column + gap) * key.pitch, row * key.pitch, side, side);
@@ -72,7 +70,7 @@ Dots dot_paths(const GlyphKey& key) {
 QImage draw_glyph(const GlyphKey& key) {
   const int margin = key.pitch;
   const auto pixels = [&](int px) { return static_cast<int>(std::ceil(px * key.scale)); };
-  QImage image(pixels(kColumns * key.pitch + 2 * margin), pixels(kRows * key.pitch + 2 * margin),
+  QImage image(pixels(kColumns * key.pitch + 2 * margin), pixels(kDotRows * key.pitch + 2 * margin),
                QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);

@@ -14,8 +14,6 @@ namespace tandem {
 
 namespace {
 
-constexpr int kRows = 7;
-constexpr int kCellColumns = 6;
 constexpr int kPhases = 8;  // places of a letter within a device pixel
 constexpr qsizetype kMostImages = 1024;
 constexpr double kDot = .86;      // of the pitch
@@ -43,13 +41,13 @@ QList<QRectF> lit_dots(uint letter, double pitch) {
   if (has_dot_glyph(letter)) {
     const DotGlyph& glyph = dot_glyph(letter);
     for (int column = 0; column < static_cast<int>(glyph.size()); ++column)
-      for (int row = 0; row < kRows; ++row)
+      for (int row = 0; row < kDotRows; ++row)
         if ((glyph[static_cast<std::size_t>(column)] >> row & 1) != 0) add(column, row, pitch, pitch * kDot);
     return dots;
   }
   const FineGlyph& glyph = fine_glyph(letter);
   for (int column = 0; column < static_cast<int>(glyph.size()); ++column)
-    for (int row = 0; row < 2 * kRows; ++row)
+    for (int row = 0; row < 2 * kDotRows; ++row)
       if ((glyph[static_cast<std::size_t>(column)] >> row & 1) != 0) add(column, row, pitch / 2, pitch * kHalfDot);
   return dots;
 }
@@ -70,7 +68,7 @@ void paint_letter(QPainter& painter, const ImageKey& key) {
 
 void paint_matrix(QPainter& painter, const ImageKey& key) {
   for (int column = 0; column < key.cells * kCellColumns - 1; ++column)
-    for (int row = 0; row < kRows; ++row)
+    for (int row = 0; row < kDotRows; ++row)
       fill_box(painter, {1. * column * key.pitch, 1. * row * key.pitch, key.pitch * kDot, key.pitch * kDot},
                QColor::fromRgb(key.colour));
 }
@@ -78,7 +76,7 @@ void paint_matrix(QPainter& painter, const ImageKey& key) {
 // The glow reaches a pitch beyond the dots on every side.
 QImage drawn(const ImageKey& key) {
   const auto pixels = [&](int px) { return static_cast<int>(std::ceil(px * key.scale)); };
-  QImage image(pixels((key.cells * kCellColumns + 2) * key.pitch) + 1, pixels((kRows + 2) * key.pitch),
+  QImage image(pixels((key.cells * kCellColumns + 2) * key.pitch) + 1, pixels((kDotRows + 2) * key.pitch),
                QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);

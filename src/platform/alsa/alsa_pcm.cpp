@@ -10,9 +10,6 @@ namespace tandem {
 
 namespace {
 
-constexpr unsigned kLowestRate = 8000;
-constexpr unsigned kHighestRate = 384000;
-
 struct FreeHardware {
   void operator()(snd_pcm_hw_params_t* parameters) const noexcept { snd_pcm_hw_params_free(parameters); }
 };

@@ -4,31 +4,27 @@
 #include <xcb/xfixes.h>
 
 #include <QGuiApplication>
-#include <cstdlib>
-#include <memory>
 #include <string>
 #include <utility>
+
+#include "platform/desktop/xcb_reply.h"
 
 namespace tandem {
 
 namespace {
-
-template <class Reply>
-using Answer = std::unique_ptr<Reply, decltype(&std::free)>;
 
 // A compositing manager owns the selection _NET_WM_CM_Sn of its screen (Extended Window Manager Hints). Qt's windows
 // are on the first.
 xcb_atom_t compositor_selection(xcb_connection_t* server) {
   const std::string name = "_NET_WM_CM_S0";
   const auto cookie = xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-  const Answer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, cookie, nullptr), &std::free);
+  const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, cookie, nullptr));
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 bool has_owner(xcb_connection_t* server, xcb_atom_t selection) {
   const auto cookie = xcb_get_selection_owner(server, selection);
-  const Answer<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(server, cookie, nullptr),
-                                                      &std::free);
+  const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(server, cookie, nullptr));
   return reply && reply->owner != XCB_NONE;
 }
 
@@ -37,10 +33,8 @@ bool has_owner(xcb_connection_t* server, xcb_atom_t selection) {
 std::uint8_t ask_for_owners(xcb_connection_t* server, xcb_atom_t selection) {
   const xcb_query_extension_reply_t* known = xcb_get_extension_data(server, &xcb_xfixes_id);
   if (known == nullptr || known->present == 0) return 0;
-  const Answer<xcb_xfixes_query_version_reply_t> version(
-      xcb_xfixes_query_version_reply(
-          server, xcb_xfixes_query_version(server, XCB_XFIXES_MAJOR_VERSION, XCB_XFIXES_MINOR_VERSION), nullptr),
-      &std::free);
+  const XcbReply<xcb_xfixes_query_version_reply_t> version(xcb_xfixes_query_version_reply(
+      server, xcb_xfixes_query_version(server, XCB_XFIXES_MAJOR_VERSION, XCB_XFIXES_MINOR_VERSION), nullptr));
   if (!version) return 0;
   const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
   xcb_xfixes_select_selection_input(server, root, selection,

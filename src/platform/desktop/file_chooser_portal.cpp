@@ -5,35 +5,20 @@
 #include <QUrl>
 #include <QWidget>
 #include <algorithm>
-#include <cctype>
 #include <cstdint>
 #include <string_view>
+
+#include "base/text.h"
+#include "platform/desktop/portal_names.h"
 
 namespace tandem {
 
 namespace {
 
-constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
-constexpr const char* kObject = "/org/freedesktop/portal/desktop";
-
 // How the portal knows the window that the dialog belongs to: only an X server's number is easily said.
 std::string window_name(const QWidget* parent) {
   if (parent == nullptr || QGuiApplication::platformName() != "xcb") return {};
   return "x11:" + QString::number(parent->winId(), 16).toStdString();
-}
-
-// "*.mp3" matching any case: "*.[mM][pP]3".
-std::string any_case(std::string_view pattern) {
-  std::string result;
-  for (const char c : pattern) {
-    const auto letter = static_cast<unsigned char>(c);
-    if (std::isalpha(letter) == 0) {
-      result += c;
-    } else {
-      result += {'[', static_cast<char>(std::tolower(letter)), static_cast<char>(std::toupper(letter)), ']'};
-    }
-  }
-  return result;
 }
 
 void append_filter(sd_bus_message* call, const std::string& filter) {
@@ -135,15 +120,15 @@ std::optional<std::vector<std::string>> FileChooserPortal::ask(const Question& q
   Dialog dialog;
   DBusConnection session(DBusConnection::Bus::kUser);
   if (session.bus() == nullptr) return std::nullopt;
-  sd_bus_match_signal_async(session.bus(), nullptr, kPortal, nullptr, "org.freedesktop.portal.Request", "Response",
-                            &FileChooserPortal::on_response, nullptr, &dialog);
+  sd_bus_match_signal_async(session.bus(), nullptr, kPortalService, nullptr, "org.freedesktop.portal.Request",
+                            "Response", &FileChooserPortal::on_response, nullptr, &dialog);
   sd_bus_add_match_async(session.bus(), nullptr,
                          "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
                          "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'",
                          &FileChooserPortal::on_portal_change, nullptr, &dialog);
   sd_bus_message* call = nullptr;
-  sd_bus_message_new_method_call(session.bus(), &call, kPortal, kObject, "org.freedesktop.portal.FileChooser",
-                                 question.save ? "SaveFile" : "OpenFile");
+  sd_bus_message_new_method_call(session.bus(), &call, kPortalService, kPortalObject,
+                                 "org.freedesktop.portal.FileChooser", question.save ? "SaveFile" : "OpenFile");
   sd_bus_message_set_auto_start(call, 0);
   sd_bus_message_append(call, "s", window_name(parent).c_str());
   append_question(call, question);

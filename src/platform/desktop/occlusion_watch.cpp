@@ -4,9 +4,9 @@
 
 #include <QGuiApplication>
 #include <QWindow>
-#include <cstdlib>
-#include <memory>
 #include <utility>
+
+#include "platform/desktop/xcb_reply.h"
 
 namespace tandem {
 
@@ -15,8 +15,7 @@ namespace {
 // Qt does not select these events itself; the events that it has selected are kept.
 void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
   const auto cookie = xcb_get_window_attributes(server, window);
-  const std::unique_ptr<xcb_get_window_attributes_reply_t, decltype(&std::free)> now(
-      xcb_get_window_attributes_reply(server, cookie, nullptr), &std::free);
+  const XcbReply<xcb_get_window_attributes_reply_t> now(xcb_get_window_attributes_reply(server, cookie, nullptr));
   if (!now) return;
   const std::uint32_t mask = now->your_event_mask | std::uint32_t{XCB_EVENT_MASK_VISIBILITY_CHANGE};
   xcb_change_window_attributes(server, window, XCB_CW_EVENT_MASK, &mask);

@@ -17,7 +17,7 @@
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTreeView>
-#include <cctype>
+#include <algorithm>
 #include <vector>
 
 #include "base/song_endings.h"
@@ -29,25 +29,12 @@ namespace tandem {
 
 namespace {
 
-// "*.mp3;*.wav" with every letter in both cases: "*.[mM][pP]3 *.[wW][aA][vV]".
-std::string any_case(const std::string& patterns) {
-  std::string result;
-  for (const char c : patterns) {
-    if (c == ';') {
-      result += ' ';
-    } else if (std::isalpha(static_cast<unsigned char>(c)) != 0) {
-      result += {'[', static_cast<char>(std::tolower(c)), static_cast<char>(std::toupper(c)), ']'};
-    } else {
-      result += c;
-    }
-  }
-  return result;
-}
-
 // "Text|*.a;*.b" in Qt's form.
 QString name_filter(const std::string& filter) {
   const std::size_t bar = filter.find('|');
-  return QString::fromStdString(filter.substr(0, bar) + " (" + any_case(filter.substr(bar + 1)) + ")");
+  std::string patterns = any_case(filter.substr(bar + 1));
+  std::replace(patterns.begin(), patterns.end(), ';', ' ');
+  return QString::fromStdString(filter.substr(0, bar) + " (" + patterns + ")");
 }
 
 std::string first_or_empty(const std::vector<std::string>& texts) { return texts.empty() ? "" : texts.front(); }

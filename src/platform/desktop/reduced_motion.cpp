@@ -5,12 +5,12 @@
 #include <optional>
 #include <utility>
 
+#include "platform/desktop/portal_names.h"
+
 namespace tandem {
 
 namespace {
 
-constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
-constexpr const char* kObject = "/org/freedesktop/portal/desktop";
 constexpr const char* kInterface = "org.freedesktop.portal.Settings";
 
 // However many variants lie around it: the portal's older operation wraps its answer twice.
@@ -40,7 +40,7 @@ ReducedMotionSetting::ReducedMotionSetting(std::function<void(bool reduced)> cha
 
 // A portal that begins is asked again.
 void ReducedMotionSetting::listen() {
-  sd_bus_match_signal_async(link_.bus(), nullptr, kPortal, kObject, kInterface, "SettingChanged",
+  sd_bus_match_signal_async(link_.bus(), nullptr, kPortalService, kPortalObject, kInterface, "SettingChanged",
                             &ReducedMotionSetting::on_changed, nullptr, this);
   sd_bus_add_match_async(link_.bus(), nullptr,
                          "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
@@ -50,7 +50,7 @@ void ReducedMotionSetting::listen() {
 
 void ReducedMotionSetting::read(Switch& wanted) {
   sd_bus_message* call = nullptr;
-  if (sd_bus_message_new_method_call(link_.bus(), &call, kPortal, kObject, kInterface, "Read") < 0) return;
+  if (sd_bus_message_new_method_call(link_.bus(), &call, kPortalService, kPortalObject, kInterface, "Read") < 0) return;
   sd_bus_message_set_auto_start(call, 0);
   sd_bus_message_append_basic(call, 's', wanted.group);
   sd_bus_message_append_basic(call, 's', wanted.key);

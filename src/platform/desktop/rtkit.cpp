@@ -11,12 +11,12 @@ namespace tandem {
 namespace {
 
 constexpr const char* kService = "org.freedesktop.RealtimeKit1";
-constexpr const char* kObject = "/org/freedesktop/RealtimeKit1";
+constexpr const char* kServiceObject = "/org/freedesktop/RealtimeKit1";
 constexpr std::int64_t kNiceness = -11;  // as sound servers take it
 
 sd_bus_message* new_call(sd_bus* bus, const char* interface, const char* method) {
   sd_bus_message* message = nullptr;
-  sd_bus_message_new_method_call(bus, &message, kService, kObject, interface, method);
+  sd_bus_message_new_method_call(bus, &message, kService, kServiceObject, interface, method);
   return message;
 }
 

@@ -10,10 +10,11 @@
 #include <QWindow>
 #include <algorithm>
 #include <bit>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <utility>
+
+#include "platform/desktop/xcb_reply.h"
 
 namespace tandem {
 
@@ -21,12 +22,6 @@ namespace {
 
 constexpr int kPixelBits = 32;
 constexpr std::size_t kPixel = sizeof(QRgb);
-
-struct Freed {
-  void operator()(void* reply) const { std::free(reply); }
-};
-template <class Reply>
-using Answer = std::unique_ptr<Reply, Freed>;
 
 // Memory is handed over as a descriptor, which only a socket of this machine takes.
 bool is_local(xcb_connection_t* server) {
@@ -40,7 +35,7 @@ bool takes_descriptors(xcb_connection_t* server) {
   const xcb_query_extension_reply_t* known = xcb_get_extension_data(server, &xcb_shm_id);
   if (known == nullptr || known->present == 0) return false;
   const auto cookie = xcb_shm_query_version(server);
-  const Answer<xcb_shm_query_version_reply_t> version(xcb_shm_query_version_reply(server, cookie, nullptr));
+  const XcbReply<xcb_shm_query_version_reply_t> version(xcb_shm_query_version_reply(server, cookie, nullptr));
   return version && version->major_version == 1 && version->minor_version >= 2;
 }
 
@@ -50,7 +45,7 @@ std::uint8_t depth_of_our_pixels(xcb_connection_t* server, xcb_window_t window) 
   const bool little = setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
   if (little != (std::endian::native == std::endian::little)) return 0;
   const auto cookie = xcb_get_geometry(server, window);
-  const Answer<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(server, cookie, nullptr));
+  const XcbReply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(server, cookie, nullptr));
   if (!geometry || (geometry->depth != 24 && geometry->depth != 32)) return 0;
   const std::span formats(xcb_setup_pixmap_formats(setup), setup->pixmap_formats_len);
   const bool words = std::any_of(formats.begin(), formats.end(), [&geometry](const xcb_format_t& format) {
@@ -100,7 +95,7 @@ void ShmPresenter::share(std::size_t bytes) {
   segment_ = xcb_generate_id(server_);
   constexpr std::uint8_t kReadOnly = 1;
   const auto cookie = xcb_shm_attach_fd_checked(server_, segment_, fd, kReadOnly);  // which closes it
-  const Answer<xcb_generic_error_t> refused(xcb_request_check(server_, cookie));
+  const XcbReply<xcb_generic_error_t> refused(xcb_request_check(server_, cookie));
   if (!refused) return;
   munmap(memory_.data(), memory_.size());
   memory_ = {};

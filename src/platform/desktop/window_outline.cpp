@@ -6,16 +6,14 @@
 #include <QGuiApplication>
 #include <QRegion>
 #include <QWindow>
-#include <cstdlib>
 #include <memory>
 #include <string>
+
+#include "platform/desktop/xcb_reply.h"
 
 namespace tandem {
 
 namespace {
-
-template <class Reply>
-using Answer = std::unique_ptr<Reply, decltype(&std::free)>;
 
 xcb_connection_t* x_server() {
   if (QGuiApplication::platformName() != "xcb") return nullptr;
@@ -25,7 +23,7 @@ xcb_connection_t* x_server() {
 
 xcb_atom_t atom(xcb_connection_t* server, const std::string& name) {
   const auto cookie = xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-  const Answer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, cookie, nullptr), &std::free);
+  const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, cookie, nullptr));
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 

@@ -9,6 +9,10 @@
 
 namespace tandem {
 
+// Rates that are given to a device as its own, frames a second.
+inline constexpr unsigned kLowestRate = 8000;
+inline constexpr unsigned kHighestRate = 384000;
+
 enum class SampleEncoding : std::uint8_t {
   kInt16,    // with dither where the sound needs it
   kInt32,    // for devices of 24 bits and more

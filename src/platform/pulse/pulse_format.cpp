@@ -6,9 +6,6 @@ namespace tandem {
 
 namespace {
 
-constexpr std::uint32_t kLowestRate = 8000;
-constexpr std::uint32_t kHighestRate = 384000;
-
 bool has_more_than_16_bits(pa_sample_format_t format) {
   switch (format) {
     case PA_SAMPLE_S24LE:

@@ -1,14 +1,12 @@
 #include "platform/pulse/pulse_output.h"
 
-#include <pulse/thread-mainloop.h>
-
 #include <optional>
-#include <stdexcept>
 #include <utility>
 
 #include "platform/pulse/pulse_context.h"
 #include "platform/pulse/pulse_sink.h"
 #include "platform/pulse/pulse_stream.h"
+#include "platform/pulse/pulse_thread.h"
 #include "platform/realtime/realtime_priority.h"
 
 namespace tandem {
@@ -17,26 +15,6 @@ namespace {
 
 constexpr int kRetryMilliseconds = 200;
 constexpr int kTokenMilliseconds = 10;
-
-class PulseThread {  // the loop and its thread
- public:
-  PulseThread() : loop_(pa_threaded_mainloop_new()) {
-    if (loop_ == nullptr) throw std::runtime_error("no main loop for the sound server");
-    pa_threaded_mainloop_set_name(loop_, "tandem-pulse");
-  }
-  ~PulseThread() { pa_threaded_mainloop_free(loop_); }
-  PulseThread(const PulseThread&) = delete;
-  PulseThread& operator=(const PulseThread&) = delete;
-
-  pa_mainloop_api* api() { return pa_threaded_mainloop_get_api(loop_); }
-  void start() {
-    if (pa_threaded_mainloop_start(loop_) < 0) throw std::runtime_error("no thread for the sound server");
-  }
-  void stop() { pa_threaded_mainloop_stop(loop_); }
-
- private:
-  pa_threaded_mainloop* loop_;
-};
 
 }  // namespace
 

@@ -12,7 +12,7 @@ namespace tandem {
 
 namespace {
 
-constexpr double kMoveSeconds = 0.09;
+constexpr double kTurnSeconds = 0.09;
 constexpr double kDragThreshold = 3;  // px
 
 // Degrees clockwise from 12 o'clock.
@@ -49,7 +49,7 @@ void RotaryItem::model_changed() {
 bool RotaryItem::advance(double seconds) {
   const double target = target_angle();
   if (pointer_ != target) {
-    const double left = canvas().reduced_motion() ? 0.0 : std::exp(-4 * seconds / kMoveSeconds);
+    const double left = canvas().reduced_motion() ? 0.0 : std::exp(-4 * seconds / kTurnSeconds);
     pointer_ = target + (pointer_ - target) * left;
     if (std::abs(pointer_ - target) < 0.3) pointer_ = target;
     changed();

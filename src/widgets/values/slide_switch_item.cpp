@@ -9,7 +9,7 @@ namespace tandem {
 
 namespace {
 
-constexpr double kMoveSeconds = 0.09;
+constexpr double kSlideSeconds = 0.09;
 
 QString caption(const ControlBox& place, int position) {
   const auto text = position_captions(place.name)[static_cast<std::size_t>(position)].caption;
@@ -47,7 +47,7 @@ void SlideSwitchItem::model_changed() {
 
 bool SlideSwitchItem::advance(double seconds) {
   const double target = switch_.value();
-  const double step = canvas().reduced_motion() ? 1.0 : seconds / kMoveSeconds;
+  const double step = canvas().reduced_motion() ? 1.0 : seconds / kSlideSeconds;
   const double before = cap_;
   cap_ = std::clamp(target, cap_ - step, cap_ + step);
   if (cap_ != before) changed();
