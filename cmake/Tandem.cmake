@@ -38,6 +38,21 @@ elseif(TANDEM_HARDEN)
   target_link_options(tandem_options INTERFACE -pie -Wl,-z,relro,-z,now,-z,noexecstack)
 endif()
 
+# A unity build (CMAKE_UNITY_BUILD, on in the presets) compiles the files of a room, or eight files of a test program, as
+# one: it takes a third of the time. So names in anonymous namespaces differ within a room and within a test program.
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
+
+# tandem_compile_by_room(TARGET): the units of a unity build are the folders.
+function(tandem_compile_by_room target)
+  get_target_property(sources ${target} SOURCES)
+  foreach(source IN LISTS sources)
+    get_filename_component(room "${source}" DIRECTORY)
+    get_filename_component(room "${room}" NAME)
+    set_property(SOURCE "${source}" PROPERTY UNITY_GROUP "${room}")
+  endforeach()
+  set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
+endfunction()
+
 # tandem_add_folder(DIR): descends into DIR if it has a build file.
 function(tandem_add_folder dir)
   if(EXISTS "${CMAKE_SOURCE_DIR}/${dir}/CMakeLists.txt")
@@ -51,6 +66,7 @@ function(tandem_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
   if(arg_SOURCES)
     add_library(${name} STATIC ${arg_SOURCES})
+    tandem_compile_by_room(${name})
     target_link_libraries(${name} PUBLIC tandem_options ${arg_LINKS})
   else()
     add_library(${name} INTERFACE)
