@@ -19,7 +19,6 @@ namespace {
 constexpr double kSongSeconds = 2.4;
 constexpr double kTones[] = {800, 2000, 3200};  // apart by whole multiples of the analysis window's resolution
 constexpr double kMeasured = 0.001;             // seconds, what a difference of two ends is exact to
-constexpr std::size_t kLeadLine = 34;
 
 std::string settings_with(std::size_t line, const std::string& value) {
   std::string text;

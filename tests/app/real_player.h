@@ -14,7 +14,9 @@
 
 namespace tandem::test {
 
-inline constexpr std::size_t kVolumeLine = 15;  // of the settings file
+// Lines of the settings file.
+inline constexpr std::size_t kVolumeLine = 15;
+inline constexpr std::size_t kLeadLine = 34;
 
 // A screen and a sound server for all players of one test, and a home directory in which nothing is. Programs that are
 // started after it use them.

@@ -17,7 +17,6 @@ namespace tandem::test {
 namespace {
 
 constexpr int kLead = 3500;  // milliseconds
-constexpr std::size_t kLeadLine = 34;
 
 // The factory settings with the longest lead.
 std::string settings() {

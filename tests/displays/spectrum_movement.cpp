@@ -17,7 +17,7 @@ namespace {
 using enum SpectrumSetting;
 
 constexpr std::size_t kPerPicture = 735;
-constexpr double kPicture = 1.0 / 60.0;
+constexpr double kStep = 1.0 / 60.0;
 
 constexpr double kTopHeight = 0.98;        // within a row of the top
 constexpr double kSoundRange = 1 / 316.0;  // 25 dB below the loudest column: what is less is no sound of the piece
@@ -109,7 +109,7 @@ bool rests_in_silence(SpectrumAnalyser& analyser) {
   const std::vector<SoundFrame> silence(kPerPicture);
   for (int i = 0; i < 240; ++i) {
     analyser.feed(silence);
-    analyser.advance(kPicture);
+    analyser.advance(kStep);
   }
   return analyser.at_rest();
 }
@@ -123,7 +123,7 @@ StateColumns columns_of(const BoardState& state, std::span<const SoundFrame> sou
   movement.columns.fill(std::vector<ColumnMovement>(picture.heights[0].size()));
   for (std::size_t at = 0; at + kPerPicture <= sound.size(); at += kPerPicture) {
     analyser.feed(sound.subspan(at, kPerPicture));
-    analyser.advance(kPicture);
+    analyser.advance(kStep);
     for (std::size_t side = 0; side < kSides; ++side)
       for (std::size_t i = 0; i < picture.heights[side].size(); ++i)
         movement.columns[side][i].add(static_cast<double>(picture.heights[side][i]));

@@ -9,7 +9,7 @@
 namespace tandem::test {
 namespace {
 
-constexpr float kRounding = 1e-6F;  // sums of what was decoded before may round otherwise: -120 dB
+constexpr float kLeapRounding = 1e-6F;  // sums of what was decoded before may round otherwise: -120 dB
 
 class Mp3Leap : public testing::Test {
  protected:
@@ -57,10 +57,10 @@ TEST_F(Mp3Leap, PassesOverFramesOfConstantBitRate) {
 TEST_F(Mp3Leap, WalksWhereTheBitRateVaries) { EXPECT_GE(walked(make_mp3(music(60.0), {"-V4", "-t"}), 2000), 2000U); }
 
 TEST_F(Mp3Leap, LandsOnTheExactFrame) {
-  expect_exact_seeks(constant("320"), kRounding);
-  expect_exact_seeks(constant("128"), kRounding);
-  expect_exact_seeks(constant("96", kSampleRate, "--nores"), kRounding);
-  expect_exact_seeks(constant("160", kSampleRate, "--cbr"), kRounding);
+  expect_exact_seeks(constant("320"), kLeapRounding);
+  expect_exact_seeks(constant("128"), kLeapRounding);
+  expect_exact_seeks(constant("96", kSampleRate, "--nores"), kLeapRounding);
+  expect_exact_seeks(constant("160", kSampleRate, "--cbr"), kLeapRounding);
 }
 
 TEST_F(Mp3Leap, LandsOnTheExactFrameAtOtherRates) {
@@ -73,7 +73,7 @@ TEST_F(Mp3Leap, LandsOnTheExactFrameAtOtherRates) {
 TEST_F(Mp3Leap, WalksWhereBytesWerePutIn) {
   const Bytes song = constant("128");
   const Bytes with_tag = slice(song, 0, 417 + 418 * 300) + make_id3v1() + slice(song, 417 + 418 * 300, song.size());
-  expect_exact_seeks(with_tag, kRounding);
+  expect_exact_seeks(with_tag, kLeapRounding);
 }
 
 TEST_F(Mp3Leap, ASeekBeyondTheEndFindsTheEnd) {
@@ -96,7 +96,7 @@ TEST_F(Mp3Leap, ASeekBackIntoWhatWasPassedOverIsExact) {
   for (const Frames frame : {2'400'000, 1'200'000, 1'201'000, 700'000, 2'000'000, 5000, 1'900'001}) {
     song->seek(frame);
     ASSERT_EQ(song->read(block), block.size());
-    EXPECT_LE(greatest_difference(block, std::span(whole).subspan(static_cast<std::size_t>(frame))), kRounding)
+    EXPECT_LE(greatest_difference(block, std::span(whole).subspan(static_cast<std::size_t>(frame))), kLeapRounding)
         << frame;
   }
 }
@@ -105,7 +105,7 @@ TEST_F(Mp3Leap, ASeekBackIntoWhatWasPassedOverIsExact) {
 TEST_F(Mp3Leap, WalksThroughAStreamThatChangesItsBitRateLater) {
   expect_exact_seeks(
       make_mp3(music(20.0), {"-b", "128", "-t", "--nores"}) + make_mp3(music(40.0), {"-b", "192", "-t", "--nores"}),
-      kRounding);
+      kLeapRounding);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 namespace tandem::test {
 namespace {
 
-constexpr std::int64_t kSong = 6000;
+constexpr std::int64_t kSongLength = 6000;
 
 struct Stall {
   int milliseconds;
@@ -26,14 +26,14 @@ std::string dead_air_text(std::size_t frames) {
 class BusyPanel : public testing::TestWithParam<Stall> {
  protected:
   BusyPanel() {
-    for (const char* name : {"first", "second", "third"}) songs.push_back(add_noise(rig, name, kSong));
+    for (const char* name : {"first", "second", "third"}) songs.push_back(add_noise(rig, name, kSongLength));
     rig.choose_lead(GetParam().lead);
     rig.play();
     begin = rig.next_start();
   }
   // Nothing happens on the panel from shortly before the mix point on.
   void stall() {
-    rig.run(kSong - GetParam().lead - 50);
+    rig.run(kSongLength - GetParam().lead - 50);
     ASSERT_EQ(rig.state().MixStarted, kFalse);
     rig.player().run_with_busy_panel(GetParam().milliseconds);
   }

@@ -16,7 +16,7 @@ namespace tandem::test {
 
 namespace {
 
-struct Disk {
+struct DiskFault {
   std::mutex mutex;
   std::condition_variable changed;
   std::string folder;  // "": none
@@ -25,8 +25,8 @@ struct Disk {
   int waiting = 0;
 };
 
-Disk& disk() {
-  static Disk& the_disk = *new Disk;  // never destroyed: a thread may still hang in it when the program ends
+DiskFault& disk() {
+  static DiskFault& the_disk = *new DiskFault;  // never destroyed: a thread may still hang in it when the program ends
   return the_disk;
 }
 
@@ -34,7 +34,7 @@ bool lies_on_it(const std::string& path) { return !disk().folder.empty() && path
 
 // False if the disk fails.
 bool answer(const std::string& path) {
-  Disk& my = disk();
+  DiskFault& my = disk();
   std::unique_lock lock(my.mutex);
   if (!lies_on_it(path)) return true;
   ++my.waiting;
@@ -62,22 +62,22 @@ void change(Change to) {
 }  // namespace
 
 FailingDisk::FailingDisk(const std::string& folder) {
-  change([&](Disk& disk) { disk.folder = folder + "/"; });
+  change([&](DiskFault& disk) { disk.folder = folder + "/"; });
 }
 FailingDisk::~FailingDisk() {
-  change([](Disk& disk) {
+  change([](DiskFault& disk) {
     disk.folder.clear();
     disk.hangs = disk.fails = false;
   });
 }
 void FailingDisk::hang() {
-  change([](Disk& disk) { disk.hangs = true; });
+  change([](DiskFault& disk) { disk.hangs = true; });
 }
 void FailingDisk::go_on() {
-  change([](Disk& disk) { disk.hangs = false; });
+  change([](DiskFault& disk) { disk.hangs = false; });
 }
 void FailingDisk::fail() {
-  change([](Disk& disk) { disk.fails = true; });
+  change([](DiskFault& disk) { disk.fails = true; });
 }
 int FailingDisk::waiting() {
   const std::scoped_lock lock(disk().mutex);

@@ -17,7 +17,7 @@ namespace tandem::test {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr auto kMost = std::chrono::milliseconds(500);
+constexpr auto kLongestClose = std::chrono::milliseconds(500);
 
 class HangingReader : public testing::Test {
  protected:
@@ -53,7 +53,7 @@ TEST_F(HangingReader, HoldsUpNoClose) {
   EXPECT_EQ(disk_.waiting(), 2);  // the reads still hang
   disk_.go_on();
   ASSERT_TRUE(in_time);
-  EXPECT_LE(took, kMost);
+  EXPECT_LE(took, kLongestClose);
   record_fault("closing while both decks' reads hang", "closed within 500 ms", std::to_string(took.count()) + " ms");
   // What the threads shared goes with them.
   while (!feed.expired()) std::this_thread::yield();

@@ -14,7 +14,7 @@ namespace {
 
 using Fault = AlsaTestDesk::Fault;
 
-constexpr std::uint64_t kRequest = 1280;
+constexpr std::uint64_t kFailingRequest = 1280;
 
 class AlsaOutputFailureTest : public testing::Test {
  protected:
@@ -41,15 +41,15 @@ class AlsaOutputFailureTest : public testing::Test {
 
   void expect_to_go_on_after(Fault fault) {
     AlsaOutput output(ring_, {"card"});
-    OutputFeeder feeder(ring_, output, 2 * kRequest);
+    OutputFeeder feeder(ring_, output, 2 * kFailingRequest);
     output.set_queue_length(4);
     output.start();
     for (int i = 0; i < 5; ++i) {
-      ASSERT_TRUE(played_further(output, 4 * kRequest));
+      ASSERT_TRUE(played_further(output, 4 * kFailingRequest));
       desk_->fault = fault;
       ASSERT_TRUE(wait_until([this] { return desk_->fault == Fault::kNone; }));
     }
-    ASSERT_TRUE(played_further(output, 4 * kRequest));
+    ASSERT_TRUE(played_further(output, 4 * kFailingRequest));
     EXPECT_EQ(recorded().size(), 1U) << testing::PrintToString(recorded());
     EXPECT_EQ(desk_->opened, 1) << "it was given back";
     EXPECT_EQ(output.underruns(), fault == Fault::kUnderrun ? 5U : 0U);
@@ -66,17 +66,17 @@ TEST_F(AlsaOutputFailureTest, AfterASuspendItGoesOnWithTheNextFrame) { expect_to
 
 TEST_F(AlsaOutputFailureTest, AnUnpluggedCardIsGivenBackAndFoundAgain) {
   AlsaOutput output(ring_, {"card"});
-  OutputFeeder feeder(ring_, output, 2 * kRequest);
+  OutputFeeder feeder(ring_, output, 2 * kFailingRequest);
   output.start();
   for (int i = 0; i < 3; ++i) {
-    ASSERT_TRUE(played_further(output, 4 * kRequest));
+    ASSERT_TRUE(played_further(output, 4 * kFailingRequest));
     desk_->fault = Fault::kGone;
     ASSERT_TRUE(wait_until([&] { return !output.consuming(); }));
     EXPECT_EQ(output.frames_played(), ring_.taken()) << "nobody will hear the rest";
     desk_->fault = Fault::kNone;
     ASSERT_TRUE(wait_until([&] { return output.consuming(); }, std::chrono::seconds(2)));
   }
-  ASSERT_TRUE(played_further(output, 4 * kRequest));
+  ASSERT_TRUE(played_further(output, 4 * kFailingRequest));
   EXPECT_EQ(desk_->opened, 4);
 }
 

@@ -20,8 +20,8 @@
 namespace tandem::test {
 namespace {
 
-constexpr unsigned kSessions = 700;
-constexpr unsigned kParts = 4;
+constexpr unsigned kOverlapSessions = 700;
+constexpr unsigned kProcesses = 4;
 constexpr std::int64_t kLimit = 120'000;                 // ms; longer than every session
 constexpr std::int64_t kDeadAirAllowed = 50;             // ms
 constexpr std::int64_t kForEmptyEntry = 10;              // ms, for each entry without a song that the list passes over
@@ -53,7 +53,7 @@ class Songs {
 
 enum class Rules { kNow, kWithout };
 
-struct Heard {
+struct SessionSound {
   bool stopped = false;
   std::int64_t dead_air = 0;       // ms, the longest before the panel stopped
   std::int64_t empty_entries = 0;  // that had their turn
@@ -73,7 +73,7 @@ class Session {
     });
   }
 
-  Heard play(int acts) {
+  SessionSound play(int acts) {
     constexpr std::array kLeads{280, 1000, 2500, 3500};
     rig_.choose_lead(kLeads.at(below(kLeads.size())));
     rig_.add(some(4 + below(4)));
@@ -150,12 +150,12 @@ class Session {
   std::mt19937 random_;
   std::size_t next_;
   PlayerRig rig_;
-  Heard heard_;
+  SessionSound heard_;
 };
 
 Songs Session::songs_;
 
-Heard heard_in(unsigned k, Rules rules) { return Session(k, rules).play(k % 2 == 0 ? 1 : 4); }
+SessionSound heard_in(unsigned k, Rules rules) { return Session(k, rules).play(k % 2 == 0 ? 1 : 4); }
 
 class OverlapActs : public testing::TestWithParam<unsigned> {};
 
@@ -163,26 +163,28 @@ TEST_P(OverlapActs, NeverLeaveTheListSilentForLong) {
   std::int64_t dead_air = 0;
   std::int64_t without = 0;
   std::size_t missed = 0;
-  for (unsigned k = 1 + GetParam() * kSessions / kParts; k <= (GetParam() + 1) * kSessions / kParts; ++k) {
-    const Heard now = heard_in(k, Rules::kNow);
+  for (unsigned k = 1 + GetParam() * kOverlapSessions / kProcesses;
+       k <= (GetParam() + 1) * kOverlapSessions / kProcesses; ++k) {
+    const SessionSound now = heard_in(k, Rules::kNow);
     EXPECT_TRUE(now.stopped) << "session " << k;
     EXPECT_LE(now.dead_air, kDeadAirAllowed + kForEmptyEntry * now.empty_entries) << "session " << k;
     if (now.empty_entries == 0) dead_air = std::max(dead_air, now.dead_air);
     if (k % 2 != 0) continue;  // after several acts the two have other lists
-    const Heard before = heard_in(k, Rules::kWithout);
+    const SessionSound before = heard_in(k, Rules::kWithout);
     without = std::max(without, before.dead_air);
     for (const std::string& song : before.songs) {
       EXPECT_TRUE(now.songs.contains(song)) << "session " << k << ": " << song;
       missed += now.songs.contains(song) ? 0U : 1U;
     }
   }
-  record_fault(std::to_string(kSessions / kParts) + " sessions in which the list is changed while two songs overlap",
-               "dead air at most " + std::to_string(kDeadAirAllowed) + " ms, no song missed",
-               std::to_string(dead_air) + " ms, " + std::to_string(missed) + " missed; without the rules " +
-                   std::to_string(without) + " ms");
+  record_fault(
+      std::to_string(kOverlapSessions / kProcesses) + " sessions in which the list is changed while two songs overlap",
+      "dead air at most " + std::to_string(kDeadAirAllowed) + " ms, no song missed",
+      std::to_string(dead_air) + " ms, " + std::to_string(missed) + " missed; without the rules " +
+          std::to_string(without) + " ms");
 }
 
-INSTANTIATE_TEST_SUITE_P(Sessions, OverlapActs, testing::Range(0U, kParts));
+INSTANTIATE_TEST_SUITE_P(Sessions, OverlapActs, testing::Range(0U, kProcesses));
 
 }  // namespace
 }  // namespace tandem::test

@@ -16,7 +16,7 @@ void print_message(QtMsgType, const QMessageLogContext&, const QString& text) {
 }
 
 // Three screens side by side. The first one is so small that the window's scale is 100 %; the third one is of scale 2.
-constexpr const char* kScreens = R"({"screens": [
+constexpr const char* kScreenList = R"({"screens": [
   {"name": "first", "x": 0, "y": 0, "width": 800, "height": 800, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
   {"name": "second", "x": 800, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
   {"name": "third", "x": 2080, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 2}
@@ -27,7 +27,7 @@ class ApplicationEnvironment : public ::testing::Environment {
   void SetUp() override {
     qInstallMessageHandler(print_message);
     screens_.open();
-    screens_.write(kScreens);
+    screens_.write(kScreenList);
     screens_.close();
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens_.fileName().toUtf8());
     application_ = std::make_unique<QApplication>(count_, arguments_);

@@ -97,6 +97,14 @@ class HouseRules(unittest.TestCase):
                            ('a.svg', '<!-- be' + 'hind -->')):
             self.assertIsNone(house_rules.word_offence(name, line), line)
 
+    def test_names_that_are_compiled_together(self):
+        one = 'namespace {\nconstexpr int kRows = 7;\nusing Sound = int;\nclass Rig {\n};\n}  // namespace\nconst int kFree = 1;\n'
+        other = 'namespace {\nconst QSize kRows(1, 2);\nusing Sound = int;\nvoid f() {\n  constexpr int kIn = 1;\n}\n}  // namespace\n'
+        self.assertEqual(list(house_rules.private_names(one)), [(2, 'kRows'), (4, 'Rig')])
+        self.assertEqual(list(house_rules.private_names(other)), [(2, 'kRows')])
+        self.assertEqual(len(list(house_rules.repeated_names([('src/a/x.cpp', one), ('src/a/y.cpp', other)]))), 1)
+        self.assertEqual(list(house_rules.repeated_names([('src/a/x.cpp', one), ('src/b/y.cpp', other)])), [])
+
     def test_stray_files(self):
         self.assertEqual(house_rules.stray_files(['README.md', 'bus.log', 'src/app/main.cpp']), ['bus.log'])
 

@@ -2,7 +2,7 @@
 """house_rules.py [ROOT]: fails on files that are too long, on stray blanks and line ends, and on unwanted words.
 
 No code file has more than 300 lines. Text files end with one line end, hold no CR, no tab and no blank at a line's end.
-Nothing refers to papers outside this repository: what matters is said where it matters. Comments and documents are in
+Names in anonymous namespaces are unique within a folder, whose files are compiled as one. Nothing refers to papers outside this repository: what matters is said where it matters. Comments and documents are in
 plain English: words of our own that readers stumbled over stay out. Exit status 0, or 1 with one line for each offence.
 """
 import os
@@ -24,6 +24,24 @@ PAPERS = re.compile(r'\b[sS]p' r'ec(ification)?s?\b|\bPart' r' [0-9](\.[0-9])?|\
 CAPTION = re.compile(r'"Sp' r'ec"|\bSp' r'ec(?=, V\.U\.)|\bSp' r'ec(?=[,/|] ?VU)')
 # Say the user, reported, again, no one, after or before, on purpose, Qt.
 WORDS = re.compile(r'\b(hands?|told|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)\b', re.IGNORECASE)
+
+
+# Begins the definition of a constant or a type at the left margin; an alias may stand twice.
+DEFINITION = re.compile(r'(?:constexpr|const)\b[^;(]*?\b(k[A-Z]\w*)(?=[\[{=( ;])|(?:class|struct|enum class) (\w+)')
+
+
+def private_names(text):
+    """The constants and types that a source file defines in its anonymous namespace, each with its line."""
+    private = False
+    for number, line in enumerate(text.split('\n'), 1):
+        if line.startswith('namespace {'):
+            private = True
+        elif line.startswith('}  // namespace'):
+            private = False
+        elif private:
+            found = DEFINITION.match(line)
+            if found:
+                yield number, found[1] or found[2]
 
 
 def word_offence(name, line):
@@ -78,14 +96,28 @@ def stray_files(names):
     return [name for name in names if '/' not in name and name not in ROOT_FILES]
 
 
+def repeated_names(texts):
+    """Offences of source files, given as pairs of name and text."""
+    first = {}
+    for name, text in texts:
+        for number, word in private_names(text):
+            other = first.setdefault((os.path.dirname(name), word), name)
+            if other != name:
+                yield f'{name}:{number}: {other} has a {word} of its own, and both are compiled as one'
+
+
 def offences(root):
     for stray in stray_files(files(root)):
         yield f'{stray}:1: does not belong into the top folder'
+    sources = []
     for relative in filter(is_text, files(root)):
         with open(os.path.join(root, relative), 'rb') as file:
             text = file.read().decode('utf-8')
+        if relative.endswith('.cpp') and relative.startswith(('src/', 'tests/')):
+            sources.append((relative, text))
         for number, wrong in text_offences(relative, text):
             yield f'{relative}:{number}: {wrong}'
+    yield from repeated_names(sources)
 
 
 def main():
