@@ -1,8 +1,6 @@
 #include "widgets/items/label_item.h"
 
 #include <QMouseEvent>
-#include <algorithm>
-#include <cmath>
 
 #include "paint/controls/gain.h"
 #include "paint/controls/gauge.h"
@@ -15,7 +13,7 @@ namespace {
 
 constexpr double kRestSeconds = 0.8;  // before a new caption begins to move
 constexpr int kColumnsPerCell = 6;
-constexpr double kColumnSeconds = LedLabel::ScrollSpeed / 1000.0 / kColumnsPerCell;
+constexpr double kColumnsPerSecond = 1000.0 * kColumnsPerCell / LedLabel::ScrollSpeed;
 
 }  // namespace
 
@@ -50,7 +48,8 @@ LedLabelItem::LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox
     : ClickItem(panel, canvas, place, &label, clickable ? &label.click : nullptr),
       label_(label),
       dark_dots_(dark_dots),
-      shown_(label.Caption) {}
+      shown_(label.Caption),
+      steps_(kRestSeconds, kColumnsPerSecond) {}
 
 int LedLabelItem::ring_columns() const { return led_text_columns(QString::fromStdString(label_.Caption)); }
 
@@ -72,7 +71,7 @@ void LedLabelItem::draw(QPainter& painter) const {
 void LedLabelItem::model_changed() {
   if (label_.Caption.get() != shown_) {
     shown_ = label_.Caption;
-    seconds_ = 0;
+    steps_ = ScrollSteps(kRestSeconds, kColumnsPerSecond);
     column_ = 0;
   }
   changed();
@@ -83,12 +82,9 @@ void LedLabelItem::model_changed() {
 bool LedLabelItem::advance(double seconds) {
   const bool hovering = ClickItem::advance(seconds);
   if (!scrolls() || !isVisible()) return hovering;
-  seconds_ += seconds;
-  const double moved = std::max(0.0, seconds_ - kRestSeconds);
-  const int step = canvas().reduced_motion() ? kColumnsPerCell : 1;
-  const int column = static_cast<int>(std::fmod(std::floor(moved / (kColumnSeconds * step)) * step, ring_columns()));
-  if (column != column_) {
-    column_ = column;
+  const int moved = steps_.advance(seconds, canvas().reduced_motion() ? kColumnsPerCell : 1);
+  if (moved > 0) {
+    column_ = (column_ + moved) % ring_columns();
     canvas().repaint_at_once(drawn_box());
   }
   return true;

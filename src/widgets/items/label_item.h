@@ -8,6 +8,7 @@
 #include "controls/kinds/lamp.h"
 #include "paint/text/led_label.h"
 #include "widgets/items/panel_item.h"
+#include "widgets/items/scroll_steps.h"
 
 namespace tandem {
 
@@ -50,7 +51,7 @@ class LedLabelItem final : public ClickItem {
   LedLabel& label_;
   std::optional<QRgb> dark_dots_;
   std::string shown_;
-  double seconds_ = 0;  // since the caption changed
+  ScrollSteps steps_;
   int column_ = 0;
 };
 
