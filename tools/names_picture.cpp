@@ -10,7 +10,6 @@
 #include <iterator>
 #include <vector>
 
-#include "controls/panel_sizes.h"
 #include "layout/panel_layout.h"
 #include "paint/strokes/palette.h"
 #include "tools/pictures/panel_scene.h"
@@ -69,8 +68,12 @@ void draw_number(QPainter& painter, const QPointF& at, int number) {
 }
 
 QImage panel_with_list(double scale) {
-  tandem::PanelScene scene("full-playlist", scale);
-  scene.controls().Painel.Height = tandem::kBoardHeight;
+  tandem::PanelScene scene("board-open", scale);
+  tandem::PanelControls& c = scene.controls();
+  c.MMPanelX1[0].Visible = false;
+  c.PlayList.Visible = true;
+  for (tandem::Button* key : {&c.UpList, &c.DownList, &c.LoadList, &c.SaveList}) key->Visible = true;
+  c.ShowPlayList.BackColor = tandem::clAqua;
   return scene.picture().convertToFormat(QImage::Format_RGB32);
 }
 

@@ -47,6 +47,11 @@ std::vector<SoundFrame> chord() {
   return sound;
 }
 
+std::vector<SoundFrame> sound_of(Heard heard) {
+  if (heard == Heard::Chord) return chord();
+  return heard == Heard::Music ? band_music(kMusicSeconds) : std::vector<SoundFrame>(44100);
+}
+
 }  // namespace
 
 std::vector<std::string_view> panel_states() {
@@ -73,14 +78,14 @@ PanelScene::PanelScene(std::string_view name, double scale) {
   state.put(parts);
   window_->show();
   window_->show_mix(mix);
-  hear(state.music);
+  hear(state.heard);
   if (state.hovering > 0) hover(state.hovering);
 }
 
 PanelScene::~PanelScene() = default;
 
-void PanelScene::hear(bool music) {
-  const std::vector<SoundFrame> sound = music ? band_music(kMusicSeconds) : chord();
+void PanelScene::hear(Heard heard) {
+  const std::vector<SoundFrame> sound = sound_of(heard);
   for (std::size_t at = 0; at + kFrame <= sound.size(); at += kFrame) {
     window_->visual().feed(std::span(sound).subspan(at, kFrame));
     window_->frame(1.0 / 60);

@@ -1,5 +1,5 @@
 // The panel's own window in a named state, without a program beneath: its controls are put as the panel's logic would
-// put them, its displays have heard a chord, or some made-up music. For pictures and their tests. UI thread; needs a
+// put them, its displays have heard a chord, made-up music or silence. For pictures and their tests. UI thread; needs a
 // QApplication.
 #pragma once
 
@@ -15,6 +15,8 @@
 #include "widgets/window/panel_window.h"
 
 namespace tandem {
+
+enum class Heard;
 
 // The names of the states.
 std::vector<std::string_view> panel_states();
@@ -37,7 +39,7 @@ class PanelScene {
     std::string ask_open() override { return {}; }
     std::string ask_save() override { return {}; }
   };
-  void hear(bool music);
+  void hear(Heard heard);
   void hover(int files);
 
   NoDialog dialog_;

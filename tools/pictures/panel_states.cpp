@@ -6,6 +6,7 @@
 
 #include "controls/panel_groups.h"
 #include "controls/panel_sizes.h"
+#include "shaping/analyser_board.h"
 
 namespace tandem {
 
@@ -133,6 +134,8 @@ void put_board_open(PanelStateParts& p) {
   put_full_equalizer(p);
   p.controls.Painel.Height = kBoardHeight;
   p.controls.ShowControls.BackColor = clLime;
+  p.controls.MMLEDX6.LEDColor = clOlive;
+  AnalyserBoard(p.controls, p.sound).click_default();
 }
 
 void put_compact(PanelStateParts& p) {
@@ -232,12 +235,12 @@ const std::vector<NamedState>& named_states() {
                                                   {"board-open", put_board_open},
                                                   {"compact", put_compact, true},
                                                   {"pitch-mode", put_pitch_mode},
-                                                  {"stopped", put_stopped},
+                                                  {"stopped", put_stopped, false, 0, Heard::Silence},
                                                   {"next-disabled", put_next_disabled},
                                                   {"mix", put_mix},
-                                                  {"factory", put_factory, false, 0, true},
-                                                  {"factory-board", put_factory_board, false, 0, true},
-                                                  {"list-empty", put_list_empty},
+                                                  {"factory", put_factory, false, 0, Heard::Music},
+                                                  {"factory-board", put_factory_board, false, 0, Heard::Music},
+                                                  {"list-empty", put_list_empty, false, 0, Heard::Silence},
                                                   {"list-drop", put_base, false, 3}};
   return kStates;
 }

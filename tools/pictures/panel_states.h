@@ -17,12 +17,14 @@ struct PanelStateParts {
   MixView& mix;
 };
 
+enum class Heard { Chord, Music, Silence };  // by the displays
+
 struct NamedState {
   std::string_view name;
   void (*put)(PanelStateParts& parts);
   bool shadow = false;  // where the desktop composites windows
   int hovering = 0;     // files over the window
-  bool music = false;   // heard by the displays; else a chord
+  Heard heard = Heard::Chord;
 };
 
 const std::vector<NamedState>& named_states();
