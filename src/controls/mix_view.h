@@ -25,6 +25,7 @@ struct MixView {
   std::int64_t left = 0;                // of the counted song and those after it, milliseconds
   int songs_left = 0;                   // with the counted one
   bool paused = false;                  // the songs hold where they are
+  bool skipped = false;                 // the counted song fades out and ends before its end
   bool operator==(const MixView&) const = default;
 };
 

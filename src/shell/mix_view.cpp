@@ -75,6 +75,7 @@ MixView mix_view(const Program& program) {
   view.other = song_on(program, state.idle_deck(), current);
   if (view.counted) view.mix_at = mix_point(program, *view.counted);
   view.paused = is_paused(program.controls);
+  view.skipped = view.counted && view.other && !program.controls.NextBtn.Enabled;
   add_lengths(program, view);
   add_rest(view);
   return view;

@@ -53,6 +53,7 @@ TEST_F(MixViewTest, InAnOverlapTheCounterStaysWithTheOutgoingSong) {
   rig_.run(300);
   const MixView view = look();
   ASSERT_TRUE(view.counted && view.other);
+  EXPECT_FALSE(view.skipped) << "ends by itself";
   EXPECT_EQ(view.counted->line, 0);
   EXPECT_EQ(view.other->line, 1);
   EXPECT_NEAR(view.other->position, 300, 50);
@@ -60,6 +61,17 @@ TEST_F(MixViewTest, InAnOverlapTheCounterStaysWithTheOutgoingSong) {
   rig_.run(kViewLead);
   EXPECT_FALSE(look().other);
   EXPECT_EQ(look().counted->line, 1);
+}
+
+TEST_F(MixViewTest, ASkippedSongFadesOut) {
+  rig_.play();
+  rig_.run(500);
+  EXPECT_FALSE(look().skipped);
+  rig_.next();
+  ASSERT_TRUE(rig_.run_until([this] { return look().other.has_value(); }, 1000));
+  EXPECT_TRUE(look().skipped);
+  ASSERT_TRUE(rig_.run_until([this] { return !look().other; }, 5000));
+  EXPECT_FALSE(look().skipped);
 }
 
 TEST_F(MixViewTest, PauseHoldsWhatSounds) {

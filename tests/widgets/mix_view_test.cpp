@@ -77,6 +77,14 @@ TEST_F(ShownMix, WithTwoSongsThePositionSaysWhichEndsAndWhichBegan) {
   EXPECT_EQ(said_of_line(1), "overlapping, 3:00");
 }
 
+TEST_F(ShownMix, ASkippedSongFadesOutWithoutASecondThatItDoesNotReach) {
+  MixView skipped = two_songs();
+  skipped.counted->position = 60000;
+  skipped.skipped = true;
+  rig.window->show_mix(skipped);
+  EXPECT_EQ(said("Slider1"), "Mixing: a.mp3 fades out, b.mp3");
+}
+
 TEST_F(ShownMix, AScreenReaderLearnsThatAnOverlapBeginsAndEnds) {
   const AccessibilityHandler before = set_accessibility_handler(count_descriptions);
   rig.window->show_mix(one_song());

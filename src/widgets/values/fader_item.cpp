@@ -15,12 +15,17 @@ namespace {
 
 constexpr double kSecond = 1000;  // milliseconds
 
-QString mixing_text(const SoundingSong& ending, const SoundingSong& begun) {
-  const int left = (std::max(0, ending.length - ending.position) + 999) / 1000;
-  return QStringLiteral("Mixing: %1 ends in %2 s, %3")
-      .arg(QString::fromStdString(ending.name))
-      .arg(left)
-      .arg(QString::fromStdString(begun.name));
+QString end_in_words(const MixView& view) {
+  if (view.skipped) return QStringLiteral("fades out");
+  const int left = (std::max(0, view.counted->length - view.counted->position) + 999) / 1000;
+  return QStringLiteral("ends in %1 s").arg(left);
+}
+
+// Empty where no two songs sound.
+QString mixing_text(const MixView& view) {
+  if (!view.counted || !view.other) return {};
+  return QStringLiteral("Mixing: %1 %2, %3")
+      .arg(QString::fromStdString(view.counted->name), end_in_words(view), QString::fromStdString(view.other->name));
 }
 
 }  // namespace
@@ -189,7 +194,7 @@ void PositionItem::show_mix(const MixView& view) {
   std::optional<double> second;
   if (view.other) second = share_of(view.other->position, view.other->length);
   const bool mixed = !mixing_.isEmpty();
-  mixing_ = view.counted && view.other ? mixing_text(*view.counted, *view.other) : QString();
+  mixing_ = mixing_text(view);
   if (mixed == mixing_.isEmpty()) canvas().description_changed(*this);
   next_ = view.mix_at ? QStringLiteral(", next song at ") + minutes_and_seconds(*view.mix_at) : QString();
   if (mark == mark_ && second == second_) return;
