@@ -65,6 +65,8 @@ TEST_F(Drop, SaysHowManyThereAre) {
   EXPECT_EQ(names_in_words({"/a.mp3", "/b.WAV", "/c.mp3"}).toStdString(), "3 songs");
   EXPECT_EQ(names_in_words({"/evening.m3l"}).toStdString(), "1 playlist");
   EXPECT_EQ(names_in_words({"/a.mp3", "/b.m3l", "/c.m3l"}).toStdString(), "1 song, 2 playlists");
+  EXPECT_EQ(names_in_words({"/a.mp3", "/music"}).toStdString(), "1 song, 1 folder");
+  EXPECT_EQ(names_in_words({"/music", "/b.m3l", "/cover.jpg"}).toStdString(), "1 playlist, 2 folders or files");
   EXPECT_EQ(names_in_words({"/music"}).toStdString(), "1 folder");
   EXPECT_EQ(names_in_words({"/my.music/", "/b.side/Evening"}).toStdString(), "2 folders or files");
   EXPECT_EQ(names_in_words({"/b.side/Evening/", "/Night"}).toStdString(), "2 folders");

@@ -35,9 +35,11 @@ QString names_in_words(const std::vector<std::string>& paths) {
   QStringList words;
   add(words, songs, QStringLiteral("song"));
   add(words, lists, QStringLiteral("playlist"));
-  const bool folders = std::all_of(paths.begin(), paths.end(), looks_like_a_folder);
+  const auto is_other = [](const std::string& path) { return !ends_as_song(path) && !ends_as_list(path); };
+  const bool folders = std::all_of(paths.begin(), paths.end(),
+                                   [&](const auto& path) { return !is_other(path) || looks_like_a_folder(path); });
   const auto one = folders ? QStringLiteral("folder") : QStringLiteral("folder or file");
-  if (words.isEmpty()) add(words, static_cast<qsizetype>(paths.size()), one);
+  add(words, std::count_if(paths.begin(), paths.end(), is_other), one);
   return words.join(QStringLiteral(", ")).replace("folder or files", "folders or files");
 }
 
