@@ -1,5 +1,6 @@
 #include "app/player.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QMessageBox>
 #include <algorithm>
@@ -139,10 +140,11 @@ std::optional<TimerQueue::Milliseconds> Player::work(Milliseconds now) {
   return next;
 }
 
-// Nothing is drawn while it could not be seen; what comes to rest is looked at again at the panel's next tick.
+// Nothing is drawn while it could not be seen; what comes to rest is looked at again at the panel's next tick. A screen
+// reader reads a covered window too.
 std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
+  if (window_->exposed() || QAccessible::isActive()) show_mix(now);
   if (!window_->exposed()) return std::nullopt;
-  show_mix(now);
   const Milliseconds before = frames_.last();
   if (frames_.take(now, window_->attended() ? kAttendedFrame : kUnattendedFrame)) {
     window_->visual().feed(pump_.take(output_.frames_played()));

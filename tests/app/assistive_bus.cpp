@@ -86,13 +86,13 @@ std::string AssistiveBus::text(const Place& place, const char* method, const cha
   return string_in(ask(bus_.get(), place.owner, place.path, interface, method));
 }
 
-std::string AssistiveBus::name(const Place& place) const {
-  char* name = nullptr;
-  if (sd_bus_get_property_string(bus_.get(), place.owner.c_str(), place.path.c_str(), kAccessible, "Name", nullptr,
-                                 &name) < 0)
+std::string AssistiveBus::property(const Place& place, const char* name) const {
+  char* value = nullptr;
+  if (sd_bus_get_property_string(bus_.get(), place.owner.c_str(), place.path.c_str(), kAccessible, name, nullptr,
+                                 &value) < 0)
     return "";
-  const std::unique_ptr<char, decltype(&std::free)> kept(name, &std::free);
-  return name;
+  const std::unique_ptr<char, decltype(&std::free)> kept(value, &std::free);
+  return value;
 }
 
 AssistiveObject AssistiveBus::look_at(const Place& place) const {
@@ -161,6 +161,10 @@ std::optional<AssistiveObject> AssistiveBus::object(const std::string& name, con
   return std::nullopt;
 }
 
+std::string AssistiveBus::description(const AssistiveObject& object) const {
+  return property({program_.owner, object.path}, "Description");
+}
+
 bool AssistiveBus::act(const AssistiveObject& object, const std::string& action) const {
   const auto found = std::find(object.actions.begin(), object.actions.end(), action);
   if (found == object.actions.end()) return false;
@@ -192,7 +196,7 @@ void AssistiveBus::listen(const std::string& event) {
     throw std::runtime_error("nobody says " + event);
 }
 
-const std::vector<std::string>& AssistiveBus::frames_played() {
+const std::vector<std::string>& AssistiveBus::heard() {
   while (sd_bus_process(bus_.get(), nullptr) > 0) {
   }
   return heard_;

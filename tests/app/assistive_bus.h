@@ -39,12 +39,13 @@ class AssistiveBus {
   std::vector<AssistiveObject> objects() const;  // of the program, parents before their children
   std::optional<AssistiveObject> object(const std::string& name, const std::string& role) const;
 
+  std::string description(const AssistiveObject& object) const;
   bool act(const AssistiveObject& object, const std::string& action) const;
   bool set_value(const AssistiveObject& object, double value) const;
 
   void listen(const std::string& event);  // as "object:children-changed"
   // What has been said since: the object's path, then as "ChildrenChanged add".
-  const std::vector<std::string>& frames_played();
+  const std::vector<std::string>& heard();
 
  private:
   struct Unref {
@@ -56,7 +57,8 @@ class AssistiveBus {
   };
   std::vector<Place> children(const Place& place) const;
   std::string text(const Place& place, const char* method, const char* interface) const;
-  std::string name(const Place& place) const;
+  std::string property(const Place& place, const char* name) const;
+  std::string name(const Place& place) const { return property(place, "Name"); }
   AssistiveObject look_at(const Place& place) const;
   void collect(const Place& place, std::vector<AssistiveObject>& all) const;
   bool look_for(const std::string& program);

@@ -78,7 +78,7 @@ TEST_F(AssistiveProgram, ItsListIsFollowed) {
   const std::string list = object("Playlist", "list").path;
   const auto is_told = [this, &list](const std::string& what) {
     return wait_until([&] {
-      const std::vector<std::string>& heard = bus->frames_played();
+      const std::vector<std::string>& heard = bus->heard();
       return std::find(heard.begin(), heard.end(), list + " ChildrenChanged " + what) != heard.end();
     });
   };
@@ -88,6 +88,14 @@ TEST_F(AssistiveProgram, ItsListIsFollowed) {
   player->double_click(400, 125);  // on the line
   EXPECT_TRUE(is_told("remove"));
   EXPECT_FALSE(bus->object(line.name, line.role).has_value());
+}
+
+TEST_F(AssistiveProgram, SaysWhatPlaysWhileItsWindowIsMinimized) {
+  add_song();
+  ASSERT_TRUE(press("Minimise"));
+  ASSERT_TRUE(press("Play"));
+  EXPECT_TRUE(wait_until(
+      [this] { return bus->description(object("01 - " + player->file("one.wav"), "list item")) == "playing, 0:20"; }));
 }
 
 TEST_F(AssistiveProgram, IsPlayed) {
