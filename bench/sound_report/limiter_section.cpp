@@ -195,6 +195,7 @@ void report_limiter() {
       print_mp3(name.c_str(), source, 128);
       print_mp3(name.c_str(), source, 320);
     }
+    print_mp3("master 4", master(1, 1.15), 128);
   }
   for (const std::vector<double>& tones : {std::vector{1000.0, 1000.0}, {50.0, 1000.0}, {997.0, 1503.0}})
     print_tones(tones, 1.0);

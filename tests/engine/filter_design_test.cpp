@@ -48,6 +48,7 @@ std::vector<Gains> many_gains() {
       even_gains(12), even_gains(-12), alternating_gains(12), alternating_gains(-12), alternating_gains(6),
       smile(),        notch()};
   for (std::size_t i = 0; i < 15; ++i) sets.emplace_back()[i] = i % 2 == 0 ? 12 : -12;
+  for (const double g : {12.0, -12.0}) sets.push_back({-g, g, -g, -g, -g, -g, -g, -g, -g});  // delayed most
   std::mt19937 random(7);
   std::uniform_int_distribution<int> gain(-12, 12);
   for (int set = 0; set < 12; ++set) {

@@ -23,15 +23,15 @@ constexpr double kRate = kSampleRate / 16.0;
 constexpr double kBinSpacing = kRate / kPoints;  // Hz between two bins
 constexpr double kBlendFrom = 1000.0;            // Hz: from here on the new curve passes into the old one
 constexpr float kUntouched = 13.0F;              // ms: a curve that delays less stays as it is
-constexpr float kLimit = 14.2F;                  // ms
+constexpr float kLimit = 14.0F;                  // ms
 constexpr float kAccepted = 1.02F;               // of the limit
 constexpr float kOverRelaxation = 1.8F;          // how far beyond the limit's edge a step goes, 1: just there
 constexpr double kCepstrumFades = 36.0;          // ms
 constexpr double kCepstrumEnds = 43.0;           // ms
-constexpr float kTolerance = 0.4F;               // dB at a centre
-constexpr float kSlopeTolerance = 0.35F;         // dB between a band's two centres and the point between them
-constexpr int kPatience = 100;                   // rounds after which the limit gives way by 1 % each
-constexpr int kMostRounds = 150;
+constexpr float kTolerance = 0.47F;              // dB at a centre
+constexpr float kSlopeTolerance = 0.45F;         // dB between a band's two centres and the point between them
+constexpr int kPatience = 100;                   // rounds after which the limit gives way by 0.3 % each
+constexpr int kMostRounds = 190;
 
 // ms for one dB c(n) n
 float delay_of_decibel(double rate) { return static_cast<float>(std::numbers::ln10 / 20.0 * 1000.0 / rate); }
@@ -117,7 +117,7 @@ class Rounding {
     for (int round = 0; round < kMostRounds; ++round) {
       const Values now = delays();
       if (round > 0 && magnitude(now) <= limit * kAccepted && greatest_miss() <= kTolerance) return;
-      if (round >= kPatience) limit *= 1.01F;
+      if (round >= kPatience) limit *= 1.003F;
       limit_delays(now, limit);
       end_cepstrum();
       pass_centres();
