@@ -81,12 +81,12 @@ TEST(Quantizer16, TheNoiseIsThatOfTriangularDither) {
   EXPECT_NEAR(mean / count, 0.0, 0.01);
 }
 
-TEST(Quantizer16, SilenceIsZeroAndExactSoundExactAgainAfter10Milliseconds) {
+TEST(Quantizer16, SilenceIsZeroAndExactSoundExactAgainAfterAMillisecond) {
   Sound sound = sine(997.0, -30.0);
   std::fill(sound.begin() + 1000, sound.begin() + 2000, StereoFrame{});
   for (std::size_t n = 2000; n < 3000; ++n) sound[n] = {static_cast<float>(n) / 32768.0F, -0.5F};
   const auto samples = in_16_bits(sound);
-  for (std::size_t n = 1000 + kSampleRate / 100; n < 2000; ++n) ASSERT_EQ(samples[n], Sample16{});
+  for (std::size_t n = 1000 + kSampleRate / 1000 + 1; n < 2000; ++n) ASSERT_EQ(samples[n], Sample16{});
   for (std::size_t n = 2000; n < 3000; ++n) ASSERT_EQ(samples[n], (Sample16{static_cast<std::int16_t>(n), -16384}));
 }
 

@@ -113,6 +113,24 @@ TEST_F(DeviceFeedTest, TheEndHasAllOfTheSoundAndNoMore) {
   }
 }
 
+// A steady level, so that what is heard of it, in frames of the ring, is its sum.
+TEST_F(DeviceFeedTest, AChangeOfRateLosesNoFrame) {
+  constexpr std::size_t kAll = 40000;
+  constexpr std::size_t kChange = 17001;
+  write(std::vector<StereoFrame>(kAll, {0.25F, -0.25F}));
+  double heard = 0;
+  const auto hear = [&](int rate, std::uint64_t up_to) {
+    open(SampleEncoding::kFloat32, rate);
+    std::vector<StereoFrame> out(1000);
+    while (const std::size_t count = feed_->read_end(out.data(), out.size(), up_to))
+      for (std::size_t n = 0; n < count; ++n) heard += double{out[n].left} / 0.25 * kSampleRate / rate;
+  };
+  hear(48000, kChange);
+  EXPECT_NEAR(heard, kChange, 0.5);
+  hear(96000, kAll);
+  EXPECT_NEAR(heard, kAll, 1.0);
+}
+
 TEST_F(DeviceFeedTest, AnEndBeforeTheRingsLeavesTheRest) {
   open(SampleEncoding::kFloat32, 48000);
   write_ramp(10000);

@@ -22,7 +22,7 @@ namespace tandem {
 class RateConverter {
  public:
   // Not more frames are taken whose sound is still to come: 5.8 ms; 9.1 ms at 192 kHz, which takes libsoxr a stage
-  // more.
+  // more. For rates from 44.1 kHz up.
   static constexpr std::size_t most_held(int device_rate) noexcept { return device_rate == 192000 ? 400 : 256; }
 
   // Throws std::runtime_error if soxr refuses the rate or has no memory.
