@@ -22,7 +22,7 @@
 
 namespace {
 
-struct Wishes {
+struct Options {
   bool hidden = false;
   bool equalizer = false;
   int display = 0;
@@ -34,45 +34,45 @@ struct Wishes {
   std::vector<std::string> songs;
 };
 
-Wishes read_wishes(int argc, char** argv) {
-  Wishes wishes;
+Options read_options(int argc, char** argv) {
+  Options options;
   for (int i = 1; i < argc; ++i) {
     const std::string_view word = argv[i];
     const auto number = [&] { return i + 1 < argc ? std::atoi(argv[++i]) : 0; };
     if (word == "--hidden") {
-      wishes.hidden = true;
+      options.hidden = true;
     } else if (word == "--equalizer") {
-      wishes.equalizer = true;
+      options.equalizer = true;
     } else if (word == "--display") {
-      wishes.display = number();
+      options.display = number();
     } else if (word == "--pitch") {
-      wishes.pitch = number();
+      options.pitch = number();
     } else if (word == "--buffer") {
-      wishes.buffer = number();
+      options.buffer = number();
     } else if (word == "--record") {
-      wishes.record = true;
+      options.record = true;
     } else if (word == "--factory") {
-      wishes.factory = true;
+      options.factory = true;
     } else if (word == "--seconds") {
-      wishes.seconds = number();
+      options.seconds = number();
     } else if (word != "--play") {
-      wishes.songs.emplace_back(word);
+      options.songs.emplace_back(word);
     }
   }
-  return wishes;
+  return options;
 }
 
-void press_controls(tandem::Player& player, const Wishes& wishes) {
+void press_controls(tandem::Player& player, const Options& options) {
   tandem::PanelControls& controls = player.program().controls;
-  for (const std::string& songs : tandem::dialog_results(wishes.songs)) controls.Painel.files_dropped.raise(songs);
-  if (wishes.buffer != 0) controls.BufferSwitch.move(wishes.buffer);
-  if (wishes.equalizer)
+  for (const std::string& songs : tandem::dialog_results(options.songs)) controls.Painel.files_dropped.raise(songs);
+  if (options.buffer != 0) controls.BufferSwitch.move(options.buffer);
+  if (options.equalizer)
     for (std::size_t band = 0; band < tandem::kBands; ++band) controls.sl0[band].move(band % 2 == 0 ? 3 : -2);
-  controls.MMSwitchX1.move(wishes.display);
-  if (!wishes.factory) controls.MMLEDX6.click.raise();  // the analyser's default settings
-  controls.MMSwitchX1.move(wishes.display);
+  controls.MMSwitchX1.move(options.display);
+  if (!options.factory) controls.MMLEDX6.click.raise();  // the analyser's default settings
+  controls.MMSwitchX1.move(options.display);
   controls.PLAY.click.raise();
-  if (wishes.pitch != 0) controls.SliderP.move(wishes.pitch);
+  if (options.pitch != 0) controls.SliderP.move(options.pitch);
   player.engine().deliver();
 }
 
@@ -101,26 +101,26 @@ void print_usage(const rusage& before, int seconds) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const Wishes wishes = read_wishes(argc, argv);
+  const Options options = read_options(argc, argv);
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
   tandem::Player player;
-  press_controls(player, wishes);  // as soon as there is a panel: players given songs as arguments start as early
-  int own_words = 1;               // Qt would take some of our words for its own
+  press_controls(player, options);  // as soon as there is a panel: players given songs as arguments start as early
+  int own_words = 1;                // Qt would take some of our words for its own
   QApplication application(own_words, argv);
   player.show();
   const tandem::CloseSignals close_signals([&player] { player.close(); });
-  if (wishes.hidden) QTimer::singleShot(0, [&] { player.window().hide(); });
+  if (options.hidden) QTimer::singleShot(0, [&] { player.window().hide(); });
   rusage before{};
   constexpr int kSettle = 6000;  // milliseconds that do not count
-  if (wishes.seconds > 0) {
+  if (options.seconds > 0) {
     QTimer::singleShot(kSettle, [&before] { getrusage(RUSAGE_SELF, &before); });
-    QTimer::singleShot(kSettle + 1000 * wishes.seconds, [&] {
-      print_usage(before, wishes.seconds);
+    QTimer::singleShot(kSettle + 1000 * options.seconds, [&] {
+      print_usage(before, options.seconds);
       player.close();
     });
   }
   const int status = QApplication::exec();
-  if (wishes.record) print_underruns(player.engine().flight_recorder());
+  if (options.record) print_underruns(player.engine().flight_recorder());
   player.leave_desktop();
   return status;
 }

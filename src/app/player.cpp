@@ -38,10 +38,10 @@ void show_message(const std::string& text) {
 
 Player::Player()
     : output_(ring_),
-      engine_(output_, ring_, Engine::Threads{step_clock_, [this] { bell_.ring(); }}),
+      engine_(output_, ring_, Engine::Threads{step_clock_, [this] { wakeup_.ring(); }}),
       program_([this](TimerQueue& timers) { return make_graph(timers); }, environment()),
       pump_(engine_.display_feed()),
-      intake_(program_, engine_.measured_songs(), {[this] { bell_.ring(); }, show_message}) {
+      intake_(program_, engine_.measured_songs(), {[this] { wakeup_.ring(); }, show_message}) {
   dialog_.fit = [this](std::vector<std::string> paths) { return intake_.that_fit(std::move(paths)); };
   dialog_.prepare = [this](const std::string& result) {
     if (dialog_.asks_for_lists()) return intake_.prepare(result, IntakeJob::Kind::List);
@@ -86,7 +86,7 @@ void Player::show() {
   shown_ = clock_->now();
   watch_window();
   input_watch_ = std::make_unique<UserInputWatch>([this] { user_moves(); });
-  bell_.answer([this] { clock_->reschedule(); });
+  wakeup_.answer([this] { clock_->reschedule(); });
   clock_->reschedule();
 }
 
@@ -196,7 +196,7 @@ void Player::save_at_exit() {
 
 void Player::leave_desktop() {
   close();
-  bell_.answer(nullptr);
+  wakeup_.answer(nullptr);
   input_watch_.reset();
   clock_.reset();
   dialog_.leave_desktop();

@@ -73,7 +73,7 @@ class Player {
 
   OutputRing ring_;
   RealStepClock step_clock_;
-  UiWakeup bell_;
+  UiWakeup wakeup_;
   DeviceOutput output_;
   Engine engine_;
   QtFileDialog dialog_;

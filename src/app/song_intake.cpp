@@ -14,6 +14,8 @@ constexpr SongIntake::Milliseconds kNoProgress = 500;  // what takes no longer s
 constexpr SongIntake::Milliseconds kProgress = 100;    // between two looks at the progress
 constexpr int kProgramEnds = -1;                       // what an event loop returns that is not begun any more
 
+std::string full_list() { return "The list holds " + std::to_string(SongEntries::kLastSong) + " songs. "; }
+
 }  // namespace
 
 SongIntake::SongIntake(Program& program, std::shared_ptr<MeasuredSongs> songs, Hooks hooks)
@@ -30,7 +32,7 @@ std::vector<std::string> SongIntake::that_fit(std::vector<std::string> paths) co
   const std::size_t chosen = paths.size();
   paths = tandem::that_fit(std::move(paths), room());
   if (paths.size() < chosen)
-    hooks_.say("The list holds 200 songs. " + std::to_string(chosen - paths.size()) + " of " + std::to_string(chosen) +
+    hooks_.say(full_list() + std::to_string(chosen - paths.size()) + " of " + std::to_string(chosen) +
                " were not added.");
   return paths;
 }
@@ -74,7 +76,7 @@ void SongIntake::add(const Dropped& found) {
   const std::size_t fit = std::min(found.songs.size(), room());
   for (std::size_t i = 0; i < fit; ++i) window.files_dropped.raise(found.songs[i]);
   if (found.more || fit < found.songs.size())
-    hooks_.say("The list holds 200 songs. " + std::to_string(fit) + " were added, the others were not.");
+    hooks_.say(full_list() + std::to_string(fit) + " were added, the others were not.");
 }
 
 std::optional<SongIntake::Milliseconds> SongIntake::look(Milliseconds now) {

@@ -60,15 +60,15 @@ void MprisPlayer::update(std::int64_t now) {
       (shown_.motion == Motion::Stopped || now_shown.song != shown_.song || now_shown.deck != shown_.deck);
   if (began) ++songs_begun_;
   std::swap(shown_, now_shown);
-  tell_changes(now_shown);
-  if (!began) tell_jumps(now_shown, now);
+  signal_changes(now_shown);
+  if (!began) signal_jumps(now_shown, now);
   position_ = remote_.position();
   looked_ = now;
   seeks_ = remote_.seeks();
 }
 
 // A property whose value is asked for is read then, so it only needs to be named here.
-void MprisPlayer::tell_changes(const Face& before) {
+void MprisPlayer::signal_changes(const Face& before) {
   std::array<const char*, 9> names{};
   std::size_t count = 0;
   const auto name_if = [&](bool changed, const char* name) {
@@ -89,20 +89,20 @@ void MprisPlayer::tell_changes(const Face& before) {
   sd_bus_emit_properties_changed_strv(bus_, kMprisObject, kPlayerInterface, list.data());
 }
 
-void MprisPlayer::tell_jumps(const Face& before, std::int64_t now) {
+void MprisPlayer::signal_jumps(const Face& before, std::int64_t now) {
   if (shown_.motion == Motion::Stopped || before.motion == Motion::Stopped) return;
   const bool sought = remote_.seeks() != seeks_;
   const std::int64_t way = before.motion == Motion::Playing ? now - looked_ : 0;
   const bool jumped = std::abs(remote_.position() - (position_ + way)) > kJump;
-  if (sought || jumped) tell_position();
+  if (sought || jumped) signal_position();
 }
 
-void MprisPlayer::tell_position() const {
+void MprisPlayer::signal_position() const {
   sd_bus_emit_signal(bus_, kMprisObject, kPlayerInterface, "Seeked", "x", remote_.position() * kMicroseconds);
 }
 
-void MprisPlayer::tell_seek() {
-  tell_position();
+void MprisPlayer::signal_seek() {
+  signal_position();
   position_ = remote_.position();
   seeks_ = remote_.seeks();
 }
@@ -159,7 +159,7 @@ int MprisPlayer::seek(sd_bus_message* call) {
   if (remote_.can_seek() && wanted > remote_.length()) {
     remote_.next();
   } else if (remote_.seek_to(std::max<std::int64_t>(wanted, 0))) {
-    tell_seek();
+    signal_seek();
   }
   return sd_bus_reply_method_return(call, nullptr);
 }
@@ -172,7 +172,7 @@ int MprisPlayer::set_position(sd_bus_message* call) {
   const std::int64_t milliseconds = wanted / kMicroseconds;
   if (remote_.can_seek() && track() == meant && wanted >= 0 && milliseconds <= remote_.length() &&
       remote_.seek_to(milliseconds))
-    tell_seek();
+    signal_seek();
   return sd_bus_reply_method_return(call, nullptr);
 }
 

@@ -47,10 +47,10 @@ class MprisPlayer {
   };
 
   Face face() const;
-  void tell_changes(const Face& now_shown);
-  void tell_jumps(const Face& now_shown, std::int64_t now);
-  void tell_position() const;
-  void tell_seek();  // that was asked for by a call
+  void signal_changes(const Face& now_shown);
+  void signal_jumps(const Face& now_shown, std::int64_t now);
+  void signal_position() const;
+  void signal_seek();  // that was asked for by a call
   int append_metadata(sd_bus_message* reply) const;
   std::string track() const;  // an object path, another for each song that begins
   int answer(sd_bus_message* call);

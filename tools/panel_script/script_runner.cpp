@@ -52,16 +52,16 @@ void ScriptRunner::add_commands() {
 }
 
 void ScriptRunner::add_moves() {
-  const PanelMoves& hand = names_.moves();
-  commands_["click"] = {2, [&hand](const Words& words) { hand.click(words[1]); }};
-  commands_["press"] = {2, [&hand](const Words& words) { hand.press(words[1]); }};
-  commands_["release"] = {2, [&hand](const Words& words) { hand.release(words[1]); }};
-  commands_["select"] = {3, [&hand](const Words& words) { hand.select(words[1], number(words[2])); }};
-  commands_["dblclick"] = {3, [&hand](const Words& words) { hand.double_click(words[1], number(words[2])); }};
-  commands_["move"] = {3, [&hand](const Words& words) { hand.move(words[1], number(words[2])); }};
-  commands_["drag"] = {3, [&hand](const Words& words) { hand.drag(words[1], numbers(words, 2)); }};
-  commands_["up"] = {2, [&hand](const Words& words) { hand.up(words[1]); }};
-  commands_["down"] = {2, [&hand](const Words& words) { hand.down(words[1]); }};
+  const PanelMoves& moves = names_.moves();
+  commands_["click"] = {2, [&moves](const Words& words) { moves.click(words[1]); }};
+  commands_["press"] = {2, [&moves](const Words& words) { moves.press(words[1]); }};
+  commands_["release"] = {2, [&moves](const Words& words) { moves.release(words[1]); }};
+  commands_["select"] = {3, [&moves](const Words& words) { moves.select(words[1], number(words[2])); }};
+  commands_["dblclick"] = {3, [&moves](const Words& words) { moves.double_click(words[1], number(words[2])); }};
+  commands_["move"] = {3, [&moves](const Words& words) { moves.move(words[1], number(words[2])); }};
+  commands_["drag"] = {3, [&moves](const Words& words) { moves.drag(words[1], numbers(words, 2)); }};
+  commands_["up"] = {2, [&moves](const Words& words) { moves.up(words[1]); }};
+  commands_["down"] = {2, [&moves](const Words& words) { moves.down(words[1]); }};
 }
 
 void ScriptRunner::run_line(const std::string& line) {

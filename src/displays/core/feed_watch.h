@@ -5,18 +5,18 @@ namespace tandem {
 
 class FeedWatch {
  public:
-  enum class News { Fresh, Waiting, Gone };
+  enum class State { Fresh, Waiting, Gone };
 
   void fed() noexcept { fresh_ = true; }
 
   // Fresh: there was sound since the last call. Waiting: none yet, what was shown still stands.
   // Gone: none for 50 ms; silence.
-  News advance(double seconds) noexcept {
+  State advance(double seconds) noexcept {
     waited_ = fresh_ ? 0.0 : waited_ + seconds;
     const bool fresh = fresh_;
     fresh_ = false;
-    if (fresh) return News::Fresh;
-    return waited_ < kPatience ? News::Waiting : News::Gone;
+    if (fresh) return State::Fresh;
+    return waited_ < kPatience ? State::Waiting : State::Gone;
   }
 
  private:

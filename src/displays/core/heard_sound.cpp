@@ -17,8 +17,8 @@ void HeardSound::feed(std::span<const SoundFrame> frames) noexcept {
 }
 
 bool HeardSound::advance(double seconds) noexcept {
-  const FeedWatch::News news = watch_.advance(seconds);
-  if (news != FeedWatch::News::Gone || silent(ring_.size())) return news == FeedWatch::News::Fresh;
+  const FeedWatch::State state = watch_.advance(seconds);
+  if (state != FeedWatch::State::Gone || silent(ring_.size())) return state == FeedWatch::State::Fresh;
   clear();
   return true;
 }

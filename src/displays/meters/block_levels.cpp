@@ -45,7 +45,7 @@ bool BlockLevels::silent() const noexcept {
 std::span<const BlockLevel> BlockLevels::advance(double seconds) noexcept {
   if (taken_) count_ = 0;
   taken_ = true;
-  if (watch_.advance(seconds) == FeedWatch::News::Gone) {
+  if (watch_.advance(seconds) == FeedWatch::State::Gone) {
     under_way_ = {};
     filled_ = 0;
     blocks_[0] = {};

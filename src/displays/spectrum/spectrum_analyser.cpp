@@ -121,7 +121,7 @@ bool SpectrumAnalyser::resting() const { return still_ && !changed_ && bands_.si
 
 bool SpectrumAnalyser::pass(double seconds) {
   if (resting()) return false;
-  if (watch_.advance(seconds) == FeedWatch::News::Gone) fall_silent();
+  if (watch_.advance(seconds) == FeedWatch::State::Gone) fall_silent();
   if (bands_.take(powers_) || changed_) listen(seconds);
   const bool moved = move(seconds);
   still_ = all_dark();

@@ -11,13 +11,13 @@ class RenderGuard {
   using Watcher = void (*)(bool inside);
   static inline std::atomic<Watcher> watcher{nullptr};
 
-  RenderGuard() noexcept { tell(true); }
-  ~RenderGuard() { tell(false); }
+  RenderGuard() noexcept { notify(true); }
+  ~RenderGuard() { notify(false); }
   RenderGuard(const RenderGuard&) = delete;
   RenderGuard& operator=(const RenderGuard&) = delete;
 
  private:
-  static void tell(bool inside) noexcept {
+  static void notify(bool inside) noexcept {
     if (const Watcher watch = watcher.load(std::memory_order_relaxed)) watch(inside);
   }
 };

@@ -26,7 +26,7 @@ class Deck {
   Deck(const Deck&) = delete;
   Deck& operator=(const Deck&) = delete;
 
-  // Orders.
+  // What the commands ask for.
   void begin_song(const RenderCommand& command) noexcept;
   void change_feed(SongFeed& feed) noexcept { feed_ = &feed; }  // which brings the song that has not begun
   void mute(std::uint32_t epoch) noexcept;
