@@ -62,7 +62,6 @@ int play(int argc, char** argv) {
   QApplication::setPalette(tandem::panel_palette());
   QToolTip::setPalette(tandem::panel_palette());  // a desktop's theme may have one for tips alone
   tandem::install_accessibility();
-  player.show();
   // A session manager that saves its session, or a logout that is cancelled, leaves the player as it is; the session's
   // real end closes its window.
   bool user_is_there = true;
@@ -70,6 +69,7 @@ int play(int argc, char** argv) {
     user_is_there = false;
     player.close();
   });
+  player.show();
   const tandem::SessionEnd session_end([&] {
     if (!player.is_closed()) user_is_there = false;
   });

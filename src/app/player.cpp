@@ -182,7 +182,7 @@ void Player::close() {
   }
   window_->hide();
   play_out();
-  QApplication::quit();
+  QCoreApplication::exit();  // quit() would ask the windows, and one may refuse
 }
 
 void Player::save_at_exit() {

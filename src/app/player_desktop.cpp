@@ -1,6 +1,7 @@
 // The player as the desktop meets it: what its services read and do, the window brought to the front, the song's name.
 
 #include <QApplication>
+#include <QThread>
 #include <QTimer>
 
 #include "app/player.h"
@@ -41,7 +42,9 @@ void Player::watch_window() {
 // A dialog or a menu hangs on the window that it was opened from: as long as there is one, that stays.
 void Player::follow_compositor() {
   if (compositor_watch_->composites() == window_->composited()) return;
+  // Dialogs belong to the window that would be made again: the program's own, the portal's, and that of the progress.
   if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return;
+  if (QThread::currentThread()->loopLevel() > 1 || !intake_.is_empty()) return;
   presenter_.reset();
   cover_watch_.reset();
   window_->set_covered(false);

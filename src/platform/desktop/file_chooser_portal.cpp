@@ -141,6 +141,7 @@ std::optional<std::vector<std::string>> FileChooserPortal::ask(const Question& q
   });
   bus_watch.start(1000);
   if (sent >= 0 && !dialog.done) dialog.loop.exec();
+  if (!dialog.done) return std::vector<std::string>();  // the program ends: nothing more is asked
   if (dialog.request.empty()) return std::nullopt;
   return dialog.paths;
 }
