@@ -25,8 +25,8 @@ namespace {
 constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with the user near
 constexpr double kUnattendedFrame = 1000.0 / 30;
 constexpr TimerQueue::Milliseconds kPoll = 10;  // while the device is about to answer
-constexpr TimerQueue::Milliseconds kWaitForWindow =
-    1000;  // so long the desktop waits for a window that is not to be seen
+// So long the desktop waits for a window that is not to be seen.
+constexpr TimerQueue::Milliseconds kWaitForWindow = 1000;
 
 void show_message(const std::string& text) {
   auto* box = new QMessageBox(QMessageBox::Warning, "Tandem", QString::fromStdString(text));

@@ -39,10 +39,10 @@ void Player::watch_window() {
                                                   [this](bool covered) { window_->set_covered(covered); });
 }
 
-// A dialog or a menu hangs on the window that it was opened from: as long as there is one, that stays.
+// Menus and dialogs hang on the window that would be made again, the portal's and that of the progress too: as long as
+// there is one, the window stays.
 void Player::follow_compositor() {
   if (compositor_watch_->composites() == window_->composited()) return;
-  // Dialogs belong to the window that would be made again: the program's own, the portal's, and that of the progress.
   if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return;
   if (QThread::currentThread()->loopLevel() > 1 || !intake_.is_empty()) return;
   presenter_.reset();

@@ -3,11 +3,12 @@
 #include <cstdint>
 #include <utility>
 
+#include "platform/desktop/portal_names.h"
+
 namespace tandem {
 
 namespace {
 
-constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
 constexpr const char* kLogin = "org.freedesktop.login1";
 constexpr const char* kReason = "Playing music";
 
@@ -35,10 +36,7 @@ bool send(DBusConnection& link, sd_bus_message* call, sd_bus_message_handler_t a
 
 SleepInhibitor::SleepInhibitor(DBusConnection& session) : session_(session) {
   if (session_.bus() == nullptr) return;
-  watch(session_.bus(),
-        "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
-        "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'",
-        &SleepInhibitor::on_portal_change, this);
+  watch(session_.bus(), kPortalComesOrGoes, &SleepInhibitor::on_portal_change, this);
   watch(session_.bus(),
         "type='signal',sender='org.freedesktop.portal.Desktop',interface='org.freedesktop.portal.Request',"
         "member='Response'",
@@ -61,7 +59,7 @@ void SleepInhibitor::hold(bool wanted) {
 void SleepInhibitor::ask_portal() {
   constexpr std::uint32_t kSuspend = 4;
   sd_bus_message* call =
-      new_call(session_.bus(), kPortal, "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Inhibit", "Inhibit");
+      new_call(session_.bus(), kPortalService, kPortalObject, "org.freedesktop.portal.Inhibit", "Inhibit");
   if (call != nullptr) sd_bus_message_append(call, "sua{sv}", "", kSuspend, 1, "reason", "s", kReason);
   portal_changed_ = false;
   refused_.clear();
@@ -121,7 +119,8 @@ void SleepInhibitor::let_go() {
   lock_.reset();
   if (request_.empty()) return;
   const std::string request = std::exchange(request_, {});
-  sd_bus_message* call = new_call(session_.bus(), kPortal, request.c_str(), "org.freedesktop.portal.Request", "Close");
+  sd_bus_message* call =
+      new_call(session_.bus(), kPortalService, request.c_str(), "org.freedesktop.portal.Request", "Close");
   if (call == nullptr) return;
   sd_bus_message_set_expect_reply(call, 0);
   sd_bus_send(session_.bus(), call, nullptr);

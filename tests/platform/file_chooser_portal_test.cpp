@@ -2,6 +2,8 @@
 
 #include "platform/desktop/file_chooser_portal.h"
 
+#include <QCoreApplication>
+#include <QTimer>
 #include <cstdlib>
 #include <memory>
 #include <mutex>
@@ -172,6 +174,20 @@ TEST_F(FileChooser, EndsWithThePortalThatShowsIt) {
   });
   EXPECT_EQ(ask(), Paths());
   end.join();
+}
+
+// The portal has not answered the call when the program's loops are ended.
+TEST_F(FileChooser, AsksNothingMoreOnceTheProgramEnds) {
+  bus_.start();
+  const BusTestService portal(bus_, "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+                              [](sd_bus_message*) { return 1; });
+  std::optional<Paths> chosen;
+  QTimer::singleShot(0, qApp, [&] {
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+    chosen = ask();
+  });
+  QCoreApplication::exec();
+  EXPECT_EQ(chosen, Paths());
 }
 
 }  // namespace

@@ -4,10 +4,9 @@
 #include <xcb/xfixes.h>
 
 #include <QGuiApplication>
-#include <string>
 #include <utility>
 
-#include "platform/desktop/xcb_reply.h"
+#include "platform/desktop/x_server.h"
 
 namespace tandem {
 
@@ -15,12 +14,7 @@ namespace {
 
 // A compositing manager owns the selection _NET_WM_CM_Sn of its screen (Extended Window Manager Hints). Qt's windows
 // are on the first.
-xcb_atom_t compositor_selection(xcb_connection_t* server) {
-  const std::string name = "_NET_WM_CM_S0";
-  const auto cookie = xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-  const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, cookie, nullptr));
-  return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
+constexpr const char* kCompositorSelection = "_NET_WM_CM_S0";
 
 bool has_owner(xcb_connection_t* server, xcb_atom_t selection) {
   const auto cookie = xcb_get_selection_owner(server, selection);
@@ -49,7 +43,7 @@ std::uint8_t ask_for_owners(xcb_connection_t* server, xcb_atom_t selection) {
 CompositorWatch::CompositorWatch(std::function<void()> changed) : changed_(std::move(changed)) {
   if (QGuiApplication::platformName().startsWith("wayland")) {
     composites_ = true;
-  } else if (QGuiApplication::platformName() == "xcb") {
+  } else {
     watch_x_server();
   }
 }
@@ -58,10 +52,9 @@ CompositorWatch::~CompositorWatch() { qGuiApp->removeNativeEventFilter(this); }
 
 // Asked in this order, so that no change is missed between the two.
 void CompositorWatch::watch_x_server() {
-  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  xcb_connection_t* server = x11 == nullptr ? nullptr : x11->connection();
+  xcb_connection_t* server = x_server();
   if (server == nullptr) return;
-  selection_ = compositor_selection(server);
+  selection_ = x_atom(server, kCompositorSelection);
   event_ = ask_for_owners(server, selection_);
   composites_ = has_owner(server, selection_);
   if (event_ != 0) qGuiApp->installNativeEventFilter(this);

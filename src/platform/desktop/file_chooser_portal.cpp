@@ -122,10 +122,8 @@ std::optional<std::vector<std::string>> FileChooserPortal::ask(const Question& q
   if (session.bus() == nullptr) return std::nullopt;
   sd_bus_match_signal_async(session.bus(), nullptr, kPortalService, nullptr, "org.freedesktop.portal.Request",
                             "Response", &FileChooserPortal::on_response, nullptr, &dialog);
-  sd_bus_add_match_async(session.bus(), nullptr,
-                         "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
-                         "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'",
-                         &FileChooserPortal::on_portal_change, nullptr, &dialog);
+  sd_bus_add_match_async(session.bus(), nullptr, kPortalComesOrGoes, &FileChooserPortal::on_portal_change, nullptr,
+                         &dialog);
   sd_bus_message* call = nullptr;
   sd_bus_message_new_method_call(session.bus(), &call, kPortalService, kPortalObject,
                                  "org.freedesktop.portal.FileChooser", question.save ? "SaveFile" : "OpenFile");

@@ -6,7 +6,7 @@
 #include <QWindow>
 #include <utility>
 
-#include "platform/desktop/xcb_reply.h"
+#include "platform/desktop/x_server.h"
 
 namespace tandem {
 
@@ -25,12 +25,10 @@ void ask_for_visibility(xcb_connection_t* server, xcb_window_t window) {
 }  // namespace
 
 OcclusionWatch::OcclusionWatch(QWindow& window, std::function<void(bool)> changed) : changed_(std::move(changed)) {
-  // Without a screen Qt gives an interface too, but one without a connection.
-  if (QGuiApplication::platformName() != "xcb") return;
-  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 == nullptr || x11->connection() == nullptr) return;
+  xcb_connection_t* server = x_server();
+  if (server == nullptr) return;
   window_ = static_cast<std::uint32_t>(window.winId());
-  ask_for_visibility(x11->connection(), window_);
+  ask_for_visibility(server, window_);
   qGuiApp->installNativeEventFilter(this);
 }
 

@@ -42,10 +42,7 @@ ReducedMotionSetting::ReducedMotionSetting(std::function<void(bool reduced)> cha
 void ReducedMotionSetting::listen() {
   sd_bus_match_signal_async(link_.bus(), nullptr, kPortalService, kPortalObject, kInterface, "SettingChanged",
                             &ReducedMotionSetting::on_changed, nullptr, this);
-  sd_bus_add_match_async(link_.bus(), nullptr,
-                         "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
-                         "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'",
-                         &ReducedMotionSetting::on_portal, nullptr, this);
+  sd_bus_add_match_async(link_.bus(), nullptr, kPortalComesOrGoes, &ReducedMotionSetting::on_portal, nullptr, this);
 }
 
 void ReducedMotionSetting::read(Switch& wanted) {

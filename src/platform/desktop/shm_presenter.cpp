@@ -14,7 +14,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/desktop/xcb_reply.h"
+#include "platform/desktop/x_server.h"
 
 namespace tandem {
 
@@ -71,9 +71,7 @@ bool ShmPresenter::is_possible() { return QGuiApplication::platformName() == "xc
 
 void ShmPresenter::find_server() {
   asked_ = true;
-  if (!is_possible()) return;
-  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  xcb_connection_t* server = x11 == nullptr ? nullptr : x11->connection();
+  xcb_connection_t* server = x_server();
   const auto window = static_cast<xcb_window_t>(window_.winId());
   if (server == nullptr || !is_local(server) || !takes_descriptors(server)) return;
   depth_ = depth_of_our_pixels(server, window);

@@ -6,26 +6,13 @@
 #include <QGuiApplication>
 #include <QRegion>
 #include <QWindow>
-#include <memory>
 #include <string>
 
-#include "platform/desktop/xcb_reply.h"
+#include "platform/desktop/x_server.h"
 
 namespace tandem {
 
 namespace {
-
-xcb_connection_t* x_server() {
-  if (QGuiApplication::platformName() != "xcb") return nullptr;
-  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  return x11 == nullptr ? nullptr : x11->connection();
-}
-
-xcb_atom_t atom(xcb_connection_t* server, const std::string& name) {
-  const auto cookie = xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-  const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, cookie, nullptr));
-  return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 // Of the SHAPE extension 1.1.
 void set_input_region(xcb_connection_t* server, xcb_window_t window, const xcb_rectangle_t& box) {
@@ -44,8 +31,8 @@ void set_extents(xcb_connection_t* server, xcb_window_t window, const QRect& box
   const auto pixels = [scale](int length) { return static_cast<std::uint32_t>(length * scale); };
   const std::uint32_t extents[] = {pixels(box.left()), pixels(size.width() - box.right() - 1), pixels(box.top()),
                                    pixels(size.height() - box.bottom() - 1)};
-  xcb_change_property(server, XCB_PROP_MODE_REPLACE, window, atom(server, "_GTK_FRAME_EXTENTS"), XCB_ATOM_CARDINAL, 32,
-                      4, extents);
+  xcb_change_property(server, XCB_PROP_MODE_REPLACE, window, x_atom(server, "_GTK_FRAME_EXTENTS"), XCB_ATOM_CARDINAL,
+                      32, 4, extents);
 }
 
 }  // namespace

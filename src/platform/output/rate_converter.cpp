@@ -48,11 +48,11 @@ RateConverter::~RateConverter() = default;
 
 // Fed in small pieces, so that it never holds more than one block too much.
 RateConverter::Moved RateConverter::convert(std::span<const StereoFrame> in, std::span<StereoFrame> out) noexcept {
-  constexpr std::size_t kMost = 64;
+  constexpr std::size_t kFedAtOnce = 64;
   constexpr std::array<StereoFrame, 1> kNothing{};  // a null pointer would mean the end
   Moved moved;
   for (;;) {
-    const std::span<const StereoFrame> piece = in.subspan(moved.taken, std::min(kMost, in.size() - moved.taken));
+    const std::span<const StereoFrame> piece = in.subspan(moved.taken, std::min(kFedAtOnce, in.size() - moved.taken));
     std::size_t taken = 0;
     std::size_t made = 0;
     const StereoFrame* from = piece.empty() ? kNothing.data() : piece.data();

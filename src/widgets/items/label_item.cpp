@@ -6,14 +6,14 @@
 #include "paint/controls/gauge.h"
 #include "paint/strokes/palette.h"
 #include "paint/surfaces/panels.h"
+#include "paint/text/dot_font.h"
 
 namespace tandem {
 
 namespace {
 
 constexpr double kRestSeconds = 0.8;  // before a new caption begins to move
-constexpr int kColumnsPerCell = 6;
-constexpr double kColumnsPerSecond = 1000.0 * kColumnsPerCell / LedLabel::ScrollSpeed;
+constexpr double kColumnsPerSecond = 1000.0 * kCellColumns / LedLabel::ScrollSpeed;
 
 }  // namespace
 
@@ -54,7 +54,7 @@ LedLabelItem::LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox
 int LedLabelItem::ring_columns() const { return led_text_columns(QString::fromStdString(label_.Caption)); }
 
 // A text that fits the cells stands still, whatever the switch says: the panel leaves it on for the next short title.
-bool LedLabelItem::scrolls() const { return label_.Scrolling && ring_columns() > label_.NumChars * kColumnsPerCell; }
+bool LedLabelItem::scrolls() const { return label_.Scrolling && ring_columns() > label_.NumChars * kCellColumns; }
 
 void LedLabelItem::draw(QPainter& painter) const {
   LedLabelState look;
@@ -82,7 +82,7 @@ void LedLabelItem::model_changed() {
 bool LedLabelItem::advance(double seconds) {
   const bool hovering = ClickItem::advance(seconds);
   if (!scrolls() || !isVisible()) return hovering;
-  const int moved = steps_.advance(seconds, canvas().reduced_motion() ? kColumnsPerCell : 1);
+  const int moved = steps_.advance(seconds, canvas().reduced_motion() ? kCellColumns : 1);
   if (moved > 0) {
     column_ = (column_ + moved) % ring_columns();
     canvas().repaint_at_once(drawn_box());
