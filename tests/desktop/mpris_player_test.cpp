@@ -17,6 +17,14 @@ class Mpris : public DesktopRig {
     start();
   }
   std::string status() { return text_property(kPlayerInterface, "PlaybackStatus"); }
+  // Plays the one song that there is; what that signals has come.
+  void play_one_song() {
+    panel_.add_songs(1);
+    ASSERT_TRUE(signalled("CanPlay"));
+    player_call("Play");
+    ASSERT_TRUE(signalled("PlaybackStatus Metadata CanPause CanSeek"));
+    take_signals();
+  }
 };
 
 TEST_F(Mpris, StandsForTheProgram) {
@@ -99,10 +107,7 @@ TEST_F(Mpris, SetsThePositionOfTheSongThatIsMeant) {
 }
 
 TEST_F(Mpris, SaysWhereTheUserHasSeekedTo) {
-  panel_.add_songs(1);
-  player_call("Play");
-  soon([] { return true; });
-  take_signals();
+  play_one_song();
   panel_.controls.Slider1.user_press();
   panel_.controls.Slider1.move(1000);
   soon([] { return true; });
@@ -117,11 +122,8 @@ TEST_F(Mpris, SaysWhereTheUserHasSeekedTo) {
 }
 
 TEST_F(Mpris, SaysNothingOfASeekThatIsNotDone) {
-  panel_.add_songs(1);
-  player_call("Play");
+  play_one_song();
   panel_.controls.Slider1.user_press();
-  soon([] { return true; });
-  take_signals();
   EXPECT_EQ(call(kPlayerInterface, "Seek", "x", nullptr, 5'000'000), "");
   EXPECT_EQ(call(kPlayerInterface, "SetPosition", "ox", "/org/tandem_player/Tandem/song/1", 20'000'000), "");
   meanwhile([](sd_bus*) {});
@@ -140,10 +142,7 @@ TEST_F(Mpris, GivesEveryLineATrackOfItsOwn) {
 }
 
 TEST_F(Mpris, KeepsQuietWhileTheSongJustGoesOn) {
-  panel_.add_songs(1);
-  player_call("Play");
-  soon([] { return true; });
-  take_signals();
+  play_one_song();
   for (int second = 1; second <= 30; ++second) {
     now_ = second * 1000;
     panel_.sound.deck[0]->position = second * 1000 + 1500 * (second % 2);  // in gulps
