@@ -4,6 +4,7 @@
 #include <xcb/xcb.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
@@ -60,15 +61,19 @@ class CompositingManager {
   xcb_connection_t* server_;
 };
 
-TEST(CompositedDisplays, AreWholeWhenTheWindowComesBack) {
+class CompositedDisplays : public testing::TestWithParam<double> {};
+
+TEST_P(CompositedDisplays, AreWholeWhenTheWindowComesBack) {
   Desktop desktop;
+  const auto pixels = [](int px) { return static_cast<int>(std::lround(GetParam() * px)); };
+  ::setenv("QT_SCALE_FACTOR", std::to_string(GetParam()).c_str(), 1);
   desktop.sound.start();
   const CompositingManager manager;
   RealPlayer player(desktop, factory_settings());
-  ASSERT_TRUE(player.show_up(607 + 2 * kShadow)) << "with its shadow; " << player.errors();
+  ASSERT_TRUE(player.show_up(pixels(607 + 2 * kShadow))) << "with its shadow; " << player.errors();
   const auto glass = [&] {
     const auto [x, y] = player.place();
-    return screen_pixels(x + kShadow + 258, y + kShadow + 10, 345, 103);
+    return screen_pixels(x + pixels(kShadow + 258), y + pixels(kShadow + 10), pixels(345), pixels(103));
   };
   player.key("ctrl+o");
   ASSERT_TRUE(player.dialog_shows_up());
@@ -82,6 +87,9 @@ TEST(CompositedDisplays, AreWholeWhenTheWindowComesBack) {
   desktop.do_tool({"windowmap", "--sync", player.window()});
   EXPECT_TRUE(wait_until([&] { return glass() == still; })) << "holes";
 }
+
+INSTANTIATE_TEST_SUITE_P(Scales, CompositedDisplays, testing::Values(1.0, 1.25, 1.5),
+                         [](const auto& each) { return std::to_string(static_cast<int>(100 * each.param)); });
 
 TEST(CompositedWindow, HasItsShadowAndRoundCornersAsLongAsThereIsACompositor) {
   Desktop desktop;

@@ -6,6 +6,7 @@
 #include <QWindow>
 #include <cmath>
 #include <cstring>
+#include <optional>
 
 namespace tandem {
 
@@ -16,9 +17,7 @@ QImage* target_of(QBackingStore& store, double scale) {
   QPaintDevice* device = store.paintDevice();
   if (device == nullptr || device->devType() != QInternal::Image) return nullptr;
   auto* image = static_cast<QImage*>(device);
-  const bool opaque = image->format() == QImage::Format_RGB32;
-  // One with transparency is emptied by Qt in whole px before it is drawn: there must be no more than is drawn.
-  const bool takes = opaque || (image->format() == QImage::Format_ARGB32_Premultiplied && scale == std::floor(scale));
+  const bool takes = image->format() == QImage::Format_RGB32 || image->format() == QImage::Format_ARGB32_Premultiplied;
   return takes && image->devicePixelRatio() == scale ? image : nullptr;
 }
 
@@ -43,6 +42,33 @@ void copy(QImage& target, const QPoint& to, const QImage& picture, const QRect& 
   }
 }
 
+// A store with transparency is emptied by Qt in whole px before it is drawn. Where these are no whole pixels more is
+// emptied than is drawn, so what stands there is put back.
+class KeptPixels {
+ public:
+  KeptPixels(QBackingStore& store, const QRegion& emptied, double scale) {
+    store.beginPaint({});  // for its image alone
+    if (const QImage* image = target_of(store, scale)) {
+      for (const QRect& px : emptied) {
+        const QRectF box(QPointF(px.topLeft()) * scale, QSizeF(px.size()) * scale);
+        const QRect about = box.toAlignedRect().adjusted(-1, -1, 1, 1) & image->rect();
+        parts_.append({about.topLeft(), image->copy(about)});
+      }
+    }
+    store.endPaint();
+  }
+  void put_back(QImage& target) const {
+    for (const Part& part : parts_) copy(target, part.at, part.pixels, part.pixels.rect());
+  }
+
+ private:
+  struct Part {
+    QPoint at;
+    QImage pixels;
+  };
+  QVarLengthArray<Part, 8> parts_;
+};
+
 }  // namespace
 
 bool draw_directly(const QWidget& window, const QImage& picture, const QPoint& at, std::span<const QRect> changed,
@@ -58,10 +84,14 @@ bool draw_directly(const QWidget& window, const QImage& picture, const QPoint& a
   const std::span<const QRect> shown(boxes.data(), static_cast<std::size_t>(boxes.size()));
   // With `present` the store gets one dirty box instead of many, which is cheaper: Qt shows it with its next painting.
   // Not so with transparency, where Qt empties what is dirty.
-  const bool one = present && !window.testAttribute(Qt::WA_TranslucentBackground);
-  store->beginPaint(region_of(one ? std::span(&whole, 1) : shown, scale));
+  const bool transparent = window.testAttribute(Qt::WA_TranslucentBackground);
+  const QRegion region = region_of(present && !transparent ? std::span(&whole, 1) : shown, scale);
+  std::optional<KeptPixels> kept;
+  if (transparent && scale != std::floor(scale)) kept.emplace(*store, region, scale);
+  store->beginPaint(region);
   QImage* target = target_of(*store, scale);
   const bool fits = target != nullptr && target->rect().contains(whole);
+  if (fits && kept) kept->put_back(*target);
   for (const QRect& box : shown)
     if (fits) copy(*target, at, picture, box.translated(-at));
   store->endPaint();
