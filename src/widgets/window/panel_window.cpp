@@ -112,7 +112,7 @@ void PanelWindow::set_covered(bool covered) {
   hooks_.frame_wanted();
 }
 
-bool PanelWindow::attended() const { return isVisible() && !isMinimized() && (isActiveWindow() || underMouse()); }
+bool PanelWindow::attended() const { return isVisible() && !isMinimized() && (underMouse() || isActiveWindow()); }
 
 bool PanelWindow::frame(double seconds) {
   // By index: an item may set another one in motion, which moves the list.
