@@ -1,4 +1,5 @@
-// Whether the panel is paused, which its own state shows in one place only: the colour of PAUSE. UI thread.
+// Whether the panel is paused or stopped, which its own state shows in one place each: the colour of PAUSE, the picture
+// of STOP. UI thread.
 #pragma once
 
 #include "controls/panel_controls.h"
@@ -6,5 +7,10 @@
 namespace tandem {
 
 inline bool is_paused(const PanelControls& controls) { return controls.PAUSE.BackColor == clYellow; }
+
+inline bool is_stopped(const PanelControls& controls) {
+  constexpr int kLit = 5;
+  return controls.STOPBtn.Picture == kLit;
+}
 
 }  // namespace tandem

@@ -120,6 +120,25 @@ TEST_F(Gestures, TheWheelOverADisplayTurnsTheVolume) {
   EXPECT_EQ(rig.window->scale(), 1);
 }
 
+TEST_F(Gestures, AFineWheelThatTurnsBackBeginsANewNotch) {
+  const std::int32_t before = volume();
+  const QPoint display = rig.middle("MMSpectrum1");
+  rig.fine_wheel(display, 90);
+  rig.fine_wheel(display, -90);
+  EXPECT_EQ(volume(), before);
+  rig.fine_wheel(display, -30);
+  EXPECT_EQ(volume(), before - 3 * kPercent) << "120 parts downward, whatever was turned upward before";
+}
+
+TEST_F(Gestures, APartOfANotchForTheSizeIsNotTheVolumes) {
+  const std::int32_t before = volume();
+  rig.fine_wheel(rig.middle("PLAY"), -100, Qt::ControlModifier);
+  rig.fine_wheel(rig.middle("MMSpectrum1"), -100);
+  EXPECT_EQ(volume(), before);
+  rig.fine_wheel(rig.middle("MMSpectrum1"), -20);
+  EXPECT_EQ(volume(), before - 3 * kPercent);
+}
+
 TEST_F(Gestures, ADoubleClickBringsAFaderToItsMiddle) {
   rig.show_equalizer();
   rig.double_click(rig.in("sl0(4)", 11, 15));

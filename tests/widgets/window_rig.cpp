@@ -115,9 +115,11 @@ void WindowRig::move(QPoint at, Qt::KeyboardModifiers with) {
   QCoreApplication::sendEvent(native(), &event);
 }
 
-void WindowRig::wheel(QPoint at, int notches, Qt::KeyboardModifiers with) {
-  QWheelEvent event(at, native()->mapToGlobal(QPointF(at)), {}, {0, 120 * notches}, Qt::NoButton, with,
-                    Qt::NoScrollPhase, false);
+void WindowRig::wheel(QPoint at, int notches, Qt::KeyboardModifiers with) { fine_wheel(at, 120 * notches, with); }
+
+void WindowRig::fine_wheel(QPoint at, int parts, Qt::KeyboardModifiers with) {
+  QWheelEvent event(at, native()->mapToGlobal(QPointF(at)), {}, {0, parts}, Qt::NoButton, with, Qt::NoScrollPhase,
+                    false);
   QCoreApplication::sendEvent(native(), &event);
 }
 

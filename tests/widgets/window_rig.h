@@ -39,6 +39,7 @@ class WindowRig {
   void move(QPoint at, Qt::KeyboardModifiers with = {});
   void release(QPoint at, Qt::KeyboardModifiers with = {});
   void wheel(QPoint at, int notches, Qt::KeyboardModifiers with = {});
+  void fine_wheel(QPoint at, int parts, Qt::KeyboardModifiers with = {});  // 120 parts are a notch
   void wheel(const std::string& name, int notches) { wheel(middle(name), notches); }
   void key(Qt::Key key, Qt::KeyboardModifiers with = {});
   void key_down(Qt::Key key);

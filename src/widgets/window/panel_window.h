@@ -177,7 +177,8 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   std::optional<QPoint> drag_from_;  // where the pointer holds the window
   QPoint pressed_at_;                // on the screen
   std::optional<QString> drop_;      // what hovers over the window, in words
-  int wheel_rest_ = 0;
+  int volume_rest_ = 0;              // of a fine wheel
+  int size_rest_ = 0;
   bool dragging_ = false;  // by us: the window manager does not move it
   bool placing_ = false;   // the panel's place is being brought to the window, or the window's to the panel
   bool reduced_motion_ = false;

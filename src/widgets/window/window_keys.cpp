@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QShortcut>
 
+#include "controls/pause_state.h"
 #include "layout/shortcuts.h"
 #include "widgets/window/panel_window.h"
 
@@ -26,8 +27,7 @@ void PanelWindow::add_shortcuts() {
 // Space where the focused control has no use for it. PAUSE with nothing playing would leave the next PLAY silent: the
 // stopped panel plays.
 void PanelWindow::pause_or_play() {
-  constexpr int kStopped = 5;  // STOPBtn's picture
-  const bool begins = controls_.STOPBtn.Picture == kStopped && controls_.PAUSE.BackColor == clOlive;
+  const bool begins = is_stopped(controls_) && !is_paused(controls_);
   item(begins ? "PLAY" : "PAUSE")->press();
 }
 

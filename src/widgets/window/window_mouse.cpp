@@ -65,7 +65,7 @@ void PanelWindow::mouseDoubleClickEvent(QMouseEvent* event) {
 // 3 % a notch, 1 % with Ctrl.
 void PanelWindow::turn_volume(const QWheelEvent& event) {
   const bool fine = (event.modifiers() & Qt::ControlModifier) != 0;
-  volume_->turn(whole_wheel_steps(event, wheel_rest_) * WheelItem::kStep * (fine ? 1 : kVolumeSteps));
+  volume_->turn(whole_wheel_steps(event, volume_rest_) * WheelItem::kStep * (fine ? 1 : kVolumeSteps));
 }
 
 bool PanelWindow::take_wheel(const PanelItem& over, QWheelEvent& event) {
@@ -73,7 +73,7 @@ bool PanelWindow::take_wheel(const PanelItem& over, QWheelEvent& event) {
   if (group == ControlGroup::Display || group == ControlGroup::Visual) {
     turn_volume(event);
   } else if ((event.modifiers() & Qt::ControlModifier) != 0 && &over != volume_) {
-    step_scale(whole_wheel_steps(event, wheel_rest_));
+    step_scale(whole_wheel_steps(event, size_rest_));
   } else {
     return false;
   }
@@ -83,7 +83,7 @@ bool PanelWindow::take_wheel(const PanelItem& over, QWheelEvent& event) {
 
 void PanelWindow::wheelEvent(QWheelEvent* event) {
   if ((event->modifiers() & Qt::ControlModifier) == 0) return event->ignore();
-  step_scale(whole_wheel_steps(*event, wheel_rest_));
+  step_scale(whole_wheel_steps(*event, size_rest_));
   event->accept();
 }
 
