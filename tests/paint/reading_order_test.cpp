@@ -45,6 +45,11 @@ TEST(ReadingOrder, MarksAreComposedOrLeftOut) {
   EXPECT_EQ(shown(u"a\u200Db"_s), u"ab"_s);
 }
 
+TEST(ReadingOrder, VowelSignsAndTonesOfThaiAndDevanagariKeepAPlace) {
+  EXPECT_EQ(shown(u"\u0E17\u0E35\u0E48"_s), u"\u0E17\u0E35\u0E48"_s) << "thi, with its vowel and its tone";
+  EXPECT_EQ(shown(u"\u0917\u0940\u0924 \u0938\u0941\u0928"_s), u"\u0917\u0940\u0924 \u0938\u0941\u0928"_s) << "git sun";
+}
+
 TEST(ReadingOrder, FiguresKeepTheirSeparators) {
   EXPECT_EQ(shown(u"\u05D0 3.14 \u05D1"_s), u"\u05D1 3.14 \u05D0"_s);
   EXPECT_EQ(shown(u"\u05D0 12:30 \u05D1"_s), u"\u05D1 12:30 \u05D0"_s);

@@ -9,9 +9,17 @@ namespace tandem {
 
 namespace {
 
-/// Letters that are drawn over their neighbour take no place of their own.
+/// From Devanagari to Burmese, and Khmer: their vowels and tones are signs over or under a letter, and without them a
+/// word cannot be read.
+bool writes_vowels_as_signs(uint letter) {
+  const QChar::Script script = QChar::script(letter);
+  return (script >= QChar::Script_Devanagari && script <= QChar::Script_Myanmar) || script == QChar::Script_Khmer;
+}
+
+/// Accents and points that are drawn over their neighbour take no place of their own.
 bool is_mark(uint letter) {
-  return QChar::category(letter) == QChar::Mark_NonSpacing || QChar::category(letter) == QChar::Other_Format;
+  const QChar::Category category = QChar::category(letter);
+  return (category == QChar::Mark_NonSpacing && !writes_vowels_as_signs(letter)) || category == QChar::Other_Format;
 }
 
 bool is_blank(uint letter) { return letter == U' '; }

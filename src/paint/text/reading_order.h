@@ -13,7 +13,8 @@ struct DisplayLine {
 
 /// Orders a line by the Unicode bidirectional algorithm (UAX 9, through FriBidi), which also mirrors brackets and gives
 /// Arabic letters the form that their neighbours ask for. A letter and its marks are composed to one where Unicode has
-/// it; other marks take no place and are left out.
+/// it; other marks take no place and are left out, but for the vowel signs and tones of the scripts of India and
+/// South-East Asia, which follow their letter in a place of their own.
 DisplayLine reading_order(const QString& line);
 
 /// Of a line that runs as a ring through a window of so many letters: which of its dot columns stands at the window's
