@@ -235,5 +235,21 @@ TEST(SongList, FilesThatHoverShowAFrameAndWhereTheyWillGo) {
   EXPECT_GT(blue_pixels(picture, {3, 40, 2, 60}), 40) << "the left side of the frame";
 }
 
+TEST(SongList, TheCountOfFilesOverAFullListHidesNoMoreThanTheLastLength) {
+  SongListState look;
+  for (int i = 1; i <= kListRows; ++i) {
+    look.rows += u"%1 - /music/a.mp3"_s.arg(i, 2, 10, QChar(u'0'));
+    look.lengths += u"3:45"_s;
+  }
+  look.count = 12;
+  look.drop = u"3 songs"_s;
+  const QImage few = list_picture(look);
+  look.drop = u"30 songs, 4 folders"_s;
+  const QImage many = list_picture(look);
+  EXPECT_NE(few, many);
+  const QRect above(QPoint(), QSize(few.width(), 5 + 9 * 13 - 1));
+  EXPECT_EQ(few.copy(above), many.copy(above));
+}
+
 }  // namespace
 }  // namespace tandem

@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QCoreApplication>
+#include <QImage>
 #include <utility>
 
 #include "widgets/accessibility/accessible_events.h"
@@ -49,6 +50,19 @@ class ShownMix : public testing::Test {
     bool moving = true;
     for (int i = 0; i < 120; ++i) moving = rig.frame(1.0 / 60);
     return moving;
+  }
+
+  void frames(int count) {
+    for (int i = 0; i < count; ++i) rig.frame(1.0 / 60);
+  }
+  // Of the lamp of the longest lead with its halo.
+  int lamp_light() {
+    const QRect about = rig.item("AMLed3").geometry().adjusted(-2, -2, 2, 2);
+    const QImage picture = rig.window->grab(about).toImage();
+    int sum = 0;
+    for (int y = 0; y < picture.height(); ++y)
+      for (int x = 0; x < picture.width(); ++x) sum += qRed(picture.pixel(x, y));
+    return sum;
   }
 
   WindowRig rig;
@@ -111,6 +125,56 @@ TEST_F(ShownMix, TheLitLeadLampBreathesUntilTheOverlapEndsOrIsPaused) {
   EXPECT_TRUE(moves_for_ever());
   rig.window->show_mix(one_song());
   EXPECT_FALSE(moves_for_ever());
+}
+
+TEST_F(ShownMix, TheLeadLampBreathesOutWhenTheOverlapEnds) {
+  rig.click("AMLed3");
+  frames(30);
+  const int calm = lamp_light();
+  rig.window->show_mix(two_songs());
+  frames(1 + 25);  // the first one begins
+  const int bright = lamp_light();
+  ASSERT_GT(bright, calm + calm / 20);
+  rig.window->show_mix(one_song());
+  int before = bright;
+  for (int i = 0; i < 35; ++i) {
+    const int now = lamp_light();
+    EXPECT_LE(now, before) << "it does not brighten again, " << i;
+    EXPECT_GT(now, before - (bright - calm) / 4) << "nor break off, " << i;
+    before = now;
+    frames(1);
+  }
+  EXPECT_EQ(lamp_light(), calm);
+  EXPECT_FALSE(rig.frame(1.0 / 60)) << "and rests";
+}
+
+TEST_F(ShownMix, AfterAPauseTheLeadLampGoesOnAsBrightAsItStood) {
+  rig.click("AMLed3");
+  rig.window->show_mix(two_songs());
+  frames(20);
+  MixView paused = two_songs();
+  paused.paused = true;
+  rig.window->show_mix(paused);
+  const int held = lamp_light();
+  rig.window->show_mix(two_songs());
+  EXPECT_EQ(lamp_light(), held);
+  frames(2);
+  EXPECT_NE(lamp_light(), held);
+}
+
+// An overlap lasts 3.5 seconds and a step of the incoming song's place is a sixth of a pixel.
+TEST_F(ShownMix, ThePositionIsPaintedAgainOnlyWhereItsMarksHaveMoved) {
+  rig.window->set_reduced_motion(true);  // no lamp breathes
+  rig.window->show_mix(two_songs());
+  frames(30);
+  rig.painted();
+  MixView later = two_songs();
+  later.other->position += 100;
+  rig.window->show_mix(later);
+  EXPECT_TRUE(rig.painted().isEmpty());
+  later.other->position += 20000;
+  rig.window->show_mix(later);
+  EXPECT_FALSE(rig.painted().isEmpty());
 }
 
 }  // namespace

@@ -20,8 +20,11 @@ namespace tandem {
 
 namespace {
 
-constexpr double kMusicSeconds = 4.88;
-constexpr std::size_t kFrame = 735;  // frames of sound to a picture: a 60th of a second
+constexpr double kMusicSeconds = 4.6;  // soon after a beat
+constexpr float kPeak = .68F;          // the oscilloscope shows .7
+constexpr float kDrive = 4;
+constexpr std::size_t kSilence = 44100;  // frames of sound
+constexpr std::size_t kFrame = 735;      // frames of sound to a picture: a 60th of a second
 
 const NamedState& state_of(std::string_view name) {
   const auto& all = named_states();
@@ -31,25 +34,23 @@ const NamedState& state_of(std::string_view name) {
   return *found;
 }
 
-// A second of a chord, the left channel a little louder and without its highest tone.
-std::vector<SoundFrame> chord() {
-  constexpr double kTones[] = {110, 440, 1000, 3000, 7000};
-  std::vector<SoundFrame> sound(44100);
-  double level = .3;
-  for (const double tone : kTones) {
-    for (std::size_t i = 0; i < sound.size(); ++i) {
-      const double wave = level * std::sin(2 * std::numbers::pi * tone * static_cast<double>(i) / 44100);
-      if (tone < 5000) sound[i].left += static_cast<float>(wave);
-      sound[i].right += static_cast<float>(.7 * wave);
+// The made-up band as a recording has it: with less and less above some kHz, loud and compressed.
+std::vector<SoundFrame> recorded_music() {
+  std::vector<SoundFrame> music = band_music(kMusicSeconds);
+  for (const double corner : {1500.0, 6000.0}) {
+    const auto share = static_cast<float>(1 - std::exp(-2 * std::numbers::pi * corner / kHeardRate));
+    SoundFrame low;
+    for (SoundFrame& frame : music) {
+      low.left += share * (frame.left - low.left);
+      low.right += share * (frame.right - low.right);
+      frame = low;
     }
-    level *= .6;
   }
-  return sound;
-}
-
-std::vector<SoundFrame> sound_of(Heard heard) {
-  if (heard == Heard::Chord) return chord();
-  return heard == Heard::Music ? band_music(kMusicSeconds) : std::vector<SoundFrame>(44100);
+  float peak = 0;
+  for (const SoundFrame& frame : music) peak = std::max({peak, std::abs(frame.left), std::abs(frame.right)});
+  const auto compressed = [peak](float sample) { return kPeak * std::tanh(kDrive * sample / peak); };
+  for (SoundFrame& frame : music) frame = {compressed(frame.left), compressed(frame.right)};
+  return music;
 }
 
 }  // namespace
@@ -78,16 +79,15 @@ PanelScene::PanelScene(std::string_view name, double scale) {
   state.put(parts);
   window_->show();
   window_->show_mix(mix);
-  hear(state.heard);
+  hear(state.plays ? recorded_music() : std::vector<SoundFrame>(kSilence));
   if (state.hovering > 0) hover(state.hovering);
 }
 
 PanelScene::~PanelScene() = default;
 
-void PanelScene::hear(Heard heard) {
-  const std::vector<SoundFrame> sound = sound_of(heard);
+void PanelScene::hear(std::span<const SoundFrame> sound) {
   for (std::size_t at = 0; at + kFrame <= sound.size(); at += kFrame) {
-    window_->visual().feed(std::span(sound).subspan(at, kFrame));
+    window_->visual().feed(sound.subspan(at, kFrame));
     window_->frame(1.0 / 60);
   }
 }

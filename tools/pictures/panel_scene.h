@@ -1,10 +1,11 @@
 // The panel's own window in a named state, without a program beneath: its controls are put as the panel's logic would
-// put them, its displays have heard a chord, made-up music or silence. For pictures and their tests. UI thread; needs a
+// put them, its displays have heard made-up music or silence. For pictures and their tests. UI thread; needs a
 // QApplication.
 #pragma once
 
 #include <QImage>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -12,11 +13,10 @@
 #include "base/timer_queue.h"
 #include "controls/file_dialog.h"
 #include "controls/panel_controls.h"
+#include "displays/core/sound_frame.h"
 #include "widgets/window/panel_window.h"
 
 namespace tandem {
-
-enum class Heard;
 
 // The names of the states.
 std::vector<std::string_view> panel_states();
@@ -39,7 +39,7 @@ class PanelScene {
     std::string ask_open() override { return {}; }
     std::string ask_save() override { return {}; }
   };
-  void hear(Heard heard);
+  void hear(std::span<const SoundFrame> sound);
   void hover(int files);
 
   NoDialog dialog_;

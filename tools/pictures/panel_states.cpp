@@ -103,6 +103,8 @@ void put_base(PanelStateParts& p) {
   put_playing(p);
   put_equalizer(p.controls);
   put_board(p.controls);
+  p.sound.MMSpectrum1->put(SpectrumSetting::Window, 1);
+  p.sound.MMSpectrum1->put(SpectrumSetting::Gain, 1);
   show_displays(p.sound, true, false, false);
 }
 
@@ -235,12 +237,12 @@ const std::vector<NamedState>& named_states() {
                                                   {"board-open", put_board_open},
                                                   {"compact", put_compact, true},
                                                   {"pitch-mode", put_pitch_mode},
-                                                  {"stopped", put_stopped, false, 0, Heard::Silence},
+                                                  {"stopped", put_stopped, false, 0, false},
                                                   {"next-disabled", put_next_disabled},
                                                   {"mix", put_mix},
-                                                  {"factory", put_factory, false, 0, Heard::Music},
-                                                  {"factory-board", put_factory_board, false, 0, Heard::Music},
-                                                  {"list-empty", put_list_empty, false, 0, Heard::Silence},
+                                                  {"factory", put_factory},
+                                                  {"factory-board", put_factory_board},
+                                                  {"list-empty", put_list_empty, false, 0, false},
                                                   {"list-drop", put_base, false, 3}};
   return kStates;
 }

@@ -17,14 +17,12 @@ struct PanelStateParts {
   MixView& mix;
 };
 
-enum class Heard { Chord, Music, Silence };  // by the displays
-
 struct NamedState {
   std::string_view name;
   void (*put)(PanelStateParts& parts);
   bool shadow = false;  // where the desktop composites windows
   int hovering = 0;     // files over the window
-  Heard heard = Heard::Chord;
+  bool plays = true;    // music; else the displays rest
 };
 
 const std::vector<NamedState>& named_states();

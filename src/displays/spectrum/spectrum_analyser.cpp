@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kGainStep = 3.0;       // dB an octave
 constexpr double kDesignLength = 64.0;  // at which the transforms have their own lengths
+constexpr double kOverlap = -12.0;      // dB, how much softer a column hears its neighbour when all octaves are shown
 
 }  // namespace
 
@@ -85,6 +86,10 @@ void SpectrumAnalyser::prepare_rules() {
                      settings_.is_on(SpectrumSetting::SolidBars));
     marks_[side].put_times(settings_[SpectrumSetting::PeakDelay], settings_[SpectrumSetting::PeakSpeed]);
   }
+  // Enlarged, the columns are narrower than a filter, and windows show what they do.
+  overlap_ = rolls()
+                 ? 0.0F
+                 : static_cast<float>(std::pow(10.0, kOverlap * settings_[SpectrumSetting::HorizontalScale] / 10.0));
   prepare_tilt();
   prepare_style();
 }
@@ -141,6 +146,7 @@ void SpectrumAnalyser::listen(double seconds) noexcept {
   for (std::size_t side = 0; side < kSides; ++side)
     std::transform(powers_[side].begin(), powers_[side].end(), tilt_.begin(), targets_[side].begin(),
                    std::multiplies());
+  for (auto& side : targets_) overlap_bands(side, overlap_);
   const auto sum = [](const std::vector<float>& powers) { return std::accumulate(powers.begin(), powers.end(), 0.0); };
   level_.follow((sum(targets_[0]) + sum(targets_[1])) / (2.0 * static_cast<double>(tilt_.size())), seconds);
   const float factor = level_.factor();

@@ -69,6 +69,7 @@ class SpectrumAnalyser final : public SwitchedDisplay<MMSpectrumX> {
   RollRecorder roll_;
 
   std::vector<float> tilt_;  // factor of each band's power
+  float overlap_ = 0.0F;     // share of its neighbour's power that a band hears
   Heights powers_;           // of the newest transforms
   Heights targets_;          // the heights of what is heard now
   Heights levels_;           // the same after the decay

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 namespace tandem {
 
@@ -28,6 +29,11 @@ float HeightLaw::height(float power) const noexcept {
   if (power <= 0.0F) return 0.0F;
   const float value = offset_ + slope_ * std::log2(power);
   return std::clamp(logarithmic_ ? value : std::exp2(value), 0.0F, kOverTop);
+}
+
+void overlap_bands(std::span<float> powers, float share) noexcept {
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = std::max(powers[i], share * powers[i - 1]);
+  for (std::size_t i = powers.size(); i-- > 1;) powers[i - 1] = std::max(powers[i - 1], share * powers[i]);
 }
 
 float shouldered(float height) noexcept {

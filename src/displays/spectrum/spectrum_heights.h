@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 namespace tandem {
 
@@ -22,6 +23,11 @@ class HeightLaw {
   float offset_;
   float slope_;  // of the height, or of its base-2 logarithm, over the power's base-2 logarithm
 };
+
+// A band hears its neighbours too, as the filters of an analyser overlap: `share` of the power for each band on the
+// way. Music of few notes would else be a comb, with dark columns between tall ones that the ear does not hear as
+// holes.
+void overlap_bands(std::span<float> powers, float share) noexcept;
 
 // Bends a height: as it is up to 0.8, above that nearer and nearer to 1 but never over it, so that loud bands still
 // move below the top.

@@ -20,8 +20,8 @@ void paint_lamp_glow(QPainter& painter, const QPointF& centre, const LampState& 
     return;
   }
   const double breath = *look.breath;
-  fill_disc(painter, centre, kRadius + 4 + breath, faded(look.colour, .08 + .04 * breath));
-  fill_disc(painter, centre, kRadius + 3.4 + .8 * breath, faded(look.colour, .14 * breath));
+  fill_disc(painter, centre, kRadius + 4 + 2.2 * breath, faded(look.colour, .08 + .03 * breath));
+  fill_disc(painter, centre, kRadius + 3.4 + 1.4 * breath, faded(look.colour, .14 * breath));
   fill_disc(painter, centre, kRadius + 2.6 + .5 * breath, faded(look.colour, .16 + .10 * breath));
 }
 

@@ -26,7 +26,7 @@ void paint_slider_groove(QPainter& painter, const QRectF& box) {
   fill_box(painter, {box.left() + 2, y - 1.5, box.width() - 4, 3}, QColor::fromRgb(kGroove), 1.5);
 }
 
-// The groove is deeper while two songs sound, and the other song has a thin line of its own in it.
+// The groove is deeper while two songs sound, and the other song has a rail of its own in it, lit as far as its place.
 void paint_overlapping(QPainter& painter, const QRectF& box, double share) {
   const double y = box.center().y();
   const double left = box.left();
@@ -36,6 +36,7 @@ void paint_overlapping(QPainter& painter, const QRectF& box, double share) {
   fill_box(painter, {left + 1, y, width - 2, 5.5}, QColor::fromRgb(kBlack), 2);
   fill_box(painter, {left + 1, y - 2, width - 2, 4}, QColor::fromRgb(kBlack));
   fill_box(painter, {left + 2, y - 1.5, width - 4, 6}, QColor::fromRgb(kGroove), 1.5);
+  fill_box(painter, {left + 3, y + 2.5, width - 6, 1.5}, faded(palette::kOrange, .24), .75);
   fill_box(painter, {left + 3, y + 1.25, end - left - 3, 4}, faded(palette::kOrange, .16), 2);
   fill_box(painter, {left + 3, y + 2.5, end - left - 3, 1.5}, faded(palette::kOrange, .95), .75);
   fill_disc(painter, {end, y + 3.25}, 3.4, faded(palette::kOrange, .22));
@@ -59,20 +60,38 @@ void paint_next_start(QPainter& painter, const QRectF& box, double share, bool l
   fill_box(painter, snapped(painter, {middle.x() - .5, middle.y() - 2.5, 1, 5}), faded(colour, .9));
 }
 
+// The lead, from the mark to the end of the groove. The cap stands in it as long as two songs sound, and with a long
+// song is wider than it: the line lies over the cap's upper edge.
+void paint_lead(QPainter& painter, const QRectF& box, double from_share) {
+  const double from = place_x(box, from_share);
+  const double width = box.right() - 3 - from;
+  const double y = box.top() - .5;
+  fill_box(painter, {from - 1, y - 1.5, width + 2, 4}, faded(palette::kOrange, .22), 2);
+  fill_box(painter, {from, y, width, 1.2}, faded(palette::kOrange, .95), .6);
+}
+
 void paint_shadow(QPainter& painter, const QRectF& cap) {
   fill_box(painter, {cap.left() - .5, cap.top() + 1.5, cap.width() + 1, cap.height() + .5}, faded(kBlack, .28), 2);
   fill_box(painter, {cap.left() - .5, cap.top() + .5, cap.width() + 1, cap.height() + .5}, faded(kBlack, .4), 2);
 }
 
-void paint_slider_cap(QPainter& painter, const QRectF& cap, double hover) {
+// Lit from below while two songs sound, its line in the colour of the incoming one.
+void paint_cap_light(QPainter& painter, const QRectF& cap) {
+  frame_box(painter, cap.adjusted(-1.5, -1.5, 1.5, 1.5), faded(palette::kOrange, .16), 3, 3);
+  frame_box(painter, cap.adjusted(-.5, -.5, .5, .5), faded(palette::kOrange, .5), 1, 2.2);
+}
+
+void paint_slider_cap(QPainter& painter, const QRectF& cap, double hover, bool overlapping) {
   paint_shadow(painter, cap);
+  if (overlapping) paint_cap_light(painter, cap);
   fill_box(painter, cap, downward(cap, {{0, kCap[0]}, {.18, kCap[1]}, {.7, kCap[2]}, {1, kCap[3]}}), 1.8);
   fill_box(painter, {cap.left() + 1, cap.top(), cap.width() - 2, .8}, faded(kWhite, .55));
   const double x = cap.center().x();
   for (const double ridge : {-5.5, -3.5, 3.5, 5.5}) {
     fill_box(painter, {x + ridge - .4, cap.top() + 2.5, .8, cap.height() - 5}, faded(kBlack, .35));
   }
-  fill_box(painter, {x - .75, cap.top() + 1, 1.5, cap.height() - 2}, QColor::fromRgb(kWhite));
+  const QRgb line = overlapping ? palette::kOrange : kWhite;
+  fill_box(painter, {x - .75, cap.top() + 1, 1.5, cap.height() - 2}, QColor::fromRgb(line));
   if (hover > 0) fill_box(painter, cap, faded(kWhite, .12 * hover), 1.8);
 }
 
@@ -106,7 +125,8 @@ void paint_slider(QPainter& painter, const QRectF& box, const SliderState& look)
   if (look.overlapping) paint_overlapping(painter, box, *look.overlapping);
   paint_played(painter, box, x);
   if (look.next_start) paint_next_start(painter, box, *look.next_start, look.overlapping.has_value());
-  paint_slider_cap(painter, cap, look.interaction.hover);
+  paint_slider_cap(painter, cap, look.interaction.hover, look.overlapping.has_value());
+  if (look.next_start && look.overlapping) paint_lead(painter, box, *look.next_start);
   if (look.interaction.focused) paint_focus_ring(painter, cap, 2);
 }
 

@@ -63,7 +63,7 @@ void paint_drop_frame(QPainter& painter, const QRectF& box) {
   frame_box(painter, frame, faded(palette::kFocus, .9), 1.2, 2);
 }
 
-// Below the line where the songs will go, or on a plate above it where there is no room.
+// Below the line where the songs will go, or where there is no room on a plate in place of the last length.
 void paint_drop_count(QPainter& painter, const QRectF& box, double line, const QString& count) {
   const CaptionStyle style{.colour = palette::kListDrop};
   if (line + 22 < box.bottom()) {
@@ -71,10 +71,11 @@ void paint_drop_count(QPainter& painter, const QRectF& box, double line, const Q
     return;
   }
   const double width = caption_width(count, style) + 12;
-  const QRectF plate(box.right() - 20 - width, line - 18, width, 15);
-  fill_box(painter, plate, faded(palette::kGlassTop, .94), 3);
+  const QRectF row = list_row_box(box, kListRows - 1, kListRows + 1);
+  const QRectF plate(row.right() - 1 - width, row.top() - .5, width, kListRowHeight - 1);
+  fill_box(painter, plate, QColor::fromRgb(palette::kGlassTop), 3);
   frame_box(painter, plate.adjusted(.5, .5, -.5, -.5), faded(palette::kFocus, .5), 1, 2.5);
-  draw_caption(painter, plate.bottomLeft() + QPointF(6, -4), count, style);
+  draw_caption(painter, plate.bottomLeft() + QPointF(6, -2.8), count, style);
 }
 
 // A frame while files are dragged over the list, and a line with a dot where they will go.

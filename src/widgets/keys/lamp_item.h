@@ -54,6 +54,7 @@ class LeadLampItem final : public LampItem {
 
  private:
   double breath() const;  // 0 as the lamp always is .. 1 brightest
+  bool breathes_out() const { return !breathing_ && seconds_ > 0; }
   bool moves() const;
 
   const ControlBox& caption_;
@@ -61,7 +62,7 @@ class LeadLampItem final : public LampItem {
   PanelItem* after_ = nullptr;
   bool breathing_ = false;
   bool held_ = false;
-  double seconds_ = 0;  // since it began to breathe
+  double seconds_ = 0;  // into the breath
 };
 
 }  // namespace tandem

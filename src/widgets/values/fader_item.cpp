@@ -185,6 +185,12 @@ void PositionItem::model_changed() {
   if (isVisible()) canvas().repaint_box(ways.toAlignedRect() & drawn_box());
 }
 
+// Whether two places on the slider are half a pixel apart, or one of them is not there.
+bool PositionItem::seen_apart(std::optional<double> a, std::optional<double> b) const {
+  if (!a || !b) return a.has_value() != b.has_value();
+  return std::abs(*a - *b) * box().width() * device_scale() >= 0.5;
+}
+
 // The mark is where the cap's middle is when the next song begins.
 void PositionItem::show_mix(const MixView& view) {
   const double range = slider().maximum() - slider().minimum();
@@ -197,7 +203,7 @@ void PositionItem::show_mix(const MixView& view) {
   mixing_ = mixing_text(view);
   if (mixed == mixing_.isEmpty()) canvas().description_changed(*this);
   next_ = view.mix_at ? QStringLiteral(", next song at ") + minutes_and_seconds(*view.mix_at) : QString();
-  if (mark == mark_ && second == second_) return;
+  if (!seen_apart(mark, mark_) && !seen_apart(second, second_)) return;
   mark_ = mark;
   second_ = second;
   if (isVisible()) canvas().repaint_box(drawn_box());

@@ -101,6 +101,7 @@ class PositionItem final : public SlidingItem {
  private:
   double share() const;
   QRectF cap_box(double share) const;
+  bool seen_apart(std::optional<double> a, std::optional<double> b) const;
   double drawn_share_ = -1;
   std::optional<double> mark_;
   std::optional<double> second_;
