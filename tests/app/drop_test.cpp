@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "app/assistive_bus.h"
+#include "app/dragged_files.h"
 #include "app/real_player.h"
 #include "settings/settings_file.h"
 
@@ -28,20 +29,7 @@ class Dropped : public testing::Test {
     std::filesystem::rename(player->write_song("new.wav", 440, 0.5), files.file(name));
     return files.file(name);
   }
-  // In small steps, so that both programs see the pointer come.
-  void drop(const Names& paths) {
-    Names command = {TANDEM_DRAG_SOURCE};
-    command.insert(command.end(), paths.begin(), paths.end());
-    source = ChildProcess(command, files.file("source.log"));
-    const auto visible = [this] { return !desktop.do_tool({"search", "--onlyvisible", "--name", "^Source$"}).empty(); };
-    ASSERT_TRUE(wait_until(visible));
-    Names words = {"mousemove", "1000", "750", "mousedown", "1"};
-    for (int step = 1; step <= 40; ++step)
-      words.insert(words.end(),
-                   {"mousemove", std::to_string(1000 - 15 * step), std::to_string(750 - 15 * step), "sleep", "0.02"});
-    words.insert(words.end(), {"sleep", "0.3", "mouseup", "1"});
-    desktop.do_tool(words);
-  }
+  void drop(const Names& paths) { ASSERT_TRUE(dragged.drop(paths)); }
   Names lines() const {
     Names names;
     for (const AssistiveObject& each : bus->objects())
@@ -53,7 +41,7 @@ class Dropped : public testing::Test {
   Desktop desktop;
   std::unique_ptr<AssistiveBus> bus;
   std::unique_ptr<RealPlayer> player;
-  ChildProcess source;
+  DraggedFiles dragged{desktop};
 };
 
 TEST_F(Dropped, AFolderGivesItsSongsInNaturalOrderAndThoseBelow) {

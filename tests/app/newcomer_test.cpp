@@ -1,0 +1,113 @@
+// The first minute of someone who has read no manual: a folder is dropped, Space plays it, the wheel over the display
+// makes it softer, and the change of songs is seen and heard.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+
+#include "app/assistive_bus.h"
+#include "app/dragged_files.h"
+#include "app/real_player.h"
+#include "app/screen_pixels.h"
+#include "app/tone_times.h"
+#include "settings/settings_file.h"
+
+namespace tandem::test {
+namespace {
+
+constexpr double kFirstTone = 800;
+constexpr double kSecondTone = 2000;
+constexpr double kRecordSeconds = 12;  // of which the last 2.5 overlap with the next, as the factory settings have it
+
+// Near the full orange of a mix: the play mark of the incoming song, its line, the mark of the slider.
+bool is_orange(std::uint32_t pixel) {
+  const auto near = [pixel](int shift, int wanted) {
+    return std::abs(static_cast<int>(pixel >> shift & 0xFF) - wanted) < 40;
+  };
+  return near(16, 255) && near(8, 128) && near(0, 0);
+}
+
+class Newcomer : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!AssistiveBus::installed()) GTEST_SKIP() << "at-spi2-core is not installed";
+    desktop.sound.start();
+    bus = std::make_unique<AssistiveBus>();
+    player = std::make_unique<RealPlayer>(desktop, factory_settings());
+    ASSERT_TRUE(player->show_up()) << player->errors();
+    ASSERT_TRUE(bus->find("Tandem"));
+    desktop.sound.start_recording();
+  }
+  std::string folder_of_songs() const {
+    std::filesystem::create_directory(files.file("record"));
+    for (const auto& [name, tone] : {std::pair("first.wav", kFirstTone), std::pair("second.wav", kSecondTone)})
+      std::filesystem::rename(player->write_song(name, tone, kRecordSeconds), file(name));
+    return files.file("record");
+  }
+  std::string file(const std::string& name) const { return files.file("record") + "/" + name; }
+  AssistiveObject waited_for(const std::string& name, const std::string& role) const {
+    std::optional<AssistiveObject> found;
+    if (!wait_until([&] { return (found = bus->object(name, role)).has_value(); }))
+      throw std::runtime_error("no " + role + " " + name);
+    return *found;
+  }
+  bool says(const AssistiveObject& object, const std::string& words) const {
+    return wait_until([&] { return bus->description(object).find(words) != std::string::npos; },
+                      std::chrono::seconds(20));
+  }
+  bool hears(double tone) const {
+    return wait_until([&] { return find_tone(desktop.sound.recording(), tone).has_value(); });
+  }
+  std::string title() const { return desktop.do_tool({"getwindowname", player->window()}); }
+  // Of a box of the panel.
+  auto orange_pixels(int x, int y, int width, int height) const {
+    const auto [left, top] = player->place();
+    const std::vector<std::uint32_t> pixels = screen_pixels(left + x, top + y, width, height);
+    return std::count_if(pixels.begin(), pixels.end(), is_orange);
+  }
+  auto orange_in_second_line() const { return orange_pixels(264, 131, 40, 13); }
+  auto orange_at_slider() const { return orange_pixels(4, 109, 204, 20); }
+
+  TempDirectory files;
+  Desktop desktop;
+  DraggedFiles dragged{desktop};
+  std::unique_ptr<AssistiveBus> bus;
+  std::unique_ptr<RealPlayer> player;
+};
+
+TEST_F(Newcomer, DropsAFolderPressesSpaceTurnsTheWheelAndSeesAChangeOfSongs) {
+  ASSERT_TRUE(dragged.drop({folder_of_songs()}));
+  const AssistiveObject first = waited_for("01 - " + file("first.wav"), "list item");
+  const AssistiveObject second = waited_for("02 - " + file("second.wav"), "list item");
+  const AssistiveObject position = waited_for("Song position", "slider");
+
+  player->key("space");
+  EXPECT_TRUE(says(first, "playing, 0:12"));
+  EXPECT_TRUE(says(position, "next song at 0:09"));
+  EXPECT_TRUE(hears(kFirstTone));
+  EXPECT_NE(title().find("FIRST.WAV"), std::string::npos) << title();
+
+  player->click(430, 60, 5);  // a notch down, over the spectrum
+  waited_for("Volume 97 %", "progress bar");
+  EXPECT_EQ(orange_in_second_line(), 0);
+  EXPECT_EQ(orange_at_slider(), 0) << "the mark is dim until its moment";
+
+  ASSERT_TRUE(says(second, "overlapping, 0:12"));
+  EXPECT_EQ(bus->description(first), "playing, 0:12");
+  EXPECT_NE(bus->description(position).find("Mixing: first.wav ends in"), std::string::npos);
+  EXPECT_NE(bus->description(position).find("second.wav"), std::string::npos);
+  EXPECT_TRUE(wait_until([this] { return orange_in_second_line() > 5; })) << orange_in_second_line();
+  EXPECT_TRUE(wait_until([this] { return orange_at_slider() > 5; })) << orange_at_slider();
+
+  EXPECT_TRUE(says(second, "playing, 0:12"));
+  EXPECT_TRUE(hears(kSecondTone));
+  EXPECT_EQ(bus->description(first), "0:12");
+  EXPECT_TRUE(wait_until([this] { return orange_in_second_line() == 0; }));
+  EXPECT_NE(title().find("SECOND.WAV"), std::string::npos) << title();
+}
+
+}  // namespace
+}  // namespace tandem::test
