@@ -4,8 +4,11 @@
 #include <cmath>
 #include <complex>
 #include <numbers>
+#include <numeric>
 #include <stdexcept>
 #include <vector>
+
+#include "engine/core/window_shapes.h"
 
 namespace tandem::test {
 
@@ -19,9 +22,16 @@ constexpr double kMainLobe = 12;  // bins to either side
 
 double decibels(double amplitude) { return 20 * std::log10(std::max(amplitude, 1e-12)); }
 
-double window(std::size_t n) {
-  const double x = 2.0 * static_cast<double>(n) / kPoints - 1;
-  return std::cyl_bessel_i(0.0, kBeta * std::sqrt(1 - x * x)) / std::cyl_bessel_i(0.0, kBeta);
+std::vector<double> kaiser_points() {
+  std::vector<double> points(kPoints);
+  for (std::size_t n = 0; n < kPoints; ++n)
+    points[n] = kaiser_window(2.0 * static_cast<double>(n) / kPoints - 1, kBeta);
+  return points;
+}
+
+const std::vector<double>& window() {
+  static const std::vector<double> points = kaiser_points();
+  return points;
 }
 
 // In place; the textbook's radix 2.
@@ -48,7 +58,8 @@ void transform(std::vector<Complex>& values) {
 double amplitude_of(std::span<const StereoFrame> sound, double cycles, double sum_of_window) {
   Complex sum = 0;
   for (std::size_t n = 0; n < kPoints; ++n)
-    sum += window(n) * double{sound[n].left} * std::polar(1.0, -2 * std::numbers::pi * cycles * static_cast<double>(n));
+    sum +=
+        window()[n] * double{sound[n].left} * std::polar(1.0, -2 * std::numbers::pi * cycles * static_cast<double>(n));
   return 2 * std::abs(sum) / sum_of_window;
 }
 
@@ -58,11 +69,8 @@ ToneSpectrum::ToneSpectrum(std::span<const StereoFrame> sound, double rate, doub
   if (sound.size() < kPoints) throw std::invalid_argument("the sound is too short for its spectrum");
   const auto middle = sound.subspan((sound.size() - kPoints) / 2, kPoints);
   std::vector<Complex> values(kPoints);
-  double sum_of_window = 0;
-  for (std::size_t n = 0; n < kPoints; ++n) {
-    sum_of_window += window(n);
-    values[n] = window(n) * double{middle[n].left};
-  }
+  for (std::size_t n = 0; n < kPoints; ++n) values[n] = window()[n] * double{middle[n].left};
+  const double sum_of_window = std::accumulate(window().begin(), window().end(), 0.0);
   level_ = decibels(amplitude_of(middle, hz / rate, sum_of_window));
   transform(values);
   const double tone = hz / rate * kPoints;

@@ -67,8 +67,10 @@ void fill_row(const std::vector<double>& response, std::size_t phase, std::span<
 }  // namespace
 
 InterpolationFilters::InterpolationFilters() : rows_(kBanks * kBankSize) {
+  const std::vector<double> far_down = half_kaiser(attenuation_of(kFarDown));
+  const std::vector<double> others = half_kaiser(attenuation_of(kUnison));
   for (std::size_t bank = 0; bank < kBanks; ++bank) {
-    const std::vector<double> response = half_response(half_kaiser(attenuation_of(bank)), cutoff_of(bank));
+    const std::vector<double> response = half_response(bank == kFarDown ? far_down : others, cutoff_of(bank));
     for (std::size_t phase = 0; phase <= kKernelPhases; ++phase) {
       fill_row(response, phase, std::span(rows_).subspan(bank * kBankSize + phase * kKernelTaps, kKernelTaps));
     }
