@@ -91,7 +91,7 @@ TEST_F(DeviceFeedTest, SilenceIsZeroInEveryFormat) {
 }
 
 TEST_F(DeviceFeedTest, GivesAllThatItSaysTheRingMustHoldForIt) {
-  for (const int rate : {kSampleRate, 48000, 96000}) {
+  for (const int rate : {kSampleRate, 8000, 16000, 48000, 96000, 192000}) {
     open(SampleEncoding::kFloat32, rate);
     for (const std::size_t wanted : {1U, 160U, 1000U, 5000U, 441U, 3U}) {
       const std::size_t needed = feed_->ring_frames_for(wanted);

@@ -95,11 +95,39 @@ TEST_P(DeviceRate, BeginsANewSoundAfterTheEndOfOne) {
 INSTANTIATE_TEST_SUITE_P(Rates, DeviceRate, testing::Values(48000, 88200, 96000, 176400, 192000),
                          [](const auto& rate) { return "Of" + std::to_string(rate.param); });
 
-TEST(RateConverter, HoldsBackLessThanFiveMillisecondsAndNineAt192Kilohertz) {
-  for (const int rate : {48000, 88200, 96000, 176400, 192000, 352800, 384000}) {
-    const double held = convert(rate, sine(440, kSampleRate)).most_held;
-    EXPECT_LT(held / kSampleRate, rate == 192000 ? 0.009 : 0.005) << rate;
-    EXPECT_LT(held, static_cast<double>(RateConverter::most_held(rate))) << rate;
+// In milliseconds, of a second of sound.
+double held_back(int rate) {
+  const double held = convert(rate, sine(440, kSampleRate)).most_held;
+  EXPECT_LT(held, static_cast<double>(RateConverter::most_held(rate))) << rate;
+  return held * 1000 / kSampleRate;
+}
+
+TEST(RateConverter, HoldsBackLessThanFiveMilliseconds) {
+  for (const int rate : {22050, 24000, 32000, 48000, 64000, 88200, 96000, 176400, 192000, 352800, 384000})
+    EXPECT_LT(held_back(rate), 5.0) << rate;
+}
+
+TEST(RateConverter, HoldsBackLittleMoreForTheSlowestDevices) {
+  for (const int rate : {11025, 12000, 16000}) EXPECT_LT(held_back(rate), 10.0) << rate;
+  EXPECT_LT(held_back(8000), 20.0);
+}
+
+// As many frames of the song as the spectrum needs at that rate.
+test::ToneSpectrum spectrum_at(int rate, double hz, double looked_at) {
+  const auto frames = static_cast<std::size_t>(70000.0 * kSampleRate / rate);
+  return {convert(rate, sine(hz, frames)).sound, static_cast<double>(rate), looked_at};
+}
+
+TEST(RateConverter, ASlowDeviceGetsThreeQuartersOfWhatItCanPlayAndNothingElse) {
+  for (const int rate : {8000, 11025, 12000, 16000, 22050, 24000, 32000}) {
+    for (const double part : {0.1, 0.5, 0.75}) {
+      const double hz = part * rate / 2;
+      const test::ToneSpectrum spectrum = spectrum_at(rate, hz, hz);
+      EXPECT_NEAR(spectrum.level(), 0.0, 0.1) << hz << " of " << rate << " Hz";
+      EXPECT_LT(spectrum.worst(), kUnwanted) << hz << " of " << rate << " Hz";
+    }
+    for (const double hz : {rate * 0.505, rate * 0.6})
+      EXPECT_LT(spectrum_at(rate, hz, 0.0).worst(), kUnwanted) << hz << " of " << rate << " Hz";
   }
 }
 

@@ -14,13 +14,18 @@ namespace {
 constexpr unsigned kChannels = 2;
 constexpr double kPassBand = 20000.0 / (kSampleRate / 2.0);
 constexpr double kStopBand = 2.0 - 0.953;  // mirrored about half our rate: 23.1 kHz
+constexpr double kSlowPassBand = 0.75;     // of half the rate of a device slower than we are
 constexpr unsigned kTransformBits = 8;     // the smallest that soxr takes
+
+// libsoxr halves or doubles in stages, of which each holds sound back: for twice 96 kHz it takes one more.
+bool is_doubled(int device_rate) { return device_rate == 192000; }
 
 // A device slower than we are must not get what lies above half its rate: there the transition ends at that.
 soxr_quality_spec_t recipe(int device_rate) {
+  const bool slow = device_rate < kSampleRate;
   soxr_quality_spec_t quality = soxr_quality_spec(SOXR_20_BITQ | SOXR_LINEAR_PHASE, 0);
-  quality.passband_end = kPassBand;
-  quality.stopband_begin = device_rate < kSampleRate ? 1.0 : kStopBand;
+  quality.passband_end = slow ? kSlowPassBand : kPassBand;
+  quality.stopband_begin = slow ? 1.0 : kStopBand;
   return quality;
 }
 
@@ -36,18 +41,46 @@ soxr_runtime_spec_t small_blocks() {
 void RateConverter::Release::operator()(soxr* converter) const noexcept { soxr_delete(converter); }
 
 RateConverter::RateConverter(int device_rate) {
+  if (is_doubled(device_rate)) doubler_.emplace();
+  const int rate = doubler_ ? device_rate / 2 : device_rate;
   const soxr_io_spec_t floats = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
   const soxr_quality_spec_t quality = recipe(device_rate);
   const soxr_runtime_spec_t runtime = small_blocks();
   soxr_error_t error = nullptr;
-  converter_.reset(soxr_create(kSampleRate, device_rate, kChannels, &error, &floats, &quality, &runtime));
+  converter_.reset(soxr_create(kSampleRate, rate, kChannels, &error, &floats, &quality, &runtime));
   if (!converter_) throw std::runtime_error("no conversion to " + std::to_string(device_rate) + " Hz: " + error);
 }
 
 RateConverter::~RateConverter() = default;
 
-// Fed in small pieces, so that it never holds more than one block too much.
 RateConverter::Moved RateConverter::convert(std::span<const StereoFrame> in, std::span<StereoFrame> out) noexcept {
+  if (!doubler_) return resample(in, out);
+  Moved moved;
+  for (;;) {
+    moved.made += doubler_->read(out.subspan(moved.made));
+    if (moved.made == out.size()) return moved;
+    const Moved half = resample(in.subspan(moved.taken), doubler_->input());
+    moved.taken += half.taken;
+    moved.failed = moved.failed || half.failed;
+    if (half.made == 0) return moved;
+    doubler_->take(half.made);
+  }
+}
+
+std::size_t RateConverter::finish(std::span<StereoFrame> out) noexcept {
+  if (!doubler_) return finish_resampling(out);
+  for (;;) {
+    if (const std::size_t made = doubler_->read(out); made > 0) return made;
+    const std::size_t half = finish_resampling(doubler_->input());
+    if (half == 0) break;
+    doubler_->take(half);
+  }
+  doubler_->end();
+  return doubler_->read(out);
+}
+
+// Fed in small pieces, so that it never holds more than one block too much.
+RateConverter::Moved RateConverter::resample(std::span<const StereoFrame> in, std::span<StereoFrame> out) noexcept {
   constexpr std::size_t kFedAtOnce = 64;
   constexpr std::array<StereoFrame, 1> kNothing{};  // a null pointer would mean the end
   Moved moved;
@@ -67,7 +100,7 @@ RateConverter::Moved RateConverter::convert(std::span<const StereoFrame> in, std
   }
 }
 
-std::size_t RateConverter::finish(std::span<StereoFrame> out) noexcept {
+std::size_t RateConverter::finish_resampling(std::span<StereoFrame> out) noexcept {
   std::size_t made = 0;
   soxr_process(converter_.get(), nullptr, 0, nullptr, out.data(), out.size(), &made);
   if (made == 0) soxr_clear(converter_.get());

@@ -3,17 +3,22 @@
 // Recipe: 20 bits (rejection 120 dB and more), linear phase, so that no frequency is later than another, pass band to
 // 20 kHz, transition to 23.1 kHz, which lets what lies above 21 kHz leave an image above 22.05 kHz that no one can
 // hear; for this the filter is half as long, and with transforms of 256 points it holds back 196 frames (4.4 ms) at
-// most, where soxr's own choice holds back 924 (21 ms). Frame n of the result belongs to the moment of frame
-// n * 44100 / rate of the song: the delay of the filter is taken off.
+// most, where soxr's own choice holds back 924 (21 ms). 192 kHz, for which libsoxr takes a stage more (8.7 ms), is
+// twice 96 kHz by HalfbandDoubler (4.5 ms). To devices slower than the song (headsets in a call) the transition is the
+// upper quarter of what they can play: at 22.05 to 32 kHz that holds back 4.8 ms at most, below it libsoxr needs a
+// stage more (9.5 ms) or two (8 kHz: 19 ms). Frame n of the result belongs to the moment of frame n * 44100 / rate of
+// the song: the delay of the filter is taken off.
 // One thread. convert() and finish() neither lock nor throw; soxr allocates while its buffers grow, at first.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 
 #include "engine/core/frames.h"
+#include "platform/output/halfband_doubler.h"
 
 struct soxr;
 
@@ -21,9 +26,8 @@ namespace tandem {
 
 class RateConverter {
  public:
-  // Not more frames are taken whose sound is still to come: 5.8 ms; 9.1 ms at 192 kHz, which takes libsoxr a stage
-  // more. For rates from 44.1 kHz up.
-  static constexpr std::size_t most_held(int device_rate) noexcept { return device_rate == 192000 ? 400 : 256; }
+  // Not more frames are taken whose sound is still to come: 5.8 ms, or 20 ms for a device below 22.05 kHz.
+  static constexpr std::size_t most_held(int device_rate) noexcept { return device_rate < 22050 ? 882 : 256; }
 
   // Throws std::runtime_error if soxr refuses the rate or has no memory.
   explicit RateConverter(int device_rate);
@@ -47,7 +51,11 @@ class RateConverter {
     void operator()(soxr* converter) const noexcept;
   };
 
+  Moved resample(std::span<const StereoFrame> in, std::span<StereoFrame> out) noexcept;
+  std::size_t finish_resampling(std::span<StereoFrame> out) noexcept;
+
   std::unique_ptr<soxr, Release> converter_;
+  std::optional<HalfbandDoubler> doubler_;  // where libsoxr converts to half the device's rate
 };
 
 }  // namespace tandem
