@@ -33,6 +33,24 @@ TEST(NeedleMeter, FullScaleSineStandsAtPlusThree) {
   EXPECT_NEAR(standing(-23.0), needle_deflection(-20.0), 0.002);
 }
 
+// Rectified Gaussian noise averages 1.05 dB less than a sine of the same rms, which would stand at -18 + 3 + 3. A meter
+// of peaks would stand at about -6.
+TEST(NeedleMeter, NoiseStandsAtItsAverage) {
+  std::mt19937 random(1);
+  std::normal_distribution<double> gauss(0.0, amplitude_of(-18.0));
+  const Sound noise = both(frames_in(5.0), [&](double) { return gauss(random); });
+  NeedleMeter meter = enabled_meter();
+  Screen screen(meter, noise);
+  screen.run(1.0);
+  double sum = 0.0;
+  for (int i = 0; i < 240; ++i) {
+    screen.picture(1.0 / 60.0);
+    EXPECT_NEAR(needle_reading(meter.deflection()), -13.0, 1.5) << i;
+    sum += meter.deflection() / 240.0;
+  }
+  EXPECT_NEAR(needle_reading(sum), -13.0, 0.2);
+}
+
 TEST(NeedleMeter, ScaleSpansTheSwing) {
   EXPECT_DOUBLE_EQ(deflection_angle(needle_deflection(3.0)), 43.0);
   EXPECT_DOUBLE_EQ(deflection_angle(0.0), -43.0);
