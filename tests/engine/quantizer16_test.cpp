@@ -91,23 +91,47 @@ TEST(Quantizer16, SilenceIsZeroAndExactSoundExactAgainAfterAMillisecond) {
 }
 
 // A song of 16 bits at half the volume: every other value stands on a step.
-TEST(Quantizer16, TheNoiseDoesNotDependOnWhereTheSamplesStand) {
-  Sound sound = sine(997.0, -20.0);
-  for (StereoFrame& frame : sound) {
-    frame.left = std::nearbyint(frame.left * 32768.0F) / 65536.0F;
-    frame.right = frame.left;
+Sound at_half_volume(double loudest, double seconds) {
+  Sound sound(static_cast<std::size_t>(seconds * kSampleRate));
+  for (std::size_t n = 0; n < sound.size(); ++n) {
+    const double turn = 2.0 * std::numbers::pi * 997.0 * static_cast<double>(n) / kSampleRate;
+    const auto steps = static_cast<float>(std::nearbyint(loudest * std::sin(turn)));
+    sound[n].left = sound[n].right = steps / 65536.0F;
   }
-  const auto samples = in_16_bits(sound);
-  double power[2] = {};
-  double count[2] = {};
+  return sound;
+}
+
+// In steps squared, of the frames of which that is so.
+template <class Which>
+double noise_power(const Sound& sound, const std::vector<Sample16>& samples, Which which) {
+  double power = 0.0;
+  double count = 0.0;
   for (std::size_t n = 1000; n < sound.size(); ++n) {
     const double value = double{sound[n].left} * 32768.0;
-    const std::size_t between = value == std::nearbyint(value) ? 0 : 1;
-    power[between] += std::pow(samples[n].left - value, 2);
-    ++count[between];
+    if (!which(value)) continue;
+    power += std::pow(samples[n].left - value, 2);
+    ++count;
   }
-  EXPECT_NEAR(power[0] / count[0], 0.25, 0.01);
-  EXPECT_NEAR(power[1] / count[1], 0.25, 0.01);
+  return power / count;
+}
+
+bool is_step(double value) { return value == std::nearbyint(value); }
+
+TEST(Quantizer16, TheNoiseDoesNotDependOnWhereTheSamplesStand) {
+  const Sound sound = at_half_volume(3277.0, 4.0);
+  const auto samples = in_16_bits(sound);
+  EXPECT_NEAR(noise_power(sound, samples, is_step), 0.25, 0.01);
+  EXPECT_NEAR(noise_power(sound, samples, [](double value) { return !is_step(value); }), 0.25, 0.01);
+}
+
+// Then a third of the frames and more are zero.
+TEST(Quantizer16, AQuietFadeOutHasAnEvenNoise) {
+  for (const double loudest : {1.0, 2.0, 3.0, 5.0}) {
+    const Sound sound = at_half_volume(loudest, 4.0);
+    const auto samples = in_16_bits(sound);
+    EXPECT_NEAR(noise_power(sound, samples, [](double value) { return value == 0.0; }), 0.25, 0.01) << loudest;
+    EXPECT_NEAR(noise_power(sound, samples, [](double value) { return value != 0.0; }), 0.25, 0.01) << loudest;
+  }
 }
 
 TEST(Quantizer16, LeftAndRightHaveANoiseOfTheirOwn) {

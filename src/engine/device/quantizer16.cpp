@@ -33,10 +33,9 @@ void Quantizer16::convert(std::span<const StereoFrame> from, std::span<Sample16>
   for (std::size_t i = 0; i < from.size(); ++i) {
     const StereoFrame steps{from[i].left * kSteps, from[i].right * kSteps};
     const bool exact = is_whole(steps.left) && is_whole(steps.right);
-    const bool silent = steps.left == 0 && steps.right == 0;
     dither_for_ = exact ? std::max(dither_for_ - 1, 0) : kHold;
-    to[i] = dither_for_ == 0 || silent ? Sample16{in_range(steps.left), in_range(steps.right)}
-                                       : Sample16{dithered(steps.left), dithered(steps.right)};
+    to[i] = dither_for_ == 0 ? Sample16{in_range(steps.left), in_range(steps.right)}
+                             : Sample16{dithered(steps.left), dithered(steps.right)};
   }
 }
 

@@ -1,9 +1,9 @@
 // Float sound to 16 bits. Where 16 bits cannot hold the samples, all of them get triangular dither of two steps (TPDF):
 // rounding then leaves no harmonics and no lower limit, only an even noise (Lipshitz, Wannamaker and Vanderkooy 1992,
 // "Quantization and dither"). The dither begins with the first sample that stands on no step and ends 1 ms after the
-// last one, so that the noise does not come and go with samples that stand on a step by chance. Sound that the chain
-// has not changed comes out bit for bit, and silence is zero, at once. For one thread at a time; no allocation, no
-// lock.
+// last one, so that the noise does not come and go with samples that stand on a step by chance, nor with the zeros of a
+// quiet fade. Sound that the chain has not changed comes out bit for bit, and silence is zero. For one thread at a
+// time; no allocation, no lock.
 #pragma once
 
 #include <cstdint>
