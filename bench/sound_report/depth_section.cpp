@@ -2,10 +2,12 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <string>
 
 #include "engine/device/quantizer16.h"
 #include "engine/device/simulated_output.h"
 #include "engine/engine.h"
+#include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
 #include "support/temp_directory.h"
@@ -55,6 +57,13 @@ void print(const char* name, const Sound& sound) {
                 highest_harmonic(sound));
 }
 
+void print_ours(const char* name, const Sound& sound, double dbfs) {
+  const double level = level_db(sound, kHertz);
+  const double harmonic = highest_harmonic(sound);
+  std::printf("    %-34s level %7.1f%s   highest harmonic %7.1f dBFS%s\n", name, level, about(dbfs, 0.1, level).c_str(),
+              harmonic, at_most(-120.0, harmonic).c_str());
+}
+
 Sound middle(const Sound& sound) {
   return sound.size() < 3 * kSecond ? Sound{} : Sound(sound.begin() + kSecond / 2, sound.begin() + 5 * kSecond / 2);
 }
@@ -69,8 +78,8 @@ void report_depth() {
     write_wav(directory.file("sine.wav"), sine, kSampleRate, 24);
     const Sound floats = played(directory.file("sine.wav"));
     std::printf("  %.0f dBFS\n", dbfs);
-    print("Tandem, device of 24 bits", floats);
-    print("Tandem, device of 16 bits", in_16_bits(floats));
+    print_ours("Tandem, device of 24 bits", floats, dbfs);
+    print_ours("Tandem, device of 16 bits", in_16_bits(floats), dbfs);
     print("plain rounding to 16 bits", mono(floats.size(), [&](std::size_t n) {
             return std::nearbyint(double{floats[n].left} * 32768.0) / 32768.0;
           }));

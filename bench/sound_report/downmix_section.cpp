@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/decode/downmix.h"
+#include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
 
@@ -20,6 +21,7 @@ struct Layout {
   std::size_t low_frequencies;  // the channel of these, or none
 };
 
+constexpr double kRounding = 1e-5;  // dB, of float gains
 constexpr std::size_t kNone = 99;
 constexpr std::array<Layout, 5> kLayouts{
     {{"mono", 1, kNone}, {"stereo", 2, kNone}, {"quadraphony", 4, kNone}, {"5.1", 6, 3}, {"7.1", 8, 3}}};
@@ -36,8 +38,9 @@ void print(const Layout& layout) {
   if (layout.low_frequencies != kNone) all[layout.low_frequencies] = 0.0F;
   std::vector<float> front(layout.channels, 0.0F);
   front[0] = 1.0F;
-  std::printf("  %-12s all channels %+5.2f dBFS, with low frequencies %+5.2f; front left alone %+5.2f\n", layout.name,
-              level_of(all), with_low, level_of(front));
+  const double level = level_of(all);
+  std::printf("  %-12s all channels %+5.2f dBFS%s, with low frequencies %+5.2f; front left alone %+5.2f\n", layout.name,
+              level, at_most(0.0, level - kRounding).c_str(), with_low, level_of(front));
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 // Files of real encoders against what they were made of.
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <string>
 
 #include "engine/encoded_songs.h"
+#include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
 
@@ -15,9 +17,11 @@ void report_gapless() {
     if (!has(each.encoder)) continue;
     try {
       const test::Edges edges = test::edges_of(each);
-      std::printf("  %-46s %6d Hz %+6lld %+6lld%s\n", test::text_of(each).c_str(), each.rate,
-                  static_cast<long long>(edges.first), static_cast<long long>(edges.last),
-                  each.noted == test::Noted::kEdges ? "" : "   (the file does not say)");
+      const auto first = static_cast<long long>(edges.first);
+      const auto last = static_cast<long long>(edges.last);
+      const auto off = static_cast<double>(std::abs(first) + std::abs(last));
+      std::printf("  %-46s %6d Hz %+6lld %+6lld%s\n", test::text_of(each).c_str(), each.rate, first, last,
+                  each.noted == test::Noted::kEdges ? at_most(0.0, off).c_str() : "   (the file does not say)");
     } catch (const std::exception& error) {
       std::printf("  %-46s %6d Hz %s\n", test::text_of(each).c_str(), each.rate, error.what());
     }

@@ -1,4 +1,5 @@
-// Measures the sound and prints every figure, beside other programs that do the same thing on the same signals.
+// Measures the sound and prints every figure with its limit, beside other programs that do the same thing on the same
+// signals. Exit status 1: a figure of ours misses its limit.
 //   sound_report [FOLDER [SECTION...]]   plots go into FOLDER (default: the working directory); sections: depth rate
 //                                        limiter pitch onsets equalizer displays downmix gapless (default: all)
 // A program that is not installed is left out; tools/setup/install_packages build demo test bench installs them all.
@@ -10,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
 
@@ -41,5 +43,7 @@ int main(int count, char** arguments) {
     std::printf("\n");
     std::fflush(stdout);
   }
-  return 0;
+  const Verdict all = verdict();
+  std::printf("%zu figures have a limit, %zu miss it\n", all.asked, all.missed);
+  return all.missed == 0 ? 0 : 1;
 }

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "engine/pitch_deck.h"
+#include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
 
@@ -93,7 +94,8 @@ void report_onsets() {
     for (std::size_t i = 0; i < kValues.size(); ++i) missing.at(i) += lost(one, kValues.at(i));
   }
   for (std::size_t i = 0; i < kValues.size(); ++i)
-    std::printf("  %+d: %zu of %zu\n", kValues.at(i), missing.at(i), count);
+    std::printf("  %+d: %zu of %zu%s\n", kValues.at(i), missing.at(i), count,
+                at_most(0.0, static_cast<double>(missing.at(i))).c_str());
 }
 
 }  // namespace tandem::report

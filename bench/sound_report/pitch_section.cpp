@@ -8,6 +8,7 @@
 
 #include "engine/pitch_measures.h"
 #include "engine/pitch_songs.h"
+#include "sound_report/limits.h"
 #include "sound_report/pitch_shifters.h"
 #include "sound_report/processor_time.h"
 #include "sound_report/sections.h"
@@ -58,14 +59,16 @@ void print_head(const char* title, const Values& values, int width) {
 
 Line print_purity(const Shifter& shifter, const Sound& sound) {
   std::printf("  %-16s", shifter.name.c_str());
+  double worst = -300.0;
   Line line{shifter.name, {}};
   for (const int value : kValues) {
     const Purity purity = purity_of(shifter.shift(sound, value), value);
     std::printf(" %6.1f (%5.1f)", purity.mean, purity.worst);
     std::fflush(stdout);
     line.points.emplace_back(value, purity.mean);
+    worst = std::max(worst, purity.worst);
   }
-  std::printf("\n");
+  std::printf("%s\n", shifter.ours ? at_most(-55.0, worst).c_str() : "");
   return line;
 }
 
@@ -81,10 +84,18 @@ void print_impulses(const std::vector<Shifter>& shifters) {
   print_head("30 impulses in a chord: lost + doubled, by how much the worst is late or early in ms", kAttackValues, 12);
   for (const Shifter& shifter : shifters) {
     std::printf("  %-16s", shifter.name.c_str());
+    int wrong = 0;
+    int wrong_at_20 = 0;
+    double error = 0.0;  // ms
     for (const int value : kAttackValues) {
       const AttackReport report = attacks_of(shifter, song, value, kImpulseBand);
       std::printf("  %2d+%d, %5.1f", report.lost, report.doubled, report.worst_error_ms);
+      (std::abs(value) <= 10 ? wrong : wrong_at_20) += report.lost + report.doubled;
+      error = std::max(error, report.worst_error_ms);
     }
+    if (shifter.ours)
+      std::printf("%s%s%s", at_most(0.0, wrong).c_str(), at_most(2.0, wrong_at_20).c_str(),
+                  at_most(5.0, error).c_str());
     std::printf("\n");
   }
 }
@@ -94,10 +105,15 @@ void print_hats(const std::vector<Shifter>& shifters) {
   print_head("hi-hats in music: worst level in dB, worst time in ms", kAttackValues, 12);
   for (const Shifter& shifter : shifters) {
     std::printf("  %-16s", shifter.name.c_str());
+    double loss = 0.0;   // dB
+    double error = 0.0;  // ms
     for (const int value : kAttackValues) {
       const AttackReport report = attacks_of(shifter, song, value, kHatBand);
       std::printf("  %5.1f,%5.1f", report.worst_loss_db, report.worst_error_ms);
+      loss = std::min(loss, report.worst_loss_db);
+      error = std::max(error, report.worst_error_ms);
     }
+    if (shifter.ours) std::printf("%s%s", at_least(-3.0, loss).c_str(), at_most(5.0, error).c_str());
     std::printf("\n");
   }
 }
@@ -110,7 +126,8 @@ void print_images(const std::vector<Shifter>& shifters) {
       const Sound out = shifter.shift(one_tone(hz, 1.0), -20);
       if (out.size() > kSecond / 2) highest = std::max(highest, tone_db(out, (kSampleRate - hz) * ratio_of(-20)));
     }
-    std::printf("  %-16s %6.1f\n", shifter.name.c_str(), highest);
+    std::printf("  %-16s %6.1f%s\n", shifter.name.c_str(), highest,
+                shifter.ours ? at_most(-60.0, highest).c_str() : "");
   }
 }
 

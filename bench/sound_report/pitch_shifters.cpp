@@ -35,7 +35,7 @@ Sound shifted_by_us(const Sound& sound, int value) { return tandem::shifted(soun
 }  // namespace
 
 std::vector<Shifter> pitch_shifters() {
-  std::vector<Shifter> list{{"Tandem", shifted_by_us}};
+  std::vector<Shifter> list{{"Tandem", shifted_by_us, true}};
   for (const Peer& peer : kPeers) {
     if (!has(peer.program)) continue;
     list.push_back({peer.name, [command = std::string(peer.command)](const Sound& sound, int value) {

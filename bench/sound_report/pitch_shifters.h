@@ -12,6 +12,7 @@ namespace tandem::report {
 struct Shifter {
   std::string name;
   std::function<Sound(const Sound&, int)> shift;  // by fifths of a semitone; empty if the program fails
+  bool ours = false;
 };
 
 // Ours first.
