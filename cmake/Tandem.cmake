@@ -74,7 +74,8 @@ function(tandem_library name)
   endif()
 endfunction()
 
-# tandem_quick_to_compile(TARGET): code that tests and is not tested itself is compiled for a short build, not for speed.
+# tandem_quick_to_compile(TARGET): code that tests and is not tested itself is compiled for a short build, not for speed. What
+# searches and compares sound (tests/support, the rig of tests/program) is compiled as the player is.
 function(tandem_quick_to_compile target)
   # At this level gcc 12 sees overflows inside std::string that are none.
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds>)

@@ -19,16 +19,16 @@ namespace tandem {
 
 namespace {
 
-constexpr std::size_t kMostFields = 201;  // a list with more is not opened
 constexpr std::chrono::milliseconds kPatience{200};
 constexpr std::chrono::milliseconds kSlice{10};
 
-std::vector<std::string> fields_of(const std::string& list) try {
+// The song's number and at most that many songs; a list with more is not opened.
+std::vector<std::string> fields_of(const std::string& list, std::size_t most_songs) try {
   const std::string text = read_whole_file(list);
   std::vector<std::string> fields;
-  for (FieldReader reader(text); !reader.at_end() && fields.size() <= kMostFields;)
+  for (FieldReader reader(text); !reader.at_end() && fields.size() <= most_songs + 1;)
     fields.push_back(reader.read_text());
-  return fields.size() <= kMostFields ? fields : std::vector<std::string>();
+  return fields.size() <= most_songs + 1 ? fields : std::vector<std::string>();
 } catch (const RuntimeError&) {
   return {};  // the handler meets the same error
 }
@@ -54,14 +54,14 @@ struct IntakeJob::Work {
   }
 
   std::vector<std::string> songs_wanted() {
-    if (request.kind == Kind::List) return fields_of(request.paths.front());
+    if (request.kind == Kind::List) return fields_of(request.paths.front(), request.most_with_list);
     if (request.kind == Kind::Songs) return request.paths;
     found = dropped_songs(
         request.paths, {request.most, request.most_with_list},
         [this](const std::string& path) { return has_sound(path); }, stop.get_token());
     std::vector<std::string> paths = found.songs;
     if (!found.list.empty()) {
-      const std::vector<std::string> listed = fields_of(found.list);
+      const std::vector<std::string> listed = fields_of(found.list, request.most_with_list);
       paths.insert(paths.begin(), listed.begin(), listed.end());
     }
     return paths;

@@ -51,7 +51,7 @@ bool SongIntake::is_ready(const Waiting& first) const {
 // After the loop was ended, another event of the same round may have begun an overlap.
 bool SongIntake::prepare(const std::string& result, IntakeJob::Kind kind, const std::vector<std::string>& others) {
   QEventLoop loop;
-  Waiting& own = begin({kind, chosen_paths(result), 0, 0});
+  Waiting& own = begin({kind, chosen_paths(result), 0, SongEntries::kLastSong});
   bool cancelled = false;
   own.loop = &loop;
   own.cancelled = &cancelled;

@@ -1,6 +1,7 @@
 // The components that the panel owns for its whole life, linked as the sound flows:
 //   AudioFile(i) -> Pitch(i) -> WaveMixer input i -> MMRingBufferX1 -> EQ -> WaveOut -> MMConnectorX1 -> displays
 // The index of a deck, its file reader, its pitch stage and its mixer input are one number.
+// UI thread.
 #pragma once
 
 #include <array>

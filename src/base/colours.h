@@ -1,4 +1,4 @@
-// The panel's colours: 24-bit numbers in the order blue, green, red (&HBBGGRR).
+// The panel's colours: 24-bit numbers in the order blue, green, red (&HBBGGRR). Constants; any thread.
 #pragma once
 
 #include <cstdint>

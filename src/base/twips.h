@@ -1,4 +1,4 @@
-// Lengths and positions of the panel: whole twips, 1/1440 inch, 15 to a pixel at 100 %.
+// Lengths and positions of the panel: whole twips, 1/1440 inch, 15 to a pixel at 100 %. Constants; any thread.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
 // Controls of the panel that are handled alike, in the order of their numbers, as members of PanelControls.
+// Constants; any thread.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// Sizes of the panel's window, in twips.
+// Sizes of the panel's window, in twips. Constants; any thread.
 #pragma once
 
 #include "base/twips.h"

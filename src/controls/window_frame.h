@@ -1,4 +1,4 @@
-// The outer box of the panel's window and the screen that it stands on, in whole twips.
+// The outer box of the panel's window and the screen that it stands on, in whole twips. UI thread.
 #pragma once
 
 #include <string>

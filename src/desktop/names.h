@@ -1,4 +1,5 @@
 // What the player is called on the session bus, in the desktop's list of programs and by Wayland compositors.
+// Constants; any thread.
 #pragma once
 
 namespace tandem {

@@ -1,7 +1,9 @@
-// The parts of the layout table, by place on the panel; read through panel_layout.h.
+// The parts of the layout table, by place on the panel; read through panel_layout.h. Constants; any thread.
 #pragma once
 
-#include "layout/panel_layout.h"
+#include <span>
+
+#include "layout/control_box.h"
 
 namespace tandem {
 

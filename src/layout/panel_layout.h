@@ -1,4 +1,5 @@
 // The one table of the panel's geometry and texts. Lengths are px at 100 % from the window's top left corner.
+// Constants; any thread.
 #pragma once
 
 #include <QRect>
@@ -6,6 +7,7 @@
 #include <span>
 #include <string_view>
 
+#include "layout/control_box.h"
 #include "layout/rotary_place.h"
 
 namespace tandem {
@@ -21,53 +23,6 @@ struct WindowState {
 };
 
 QSize window_size(WindowSize size);
-
-enum class ControlKind {
-  Grip,
-  ChromeButton,
-  GlassPanel,
-  Picture,
-  LedLabel,
-  Gauge,
-  PitchLamp,
-  Slider,
-  Key,
-  Wheel,
-  Caption,
-  LeadLamp,
-  Rotary,
-  SlideSwitch,
-  Fader,
-  Stud,
-  Display,
-  BevelledPanel,
-  GainWindow,
-  SongList,
-  LampButton,
-  Spinner,
-  NotDrawn,
-};
-
-/// Where a control belongs: a group is shown or hidden as one.
-enum class ControlGroup { Chrome, Display, Transport, Mix, Visual, Equalizer, List, Board, Hidden };
-
-struct ControlBox {
-  std::string_view name;
-  int x;
-  int y;
-  int w;
-  int h;
-  ControlKind kind;
-  ControlGroup group;
-  std::string_view caption;
-  int tab;                      ///< place in the tab chain, 0 = none
-  std::string_view tip;         ///< blanks belong to it; empty = no tip
-  std::string_view accessible;  ///< a text in round brackets is no name of its own
-  int count = 0;                ///< cells of a label, digits of a spinner
-  int pitch = 0;                ///< dot pitch of a label
-
-  [[nodiscard]] QRect box() const { return {x, y, w, h}; }
-};
 
 /// All controls in the order of the panel.
 std::span<const ControlBox> panel_layout();

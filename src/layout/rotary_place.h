@@ -1,4 +1,4 @@
-// Where a rotary switch has its knob and its captions. Lengths in px at 100 %.
+// Where a rotary switch has its knob and its captions. Lengths in px at 100 %. Values; any thread.
 #pragma once
 
 #include <QPointF>

@@ -1,4 +1,4 @@
-// The lines of PlayList and ListAux2: song number, " - ", full path.
+// The lines of PlayList and ListAux2: song number, " - ", full path. UI thread.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// The songs of the list by their number, from 1. Entry 0 holds no song, so there are at most 200.
+// The songs of the list by their number, from 1. Entry 0 holds no song, so there are at most 200. UI thread.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// What the display panel writes of a song: its title, which scrolls when it is long, and its times.
+// What the display panel writes of a song: its title, which scrolls when it is long, and its times. UI thread.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // The 15 bands of the equalizer, low to high: contiguous, of unequal width, with two narrow ones between 470 and 630
-// Hz.
+// Hz. Constants; any thread.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
 // What becomes of an error that ends a handler. Start-up, shut-down and settings have no policy: their errors reach the
-// caller.
+// caller. UI thread.
 #pragma once
 
 #include <functional>

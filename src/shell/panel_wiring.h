@@ -1,4 +1,4 @@
-// Every event of the panel and the handler that it meets.
+// Every event of the panel and the handler that it meets. UI thread.
 #pragma once
 
 #include <functional>

@@ -193,7 +193,7 @@ void AssistiveBus::listen(const std::string& event) {
   constexpr const char* kRegistry = "org.a11y.atspi.Registry";
   if (sd_bus_call_method(bus_.get(), kRegistry, "/org/a11y/atspi/registry", kRegistry, "RegisterEvent", nullptr,
                          nullptr, "s", event.c_str()) < 0)
-    throw std::runtime_error("nobody says " + event);
+    throw std::runtime_error("no event " + event);
 }
 
 const std::vector<std::string>& AssistiveBus::heard() {

@@ -71,7 +71,7 @@ TEST_F(Managed, IsKnownByItsNameAndClass) {
   EXPECT_EQ(desktop.do_tool({"search", "--classname", "^tandem$"}), player->window() + "\n");
 }
 
-TEST_F(Managed, IsDraggedByItsHeadWithoutBeingLeftBehind) {
+TEST_F(Managed, IsDraggedByItsHeadAndKeepsUp) {
   const auto [x, y] = player->place();
   drag(300, 7, 57, 33);
   EXPECT_TRUE(comes_near(x + 57, y + 33)) << player->place().first << " " << player->place().second;

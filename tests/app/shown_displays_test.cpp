@@ -58,7 +58,7 @@ class ShownDisplays : public testing::TestWithParam<Screen> {
   std::unique_ptr<RealPlayer> player;
 };
 
-TEST_P(ShownDisplays, MoveWhileASongPlaysAndLeaveNothingBehind) {
+TEST_P(ShownDisplays, MoveWhileASongPlaysAndLeaveNoTrace) {
   Pixels still;
   ASSERT_TRUE(wait_until([&] {
     still = well();

@@ -17,7 +17,7 @@ struct LoggedSound : testing::Test {
   SoundGraph sound = fakes.make_graph(timers);
 };
 
-TEST_F(LoggedSound, TellsOfTheDecks) {
+TEST_F(LoggedSound, LogsTheDecks) {
   sound.AudioFile[0]->put_FileName("/a b.mp3");
   sound.AudioFile[1]->put_Position(5000);
   sound.AudioFile[0]->finish(4000);
@@ -27,7 +27,7 @@ TEST_F(LoggedSound, TellsOfTheDecks) {
                                        "AudioFile(0).finish(4000)", "TempFile.FileName(/c)", "Pitch(1).Value(-5)"));
 }
 
-TEST_F(LoggedSound, TellsOfMixerAndEqualizer) {
+TEST_F(LoggedSound, LogsMixerAndEqualizer) {
   sound.WaveMixer->put_Mute(0, true);
   sound.WaveMixer->put_Volume(16384);
   sound.EQ->add_filter(0.0, 32.0, 0.0);
@@ -37,7 +37,7 @@ TEST_F(LoggedSound, TellsOfMixerAndEqualizer) {
                                        "EQ.Filters(0).Gain(5.5)", "EQ.Bypassed(True)"));
 }
 
-TEST_F(LoggedSound, TellsOfTheOutput) {
+TEST_F(LoggedSound, LogsTheOutput) {
   sound.WaveOut->put_BufferSize(10240);
   sound.WaveOut->open();
   sound.WaveOut->start();
@@ -49,7 +49,7 @@ TEST_F(LoggedSound, TellsOfTheOutput) {
                                        "WaveOut.pause()", "WaveOut.restart()", "WaveOut.stop()", "WaveOut.close()"));
 }
 
-TEST_F(LoggedSound, TellsOfDisplaysAndTimers) {
+TEST_F(LoggedSound, LogsDisplaysAndTimers) {
   sound.MMConnectorX1->put_target(MMConnectorX::Slot::LeftMeter, "MMMeterX1");
   sound.MMConnectorX1->put_target(MMConnectorX::Slot::Oscilloscope, "");
   sound.MMSpectrum1->put(SpectrumSetting::FFTLength, 64);

@@ -43,7 +43,7 @@ TEST(NumberField, EndsAtBlankCommaOrLineEnd) {
   EXPECT_TRUE(reader.at_end());
 }
 
-TEST(NumberField, ACommaBehindBlanksBelongsToTheNumber) {
+TEST(NumberField, ACommaAfterBlanksBelongsToTheNumber) {
   FieldReader reader("1 , 2");
   EXPECT_EQ(reader.read_int16(), 1);
   EXPECT_EQ(reader.read_int16(), 2);

@@ -106,7 +106,7 @@ TEST_F(TemporaryFiles, OfARunningPlayerStay) {
 }
 
 // The killed player's number belongs to another program by now: to this one, or to one that runs for ever.
-TEST_F(TemporaryFiles, AreStaleWhoeverHasTheirNumberNow) {
+TEST_F(TemporaryFiles, AreStaleWhichProcessEverHasTheirNumberNow) {
   for (const pid_t number : {::getpid(), 1}) write_half(file(name_of(number)));
   save();
   EXPECT_EQ(entries(), 1);

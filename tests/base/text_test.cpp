@@ -61,7 +61,7 @@ TEST(Text, ASongNumberHasTwoDigitsAtLeast) {
   EXPECT_EQ(song_number_text(100), "100");
 }
 
-TEST(Text, ANameBeginsBehindTheLastSeparator) {
+TEST(Text, ANameBeginsAfterTheLastSeparator) {
   EXPECT_EQ(name_begin("/a/b.mp3"), 3U);
   EXPECT_EQ(name_begin("b.mp3"), 0U);
   EXPECT_EQ(name_begin("/"), 1U);

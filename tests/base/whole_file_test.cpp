@@ -90,7 +90,7 @@ TEST(WholeFile, WhereNoFileCanBeMade) {
   EXPECT_EQ(error_of([] { replace_whole_file("/proc/tandem-test", "text"); }), RuntimeErrorKind::FileAccess);
 }
 
-TEST(WholeFile, TheErrorTellsThePath) {
+TEST(WholeFile, TheErrorNamesThePath) {
   try {
     replace_whole_file("/proc/tandem-test", "text");
     FAIL();

@@ -23,7 +23,7 @@ TEST(ValuedControl, APutIsLimitedToTheRange) {
   EXPECT_EQ(slider.Position, -12);
 }
 
-TEST(ValuedControl, NotifyAlwaysTellsOfAPutThatChangesNothing) {
+TEST(ValuedControl, NotifyAlwaysReportsAPutThatChangesNothing) {
   Slider slider(-12, 12, NotifyOnPut::Always);
   const Changes changes(slider);
   slider.Position = 0;
@@ -31,7 +31,7 @@ TEST(ValuedControl, NotifyAlwaysTellsOfAPutThatChangesNothing) {
   EXPECT_EQ(changes.count, 2);
 }
 
-TEST(ValuedControl, NotifyOnChangeTellsOnlyOfAChange) {
+TEST(ValuedControl, NotifyOnChangeReportsOnlyAChange) {
   Switch control(2, 0, NotifyOnPut::OnChange);
   const Changes changes(control);
   control.Position = 0;

@@ -36,7 +36,7 @@ TEST_F(Mpris, StandsForTheProgram) {
   EXPECT_EQ(quits_, 1);
 }
 
-TEST_F(Mpris, TellsWhatThePanelCan) {
+TEST_F(Mpris, SaysWhatThePanelCan) {
   EXPECT_EQ(status(), "Stopped");
   for (const char* name : {"CanPlay", "CanPause", "CanGoNext", "CanGoPrevious", "CanSeek"})
     EXPECT_FALSE(flag(name)) << name;

@@ -51,7 +51,7 @@ TEST(BandAnalyser, AFullScaleSineReadsOneInItsBandForEveryWindowAndLength) {
       }
 }
 
-TEST(BandAnalyser, TellsNeighbouringNotesOfTheBassApart) {
+TEST(BandAnalyser, SeparatesNeighbouringNotesOfTheBass) {
   Rig rig;
   rig.hear(sine(frames_in(1.0), middle_of(6)));
   EXPECT_LT(rig.db(3), -35.0);

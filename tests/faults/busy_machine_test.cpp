@@ -22,8 +22,8 @@ namespace {
 
 constexpr double kSong = 15;  // seconds
 int processes_wished() {
-  const char* wish = std::getenv("TANDEM_BUSY_PROCESSES");
-  return wish != nullptr ? std::max(std::atoi(wish), 1) : 4;
+  const char* setting = std::getenv("TANDEM_BUSY_PROCESSES");
+  return setting != nullptr ? std::max(std::atoi(setting), 1) : 4;
 }
 constexpr std::size_t kChance = 5;         // breaks
 constexpr std::size_t kSpared = 4;         // a break is answered: at most one of so many comes about
@@ -41,8 +41,8 @@ struct Setting {
   int least_queue;  // of which so much lies at the server in front of its device
 
   int seconds() const {
-    const char* wish = std::getenv("TANDEM_BUSY_SECONDS");
-    return wish == nullptr ? kQuick : std::max(std::atoi(wish) / share, kQuick);
+    const char* setting = std::getenv("TANDEM_BUSY_SECONDS");
+    return setting == nullptr ? kQuick : std::max(std::atoi(setting) / share, kQuick);
   }
   // A short queue breaks now and then, by chance: in both players, but not in both at once.
   std::size_t most_breaks(std::size_t plain) const { return user == User::kAway ? plain : plain / kSpared + kChance; }

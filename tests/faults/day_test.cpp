@@ -23,8 +23,8 @@ namespace {
 constexpr int kSongs = 200;
 
 bool whole_day() {
-  const char* wish = std::getenv("TANDEM_DAY");
-  return wish != nullptr && std::string(wish) == "1";
+  const char* setting = std::getenv("TANDEM_DAY");
+  return setting != nullptr && std::string(setting) == "1";
 }
 
 // Four files, which the list repeats: three of 8-bit mono and one MP3, never silent, as quiet as may be.

@@ -51,8 +51,8 @@ std::string new_settings() {
 }
 
 int kills() {
-  const char* wish = std::getenv("TANDEM_KILLS");
-  return wish == nullptr ? 40 : std::max(std::atoi(wish), 1);
+  const char* setting = std::getenv("TANDEM_KILLS");
+  return setting == nullptr ? 40 : std::max(std::atoi(setting), 1);
 }
 
 class KilledPlayer : public testing::Test {

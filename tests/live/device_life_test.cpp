@@ -56,7 +56,7 @@ class LiveDeviceLife : public testing::Test {
 
 // TANDEM_TEST_RESTARTS: how many times.
 TEST_F(LiveDeviceLife, AServerThatIsKilledAndRestarted) {
-  const int restarts = count_wished("TANDEM_TEST_RESTARTS", 3);
+  const int restarts = count_from("TANDEM_TEST_RESTARTS", 3);
   add_song(20.0 + 3 * restarts);
   rig_.server.start();
   rig_.play();

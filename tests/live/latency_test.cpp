@@ -36,7 +36,7 @@ class LiveLatency : public testing::TestWithParam<Buffers> {
   // lets it sound again.
   double delay_of(const std::function<void()>& act, const std::function<void()>& undo) {
     std::vector<double> delays;
-    for (int round = count_wished("TANDEM_TEST_MOVES", 3); round > 0; --round) {
+    for (int round = count_from("TANDEM_TEST_MOVES", 3); round > 0; --round) {
       const Nanoseconds began = monotonic_now();
       act();
       EXPECT_TRUE(rig_.run_until([this] { return heard(false); }, 2000));

@@ -29,7 +29,7 @@ SoundGraph graph_of(Engine& engine, TimerQueue& timers) {
 
 }  // namespace
 
-int count_wished(const char* variable, int otherwise) {
+int count_from(const char* variable, int otherwise) {
   const char* count = std::getenv(variable);
   return count != nullptr ? std::max(1, std::atoi(count)) : otherwise;
 }

@@ -24,7 +24,7 @@ namespace tandem::test {
 using Milliseconds = std::int64_t;
 
 // A number from the environment, for long forms of a test.
-int count_wished(const char* variable, int otherwise);
+int count_from(const char* variable, int otherwise);
 
 class LiveRig {
  public:

@@ -33,7 +33,7 @@ std::vector<double> errors_in(const std::vector<Sample16>& made, const std::vect
 
 // TANDEM_TEST_CHANGES: how many, up to what the song table holds.
 TEST(LiveOverlap, StartsInTimeAndTheSumIsExact) {
-  const int changes = std::min(count_wished("TANDEM_TEST_CHANGES", 6), SongEntries::kLastSong - 1);
+  const int changes = std::min(count_from("TANDEM_TEST_CHANGES", 6), SongEntries::kLastSong - 1);
   LiveRig rig;
   rig.start_server();
   rig.choose_lead(kLead);

@@ -17,12 +17,12 @@ class LoggedDisplay : public Interface {
   explicit LoggedDisplay(Logged<Interface> parts) : p_(std::move(parts)) {}
   bool Enabled() const override { return p_.inner->Enabled(); }
   void put_Enabled(bool enabled) override {
-    p_.tell("Enabled", boolean_word(enabled));
+    p_.log_call("Enabled", boolean_word(enabled));
     p_.inner->put_Enabled(enabled);
   }
   bool Visible() const override { return p_.inner->Visible(); }
   void put_Visible(bool visible) override {
-    p_.tell("Visible", boolean_word(visible));
+    p_.log_call("Visible", boolean_word(visible));
     p_.inner->put_Visible(visible);
   }
 
@@ -35,7 +35,7 @@ class LoggedSpectrum final : public LoggedDisplay<MMSpectrumX> {
   using LoggedDisplay::LoggedDisplay;
   std::int32_t get(SpectrumSetting setting) const override { return p_.inner->get(setting); }
   void put(SpectrumSetting setting, std::int32_t value) override {
-    p_.tell(std::string(setting_names()[static_cast<std::size_t>(setting)].name), setting_text(setting, value));
+    p_.log_call(std::string(setting_names()[static_cast<std::size_t>(setting)].name), setting_text(setting, value));
     p_.inner->put(setting, value);
   }
 };

@@ -15,17 +15,17 @@ class LoggedAudioFile final : public MMAudioFileX {
   explicit LoggedAudioFile(Logged<MMAudioFileX> parts) : p_(std::move(parts)) {}
   std::string FileName() const override { return p_.inner->FileName(); }
   void put_FileName(const std::string& name) override {
-    p_.tell("FileName", name);
+    p_.log_call("FileName", name);
     p_.inner->put_FileName(name);
   }
   std::int32_t Length() const override { return p_.inner->Length(); }
   std::int32_t Position() const override { return p_.inner->Position(); }
   void put_Position(std::int32_t milliseconds) override {
-    p_.tell("Position", std::to_string(milliseconds));
+    p_.log_call("Position", std::to_string(milliseconds));
     p_.inner->put_Position(milliseconds);
   }
   void finish(std::int32_t milliseconds) override {
-    p_.tell("finish", std::to_string(milliseconds));
+    p_.log_call("finish", std::to_string(milliseconds));
     p_.inner->finish(milliseconds);
   }
 
@@ -38,7 +38,7 @@ class LoggedPitch final : public MMPitchX {
   explicit LoggedPitch(Logged<MMPitchX> parts) : p_(std::move(parts)) {}
   float Value() const override { return p_.inner->Value(); }
   void put_Value(float value) override {
-    p_.tell("Value", number_word(value));
+    p_.log_call("Value", number_word(value));
     p_.inner->put_Value(value);
   }
 
@@ -53,12 +53,12 @@ class LoggedMixer final : public MMWaveMixerX {
   }
   bool Mute(int input) const override { return p_.inner->Mute(input); }
   void put_Mute(int input, bool mute) override {
-    p_.tell("Mute", std::to_string(input) + ", " + boolean_word(mute));
+    p_.log_call("Mute", std::to_string(input) + ", " + boolean_word(mute));
     p_.inner->put_Mute(input, mute);
   }
   std::int32_t Volume() const override { return p_.inner->Volume(); }
   void put_Volume(std::int32_t volume) override {
-    p_.tell("Volume", std::to_string(volume));
+    p_.log_call("Volume", std::to_string(volume));
     p_.inner->put_Volume(volume);
   }
 
@@ -71,17 +71,17 @@ class LoggedEqualizer final : public MMEqualizerX {
   explicit LoggedEqualizer(Logged<MMEqualizerX> parts) : p_(std::move(parts)) {}
   int FilterCount() const override { return p_.inner->FilterCount(); }
   void add_filter(double low_hz, double high_hz, double gain_db) override {
-    p_.tell("Filters.add", number_word(low_hz) + ", " + number_word(high_hz) + ", " + number_word(gain_db));
+    p_.log_call("Filters.add", number_word(low_hz) + ", " + number_word(high_hz) + ", " + number_word(gain_db));
     p_.inner->add_filter(low_hz, high_hz, gain_db);
   }
   Filter filter(int index) const override { return p_.inner->filter(index); }
   void put_Gain(int index, double gain_db) override {
-    p_.tell("Filters(" + std::to_string(index) + ").Gain", number_word(gain_db));
+    p_.log_call("Filters(" + std::to_string(index) + ").Gain", number_word(gain_db));
     p_.inner->put_Gain(index, gain_db);
   }
   bool Bypassed() const override { return p_.inner->Bypassed(); }
   void put_Bypassed(bool bypassed) override {
-    p_.tell("Bypassed", boolean_word(bypassed));
+    p_.log_call("Bypassed", boolean_word(bypassed));
     p_.inner->put_Bypassed(bypassed);
   }
 
@@ -96,7 +96,7 @@ class LoggedWaveOut final : public MMWaveOutX {
   }
   std::int32_t BufferSize() const override { return p_.inner->BufferSize(); }
   void put_BufferSize(std::int32_t bytes) override {
-    p_.tell("BufferSize", std::to_string(bytes));
+    p_.log_call("BufferSize", std::to_string(bytes));
     p_.inner->put_BufferSize(bytes);
   }
   void open() override { call("open", &MMWaveOutX::open); }
@@ -108,7 +108,7 @@ class LoggedWaveOut final : public MMWaveOutX {
 
  private:
   void call(const std::string& operation, void (MMWaveOutX::*method)()) {
-    p_.tell(operation, "");
+    p_.log_call(operation, "");
     (p_.inner.get()->*method)();
   }
   Logged<MMWaveOutX> p_;
@@ -119,7 +119,7 @@ class LoggedConnector final : public MMConnectorX {
   explicit LoggedConnector(Logged<MMConnectorX> parts) : p_(std::move(parts)) {}
   std::string target(Slot slot) const override { return p_.inner->target(slot); }
   void put_target(Slot slot, const std::string& display) override {
-    p_.tell(std::string(slot_names()[static_cast<std::size_t>(slot)].name), display);
+    p_.log_call(std::string(slot_names()[static_cast<std::size_t>(slot)].name), display);
     p_.inner->put_target(slot, display);
   }
 
@@ -134,12 +134,12 @@ class LoggedTimer final : public MMHiTimerX {
   }
   std::int32_t Interval() const override { return p_.inner->Interval(); }
   void put_Interval(std::int32_t milliseconds) override {
-    p_.tell("Interval", std::to_string(milliseconds));
+    p_.log_call("Interval", std::to_string(milliseconds));
     p_.inner->put_Interval(milliseconds);
   }
   bool Enabled() const override { return p_.inner->Enabled(); }
   void put_Enabled(bool enabled) override {
-    p_.tell("Enabled", boolean_word(enabled));
+    p_.log_call("Enabled", boolean_word(enabled));
     p_.inner->put_Enabled(enabled);
   }
 

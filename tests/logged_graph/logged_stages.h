@@ -17,7 +17,7 @@ struct Logged {
   CallLog log;
 
   // An operation with its arguments as text.
-  void tell(const std::string& operation, const std::string& arguments) const {
+  void log_call(const std::string& operation, const std::string& arguments) const {
     log(name + "." + operation + "(" + arguments + ")");
   }
 };

@@ -48,7 +48,7 @@ TEST(Model, ALineOfThreeDigitsMovesToTheTop) {
 }
 
 // More than 201 lines, the selection past the table's end: the mix begins, its title fails, and it begins again.
-TEST(Model, AMixBehindTheEndOfTheTableBeginsAgainAndAgain) {
+TEST(Model, AMixAfterTheEndOfTheTableBeginsAgainAndAgain) {
   std::vector<Event> events{{Act::Open, 0, 190}};
   events.resize(9, {Act::Add, 0});
   for (const Event& event : {Event{Act::Select, 0}, Event{Act::Play}, Event{Act::Tick}, Event{Act::Select, 199},

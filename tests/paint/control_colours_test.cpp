@@ -42,7 +42,7 @@ TEST(Key, GlowsOnlyWhenLitAndEnabled) {
   EXPECT_EQ(key_picture(look).pixel(outside), 0xFF000000);
 }
 
-TEST(Key, ADisabledKeyIgnoresTheHand) {
+TEST(Key, ADisabledKeyIgnoresTheMouse) {
   KeyState look{.face = Icon::Next, .caption = u"x"_s};
   look.interaction.enabled = false;
   const QImage rest = key_picture(look);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kNoFonts = "";
 // Coloured and heavy letters, set on whole pixels; and a font of the caption font's name that is another one.
-constexpr const char* kWilful = R"(<dir>/usr/share/fonts</dir>
+constexpr const char* kUnusual = R"(<dir>/usr/share/fonts</dir>
 <match target="pattern"><test name="family"><string>Roboto Condensed</string></test>
 <edit name="family" mode="assign" binding="strong"><string>DejaVu Serif</string></edit></match>
 <match target="font"><edit name="hintstyle" mode="assign"><const>hintfull</const></edit>
@@ -36,7 +36,7 @@ class DesktopFonts : public ::testing::TestWithParam<const char*> {
   }
 
   /// Letters as Qt draws them by itself.
-  QImage toolkits_letters(const QString& family, bool with_settings) const {
+  QImage qt_letters(const QString& family, bool with_settings) const {
     return drawn_by(TANDEM_FONT_CHOICE, {family}, with_settings);
   }
 
@@ -65,18 +65,18 @@ TEST_P(DesktopFonts, ChangeNothing) {
   }
 }
 
-// The same settings do change what Qt draws by itself.
-TEST_P(DesktopFonts, AreWilful) {
+// Else the test above would prove nothing.
+TEST_P(DesktopFonts, ChangeWhatQtDrawsByItself) {
   write_settings(GetParam());
-  const QImage usual = toolkits_letters("Roboto Condensed", false);
-  const QImage wilful = toolkits_letters("Roboto Condensed", true);
+  const QImage usual = qt_letters("Roboto Condensed", false);
+  const QImage unusual = qt_letters("Roboto Condensed", true);
   ASSERT_FALSE(usual.isNull());
-  ASSERT_FALSE(wilful.isNull());
-  EXPECT_EQ(toolkits_letters("Roboto Condensed", false), usual) << "the same again without them";
-  EXPECT_NE(wilful, usual);
+  ASSERT_FALSE(unusual.isNull());
+  EXPECT_EQ(qt_letters("Roboto Condensed", false), usual) << "the same again without them";
+  EXPECT_NE(unusual, usual);
 }
 
-INSTANTIATE_TEST_SUITE_P(Settings, DesktopFonts, ::testing::Values(kNoFonts, kWilful));
+INSTANTIATE_TEST_SUITE_P(Settings, DesktopFonts, ::testing::Values(kNoFonts, kUnusual));
 
 }  // namespace
 }  // namespace tandem

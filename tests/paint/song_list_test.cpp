@@ -51,7 +51,7 @@ TEST(ElideFileName, KeepsItsExtensionAtLeast) {
   EXPECT_EQ(cut_name(name, 0), u"….mp3"_s);
 }
 
-TEST(ElideFileName, WhatIsLongBehindAPointIsNoExtension) {
+TEST(ElideFileName, WhatIsLongAfterAPointIsNoExtension) {
   EXPECT_EQ(cut_name(u"No. 5 without an end to it"_s, 20), u"No. 5 witho…nd to it"_s);
   EXPECT_EQ(cut_name(u".hidden"_s, 4), u".hi…"_s);
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <functional>
 
+#include "paint/displays/spectrum_backdrop.h"
 #include "paint/spectrum_well.h"
 
 namespace tandem {

@@ -72,7 +72,7 @@ TEST_F(AlsaOutputFailureTest, AnUnpluggedCardIsGivenBackAndFoundAgain) {
     ASSERT_TRUE(played_further(output, 4 * kFailingRequest));
     desk_->fault = Fault::kGone;
     ASSERT_TRUE(wait_until([&] { return !output.consuming(); }));
-    EXPECT_EQ(output.frames_played(), ring_.taken()) << "nobody will hear the rest";
+    EXPECT_EQ(output.frames_played(), ring_.taken()) << "the rest is never heard";
     desk_->fault = Fault::kNone;
     ASSERT_TRUE(wait_until([&] { return output.consuming(); }, std::chrono::seconds(2)));
   }

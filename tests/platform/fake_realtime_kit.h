@@ -42,7 +42,7 @@ class FakeRealtimeKit {
 
  private:
   int answer(sd_bus_message* call) {
-    if (sd_bus_message_is_method_call(call, "org.freedesktop.DBus.Properties", "Get") > 0) return tell_limit(call);
+    if (sd_bus_message_is_method_call(call, "org.freedesktop.DBus.Properties", "Get") > 0) return reply_limit(call);
     RealtimeRequest request;
     request.method = sd_bus_message_get_member(call);
     const bool realtime = request.method == "MakeThreadRealtime";
@@ -60,7 +60,7 @@ class FakeRealtimeKit {
     return sd_bus_reply_method_return(call, "");
   }
 
-  int tell_limit(sd_bus_message* call) const {
+  int reply_limit(sd_bus_message* call) const {
     const char* interface = nullptr;
     const char* name = nullptr;
     if (sd_bus_message_read(call, "ss", &interface, &name) <= 0) return -EINVAL;

@@ -16,7 +16,7 @@ TEST(PlayheadTest, PlaysAtTheSampleRateAndStandsAtTheEnd) {
   EXPECT_EQ(playhead.played(9 * kSecond), 44100U);
 }
 
-TEST(PlayheadTest, BeginsAnewAfterItRanDry) {
+TEST(PlayheadTest, BeginsAgainAfterItRanDry) {
   Playhead playhead;
   playhead.add(441, kSecond);
   playhead.add(441, 3 * kSecond);
@@ -35,7 +35,7 @@ TEST(PlayheadTest, LosesNothingToRoundingInADay) {
   EXPECT_EQ(playhead.played(24 * 3600 * kSecond), day);
 }
 
-TEST(PlayheadTest, TellsWhenTheQueueWillHaveFallen) {
+TEST(PlayheadTest, SaysWhenTheQueueWillHaveFallen) {
   Playhead playhead;
   playhead.add(1000, kSecond);
   const Nanoseconds due = playhead.time_of_queue(400, kSecond);

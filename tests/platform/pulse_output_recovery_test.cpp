@@ -159,7 +159,7 @@ TEST_F(PulseOutputRecoveryTest, TheDefaultGoesToAndFro) {
       "default sink changed", [] {}, to_and_fro);
 }
 
-TEST_F(PulseOutputRecoveryTest, FollowsToAnotherSinkAndSetsItsQueueAnew) {
+TEST_F(PulseOutputRecoveryTest, FollowsToAnotherSinkAndSetsItsQueueAgain) {
   play();
   server_.load_sink("null1");
   server_.move_streams_to("null1");
@@ -170,7 +170,7 @@ TEST_F(PulseOutputRecoveryTest, FollowsToAnotherSinkAndSetsItsQueueAnew) {
   expect_no_break();
 }
 
-TEST_F(PulseOutputRecoveryTest, AServerThatHangsHoldsNobodyAndGoesOnAfterwards) {
+TEST_F(PulseOutputRecoveryTest, AServerThatHangsBlocksNoThreadAndGoesOnAfterwards) {
   play();
   server_.freeze();
   const Nanoseconds began = monotonic_now();

@@ -97,7 +97,7 @@ TEST(RealtimeThreads, TheTableIsForTheLiving) {
     const ThreadNumbers refused = take_refused_threads();
     ASSERT_EQ(refused.count, 1U);
     EXPECT_EQ(refused.numbers[0], gettid());
-    EXPECT_EQ(take_refused_threads().count, 0U) << "told once";
+    EXPECT_EQ(take_refused_threads().count, 0U) << "reported once";
   }).join();
 }
 

@@ -29,7 +29,7 @@ class ReducedMotionSettingTest : public BusFixture {
     portal_ = std::make_unique<FakePortal>(bus_, settings);
     listen();
   }
-  bool told(const std::vector<bool>& expected) {
+  bool reported(const std::vector<bool>& expected) {
     return soon([&] { return told_ == expected; });
   }
   bool asked(int questions) {
@@ -43,26 +43,26 @@ class ReducedMotionSettingTest : public BusFixture {
 
 TEST_F(ReducedMotionSettingTest, IsReducedWhereTheDesktopAnimatesNothing) {
   start({.animations = false, .knows_reduced_motion = false});
-  EXPECT_TRUE(told({true}));
+  EXPECT_TRUE(reported({true}));
 }
 
 TEST_F(ReducedMotionSettingTest, IsReducedWhereTheDesktopSaysSo) {
   start({.reduced_motion = 1});
-  EXPECT_TRUE(told({true}));
+  EXPECT_TRUE(reported({true}));
 }
 
 TEST_F(ReducedMotionSettingTest, FollowsEveryChange) {
   start({});
   ASSERT_TRUE(asked(2));
   portal_->change_animations(false);
-  ASSERT_TRUE(told({true}));
+  ASSERT_TRUE(reported({true}));
   portal_->change_something_else();
   portal_->change_reduced_motion(1);
   portal_->change_animations(true);
   portal_->change_reduced_motion(0);
-  ASSERT_TRUE(told({true, false})) << "reduced until neither switch says so";
+  ASSERT_TRUE(reported({true, false})) << "reduced until neither switch says so";
   portal_->change_reduced_motion(1);
-  EXPECT_TRUE(told({true, false, true}));
+  EXPECT_TRUE(reported({true, false, true}));
 }
 
 TEST_F(ReducedMotionSettingTest, APortalThatComesLaterIsAskedAndNoneIsStarted) {
@@ -76,16 +76,16 @@ TEST_F(ReducedMotionSettingTest, APortalThatComesLaterIsAskedAndNoneIsStarted) {
       },
       std::chrono::milliseconds(100)));
   portal_ = std::make_unique<FakePortal>(bus_, FakePortal::Settings{.animations = false});
-  EXPECT_TRUE(told({true}));
+  EXPECT_TRUE(reported({true}));
 }
 
-TEST_F(ReducedMotionSettingTest, WithoutABusNothingIsTold) {
+TEST_F(ReducedMotionSettingTest, WithoutABusNothingIsReported) {
   listen();
   QCoreApplication::processEvents();
-  EXPECT_TRUE(told({}));
+  EXPECT_TRUE(reported({}));
 }
 
-TEST_F(ReducedMotionSettingTest, ABusThatHangsHoldsNobody) {
+TEST_F(ReducedMotionSettingTest, ABusThatHangsBlocksNoThread) {
   start({});
   bus_.freeze();
   const Nanoseconds began = monotonic_now();
@@ -98,10 +98,10 @@ TEST_F(ReducedMotionSettingTest, ABusThatHangsHoldsNobody) {
 
 TEST_F(ReducedMotionSettingTest, ABusThatDiesIsLeft) {
   start({.animations = false});
-  ASSERT_TRUE(told({true}));
+  ASSERT_TRUE(reported({true}));
   bus_.kill_hard();
   for (int i = 0; i < 20; ++i) QCoreApplication::processEvents();
-  EXPECT_TRUE(told({true}));
+  EXPECT_TRUE(reported({true}));
 }
 
 }  // namespace

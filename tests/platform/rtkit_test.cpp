@@ -99,7 +99,7 @@ TEST_F(RtKitTest, ButNotNicerThanIsAllowed) {
   EXPECT_EQ(fake_->requests()[1].value, -5);
 }
 
-TEST_F(RtKitTest, NobodyIsAskedWithoutNeed) {
+TEST_F(RtKitTest, NoServiceIsAskedWithoutNeed) {
   start({});
   kit_.ask();
   EXPECT_FALSE(kit_.asking());
@@ -134,7 +134,7 @@ TEST_F(RtKitTest, WithoutRtkitNothingHappens) {
   ASSERT_TRUE(done());
 }
 
-TEST_F(RtKitTest, ABusThatHangsHoldsNobody) {
+TEST_F(RtKitTest, ABusThatHangsBlocksNoThread) {
   start({});
   bus_.freeze();
   thread_.ask();

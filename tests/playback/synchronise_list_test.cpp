@@ -61,7 +61,7 @@ TEST_F(Synchronising, AfterARemovalToo) {
   EXPECT_EQ(state.CurrentSong, 2);
 }
 
-TEST_F(Synchronising, EverythingIsEnabledAndTheNextSongLoadedAnew) {
+TEST_F(Synchronising, EverythingIsEnabledAndTheNextSongLoadedAgain) {
   panel.add_songs(3);
   controls.PLAY.click.raise();
   for (Control* control : {static_cast<Control*>(&controls.UpList), static_cast<Control*>(&controls.DownList),

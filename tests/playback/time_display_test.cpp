@@ -53,7 +53,7 @@ TEST_F(Displaying, ThirteenCharactersDoNotScroll) {
   EXPECT_FALSE(controls.SongLabel.Scrolling);
 }
 
-TEST_F(Displaying, FourteenScrollBehindFourteenBlanks) {
+TEST_F(Displaying, FourteenScrollAfterFourteenBlanks) {
   show("/1234567890.mp3", 0);
   EXPECT_EQ(controls.SongLabel.Caption.get(), std::string(14, ' ') + "1234567890.MP3");
   EXPECT_TRUE(controls.SongLabel.Scrolling);
@@ -70,11 +70,11 @@ TEST_F(Displaying, FromTenMinutesOnTheTextIsWrong) {
   EXPECT_EQ(controls.LblTempTot.Caption.get(), "012:3");
 }
 
-TEST_F(Displaying, WhoeverNamesTheSongIsTold) {
-  std::string told;
-  panel.program.display.song_shown.connect([&](const std::string& file) { told = file; });
+TEST_F(Displaying, WhatNamesTheSongHearsOfIt) {
+  std::string named;
+  panel.program.display.song_shown.connect([&](const std::string& file) { named = file; });
   show("/music/a.mp3", 0);
-  EXPECT_EQ(told, "/music/a.mp3");
+  EXPECT_EQ(named, "/music/a.mp3");
 }
 
 TEST_F(Displaying, ASongBeyondTheTableIsARangeError) {

@@ -218,7 +218,7 @@ TEST_F(Skipping, TheButtonsStayDisabledUntilTheOutgoingSongHasEnded) {
   EXPECT_TRUE(controls.DownList.Enabled);
 }
 
-TEST_F(Skipping, OnTheLastSongWithNothingBehindTheSelectionItDoesNothing) {
+TEST_F(Skipping, OnTheLastSongWithNothingAfterTheSelectionItDoesNothing) {
   songs(2);
   panel.select(1);
   play();

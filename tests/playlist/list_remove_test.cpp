@@ -40,7 +40,7 @@ TEST_F(Removing, LineThreeOfTwelve) {
   EXPECT_EQ(state.SongCount, 11);
 }
 
-TEST_F(Removing, ALineBehindTheCurrentSongLeavesItsNumber) {
+TEST_F(Removing, ALineAfterTheCurrentSongLeavesItsNumber) {
   panel.add_songs(5);
   state.CurrentSong = 2;
   remove(3);

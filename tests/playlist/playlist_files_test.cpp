@@ -90,7 +90,7 @@ TEST_F(PlaylistFile, TheTwinListIsNotCleared) {
   EXPECT_EQ(controls.ListAux2.List(5), "01 - /music/a.mp3");
 }
 
-TEST_F(PlaylistFile, EntriesBehindTheNewOnesAndTheLabelsStay) {
+TEST_F(PlaylistFile, EntriesAfterTheNewOnesAndTheLabelsStay) {
   panel.add_songs(3);
   state.CurrentSong = 2;
   state.NextSongLoaded = kTrue;

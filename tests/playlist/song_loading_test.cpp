@@ -117,7 +117,7 @@ TEST_F(Loading, CancelChangesNothing) {
   EXPECT_THAT(panel.messages, IsEmpty());
 }
 
-TEST_F(Loading, TheNextSongIsLoadedAnew) {
+TEST_F(Loading, TheNextSongIsLoadedAgain) {
   state.NextSongLoaded = kTrue;
   panel.choose("/music/a.mp3");
   EXPECT_EQ(state.NextSongLoaded, kFalse);

@@ -15,15 +15,15 @@ namespace {
 constexpr unsigned kSessions = 400;
 constexpr int kActs = 40;
 
-class Hands {
+class User {
  public:
-  Hands(PlayerRig& rig, unsigned seed) : rig_(rig), random_(seed) {}
+  User(PlayerRig& rig, unsigned seed) : rig_(rig), random_(seed) {}
 
   void act() {
-    static constexpr std::array kActsOfAHand{&Hands::play,  &Hands::play,  &Hands::next,   &Hands::next,   &Hands::stop,
-                                             &Hands::pause, &Hands::seek,  &Hands::select, &Hands::up,     &Hands::down,
-                                             &Hands::lead,  &Hands::pitch, &Hands::remove, &Hands::buffers};
-    (this->*kActsOfAHand.at(below(kActsOfAHand.size())))();
+    static constexpr std::array kChoices{&User::play,  &User::play,  &User::next,   &User::next,   &User::stop,
+                                         &User::pause, &User::seek,  &User::select, &User::up,     &User::down,
+                                         &User::lead,  &User::pitch, &User::remove, &User::buffers};
+    (this->*kChoices.at(below(kChoices.size())))();
   }
   std::int64_t rest() { return 10 * static_cast<std::int64_t>(below(4) == 0 ? below(300) : below(20)); }
 
@@ -66,10 +66,10 @@ class RandomActs : public testing::TestWithParam<unsigned> {
     PlayerRig rig;
     for (const ListedSong& song : list.songs) rig.add(song.path);
     RandomLists::spoil(list);
-    Hands hands(rig, k);
+    User user(rig, k);
     for (int i = 0; i < kActs; ++i) {
-      hands.act();
-      rig.run(hands.rest());
+      user.act();
+      rig.run(user.rest());
     }
     leave_alone(rig, "session " + std::to_string(k) + ", " + list.text());
   }

@@ -1,10 +1,11 @@
 #include "program/signatures.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <complex>
 #include <numbers>
 #include <random>
+#include <vector>
 
 namespace tandem::test {
 
@@ -13,18 +14,35 @@ namespace {
 constexpr double kScale = 32768.0;
 constexpr float kHeard = 2.0F;  // more than the rounding of one output sample
 
-struct Sine {
-  double turn;
-  double phase;
+// A turning number: a sine without a call for each sample.
+class Sine {
+ public:
+  Sine(double radians_per_frame, double phase)
+      : step_(std::polar(1.0, radians_per_frame)), now_(std::polar(1.0, phase)) {}
+  double next() {
+    const double value = now_.imag();
+    now_ = {now_.real() * step_.real() - now_.imag() * step_.imag(),
+            now_.real() * step_.imag() + now_.imag() * step_.real()};
+    return value;
+  }
+
+ private:
+  std::complex<double> step_;
+  std::complex<double> now_;
 };
 
-std::array<Sine, 24> sines(unsigned seed) {
+constexpr int kVoices = 24;
+
+std::vector<Sine> sines(unsigned seed, int rate) {
   std::mt19937 random(seed);
   std::uniform_real_distribution<double> hertz(200.0, 8000.0);
   std::uniform_real_distribution<double> phase(0.0, 2 * std::numbers::pi);
-  std::array<Sine, 24> all{};
-  for (Sine& sine : all) sine = {2 * std::numbers::pi * hertz(random), phase(random)};
-  all[0].phase = std::numbers::pi / 2;  // the first sample is not 0 by chance
+  std::vector<Sine> all;
+  for (int i = 0; i < kVoices; ++i) {
+    const double turn = 2 * std::numbers::pi * hertz(random) / rate;
+    const double begin = phase(random);
+    all.emplace_back(turn, i == 0 ? std::numbers::pi / 2 : begin);  // the first sample is not 0 by chance
+  }
   return all;
 }
 
@@ -35,13 +53,13 @@ bool silent(const Sample16& frame) { return std::abs(frame.left) <= 2 && std::ab
 }  // namespace
 
 Signal signature(unsigned seed, double seconds, double peak, int rate, int channels) {
-  const auto voices = sines(seed);
+  auto voices = sines(seed, rate);
   Signal signal{rate, channels, {}};
   const auto frames = std::llround(seconds * rate);
   double greatest = 0;
   for (std::int64_t i = 0; i < frames; ++i) {
     double value = 0;
-    for (const Sine& sine : voices) value += std::sin(sine.turn * static_cast<double>(i) / rate + sine.phase);
+    for (Sine& sine : voices) value += sine.next();
     greatest = std::max(greatest, std::abs(value));
     signal.samples.insert(signal.samples.end(), static_cast<std::size_t>(channels), value);
   }

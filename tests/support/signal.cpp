@@ -1,8 +1,13 @@
 #include "support/signal.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <complex>
 #include <numbers>
+#include <vector>
+
+#include "engine/equalizer/real_fft.h"
 
 namespace tandem::test {
 namespace {
@@ -27,6 +32,40 @@ Signal make(double seconds, int rate, int channels, Voice voice) {
     for (int channel = 0; channel < channels; ++channel) signal.samples.push_back(voice(time, channel));
   }
   return signal;
+}
+
+// Mono; 0 outside the sound.
+float mono_at(std::span<const StereoFrame> sound, Frames at) {
+  return at < 0 || at >= static_cast<Frames>(sound.size())
+             ? 0.0F
+             : static_cast<float>(mono(sound[static_cast<std::size_t>(at)]));
+}
+
+double correlation(std::span<const StereoFrame> reference, std::span<const StereoFrame> later, Frames from,
+                   Frames frames, Frames shift) {
+  double sum = 0;
+  for (Frames at = from; at < from + frames; ++at)
+    sum += double{mono_at(reference, at)} * double{mono_at(later, at + shift)};
+  return sum;
+}
+
+// Of the shifts -reach to reach, by the product of the spectra.
+std::vector<float> correlations(std::span<const StereoFrame> reference, std::span<const StereoFrame> later, Frames from,
+                                Frames frames, Frames reach) {
+  const RealFft fft(std::bit_ceil(static_cast<std::size_t>(2 * frames + 2 * reach)));
+  std::vector<float> piece(fft.points());
+  std::vector<float> about(fft.points());
+  for (Frames at = 0; at < frames; ++at) piece[static_cast<std::size_t>(at)] = mono_at(reference, from + at);
+  for (Frames at = 0; at < frames + 2 * reach; ++at)
+    about[static_cast<std::size_t>(at)] = mono_at(later, from - reach + at);
+  std::vector<RealFft::Complex> product(fft.bins());
+  std::vector<RealFft::Complex> other(fft.bins());
+  fft.forward(about, product);
+  fft.forward(piece, other);
+  for (std::size_t bin = 0; bin < product.size(); ++bin) product[bin] *= std::conj(other[bin]);
+  fft.back(product, about);
+  about.resize(static_cast<std::size_t>(2 * reach + 1));
+  return about;
 }
 
 }  // namespace
@@ -56,16 +95,16 @@ Sound to_stereo(const Signal& signal) {
   return sound;
 }
 
+// Of all shifts by a transform, of those about the best once more in double precision.
 Frames lag(std::span<const StereoFrame> reference, std::span<const StereoFrame> later, Frames from, Frames frames,
            Frames reach) {
+  constexpr Frames kUnsure = 8;
+  const std::vector<float> all = correlations(reference, later, from, frames, reach);
+  const Frames about = std::max_element(all.begin(), all.end()) - all.begin() - reach;
   double best = -1.0;
   Frames best_lag = -reach;
-  for (Frames shift = -reach; shift <= reach; ++shift) {
-    double sum = 0;
-    for (Frames at = from; at < from + frames; ++at) {
-      if (at + shift < 0 || at + shift >= static_cast<Frames>(later.size())) continue;
-      sum += mono(reference[static_cast<std::size_t>(at)]) * mono(later[static_cast<std::size_t>(at + shift)]);
-    }
+  for (Frames shift = std::max(about - kUnsure, -reach); shift <= std::min(about + kUnsure, reach); ++shift) {
+    const double sum = correlation(reference, later, from, frames, shift);
     if (sum > best) {
       best = sum;
       best_lag = shift;

@@ -113,7 +113,7 @@ TEST(EngineThreads, AQueueThatIsMadeDeepDoesNotRunDry) {
   EXPECT_EQ(rig.dry(), before);
 }
 
-TEST(EngineThreads, AHandOnEverythingWhileItPlays) {
+TEST(EngineThreads, EveryControlIsMovedWhileItPlays) {
   ThreadsRig rig;
   rig.choose_lead(kLead);
   for (int i = 0; i < 12; ++i) rig.add_song("song" + std::to_string(i) + ".wav", 1.0 + 0.1 * i);

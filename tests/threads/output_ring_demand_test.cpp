@@ -45,7 +45,7 @@ TEST(OutputRingDemand, TheLastOneCountsHoweverManyThereWere) {
   OutputRing ring;
   for (std::size_t frames = 1; frames <= 1000; ++frames) ring.demand(frames);
   EXPECT_EQ(ring.await_demand(kLong), 1000U);
-  EXPECT_EQ(ring.await_demand(milliseconds(1)), 0U) << "told once";
+  EXPECT_EQ(ring.await_demand(milliseconds(1)), 0U) << "reported once";
 }
 
 TEST(OutputRingDemand, EndsWithTheOutput) {
@@ -59,7 +59,7 @@ TEST(OutputRingDemand, EndsWithTheOutput) {
 }
 
 // A demand that comes while the one before it is being found met must not be lost.
-TEST(OutputRingDemand, OneRightBehindAnotherIsFound) {
+TEST(OutputRingDemand, OneRightAfterAnotherIsFound) {
   OutputRing ring;
   OutputRing answered;
   constexpr std::size_t kRounds = 20'000;
@@ -127,7 +127,7 @@ std::thread renderer(OutputRing& ring, std::size_t rounds) {
   });
 }
 
-TEST(OutputRingDemand, WhatIsServedIsThereBehindTheDemand) {
+TEST(OutputRingDemand, WhatIsServedIsThereAfterTheDemand) {
   OutputRing ring;
   constexpr std::size_t kRounds = 5'000;
   std::thread serving = renderer(ring, kRounds);
@@ -141,7 +141,7 @@ TEST(OutputRingDemand, WhatIsServedIsThereBehindTheDemand) {
   EXPECT_EQ(missing, 0U);
 }
 
-TEST(OutputRingDemand, WhereNobodyServesTheOutputDoesNotWait) {
+TEST(OutputRingDemand, WithoutAServerTheOutputDoesNotWait) {
   const NotWaitedOut quick;
   OutputRing ring;
   ring.demand_now(300, kLong);

@@ -96,7 +96,7 @@ TEST_F(Moves, SlidersCanBeHeld) {
   EXPECT_EQ(panel.sound.calls.back(), "AudioFile(0).Position(60)");
 }
 
-TEST_F(Moves, MovesNotifyAsByHand) {
+TEST_F(Moves, MovesNotifyAsByTheMouse) {
   moves.move("BufferSwitch", 1);
   EXPECT_EQ(panel.state.BufferMode, 1);
   moves.move("MMLEDSpin7", 2000);
@@ -120,7 +120,7 @@ TEST_F(Moves, ListsAreClickedOnTheirLines) {
   EXPECT_EQ(controls.PlayList.ListCount(), 2);
 }
 
-TEST_F(Moves, WhatCannotBeDoneIsTold) {
+TEST_F(Moves, WhatCannotBeDoneIsReported) {
   panel.add_songs(1);
   EXPECT_THROW(moves.click("Nothing"), UnknownWord);
   EXPECT_THROW(moves.click("PlayList"), UnknownWord);

@@ -40,7 +40,7 @@ TEST_F(Names, ControlsPrintTheirProperties) {
   EXPECT_EQ(value("TimerDelay.Interval"), "1500");
 }
 
-TEST_F(Names, ValuesAreReadAnew) {
+TEST_F(Names, ValuesAreReadAgain) {
   panel.controls.sl0[3].Position = -7;
   EXPECT_EQ(value("sl0(3).Position"), "-7");
   panel.controls.sl0[3].Position = 2;
@@ -113,7 +113,7 @@ TEST_F(Names, EveryExpressionHasAValue) {
   for (const auto& [expression, read] : names.values().all()) EXPECT_FALSE(read().empty()) << expression;
 }
 
-TEST_F(Names, UnknownOnesAreTold) {
+TEST_F(Names, UnknownOnesAreReported) {
   for (const char* word :
        {"", "PLAY", "PLAY.", "PLAY.Colour", "sl0(15).Position", "sl0.Position", "SongTable(201).SongFile",
         "AudioFile(2).FileName", "PlayList.List", "PlayList.List()", "PlayList.List(x)", "PlayList.List(1)x", "Nothing",

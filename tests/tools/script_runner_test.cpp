@@ -87,7 +87,7 @@ TEST_F(Runner, UnknownWordsAreRefused) {
 }
 
 // A song of one second that begins at 0 has ended, and no earlier, when the step is made that ends at 1000 ms.
-TEST_F(Runner, TheLogTellsWhenASongHasEnded) {
+TEST_F(Runner, TheLogSaysWhenASongHasEnded) {
   run({"start", "files " + song("a.wav", 1), "click LoadSong", "click PLAY"});
   log.clear();
   run({"run 2000"});

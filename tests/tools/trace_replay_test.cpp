@@ -30,7 +30,7 @@ TEST(Traces, AllThatAreKeptPass) {
   EXPECT_EQ(out.str(), "14 passed, 0 failed\n");
 }
 
-TEST(Traces, AMismatchTellsTraceLineAndBothStates) {
+TEST(Traces, AMismatchNamesTraceLineAndBothStates) {
   EXPECT_EQ(replayed(kStart + "PLAY | CS=2\n"),
             "trace one, line 5: PLAY \n  expected CS=2\n  came     CS=1 AD=0 LI=0 MS=F NL=F m=FT f=A,\"\" MT=10 NB=T "
             "show=A max=200000\n0 passed, 1 failed\n");

@@ -188,7 +188,7 @@ TEST_F(Spoken, TwoStates) {
   EXPECT_FALSE(acts("NextBtn"));
 }
 
-TEST_F(Spoken, ActionsAreThoseOfTheHand) {
+TEST_F(Spoken, ActionsAreThoseOfTheMouse) {
   act("ShowControls");
   EXPECT_EQ(rig.window->height(), 426);
   act("AMLed3");
@@ -202,7 +202,7 @@ TEST_F(Spoken, ActionsAreThoseOfTheHand) {
   EXPECT_EQ(rig.closes, 1);
 }
 
-TEST_F(Spoken, ValuesAreSetAsByTheHand) {
+TEST_F(Spoken, ValuesAreSetAsByTheMouse) {
   QAccessibleValueInterface& volume = number("Volume");
   EXPECT_EQ(volume.maximumValue().toInt(), 32768);
   volume.setCurrentValue(1000);
@@ -221,32 +221,32 @@ TEST_F(Spoken, ValuesAreSetAsByTheHand) {
 }
 
 // The sound follows at once, and what was begun is looked after again, even when a dialog was open meanwhile.
-TEST_F(Spoken, ActsAreToldBeforeAndAfter) {
+TEST_F(Spoken, ActsAreReportedBeforeAndAfter) {
   std::vector<std::string> log;
   rig.user_acts = [&log] { log.emplace_back("act"); };
   const auto log_change = [&log](ValuedControl& control) {
     control.change.connect([&log] { log.emplace_back("done"); });
   };
-  const std::vector<std::string> told{"act", "done", "act"};
+  const std::vector<std::string> expected{"act", "done", "act"};
   PanelControls& controls = rig.controls();
   controls.PLAY.click.connect([&log] { log.emplace_back("done"); });
   act("PLAY");
-  EXPECT_EQ(log, told);
+  EXPECT_EQ(log, expected);
   controls.MMPanelX1[1].click.connect([&log] { log.emplace_back("done"); });
   log.clear();
   act("MMPanelX1(1)");
-  EXPECT_EQ(log, told);
+  EXPECT_EQ(log, expected);
   log_change(controls.Bypass);
   log.clear();
   act("Bypass");
-  EXPECT_EQ(log, told);
+  EXPECT_EQ(log, expected);
   const std::pair<const char*, ValuedControl&> kNumbers[] = {
       {"Volume", controls.Volume}, {"MMSwitchX1", controls.MMSwitchX1}, {"SliderP", controls.SliderP}};
   for (const auto& [name, control] : kNumbers) {
     log_change(control);
     log.clear();
     number(name).setCurrentValue(control.value() == 1 ? 2 : 1);
-    EXPECT_EQ(log, told) << name;
+    EXPECT_EQ(log, expected) << name;
   }
 }
 

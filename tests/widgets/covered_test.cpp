@@ -33,7 +33,7 @@ TEST(CoveredWindow, IsAttendedWhileItHasTheKeys) {
   EXPECT_FALSE(rig.window->attended());
 }
 
-TEST(CoveredWindow, StaysAsItIsWhenToldTwice) {
+TEST(CoveredWindow, StaysAsItIsWhenReportedTwice) {
   WindowRig rig;
   rig.window->set_covered(false);
   EXPECT_TRUE(rig.painted().isEmpty());

@@ -49,13 +49,13 @@ TEST_P(PushKey, IsClickedByTheMouse) {
 }
 
 // A click may last as long as a dialog is open.
-TEST_P(PushKey, ActsAreToldBeforeAndAfter) {
+TEST_P(PushKey, ActsAreReportedBeforeAndAfter) {
   rig.user_acts = [this] { events.emplace_back("act"); };
   rig.release({300, 60});
   events.clear();
   rig.key(GetParam().key, GetParam().with);
-  const std::vector<std::string> told{"act", "press", "click", "release", "act"};
-  EXPECT_NE(std::search(events.begin(), events.end(), told.begin(), told.end()), events.end());
+  const std::vector<std::string> expected{"act", "press", "click", "release", "act"};
+  EXPECT_NE(std::search(events.begin(), events.end(), expected.begin(), expected.end()), events.end());
   rig.press(rig.middle(name()));
   events.clear();
   rig.release(rig.middle(name()));
@@ -102,7 +102,7 @@ TEST_P(PushKey, DisabledIgnoresMouseAndKeys) {
   EXPECT_EQ(events, whole_click);
 }
 
-TEST_P(PushKey, DisabledUnderTheHandIsLetGo) {
+TEST_P(PushKey, DisabledUnderThePointerIsReleased) {
   rig.press(rig.middle(name()));
   button().Enabled = false;
   EXPECT_EQ(events, (std::vector<std::string>{"press", "release"}));

@@ -124,7 +124,7 @@ TEST(RotarySwitch, WheelAndKeysStopAtTheEnds) {
   EXPECT_EQ(type.value(), 5);
 }
 
-TEST(RotarySwitch, DraggingTurnsItTowardsTheHand) {
+TEST(RotarySwitch, DraggingTurnsItTowardsThePointer) {
   WindowRig rig;
   rig.show_board();
   Switch& window_kind = rig.controls().MMSwitch2;

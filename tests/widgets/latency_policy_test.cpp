@@ -17,13 +17,13 @@ class LatencyPolicys : public testing::Test {
   std::uint64_t breaks = 0;
 };
 
-TEST_F(LatencyPolicys, ShortWithAHandNearAndDeepThreeSecondsAfterIt) {
+TEST_F(LatencyPolicys, ShortWithTheUserNearAndDeepThreeSecondsAfter) {
   EXPECT_FALSE(near(kStart));
   EXPECT_FALSE(away(kStart + 3000));
   EXPECT_TRUE(away(kStart + 3001));
 }
 
-TEST_F(LatencyPolicys, DeepAtOnceWhereNobodySees) {
+TEST_F(LatencyPolicys, DeepAtOnceWhereTheWindowIsNotSeen) {
   EXPECT_FALSE(near(kStart));
   EXPECT_TRUE(depth.deep(kStart + LatencyPolicy::kAppears + 1, false, false, 0));
 }
@@ -34,7 +34,7 @@ TEST_F(LatencyPolicys, StaysShortWhileTheWindowOfAStartIsStillToAppear) {
   EXPECT_TRUE(depth.deep(kStart + LatencyPolicy::kAppears + 1, false, false, 0));
 }
 
-TEST_F(LatencyPolicys, AHandThatRestsForAMinuteIsAwayUntilItMoves) {
+TEST_F(LatencyPolicys, AUserWhoRestsForAMinuteIsAwayUntilTheNextMove) {
   EXPECT_FALSE(near(kStart + LatencyPolicy::kIdle));
   EXPECT_TRUE(near(kStart + LatencyPolicy::kIdle + LatencyPolicy::kAlone + 1));
   const auto back = kStart + 2 * LatencyPolicy::kIdle;

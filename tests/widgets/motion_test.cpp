@@ -64,7 +64,7 @@ TEST_F(Title, IsARing) {
   EXPECT_EQ(picture_of(rig, "SongLabel"), rest);
 }
 
-TEST_F(Title, BeginsAnewWithANewText) {
+TEST_F(Title, BeginsAgainWithANewText) {
   rig.frame(0.8 + kColumn * 10);
   rig.controls().SongLabel.Caption = "ANOTHER TITLE OF A SONG   ";
   const QImage other = picture_of(rig, "SongLabel");

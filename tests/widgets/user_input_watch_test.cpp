@@ -7,7 +7,7 @@
 namespace tandem::test {
 namespace {
 
-TEST(UserInputWatch, HearsOfEveryMoveOfTheHandAndOfNothingElse) {
+TEST(UserInputWatch, HearsOfEveryMoveOfTheUserAndOfNothingElse) {
   WindowRig rig;
   int moves = 0;
   const UserInputWatch watch([&moves] { ++moves; });

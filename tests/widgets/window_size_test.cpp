@@ -123,7 +123,7 @@ TEST(WindowSize, FullSizeIsCentredAndSmallKeepsItsCorner) {
   EXPECT_EQ(rig.window->pos(), QPoint((screen.width() - 607) / 2, (screen.height() - 258) / 2));
 }
 
-TEST(WindowPlace, FollowsTheHandInBothDirections) {
+TEST(WindowPlace, FollowsThePointerInBothDirections) {
   WindowRig rig;
   rig.window->move(10, 10);
   rig.press({300, 7});

@@ -4,7 +4,7 @@
 No code file has more than 300 lines. Text files end with one line end, hold no CR, no tab and no blank at a line's end.
 Names in anonymous namespaces are unique within a folder, whose files are compiled as one. Nothing refers to papers outside
 this repository: what matters is said where it matters. Comments and documents are in plain English: words of our own that
-readers stumbled over stay out. Exit status 0, or 1 with one line for each offence.
+readers stumbled over stay out, of tests' names too. Exit status 0, or 1 with one line for each offence.
 """
 import os
 import re
@@ -25,7 +25,7 @@ PAPERS = re.compile(r'\b[sS]p' r'ec(ification)?s?\b|\bPart' r' [0-9](\.[0-9])?|\
 CAPTION = re.compile(r'"Sp' r'ec"|\bSp' r'ec(?=, V\.U\.)|\bSp' r'ec(?=[,/|] ?VU)')
 # Say the user, reported, again, no one, after or before, on purpose, Qt.
 WORDS = re.compile(r'\b(hands?|told|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)\b', re.IGNORECASE)
-
+TEST_NAME = re.compile(r'TEST(?:_[FP])?\((\w+, \w+)\)')  # words that begin with a capital letter
 
 # Begins the definition of a constant or a type at the left margin; an alias may stand twice.
 DEFINITION = re.compile(r'(?:constexpr|const)\b[^;(]*?\b(k[A-Z]\w*)(?=[\[{=( ;])|(?:class|struct|enum class) (\w+)')
@@ -46,9 +46,12 @@ def private_names(text):
 
 
 def word_offence(name, line):
-    """The first unwanted word in a line of a document or in a comment of a line of code, or None."""
+    """The first unwanted word in a line of a document, in a comment of a line of code or in a test's name, or None."""
     ending = os.path.splitext(name)[1]
-    if ending != '.md':
+    test = TEST_NAME.match(line)
+    if test:
+        line = re.sub('(?=[A-Z])', ' ', test[1])
+    elif ending != '.md':
         mark = COMMENT.get(ending)
         if mark is None or mark not in line:
             return None

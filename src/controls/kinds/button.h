@@ -1,4 +1,4 @@
-// The plain controls of the window: buttons, panels, text labels.
+// The plain controls of the window: buttons, panels, text labels. UI thread.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The turning controls: the volume wheel and the rotary or two-position switches.
+// The turning controls: the volume wheel and the rotary or two-position switches. UI thread.
 #pragma once
 
 #include "controls/kinds/valued_control.h"

@@ -1,4 +1,4 @@
-// The glowing controls. A lamp's state is nothing but its LEDColor.
+// The glowing controls. A lamp's state is nothing but its LEDColor. UI thread.
 #pragma once
 
 #include <cstdint>

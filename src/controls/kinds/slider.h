@@ -1,4 +1,4 @@
-// A slider or fader. The user's press, changes and release come in that order.
+// A slider or fader. The user's press, changes and release come in that order. UI thread.
 #pragma once
 
 #include "controls/kinds/valued_control.h"

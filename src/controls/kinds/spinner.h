@@ -1,4 +1,4 @@
-// A number in LED digits with an up and a down button.
+// A number in LED digits with an up and a down button. UI thread.
 #pragma once
 
 #include "controls/kinds/valued_control.h"

@@ -1,5 +1,5 @@
 // A control that holds a whole number within a range: slider, wheel, switch, spinner.
-// A put outside the range is limited to it.
+// A put outside the range is limited to it. UI thread.
 #pragma once
 
 #include <cstdint>

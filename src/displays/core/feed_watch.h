@@ -1,4 +1,4 @@
-// Distinguishes a picture that merely came between two blocks of sound from sound that has stopped coming.
+// Distinguishes a picture that merely came between two blocks of sound from sound that has stopped coming. UI thread.
 #pragma once
 
 namespace tandem {

@@ -1,4 +1,4 @@
-// What the displays are given: stereo frames at 44100 Hz, full scale -1 .. 1.
+// What the displays are given: stereo frames at 44100 Hz, full scale -1 .. 1. Values; any thread.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// Finds where a trace must start so that a steady tone stands still.
+// Finds where a trace must start so that a steady tone stands still. Any thread, no state.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// How the bins of a transform make up the bands of a picture.
+// How the bins of a transform make up the bands of a picture. Values; any thread.
 #pragma once
 
 #include <cstddef>

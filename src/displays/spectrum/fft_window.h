@@ -1,5 +1,6 @@
 // The windows that the analyser can lay over a piece of sound, by the captions of the board's switch.
 // Source: F. J. Harris, "On the use of windows for harmonic analysis with the discrete Fourier transform", 1978.
+// Any thread, no state.
 #pragma once
 
 #include <span>

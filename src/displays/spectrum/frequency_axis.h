@@ -1,4 +1,4 @@
-// The logarithmic frequency axis of the spectrum.
+// The logarithmic frequency axis of the spectrum. Values; any thread.
 #pragma once
 
 #include <cmath>

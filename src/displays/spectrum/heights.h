@@ -1,4 +1,4 @@
-// The heights of columns or rows, 0 .. 1 each.
+// The heights of columns or rows, 0 .. 1 each. Values; any thread.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // Where the columns and rows of the spectrum lie, in device pixels from the top left corner of the display.
+// Values; any thread.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// How high a power stands in the spectrum.
+// How high a power stands in the spectrum. Any thread, no state.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// What the spectrum analyser shows: plain numbers for the painter.
+// What the spectrum analyser shows: plain numbers for the painter. Values; any thread.
 #pragma once
 
 #include <cstddef>

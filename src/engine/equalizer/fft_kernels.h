@@ -1,5 +1,5 @@
 // The equalizer's Fourier arithmetic, compiled once for each kind of processor; see fft_block.h for what each does.
-// Private to fft_block.cpp and the tests. No state.
+// Private to fft_block.cpp and the tests. Any thread, no state.
 #pragma once
 
 #include <cstddef>

@@ -1,6 +1,7 @@
 // What the equalizer's Fourier arithmetic works on: blocks of sound, their spectra, tables of these.
 // Left is the real part and right the imaginary part, so that one complex transform carries both channels.
 // Bins lie in an order of the transform's own, the same for every spectrum; only the inverse undoes it.
+// Values; any thread.
 #pragma once
 
 #include <array>

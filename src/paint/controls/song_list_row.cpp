@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "paint/controls/song_list.h"
 #include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
 #include "paint/text/caption.h"
@@ -82,7 +81,7 @@ RowText fitted(const QString& line, const QString& length, double row_width) {
 // Finding what fits takes far longer than drawing it, and a line is drawn many times: at every turn of the wheel that
 // leaves it in view, and at every move of the selection.
 const RowText& kept_text(const SongListRow& row, double row_width) {
-  constexpr qsizetype kMost = 8 * kListRows;
+  constexpr qsizetype kMost = 80;  // eight views of the list
   using Key = std::pair<std::pair<QString, QString>, double>;
   static QHash<Key, RowText> texts;
   const Key key{{row.line, row.length}, row_width};

@@ -6,27 +6,11 @@
 #include <QPainter>
 #include <vector>
 
-#include "displays/spectrum/frequency_axis.h"
 #include "displays/spectrum/spectrum_grid.h"
-#include "displays/spectrum/spectrum_settings.h"
+#include "paint/displays/spectrum_style.h"
 #include "paint/strokes/distance_field.h"
 
 namespace tandem {
-
-/// What the still parts depend on.
-struct SpectrumStyle {
-  AnalyserKind kind = AnalyserKind::Bar;
-  bool solid = false;    ///< smooth bars in a gradient, else LED rows
-  bool inactive = true;  ///< unlit rows show, or a ghost of the solid bars
-  bool grid_lines = false;
-  SpectrumGrid grid = spectrum_grid(64, 1);
-  FrequencyAxis axis{};
-  double reference_hz = 1000;
-  bool operator==(const SpectrumStyle&) const = default;
-
-  /// Whether heights are shown in whole rows.
-  [[nodiscard]] bool in_rows() const { return !solid || kind == AnalyserKind::Picks; }
-};
 
 class SpectrumBackdrop {
  public:

@@ -1,7 +1,10 @@
 // What the spectrum's kinds share; for spectrum*.cpp only. UI thread.
 #pragma once
 
-#include "paint/displays/spectrum.h"
+#include <span>
+
+#include "paint/displays/spectrum_backdrop.h"
+#include "paint/displays/spectrum_picture.h"
 
 namespace tandem {
 

@@ -3,7 +3,7 @@
 
 #include <QPainter>
 
-#include "paint/displays/spectrum_backdrop.h"
+#include "paint/displays/spectrum_style.h"
 
 namespace tandem {
 

@@ -14,8 +14,6 @@ namespace {
 
 constexpr int kBands = 15;
 
-QString text_of(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
-
 void paint_display(QPainter& painter) {
   paint_glass(painter, control_box("MMPanelX1(1)").box());
   for (const double y : {41, 71}) fill_box(painter, snapped(painter, {15, y, 232, 1}), faded(palette::kWhite, .09));
@@ -37,8 +35,8 @@ void paint_pitch_marks(QPainter& painter) {
 
 void paint_lower_left(QPainter& painter) {
   paint_well(painter, {4, 165, 204, 18}, 3);
-  draw_caption(painter, {9, 177.6}, text_of(control_box("Label3", 0).caption));
-  draw_caption(painter, {9, 200}, text_of(control_box("Label3", 5).caption), {.size = 11, .bold = true});
+  draw_caption(painter, {9, 177.6}, QString::fromUtf8(control_box("Label3", 0).caption));
+  draw_caption(painter, {9, 200}, QString::fromUtf8(control_box("Label3", 5).caption), {.size = 11, .bold = true});
   paint_cut_down(painter, {95, 190}, 62);
   paint_cut_across(painter, {214, 163}, 42);
   paint_pitch_marks(painter);
@@ -47,7 +45,7 @@ void paint_lower_left(QPainter& painter) {
 void paint_band(QPainter& painter, int band) {
   const QRectF fader = control_box("sl0", band).box();
   const double x = fader.center().x();
-  draw_caption(painter, {x, 140.5}, text_of(control_box("Label2", band).caption), {}, Anchor::Middle);
+  draw_caption(painter, {x, 140.5}, QString::fromUtf8(control_box("Label2", band).caption), {}, Anchor::Middle);
   for (const int db : {9, 3, -3, -9}) {
     fill_box(painter, snapped(painter, {x - 6, 150 + 3.0 * (12 - db) - .5, 12, 1}), faded(palette::kWhite, .10));
   }
@@ -58,8 +56,8 @@ void paint_equalizer(QPainter& painter) {
   const ControlBox& panel = control_box("MMPanelX1(0)");
   const QRectF box = panel.box();
   paint_bevel(painter, box);
-  draw_caption(painter, {box.center().x(), 126}, text_of(panel.caption), {.size = 10, .bold = true, .spacing = 1.4},
-               Anchor::Middle);
+  draw_caption(painter, {box.center().x(), 126}, QString::fromUtf8(panel.caption),
+               {.size = 10, .bold = true, .spacing = 1.4}, Anchor::Middle);
   constexpr std::pair<int, double> kLevels[] = {{12, .10}, {6, .07}, {0, .22}, {-6, .07}, {-12, .10}};
   for (const auto& [db, opacity] : kLevels) {
     const QRectF line(269, 150 + 3.0 * (12 - db) - .5, 328, 1);
@@ -82,7 +80,8 @@ void paint_board(QPainter& painter) {
     const ControlBox& label = control_box("Label5", i);
     const bool title = i < 10;
     const QPointF at(label.box().x() + label.w / 2.0, label.y + (title ? 10 : 9));
-    draw_caption(painter, at, text_of(label.caption), {.size = title ? 11 : 10.5, .bold = title}, Anchor::Middle);
+    draw_caption(painter, at, QString::fromUtf8(label.caption), {.size = title ? 11 : 10.5, .bold = title},
+                 Anchor::Middle);
   }
 }
 

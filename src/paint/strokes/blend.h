@@ -1,4 +1,4 @@
-// Blending of opaque pixels.
+// Blending of opaque pixels. Any thread, no state.
 #pragma once
 
 #include <QColor>

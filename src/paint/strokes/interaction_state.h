@@ -1,4 +1,4 @@
-// Interaction state of a control. The paint state of every interactive control has one.
+// Interaction state of a control. The paint state of every interactive control has one. Values; any thread.
 #pragma once
 
 namespace tandem {

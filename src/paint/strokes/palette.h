@@ -1,4 +1,5 @@
 // The panel's colours as the painters use them (opaque, 0xAARRGGBB), and the one conversion from a control's number.
+// Constants; any thread.
 #pragma once
 
 #include <QColor>

@@ -1,4 +1,5 @@
 // The glyphs of the 5 x 7 dot font: Latin, Greek and Cyrillic capitals, figures and the usual signs.
+// Constants; any thread.
 #pragma once
 
 #include <array>

@@ -1,4 +1,5 @@
 // The order in which a line's letters stand on a display that shows one letter after the other from left to right.
+// Any thread, no state.
 #pragma once
 
 #include <QList>

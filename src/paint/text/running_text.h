@@ -3,7 +3,7 @@
 
 #include <QPainter>
 
-#include "paint/text/led_label.h"
+#include "paint/text/led_label_state.h"
 
 namespace tandem {
 

@@ -1,4 +1,4 @@
-// The desktop portal on the session bus (XDG Desktop Portal).
+// The desktop portal on the session bus (XDG Desktop Portal). Constants; any thread.
 #pragma once
 
 namespace tandem {

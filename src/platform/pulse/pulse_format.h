@@ -1,4 +1,4 @@
-// The formats of a sound server's devices and streams in our terms.
+// The formats of a sound server's devices and streams in our terms. Any thread, no state.
 #pragma once
 
 #include <pulse/sample.h>

@@ -1,4 +1,5 @@
 // How much a sound server is asked to queue.
+// Any thread, no state.
 #pragma once
 
 #include <pulse/def.h>

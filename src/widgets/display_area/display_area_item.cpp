@@ -70,7 +70,7 @@ void DisplayAreaItem::draw(QPainter& painter) const {
 QString DisplayAreaItem::name_in_table() const {
   if (shown_.empty()) return "Display";
   const auto name = control_box(shown_.front()->name()).accessible;
-  return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+  return QString::fromUtf8(name);
 }
 
 QString DisplayAreaItem::accessible_value() const { return shown_.empty() ? QString() : shown_.front()->value_text(); }

@@ -1,4 +1,4 @@
-// The views of the panel's displays. A new display gets its line here.
+// The views of the panel's displays. A new display gets its line here. UI thread.
 #pragma once
 
 #include "audio/sound_graph.h"

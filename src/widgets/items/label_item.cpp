@@ -44,10 +44,10 @@ void ClickItem::leaveEvent(QEvent* event) {
 }
 
 LedLabelItem::LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, LedLabel& label,
-                           bool clickable, std::optional<QRgb> dark_dots)
+                           bool clickable, UnlitDots unlit)
     : ClickItem(panel, canvas, place, &label, clickable ? &label.click : nullptr),
       label_(label),
-      dark_dots_(dark_dots),
+      unlit_(unlit),
       shown_(label.Caption),
       steps_(kRestSeconds, kColumnsPerSecond) {}
 
@@ -62,8 +62,8 @@ void LedLabelItem::draw(QPainter& painter) const {
   look.cells = label_.NumChars;
   look.pitch = place().pitch;
   look.colour = from_bgr(static_cast<std::uint32_t>(label_.LEDColor.get())).rgb();
-  look.dark_dots = dark_dots_;
-  look.unbroken = dark_dots_ == palette::kTitleDots;
+  look.dark_dots = unlit_.colour;
+  look.unbroken = unlit_.unbroken;
   if (scrolls()) look.scroll = column_;
   paint_led_label(painter, box().topLeft(), look);
 }

@@ -32,11 +32,17 @@ class ClickItem : public PanelItem {
   const Notification<>* click_;
 };
 
+// The unlit dots of a label.
+struct UnlitDots {
+  std::optional<QRgb> colour{};  // none: they do not show
+  bool unbroken = false;         // one field over all cells, which stands still under a text that moves
+};
+
 // A scrolling text is a ring of whole dot columns; it starts to move a while after the caption has changed.
 class LedLabelItem final : public ClickItem {
  public:
   LedLabelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, LedLabel& label, bool clickable,
-               std::optional<QRgb> dark_dots);
+               UnlitDots unlit);
   void draw(QPainter& painter) const override;
   bool advance(double seconds) override;
   QString accessible_value() const override { return QString::fromStdString(label_.Caption).trimmed(); }
@@ -49,7 +55,7 @@ class LedLabelItem final : public ClickItem {
   bool scrolls() const;
 
   LedLabel& label_;
-  std::optional<QRgb> dark_dots_;
+  UnlitDots unlit_;
   std::string shown_;
   ScrollSteps steps_;
   int column_ = 0;

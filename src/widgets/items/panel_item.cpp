@@ -10,8 +10,6 @@ namespace {
 
 constexpr double kHoverSeconds = 0.08;
 
-QString text_of(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
-
 bool by_keyboard(Qt::FocusReason reason) {
   return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason ||
          reason == Qt::OtherFocusReason;
@@ -26,11 +24,11 @@ bool is_for_a_while(Qt::FocusReason reason) {
 
 PanelItem::PanelItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Control* model)
     : QWidget(panel), canvas_(canvas), place_(place), model_(model) {
-  setObjectName(text_of(place.name));
+  setObjectName(QString::fromUtf8(place.name));
   setAttribute(Qt::WA_NoSystemBackground);
   setAttribute(Qt::WA_NoMousePropagation);
   setFocusPolicy(place.tab > 0 ? Qt::StrongFocus : Qt::NoFocus);
-  if (!place.tip.empty()) setToolTip(text_of(place.tip));
+  if (!place.tip.empty()) setToolTip(QString::fromUtf8(place.tip));
   if (model_ == nullptr) return;
   model_visible_ = model_->Visible;
   model_->view_changed.connect([this] { follow_model(); });
@@ -62,7 +60,7 @@ bool PanelItem::focusNextPrevChild(bool next) { return disabling_ || QWidget::fo
 // What has no name of its own has its caption for one.
 QString PanelItem::name_in_table() const {
   const bool named = !place_.accessible.empty() && !place_.accessible.starts_with('(');
-  return text_of(named ? place_.accessible : place_.caption);
+  return QString::fromUtf8(named ? place_.accessible : place_.caption);
 }
 
 // "Song: <caption>", "Volume <Progress> %": from the mark on stands the value. What stands in round brackets is said by

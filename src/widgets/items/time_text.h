@@ -1,4 +1,4 @@
-// Times as one says and reads them: minutes without a leading zero.
+// Times as one says and reads them: minutes without a leading zero. Any thread, no state.
 #pragma once
 
 #include <QString>

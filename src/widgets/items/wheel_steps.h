@@ -1,4 +1,4 @@
-// Mouse wheels: whole notches up (positive) or down, also from fine wheels that send parts of a notch.
+// Mouse wheels: whole notches up (positive) or down, also from fine wheels that send parts of a notch. UI thread.
 #pragma once
 
 #include <QWheelEvent>

@@ -16,9 +16,7 @@ constexpr double kBreath = 1.0;       // seconds
 constexpr double kStillBreath = 0.5;  // where nothing is to move
 constexpr double kStillPhase = 0.25;  // seconds into a breath that is as bright
 
-QString text_of(const ControlBox& row) {
-  return QString::fromUtf8(row.caption.data(), static_cast<qsizetype>(row.caption.size()));
-}
+QString text_of(const ControlBox& row) { return QString::fromUtf8(row.caption); }
 
 }  // namespace
 

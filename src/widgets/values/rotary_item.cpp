@@ -22,8 +22,7 @@ double angle_of(const QPointF& from_centre) { return qRadiansToDegrees(std::atan
 
 RotaryItem::RotaryItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Switch& model)
     : PanelItem(panel, canvas, place, &model), switch_(model), spot_(rotary_place(place)), pointer_(0) {
-  for (const PositionCaption& text : position_captions(place.name))
-    captions_ << QString::fromUtf8(text.caption.data(), static_cast<qsizetype>(text.caption.size()));
+  for (const PositionCaption& text : position_captions(place.name)) captions_ << QString::fromUtf8(text.caption);
   pointer_ = target_angle();
   setContextMenuPolicy(Qt::PreventContextMenu);  // the right button turns the knob back
 }

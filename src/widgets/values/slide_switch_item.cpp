@@ -13,7 +13,7 @@ constexpr double kSlideSeconds = 0.09;
 
 QString caption(const ControlBox& place, int position) {
   const auto text = position_captions(place.name)[static_cast<std::size_t>(position)].caption;
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  return QString::fromUtf8(text);
 }
 
 }  // namespace

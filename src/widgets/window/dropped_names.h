@@ -1,4 +1,4 @@
-// Files that hover over the window or are dropped on it.
+// Files that hover over the window or are dropped on it. Any thread, no state.
 #pragma once
 
 #include <QMimeData>

@@ -40,18 +40,18 @@ void PanelWindow::add_items(DisplayViews displays) {
 void PanelWindow::add_display_panel() {
   PanelControls& c = controls_;
   auto* area = add<AreaItem>("MMPanelX1(1)", &c.MMPanelX1[1], &c.MMPanelX1[1].click);
-  const auto add_label = [&](const char* name, LedLabel& label, std::optional<QRgb> dark_dots) {
-    area->shine_over(*add<LedLabelItem>(name, label, true, dark_dots));
+  const auto add_label = [&](const char* name, LedLabel& label, UnlitDots unlit) {
+    area->shine_over(*add<LedLabelItem>(name, label, true, unlit));
   };
-  add_label("MMLEDLABELX1", c.MMLEDLABELX1, std::nullopt);
-  add_label("SongLabel", c.SongLabel, palette::kTitleDots);
-  add_label("MMLEDLABELX2", c.MMLEDLABELX2, std::nullopt);
-  add_label("LblPosition", c.LblPosition, palette::kLimeDots);
-  total_ = add<LedLabelItem>("LblTempTot", c.LblTempTot, true, palette::kWhiteDots);
+  add_label("MMLEDLABELX1", c.MMLEDLABELX1, {});
+  add_label("SongLabel", c.SongLabel, {palette::kTitleDots, true});
+  add_label("MMLEDLABELX2", c.MMLEDLABELX2, {});
+  add_label("LblPosition", c.LblPosition, {palette::kLimeDots});
+  total_ = add<LedLabelItem>("LblTempTot", c.LblTempTot, true, UnlitDots{palette::kWhiteDots});
   area->shine_over(*total_);
-  add<LedLabelItem>("INDIC", c.INDIC, false, palette::kReadOutDots);
-  add_label("MMLEDLABELX3", c.MMLEDLABELX3, std::nullopt);
-  add_label("ClockLabel", c.ClockLabel, palette::kOrangeDots);
+  add<LedLabelItem>("INDIC", c.INDIC, false, UnlitDots{palette::kReadOutDots});
+  add_label("MMLEDLABELX3", c.MMLEDLABELX3, {});
+  add_label("ClockLabel", c.ClockLabel, {palette::kOrangeDots});
   area->shine_over(*add<GaugeItem>("MeterVol", c.MeterVol));
   add<PitchLampItem>("LED1", c.LED1, &control_box("LED2"));
   add<PitchLampItem>("LED2", c.LED2, &control_box("LED3"));

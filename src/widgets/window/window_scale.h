@@ -1,4 +1,4 @@
-// The scales of the window: steps of 25 %.
+// The scales of the window: steps of 25 %. Any thread, no state.
 #pragma once
 
 #include <QSize>
