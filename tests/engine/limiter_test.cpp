@@ -172,7 +172,8 @@ TEST(Limiter, TheLongerAnOvershootTheSlowerTheReturn) {
 }
 
 // A master of -9 dBFS rms, as a lossy encoder gives it back: one sample in 3000 exceeds full scale, by up to 3.5 dB.
-TEST(Limiter, StraySamplesOfALossyDecoderCostNextToNothing) {
+// Plain clipping is the least change that keeps a sound within full scale; ours has no corners.
+TEST(Limiter, StraySamplesOfALossyDecoderCostAtMostThreeDecibelsMoreThanClipping) {
   std::mt19937 random(4);
   std::uniform_real_distribution<float> noise(-0.62F, 0.62F);
   std::uniform_real_distribution<float> excess(1.01F, 1.5F);
@@ -185,16 +186,16 @@ TEST(Limiter, StraySamplesOfALossyDecoderCostNextToNothing) {
   Limiter limiter;
   const Sound out = limited(limiter, sound);
   double error = 0.0;
-  double power = 0.0;
+  double clipping = 0.0;
   std::size_t at_work = 0;
   for (std::size_t n = 0; n + kDelay < sound.size(); ++n) {
     const double in = double{sound[n].left};
     error += std::pow(double{out[n + kDelay].left} - in, 2);
-    power += in * in;
+    clipping += std::pow(std::clamp(in, -1.0, 1.0) - in, 2);
     at_work += std::abs(double{out[n + kDelay].left}) < 0.988 * std::abs(in) ? 1U : 0U;
   }
   EXPECT_LT(static_cast<double>(at_work) / static_cast<double>(sound.size()), 0.03);
-  EXPECT_LT(decibels(error / power), -31.0);
+  EXPECT_LT(decibels(error / clipping), 3.0);
 }
 
 // Two songs of full scale at once: the gain stands still between the crests.
