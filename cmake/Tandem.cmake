@@ -42,12 +42,18 @@ endif()
 # one: it takes a third of the time. So names in anonymous namespaces differ within a room and within a test program.
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
 
-# tandem_compile_by_room(TARGET): the units of a unity build are the folders.
+# clang-tidy reads the headers of other people once for each unit, which is most of its work.
+option(TANDEM_WHOLE_FOLDERS "Make the units of a unity build as large as can be, for clang-tidy" OFF)
+
+# tandem_compile_by_room(TARGET): the units of a unity build are the rooms, or the whole target.
 function(tandem_compile_by_room target)
   get_target_property(sources ${target} SOURCES)
   foreach(source IN LISTS sources)
     get_filename_component(room "${source}" DIRECTORY)
     get_filename_component(room "${room}" NAME)
+    if(TANDEM_WHOLE_FOLDERS)
+      set(room ${target})
+    endif()
     set_property(SOURCE "${source}" PROPERTY UNITY_GROUP "${room}")
   endforeach()
   set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)

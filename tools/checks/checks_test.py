@@ -113,7 +113,8 @@ class HouseRules(unittest.TestCase):
         other = 'namespace {\nconst QSize kRows(1, 2);\nusing Sound = int;\nvoid f() {\n  constexpr int kIn = 1;\n}\n}  // namespace\n'
         self.assertEqual(list(house_rules.private_names(one)), [(2, 'kRows'), (4, 'Rig')])
         self.assertEqual(list(house_rules.private_names(other)), [(2, 'kRows')])
-        self.assertEqual(len(list(house_rules.repeated_names([('src/a/x.cpp', one), ('src/a/y.cpp', other)]))), 1)
+        self.assertEqual(len(list(house_rules.repeated_names([('src/a/b/x.cpp', one), ('src/a/c/y.cpp', other)]))), 1)
+        self.assertEqual(len(list(house_rules.repeated_names([('tests/a/x.cpp', one), ('tests/a/y.cpp', other)]))), 1)
         self.assertEqual(list(house_rules.repeated_names([('src/a/x.cpp', one), ('src/b/y.cpp', other)])), [])
 
     def test_stray_files(self):

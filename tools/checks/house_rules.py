@@ -2,7 +2,7 @@
 """house_rules.py [ROOT]: fails on files that are too long, on stray blanks and line ends, and on unwanted words.
 
 No code file has more than 300 lines. Text files end with one line end, hold no CR, no tab and no blank at a line's end.
-Names in anonymous namespaces are unique within a folder, whose files are compiled as one. Nothing refers to papers outside
+Names in anonymous namespaces are unique among files that are compiled as one: a folder of src, a test program. Nothing refers to papers outside
 this repository: what matters is said where it matters. Comments and documents are in plain English: words of our own that
 readers stumbled over stay out, of tests' names too. Exit status 0, or 1 with one line for each offence.
 """
@@ -100,12 +100,17 @@ def stray_files(names):
     return [name for name in names if '/' not in name and name not in ROOT_FILES]
 
 
+def compiled_with(name):
+    """The folder whose files may be compiled as one with that file: of src with all its rooms."""
+    return '/'.join(name.split('/')[:2]) if name.startswith('src/') else os.path.dirname(name)
+
+
 def repeated_names(texts):
     """Offences of source files, given as pairs of name and text."""
     first = {}
     for name, text in texts:
         for number, word in private_names(text):
-            other = first.setdefault((os.path.dirname(name), word), name)
+            other = first.setdefault((compiled_with(name), word), name)
             if other != name:
                 yield f'{name}:{number}: {other} has a {word} of its own, and both are compiled as one'
 

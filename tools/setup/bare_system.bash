@@ -44,8 +44,8 @@ bare_packages() {
 # bare_arm64_packages ROOT: a cross compiler, the libraries of the other machine, and its emulator.
 bare_arm64_packages() {
   local libraries
-  libraries=$(sed 's/#.*//' tools/setup/build.packages | grep -E '^(lib|qt6-base-dev$)' | sed 's/$/:arm64/' | xargs)
+  libraries=$(sed 's/#.*//' tools/setup/build.packages tools/setup/test.packages | grep -E '^(lib[^|]*|qt6-base)-dev *$' |
+    sed 's/ *$/:arm64/' | xargs)
   in_bare_system "$1" "dpkg --add-architecture arm64 && apt-get update -q && apt-get install -q -y \
-    --no-install-recommends g++-aarch64-linux-gnu qemu-user libgtest-dev:arm64 libgmock-dev:arm64 \
-    libsoundtouch-dev:arm64 $libraries"
+    --no-install-recommends g++-aarch64-linux-gnu qemu-user $libraries"
 }

@@ -9,12 +9,12 @@ namespace {
 
 constexpr float kOffset = 3.0F;                // dB
 constexpr float kGain = -3.0F;                 // dB
-constexpr float kRange = 2 * LevelBar::kRows;  // dB
+constexpr float kBarRange = 2 * LevelBar::kRows;  // dB
 constexpr double kFall = 9 * 0.12;             // full heights a second
 
 float height(float amplitude) noexcept {
   if (amplitude <= 0.0F) return 0.0F;
-  return std::clamp(1.0F + (20.0F * std::log10(amplitude) + kOffset + kGain) / kRange, 0.0F, 1.0F);
+  return std::clamp(1.0F + (20.0F * std::log10(amplitude) + kOffset + kGain) / kBarRange, 0.0F, 1.0F);
 }
 
 SoundFrame greatest(std::span<const BlockLevel> blocks) noexcept {

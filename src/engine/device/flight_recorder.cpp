@@ -14,7 +14,7 @@ constexpr std::int64_t kMillisecond = 1'000'000;  // nanoseconds
 constexpr std::int64_t kReportDelay = 5 * kMillisecond;
 constexpr std::int64_t kRecent = 40 * kMillisecond;
 // A device plays on what it has in its own buffer, and its clock is not exactly ours.
-constexpr std::int64_t kTolerance = 10 * kMillisecond;
+constexpr std::int64_t kClockTolerance = 10 * kMillisecond;
 
 std::int64_t time_of(std::int64_t frames) { return frames * 1000 / kSampleRate * kMillisecond; }
 double milliseconds(std::int64_t nanoseconds) { return static_cast<double>(nanoseconds) / kMillisecond; }
@@ -25,7 +25,7 @@ constexpr std::array kNames = {"the server or its device", "the output's thread 
 }  // namespace
 
 FlightRecorder::Late FlightRecorder::late(const Underrun& underrun) noexcept {
-  if (underrun.since_fed + kTolerance < time_of(underrun.queued)) return Late::kServer;
+  if (underrun.since_fed + kClockTolerance < time_of(underrun.queued)) return Late::kServer;
   if (underrun.ready > 0) return Late::kOutput;
   return underrun.since_panel < kRecent ? Late::kPanel : Late::kRender;
 }

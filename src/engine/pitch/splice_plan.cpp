@@ -8,23 +8,23 @@
 namespace tandem {
 namespace {
 
-constexpr double kMillisecond = kSampleRate / 1000.0;
+constexpr double kFramesPerMs = kSampleRate / 1000.0;
 
 // By how much the reading may lead or lag, in the direction in which it drifts: splicing begins at the first, where the
 // sound suits; is due at the second; and is done at the last, whatever begins there.
-constexpr double kWilling = 3.0 * kMillisecond;
-constexpr double kDue = 7.0 * kMillisecond;
-constexpr double kAtAnyPrice = 12.0 * kMillisecond;
+constexpr double kWilling = 3.0 * kFramesPerMs;
+constexpr double kDue = 7.0 * kFramesPerMs;
+constexpr double kAtAnyPrice = 12.0 * kFramesPerMs;
 constexpr double kPressed = (kDue + kAtAnyPrice) / 2.0;  // from here on fades may be short
-constexpr double kLanding = 5.0 * kMillisecond;          // a splice goes to this lead on the other side
-constexpr double kShortestJump = 3.0 * kMillisecond;
+constexpr double kLanding = 5.0 * kFramesPerMs;          // a splice goes to this lead on the other side
+constexpr double kShortestJump = 3.0 * kFramesPerMs;
 constexpr double kNarrowest = 8.0;  // frames: a range that is narrower is none
 
-constexpr double kBeforeOnset = 1.0 * kMillisecond;  // an attack lasts from so long before its onset
-constexpr double kAfterOnset = 6.0 * kMillisecond;   // until so long after it
-constexpr double kPunctual = 4.0 * kMillisecond;     // the lead at which an onset is still in time
-constexpr double kSoon = 45.0 * kMillisecond;        // an onset that is so near is planned for
-constexpr double kLookAgain = 5.0 * kMillisecond;    // no plan is made as late as this
+constexpr double kBeforeOnset = 1.0 * kFramesPerMs;  // an attack lasts from so long before its onset
+constexpr double kAfterOnset = 6.0 * kFramesPerMs;   // until so long after it
+constexpr double kPunctual = 4.0 * kFramesPerMs;     // the lead at which an onset is still in time
+constexpr double kSoon = 45.0 * kFramesPerMs;        // an onset that is so near is planned for
+constexpr double kLookAgain = 5.0 * kFramesPerMs;    // no plan is made as late as this
 
 constexpr float kVeryAlike = 0.98F;  // not urgent, but a splice that is hardly heard
 

@@ -12,9 +12,9 @@ constexpr Frames kSilenceBefore = 128;  // before the first frame, for what look
 
 // Searches are so far apart that the reading drifts by half a millisecond from one to the next, and at least 10 ms.
 Frames search_interval(double ratio) noexcept {
-  constexpr double kDrift = 22.0;
-  constexpr double kLeast = 441.0;
-  return static_cast<Frames>(std::max(kLeast, kDrift / std::abs(ratio - 1.0)));
+  constexpr double kMostDrift = 22.0;
+  constexpr double kLeastInterval = 441.0;
+  return static_cast<Frames>(std::max(kLeastInterval, kMostDrift / std::abs(ratio - 1.0)));
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace tandem {
 namespace {
 constexpr auto kIdle = std::chrono::milliseconds(200);  // the ring holds seconds
 constexpr auto kShort = std::chrono::milliseconds(2);
-constexpr auto kPatience = std::chrono::milliseconds(100);
+constexpr auto kReaderPatience = std::chrono::milliseconds(100);
 }  // namespace
 
 ReaderThread::ReaderThread(DeckReader& reader) : reader_(reader) { start(); }
@@ -48,7 +48,7 @@ void ReaderThread::Shared::stop() {
   feed_->mailbox().close();
   wake();
   std::unique_lock lock(mutex_);
-  changed_.wait_for(lock, kPatience, [this] { return ended_; });
+  changed_.wait_for(lock, kReaderPatience, [this] { return ended_; });
 }
 
 void ReaderThread::Shared::sleep() {
