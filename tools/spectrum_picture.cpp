@@ -88,7 +88,7 @@ void add(std::vector<Specimen>& all, const char* name, SpectrumSetting setting, 
 
 void add_kinds(std::vector<Specimen>& all) {
   constexpr const char* kNames[] = {"Points", "Lines", "V.Lines", "Bar", "Picks", "Roll"};
-  for (int kind = 0; kind < 6; ++kind) {
+  for (int kind = 0; kind < kAnalyserKinds; ++kind) {
     all.push_back({QStringLiteral("Type %1, L.e.d. on").arg(kNames[kind]), {{Kind, kind}}});
     all.push_back({QStringLiteral("Type %1, L.e.d. off").arg(kNames[kind]), {{Kind, kind}, {SolidBars, 1}}});
   }

@@ -76,17 +76,17 @@ TEST_F(AssistiveProgram, ItsListIsFollowed) {
   bus->listen("object:children-changed");
   bus->listen("object:state-changed");  // Qt reports removals only to clients that listen to states too
   const std::string list = object("Playlist", "list").path;
-  const auto is_told = [this, &list](const std::string& what) {
+  const auto is_reported = [this, &list](const std::string& what) {
     return wait_until([&] {
       const std::vector<std::string>& heard = bus->heard();
       return std::find(heard.begin(), heard.end(), list + " ChildrenChanged " + what) != heard.end();
     });
   };
   add_song();
-  EXPECT_TRUE(is_told("add"));
+  EXPECT_TRUE(is_reported("add"));
   const AssistiveObject line = object("01 - " + player->file("one.wav"), "list item");
   player->double_click(400, 125);  // on the line
-  EXPECT_TRUE(is_told("remove"));
+  EXPECT_TRUE(is_reported("remove"));
   EXPECT_FALSE(bus->object(line.name, line.role).has_value());
 }
 

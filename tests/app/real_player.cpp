@@ -69,7 +69,7 @@ Desktop::Desktop(const std::vector<std::string>& screen_options) {
   ::setenv("PULSE_COOKIE", files_.file("cookie").c_str(), 1);  // the sound library would keep one at home
 }
 
-// A kind end: the server then removes its lock.
+// Ended by SIGTERM, the server removes its lock.
 void Desktop::end_screen() {
   if (!screen_.running()) return;
   screen_.send(SIGTERM);

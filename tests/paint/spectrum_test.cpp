@@ -110,7 +110,7 @@ TEST_P(EveryKind, APictureThatStandsStillChangesNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Spectrum, EveryKind,
-                         ::testing::Combine(::testing::Range(0, 6), ::testing::Values(1.0, 1.25, 2.0)));
+                         ::testing::Combine(::testing::Range(0, kAnalyserKinds), ::testing::Values(1.0, 1.25, 2.0)));
 
 QRgb middle_of_spot(const QImage& image, const SpectrumBackdrop& face, int column, int row) {
   const SpectrumGrid& grid = face.grid();
@@ -246,11 +246,24 @@ TEST(Spectrum, TheLineIsSmoothAndInTheGradientsColours) {
   EXPECT_LT(qRed(image.pixel(peak - 3 * grid.pitch, brightest(peak - 3 * grid.pitch))), 60) << "green where low";
 }
 
+TEST(Spectrum, ALineFollowsWhatIsLessThanARow) {
+  const SpectrumBackdrop face = face_of(AnalyserKind::Lines, 2);
+  QImage image = blank(face, {0, 0});
+  SpectrumTrace standing;
+  for (const float height : {.500F, .512F}) {
+    const std::vector<float> heights(33, height);
+    SpectrumPicture picture;
+    picture.left = picture.right = heights;
+    update_spectrum(image, {0, 0}, face, picture, standing);
+    EXPECT_EQ(image, drawn_at_once(face, {0, 0}, picture)) << height;
+  }
+}
+
 TEST(Spectrum, EveryKindOfDrawingLooksDifferent) {
   std::minstd_rand random(3);
   const Frame frame = random_frame(random, 33, 1);
   std::vector<QImage> images;
-  for (int kind = 0; kind < 6; ++kind)
+  for (int kind = 0; kind < kAnalyserKinds; ++kind)
     for (const bool solid : {false, true}) {
       if (solid && (kind == 1 || kind == 4 || kind == 5)) continue;  // these have neither rows nor bars, or rows always
       images.push_back(drawn_at_once(face_of(static_cast<AnalyserKind>(kind), 1, solid), {0, 0}, frame.picture(0, 9)));

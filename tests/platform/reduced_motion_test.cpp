@@ -22,7 +22,7 @@ class ReducedMotionSettingTest : public BusFixture {
     ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
   }
   void listen() {
-    motion_ = std::make_unique<ReducedMotionSetting>([this](bool reduced) { told_.push_back(reduced); });
+    motion_ = std::make_unique<ReducedMotionSetting>([this](bool reduced) { reports_.push_back(reduced); });
   }
   void start(const FakePortal::Settings& settings) {
     bus_.start();
@@ -30,7 +30,7 @@ class ReducedMotionSettingTest : public BusFixture {
     listen();
   }
   bool reported(const std::vector<bool>& expected) {
-    return soon([&] { return told_ == expected; });
+    return soon([&] { return reports_ == expected; });
   }
   bool asked(int questions) {
     return soon([&] { return portal_->questions() >= questions; });
@@ -38,7 +38,7 @@ class ReducedMotionSettingTest : public BusFixture {
 
   std::unique_ptr<FakePortal> portal_;
   std::unique_ptr<ReducedMotionSetting> motion_;
-  std::vector<bool> told_;
+  std::vector<bool> reports_;
 };
 
 TEST_F(ReducedMotionSettingTest, IsReducedWhereTheDesktopAnimatesNothing) {

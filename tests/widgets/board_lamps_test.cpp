@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "displays/spectrum/spectrum_settings.h"
 #include "widgets/board_picture.h"
 
 namespace tandem::test {
@@ -118,7 +119,7 @@ int lit_in_column(const BoardPicture& picture, int column) {
 TEST_F(BoardLamps, EveryTypeDrawsInItsOwnWay) {
   std::vector<QImage> pictures;
   std::array<int, 6> lit{};  // lines of the column of the loud tone
-  for (int type = 0; type < 6; ++type) {
+  for (int type = 0; type < kAnalyserKinds; ++type) {
     rig.controls().MMSwitch1.move(type);
     const BoardPicture picture = rig.picture_of(kTones);
     lit[static_cast<std::size_t>(type)] = lit_in_column(picture, picture.column_of(300));

@@ -7,7 +7,7 @@ namespace {
 
 constexpr LatencyPolicy::Milliseconds kStart = 100'000;  // the clock's, with the player just started
 
-class LatencyPolicys : public testing::Test {
+class LatencyPolicyTest : public testing::Test {
  protected:
   void SetUp() override { depth.note_input(kStart); }
   bool near(LatencyPolicy::Milliseconds now) { return depth.deep(now, true, true, breaks); }
@@ -17,24 +17,24 @@ class LatencyPolicys : public testing::Test {
   std::uint64_t breaks = 0;
 };
 
-TEST_F(LatencyPolicys, ShortWithTheUserNearAndDeepThreeSecondsAfter) {
+TEST_F(LatencyPolicyTest, ShortWithTheUserNearAndDeepThreeSecondsAfter) {
   EXPECT_FALSE(near(kStart));
   EXPECT_FALSE(away(kStart + 3000));
   EXPECT_TRUE(away(kStart + 3001));
 }
 
-TEST_F(LatencyPolicys, DeepAtOnceWhereTheWindowIsNotSeen) {
+TEST_F(LatencyPolicyTest, DeepAtOnceWhereTheWindowIsNotSeen) {
   EXPECT_FALSE(near(kStart));
   EXPECT_TRUE(depth.deep(kStart + LatencyPolicy::kAppears + 1, false, false, 0));
 }
 
-TEST_F(LatencyPolicys, StaysShortWhileTheWindowOfAStartIsStillToAppear) {
+TEST_F(LatencyPolicyTest, StaysShortWhileTheWindowOfAStartIsStillToAppear) {
   for (const LatencyPolicy::Milliseconds since : {0, 20, 500, 1000})
     EXPECT_FALSE(depth.deep(kStart + since, false, false, 0)) << since << " ms after the start";
   EXPECT_TRUE(depth.deep(kStart + LatencyPolicy::kAppears + 1, false, false, 0));
 }
 
-TEST_F(LatencyPolicys, AUserWhoRestsForAMinuteIsAwayUntilTheNextMove) {
+TEST_F(LatencyPolicyTest, AUserWhoRestsForAMinuteIsAwayUntilTheNextMove) {
   EXPECT_FALSE(near(kStart + LatencyPolicy::kIdle));
   EXPECT_TRUE(near(kStart + LatencyPolicy::kIdle + LatencyPolicy::kAlone + 1));
   const auto back = kStart + 2 * LatencyPolicy::kIdle;
@@ -43,7 +43,7 @@ TEST_F(LatencyPolicys, AUserWhoRestsForAMinuteIsAwayUntilTheNextMove) {
   EXPECT_FALSE(depth.note_input(back + 1)) << "it had not rested";
 }
 
-TEST_F(LatencyPolicys, AMachineTooBusyForTheShortOneGetsTheDeepOneForAMinute) {
+TEST_F(LatencyPolicyTest, AMachineTooBusyForTheShortOneGetsTheDeepOneForAMinute) {
   EXPECT_FALSE(near(kStart));
   ++breaks;
   EXPECT_TRUE(near(kStart + 10));
@@ -52,7 +52,7 @@ TEST_F(LatencyPolicys, AMachineTooBusyForTheShortOneGetsTheDeepOneForAMinute) {
   EXPECT_FALSE(near(kStart + 60'010));
 }
 
-TEST_F(LatencyPolicys, BreaksOfTheDeepOneSayNothingAboutTheShortOne) {
+TEST_F(LatencyPolicyTest, BreaksOfTheDeepOneSayNothingAboutTheShortOne) {
   near(kStart);
   EXPECT_TRUE(away(kStart + 5000));
   ++breaks;
@@ -61,7 +61,7 @@ TEST_F(LatencyPolicys, BreaksOfTheDeepOneSayNothingAboutTheShortOne) {
   EXPECT_FALSE(near(kStart + 6000));
 }
 
-TEST_F(LatencyPolicys, EachFurtherBreakDoublesTheCautionUpToSixteenMinutes) {
+TEST_F(LatencyPolicyTest, EachFurtherBreakDoublesTheCautionUpToSixteenMinutes) {
   auto now = kStart;
   for (const int minutes : {1, 2, 4, 8, 16, 16}) {
     depth.note_input(now);
@@ -74,7 +74,7 @@ TEST_F(LatencyPolicys, EachFurtherBreakDoublesTheCautionUpToSixteenMinutes) {
   }
 }
 
-TEST_F(LatencyPolicys, AfterAnHourABreakIsAFirstOneAgain) {
+TEST_F(LatencyPolicyTest, AfterAnHourABreakIsAFirstOneAgain) {
   auto now = kStart;
   for (int i = 0; i < 3; ++i) {
     depth.note_input(now);

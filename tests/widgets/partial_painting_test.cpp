@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "displays/spectrum/spectrum_settings.h"
 #include "support/picture_difference.h"
 #include "widgets/window_rig.h"
 
@@ -158,7 +159,7 @@ TEST_F(PartialPainting, AfterEveryDisplayAndKind) {
   }
   rig.controls().MMSwitchX1.move(0);
   rig.controls().MMLEDX5.click.raise();
-  for (int kind = 0; kind < 6; ++kind) {
+  for (int kind = 0; kind < kAnalyserKinds; ++kind) {
     rig.controls().MMSwitch1.move(kind);
     pass(.3);
     expect_whole("kind " + std::to_string(kind));

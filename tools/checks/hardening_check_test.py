@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Shows that hardening_check tells a hardened program from one without, flag by flag."""
+"""Shows that hardening_check distinguishes a hardened program from one without, flag by flag."""
 import os
 import subprocess
 import tempfile

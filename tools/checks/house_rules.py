@@ -24,7 +24,7 @@ EXEMPT = ('tests/data/', 'fuzz/seeds/', 'fuzz/regressions/')
 PAPERS = re.compile(r'\b[sS]p' r'ec(ification)?s?\b|\bPart' r' [0-9](\.[0-9])?|\.\./' r'shared|\bshared' r'/(sp' r'ec|design)')
 CAPTION = re.compile(r'"Sp' r'ec"|\bSp' r'ec(?=, V\.U\.)|\bSp' r'ec(?=[,/|] ?VU)')
 # Say the user, reported, again, no one, after or before, on purpose, Qt.
-WORDS = re.compile(r'\b(hands?|told|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)\b', re.IGNORECASE)
+WORDS = re.compile(r'\b(hands?|told|tells?|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)\b', re.IGNORECASE)
 TEST_NAME = re.compile(r'TEST(?:_[FP])?\((\w+, \w+)\)')  # words that begin with a capital letter
 
 # Begins the definition of a constant or a type at the left margin; an alias may stand twice.

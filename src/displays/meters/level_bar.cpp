@@ -7,10 +7,10 @@ namespace tandem {
 
 namespace {
 
-constexpr float kOffset = 3.0F;                // dB
-constexpr float kGain = -3.0F;                 // dB
+constexpr float kOffset = 3.0F;                   // dB
+constexpr float kGain = -3.0F;                    // dB
 constexpr float kBarRange = 2 * LevelBar::kRows;  // dB
-constexpr double kFall = 9 * 0.12;             // full heights a second
+constexpr double kFall = 9 * 0.12;                // full heights a second
 
 float height(float amplitude) noexcept {
   if (amplitude <= 0.0F) return 0.0F;

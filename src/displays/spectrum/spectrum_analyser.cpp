@@ -86,7 +86,7 @@ void SpectrumAnalyser::prepare_rules() {
                      settings_.is_on(SpectrumSetting::SolidBars));
     marks_[side].put_times(settings_[SpectrumSetting::PeakDelay], settings_[SpectrumSetting::PeakSpeed]);
   }
-  // Enlarged, the columns are narrower than a filter, and windows show what they do.
+  // Enlarged, a column is narrower than a filter; there the choice of window must stay visible.
   overlap_ = rolls()
                  ? 0.0F
                  : static_cast<float>(std::pow(10.0, kOverlap * settings_[SpectrumSetting::HorizontalScale] / 10.0));

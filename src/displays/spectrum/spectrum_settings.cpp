@@ -16,25 +16,25 @@ struct Bounds {
 // In the order of SpectrumSetting. The analyser starts with the board's "Default" values, but with a window and a gain
 // of its own.
 constexpr std::array<Bounds, static_cast<std::size_t>(SpectrumSetting::Count)> kBounds{{
-    {0, 5, 3},          // Kind: Bar
-    {0, 6, 3},          // Window: Blackman
-    {0, 3, 2},          // Gain: 6 dB
-    {0, 3, 1},          // DecayMode: Step
-    {1, 16, 8},         // Decay
-    {4, 4096, 64},      // FFTLength
-    {1, 200, 40},       // VerticalScale
-    {1, 16, 1},         // HorizontalScale
-    {50, 22050, 1000},  // ReferenceFrequency
-    {0, 5, 1},          // PeakCount
-    {0, 50, 18},        // PeakDelay
-    {0, 50, 20},        // PeakSpeed
-    {0, 1, 1},          // LogAmp
-    {0, 1, 0},          // DrawGrid
-    {0, 1, 1},          // DrawInactive
-    {0, 1, 0},          // DrawPeaks
-    {0, 1, 0},          // SolidBars
-    {0, 1, 0},          // SolidMarks
-    {1, 2, 1},          // DrawMode
+    {0, kAnalyserKinds - 1, 3},  // Kind: Bar
+    {0, 6, 3},                   // Window: Blackman
+    {0, 3, 2},                   // Gain: 6 dB
+    {0, 3, 1},                   // DecayMode: Step
+    {1, 16, 8},                  // Decay
+    {4, 4096, 64},               // FFTLength
+    {1, 200, 40},                // VerticalScale
+    {1, 16, 1},                  // HorizontalScale
+    {50, 22050, 1000},           // ReferenceFrequency
+    {0, 5, 1},                   // PeakCount
+    {0, 50, 18},                 // PeakDelay
+    {0, 50, 20},                 // PeakSpeed
+    {0, 1, 1},                   // LogAmp
+    {0, 1, 0},                   // DrawGrid
+    {0, 1, 1},                   // DrawInactive
+    {0, 1, 0},                   // DrawPeaks
+    {0, 1, 0},                   // SolidBars
+    {0, 1, 0},                   // SolidMarks
+    {1, 2, 1},                   // DrawMode
 }};
 
 bool is_flag(const Bounds& bounds) { return bounds.least == 0 && bounds.greatest == 1; }

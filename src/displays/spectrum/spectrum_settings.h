@@ -9,7 +9,9 @@
 
 namespace tandem {
 
+// In the order of the board's switch; the settings file keeps the number, so a new one comes last.
 enum class AnalyserKind { Points, Lines, VLines, Bar, Picks, Roll };
+inline constexpr int kAnalyserKinds = static_cast<int>(AnalyserKind::Roll) + 1;
 
 class SpectrumSettings {
  public:

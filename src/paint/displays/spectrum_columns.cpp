@@ -38,9 +38,13 @@ int mark_height(const SpectrumStyle& style) {
   return style.in_rows() ? spot(style.grid) : parts(kMarkHeight * style.grid.scale);
 }
 
+int exact_level(const SpectrumGrid& grid, float value) {
+  return parts(grid.baseline - static_cast<double>(value) * grid.height());
+}
+
 int level(const SpectrumStyle& style, float value) {
   const SpectrumGrid& grid = style.grid;
-  if (!style.in_rows()) return parts(grid.baseline - static_cast<double>(value) * grid.height());
+  if (!style.in_rows()) return exact_level(grid, value);
   return (grid.baseline - rows_of(grid, value) * grid.row_pitch) * kPart;
 }
 
@@ -94,7 +98,9 @@ Column spectrum_column(const SpectrumBackdrop& backdrop, const SpectrumPicture& 
   const SpectrumStyle& style = backdrop.style();
   Column column;
   column.bottom = style.grid.baseline * kPart;
-  column.top = level(style, value_at(side == 0 ? picture.left : picture.right, index));
+  const float value = value_at(side == 0 ? picture.left : picture.right, index);
+  // A line is never drawn in rows, only its marks are.
+  column.top = style.kind == AnalyserKind::Lines ? exact_level(style.grid, value) : level(style, value);
   const bool only_head = style.kind == AnalyserKind::Points || style.kind == AnalyserKind::Picks;
   if (only_head) column.bottom = std::min(column.bottom, column.top + head_height(style));
   place_marks(column, style, side == 0 ? picture.left_peaks : picture.right_peaks, index, picture.marks_per_column);

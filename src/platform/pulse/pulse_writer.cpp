@@ -19,7 +19,8 @@ std::size_t PulseWriter::write(std::size_t frames) {
 
 void PulseWriter::write_end(std::uint64_t up_to) {
   constexpr std::size_t kEndPiece = 4096;
-  while (write_piece(kEndPiece, [&](void* place, std::size_t room) { return feed_.read_end(place, room, up_to); }) > 0) {
+  while (write_piece(kEndPiece, [&](void* place, std::size_t room) { return feed_.read_end(place, room, up_to); }) >
+         0) {
   }
 }
 
