@@ -162,6 +162,15 @@ TEST_F(ShownMix, AfterAPauseTheLeadLampGoesOnAsBrightAsItStood) {
   EXPECT_NE(lamp_light(), held);
 }
 
+TEST_F(ShownMix, APauseWithoutAMixPaintsNothing) {
+  MixView paused = one_song();
+  paused.paused = true;
+  rig.window->show_mix(paused);
+  rig.painted();
+  rig.window->show_mix(paused);
+  EXPECT_TRUE(rig.painted().isEmpty());
+}
+
 // An overlap lasts 3.5 seconds and a step of the incoming song's place is a sixth of a pixel.
 TEST_F(ShownMix, ThePositionIsPaintedAgainOnlyWhereItsMarksHaveMoved) {
   rig.window->set_reduced_motion(true);  // no lamp breathes

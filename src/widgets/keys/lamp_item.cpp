@@ -42,6 +42,7 @@ QRect LeadLampItem::drawn_box() const { return LampItem::drawn_box().adjusted(-2
 
 // It begins calm, goes on after a pause as bright as it stood, and breathes out when the overlap has ended.
 void LeadLampItem::set_mixing(bool mixing, bool held) {
+  held = held && mixing;
   if (breathing_ == mixing && held_ == held) return;
   if (mixing) {
     seconds_ = breathing_ ? kStillPhase : 0;
@@ -49,7 +50,7 @@ void LeadLampItem::set_mixing(bool mixing, bool held) {
     seconds_ = moves() && lit() ? std::max(seconds_, kBreath - seconds_) : 0;
   }
   breathing_ = mixing;
-  held_ = mixing && held;
+  held_ = held;
   changed();
   if (moves()) start_moving();
 }
