@@ -55,6 +55,10 @@ class ShownMix : public testing::Test {
   void frames(int count) {
     for (int i = 0; i < count; ++i) rig.frame(1.0 / 60);
   }
+  QImage slider(const MixView& view) {
+    rig.window->show_mix(view);
+    return rig.window->grab(rig.item("Slider1").geometry().adjusted(0, -8, 0, 8)).toImage();
+  }
   // Of the lamp of the longest lead with its halo.
   int lamp_light() {
     const QRect about = rig.item("AMLed3").geometry().adjusted(-2, -2, 2, 2);
@@ -97,6 +101,16 @@ TEST_F(ShownMix, ASkippedSongFadesOutWithoutASecondThatItDoesNotReach) {
   skipped.skipped = true;
   rig.window->show_mix(skipped);
   EXPECT_EQ(said("Slider1"), "Mixing: a.mp3 fades out, b.mp3");
+}
+
+TEST_F(ShownMix, ASkippedSongHasNoMarkAtItsEndBecauseItFadesWhereItStands) {
+  MixView unmarked = two_songs();
+  unmarked.mix_at.reset();
+  MixView skipped = two_songs();
+  skipped.skipped = true;
+  const QImage without = slider(unmarked);
+  EXPECT_EQ(slider(skipped), without);
+  EXPECT_NE(slider(two_songs()), without);
 }
 
 TEST_F(ShownMix, AScreenReaderLearnsThatAnOverlapBeginsAndEnds) {

@@ -191,18 +191,19 @@ bool PositionItem::seen_apart(std::optional<double> a, std::optional<double> b) 
   return std::abs(*a - *b) * box().width() * device_scale() >= 0.5;
 }
 
-// The mark is where the cap's middle is when the next song begins.
+// The mark is where the cap's middle is when the next song begins. A skipped song fades wherever it stands.
 void PositionItem::show_mix(const MixView& view) {
   const double range = slider().maximum() - slider().minimum();
   const auto share_of = [](std::int32_t at, double of) { return of > 0 ? std::clamp(at / of, 0.0, 1.0) : 0.0; };
+  const std::optional<std::int32_t> next_at = view.skipped ? std::nullopt : view.mix_at;
   std::optional<double> mark;
-  if (view.mix_at && range > 0) mark = share_of(*view.mix_at, range);
+  if (next_at && range > 0) mark = share_of(*next_at, range);
   std::optional<double> second;
   if (view.other) second = share_of(view.other->position, view.other->length);
   const bool mixed = !mixing_.isEmpty();
   mixing_ = mixing_text(view);
   if (mixed == mixing_.isEmpty()) canvas().description_changed(*this);
-  next_ = view.mix_at ? QStringLiteral(", next song at ") + minutes_and_seconds(*view.mix_at) : QString();
+  next_ = next_at ? QStringLiteral(", next song at ") + minutes_and_seconds(*next_at) : QString();
   if (!seen_apart(mark, mark_) && !seen_apart(second, second_)) return;
   mark_ = mark;
   second_ = second;
