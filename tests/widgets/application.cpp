@@ -15,11 +15,13 @@ void print_message(QtMsgType, const QMessageLogContext&, const QString& text) {
   if (!text.startsWith("This plugin does not support")) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
 }
 
-// Three screens side by side. The first one is so small that the window's scale is 100 %; the third one is of scale 2.
+// Screens side by side. The first one is so small that the window's scale is 100 %; the third one is of scale 2, the
+// fourth of 1.5. Qt has them in the order of their names.
 constexpr const char* kScreenList = R"({"screens": [
   {"name": "first", "x": 0, "y": 0, "width": 800, "height": 800, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
   {"name": "second", "x": 800, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
-  {"name": "third", "x": 2080, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 2}
+  {"name": "third", "x": 2080, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 2},
+  {"name": "uneven", "x": 3360, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1.5}
 ]})";
 
 class ApplicationEnvironment : public ::testing::Environment {

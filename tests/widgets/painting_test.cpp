@@ -4,6 +4,9 @@
 
 #include <QBackingStore>
 #include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
 #include <array>
 #include <vector>
 
@@ -113,6 +116,30 @@ TEST(Painting, DirectDrawingIsRefusedWhereItWouldNotBeWhatIsPainted) {
   EXPECT_FALSE(draw_directly(*rig.window, picture, {600, 20}, {&box, 1}, {})) << "beyond the window";
   rig.window->hide();
   EXPECT_FALSE(draw_directly(*rig.window, picture, {300, 20}, {&box, 1}, {}));
+}
+
+// As a compositor has it, where a picture may begin within a px. What stands about it stays.
+TEST(Painting, AStoreWithTransparencyIsDrawnDirectlyAtAFractionalScale) {
+  WindowRig rig;
+  QScreen* screen = QGuiApplication::screens().at(3);
+  rig.window->setAttribute(Qt::WA_TranslucentBackground);
+  rig.window->windowHandle()->setScreen(screen);
+  rig.window->move(screen->geometry().topLeft() + QPoint(20, 30));
+  rig.painted();
+  ASSERT_EQ(rig.window->devicePixelRatioF(), 1.5);
+  auto* store = dynamic_cast<QImage*>(rig.window->backingStore()->paintDevice());
+  *store = QImage((QSizeF(rig.window->size()) * 1.5).toSize(), QImage::Format_ARGB32_Premultiplied);
+  store->setDevicePixelRatio(1.5);
+  store->fill(0x80405060);
+  QImage expected = store->copy();
+  QImage picture(21, 11, QImage::Format_RGB32);
+  picture.fill(0xFF102030);
+  const QPoint at(301, 22);
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < picture.width(); ++x) expected.setPixel(at + QPoint(x, y), 0xFF102030);
+  const QRect whole = picture.rect();
+  EXPECT_TRUE(draw_directly(*rig.window, picture, at, {&whole, 1}, {}));
+  EXPECT_EQ(*store, expected);
 }
 
 TEST(Painting, WhatCanGoAShorterWayToTheScreenIsTakenFromWhatTheWindowKeeps) {

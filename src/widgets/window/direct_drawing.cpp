@@ -91,7 +91,7 @@ bool draw_directly(const QWidget& window, const QImage& picture, const QPoint& a
   store->beginPaint(region);
   QImage* target = target_of(*store, scale);
   const bool fits = target != nullptr && target->rect().contains(whole);
-  if (fits && kept) kept->put_back(*target);
+  if (target != nullptr && kept) kept->put_back(*target);
   for (const QRect& box : shown)
     if (fits) copy(*target, at, picture, box.translated(-at));
   store->endPaint();
