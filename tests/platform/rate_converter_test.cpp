@@ -9,6 +9,7 @@
 #include <numbers>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/tone_spectrum.h"
@@ -103,7 +104,8 @@ double held_back(int rate) {
 }
 
 TEST(RateConverter, HoldsBackLessThanFiveMilliseconds) {
-  for (const int rate : {22050, 24000, 32000, 48000, 64000, 88200, 96000, 176400, 192000, 352800, 384000})
+  for (const int rate :
+       {22050, 24000, 32000, 33075, 37800, 40000, 44000, 48000, 64000, 88200, 96000, 176400, 192000, 352800, 384000})
     EXPECT_LT(held_back(rate), 5.0) << rate;
 }
 
@@ -128,6 +130,23 @@ TEST(RateConverter, ASlowDeviceGetsThreeQuartersOfWhatItCanPlayAndNothingElse) {
     }
     for (const double hz : {rate * 0.505, rate * 0.6})
       EXPECT_LT(spectrum_at(rate, hz, 0.0).worst(), kUnwanted) << hz << " of " << rate << " Hz";
+  }
+}
+
+// What may be left above 21 kHz no one hears.
+bool is_clean(const test::ToneSpectrum& spectrum) {
+  return spectrum.worst() < kUnwanted || spectrum.worst_hz() > 21000;
+}
+
+TEST(RateConverter, ADeviceALittleSlowerThanTheSongLosesOnlyTheUsualTransition) {
+  for (const auto& [rate, pass] : {std::pair{37800, 15800.0}, std::pair{44000, 19900.0}}) {
+    for (const double hz : {997.0, 10000.0, pass}) {
+      const test::ToneSpectrum spectrum = spectrum_at(rate, hz, hz);
+      EXPECT_NEAR(spectrum.level(), 0.0, 0.1) << hz << " of " << rate << " Hz";
+      EXPECT_LT(spectrum.worst(), kUnwanted) << hz << " of " << rate << " Hz";
+    }
+    for (const double hz : {19000.0, 20500.0, 21500.0, 22000.0})
+      EXPECT_TRUE(is_clean(spectrum_at(rate, hz, hz))) << hz << " of " << rate << " Hz";
   }
 }
 

@@ -12,20 +12,38 @@ namespace tandem {
 namespace {
 
 constexpr unsigned kChannels = 2;
-constexpr double kPassBand = 20000.0 / (kSampleRate / 2.0);
-constexpr double kStopBand = 2.0 - 0.953;  // mirrored about half our rate: 23.1 kHz
-constexpr double kSlowPassBand = 0.75;     // of half the rate of a device slower than we are
-constexpr unsigned kTransformBits = 8;     // the smallest that soxr takes
+constexpr double kPassBand = 20000.0;  // Hz
+// Hz: from 21 kHz on images of the song may lie, and what is mirrored about half the rate of a slower device.
+constexpr double kImagesFrom = 0.953 * (kSampleRate / 2.0);
+constexpr double kTransition = kSampleRate - kImagesFrom - kPassBand;  // Hz: 20 to 23.1 kHz
+// 3/4 of ours: at this rate itself and far below it a transition as narrow takes libsoxr a stage more.
+constexpr int kSlowRate = 33075;
+constexpr double kSlowPassBand = 0.75;  // of half of such a rate
+constexpr unsigned kTransformBits = 8;  // the smallest that soxr takes
 
 // libsoxr halves or doubles in stages, of which each holds sound back: for twice 96 kHz it takes one more.
 bool is_doubled(int device_rate) { return device_rate == 192000; }
 
-// A device slower than we are must not get what lies above half its rate: there the transition ends at that.
+struct Transition {
+  double from;  // in half of the slower rate
+  double to;
+};
+
+// A device slower than we are must not get what would be mirrored to below 21 kHz: there the transition ends earlier,
+// down to half its rate.
+Transition transition(int device_rate) {
+  if (device_rate <= kSlowRate) return {kSlowPassBand, 1.0};
+  const double slower = std::min(device_rate, kSampleRate);
+  const double half = slower / 2.0;
+  const double end = std::max(half, slower - kImagesFrom);
+  return {(end - kTransition) / half, end / half};
+}
+
 soxr_quality_spec_t recipe(int device_rate) {
-  const bool slow = device_rate < kSampleRate;
+  const auto [from, to] = transition(device_rate);
   soxr_quality_spec_t quality = soxr_quality_spec(SOXR_20_BITQ | SOXR_LINEAR_PHASE, 0);
-  quality.passband_end = slow ? kSlowPassBand : kPassBand;
-  quality.stopband_begin = slow ? 1.0 : kStopBand;
+  quality.passband_end = from;
+  quality.stopband_begin = to;
   return quality;
 }
 

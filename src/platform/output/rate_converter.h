@@ -3,12 +3,14 @@
 // Recipe: 20 bits (rejection 120 dB and more), linear phase, so that no frequency is later than another, pass band to
 // 20 kHz, transition to 23.1 kHz, which lets what lies above 21 kHz leave an image above 22.05 kHz that no one can
 // hear; for this the filter is half as long, and with transforms of 256 points it holds back 196 frames (4.4 ms) at
-// most, where soxr's own choice holds back 924 (21 ms). 192 kHz, for which libsoxr takes a stage more (8.7 ms), is
-// twice 96 kHz by HalfbandDoubler (4.5 ms). To devices slower than the song (headsets in a call) the transition is the
-// upper quarter of what they can play: at 22.05 to 32 kHz that holds back 4.8 ms at most, below it libsoxr needs a
-// stage more (9.5 ms) or two (8 kHz: 19 ms). Frame n of the result belongs to the moment of frame n * 44100 / rate of
-// the song: the delay of the filter is taken off.
-// One thread. convert() and finish() neither lock nor throw; soxr allocates while its buffers grow, at first.
+// most up to 176.4 kHz, 219 (5.0 ms) at 352.8 and 217 (4.9 ms) at 384, where soxr's own choice holds back 924 (21 ms).
+// 192 kHz, for which libsoxr takes a stage more (8.7 ms), is twice 96 kHz by HalfbandDoubler (4.5 ms).
+// To a device a little slower than the song the same transition ends lower, so that nothing is mirrored to below
+// 21 kHz, and at half its rate at the lowest: 44 kHz gets 19.9 kHz, 37.8 kHz gets 15.8 (4.4 ms). To 33.075 kHz and less
+// (headsets in a call) the transition is the upper quarter of what they can play: from 22.05 kHz on that holds back
+// 4.7 ms at most, below it libsoxr needs a stage more (9.5 ms) or two (8 kHz: 19 ms).
+// Frame n of the result belongs to the moment of frame n * 44100 / rate of the song: the delay of the filter is taken
+// off. One thread. convert() and finish() neither lock nor throw; soxr allocates while its buffers grow, at first.
 #pragma once
 
 #include <cstddef>
