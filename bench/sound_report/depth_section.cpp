@@ -47,7 +47,7 @@ Sound in_16_bits(const Sound& sound) {
 
 double highest_harmonic(const Sound& sound) {
   double highest = -300.0;
-  for (int harmonic = 2; harmonic <= 9; ++harmonic) highest = std::max(highest, level_db(sound, harmonic * kHertz));
+  for (int harmonic = 2; harmonic <= 9; ++harmonic) highest = greater(highest, level_db(sound, harmonic * kHertz));
   return highest;
 }
 

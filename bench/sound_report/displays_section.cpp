@@ -39,7 +39,7 @@ double burst_height(int length, double pictures, std::size_t begin) {
   double greatest = 0.0;
   while (screen.now() < 0.29) {
     screen.picture(1.0 / pictures);
-    greatest = std::max(greatest, highest(analyser));
+    greatest = greater(greatest, highest(analyser));
   }
   return greatest;
 }
@@ -52,9 +52,9 @@ void print_bursts() {
     for (int length = 4; length <= 4096; length *= 2) {
       double least = 1.0;
       for (std::size_t begin = 2000; begin < 4000; begin += 97)
-        least = std::min(least, burst_height(length, pictures, begin));
+        least = lesser(least, burst_height(length, pictures, begin));
       std::printf("  FFT %d %.0f", length, 100.0 * least);
-      least_of_all = std::min(least_of_all, least);
+      least_of_all = lesser(least_of_all, least);
     }
     std::printf("%s\n", at_least(60.0, 100.0 * least_of_all).c_str());
   }
@@ -77,8 +77,8 @@ double swing_db(double sharpness, double hz) {
     bands.feed(std::span(tone).subspan(at, kPicture));
     bands.take(powers);
     if (at < frames_in(0.5)) continue;
-    least = std::min(least, double{powers[0][band]});
-    most = std::max(most, double{powers[0][band]});
+    least = lesser(least, double{powers[0][band]});
+    most = greater(most, double{powers[0][band]});
   }
   return 10.0 * std::log10(most / least);
 }

@@ -78,8 +78,8 @@ Response response_of(const std::vector<float>& taps) {
 double centre_error(const Response& response, const Gains& gains) {
   double worst = 0.0;
   for (std::size_t i = 0; i < gains.size(); ++i) {
-    worst = std::max(worst, std::abs(response.at((kEdges[i] + kEdges[i + 1]) / 2.0) - gains[i]));
-    if (i > 0) worst = std::max(worst, std::abs(response.at(std::sqrt(kEdges[i] * kEdges[i + 1])) - gains[i]));
+    worst = greater(worst, std::abs(response.at((kEdges[i] + kEdges[i + 1]) / 2.0) - gains[i]));
+    if (i > 0) worst = greater(worst, std::abs(response.at(std::sqrt(kEdges[i] * kEdges[i + 1])) - gains[i]));
   }
   return worst;
 }
@@ -95,7 +95,7 @@ double ringing_ms(const std::vector<float>& taps) {
 
 double greatest_delay_ms(const Response& response) {
   double greatest = 0.0;
-  for (const double delay : response.delay_ms) greatest = std::max(greatest, std::abs(delay));
+  for (const double delay : response.delay_ms) greatest = greater(greatest, std::abs(delay));
   return greatest;
 }
 
@@ -125,8 +125,8 @@ void print_random() {
     for (double& gain : gains)
       gain = set % 2 == 0 ? static_cast<double>(random() % 25) - 12.0 : (random() % 2 == 0 ? 12.0 : -12.0);
     const Response response = response_of(design_taps(bands_of(gains)));
-    centre = std::max(centre, centre_error(response, gains));
-    delay = std::max(delay, greatest_delay_ms(response));
+    centre = greater(centre, centre_error(response, gains));
+    delay = greater(delay, greatest_delay_ms(response));
   }
   std::printf("  %-22s centres within %4.2f dB%s, group delay at most %4.1f ms%s\n", "100 random settings", centre,
               at_most(kCentres, centre, 1).c_str(), delay, at_most(kGroupDelay, delay).c_str());

@@ -23,7 +23,8 @@ void report_gapless() {
       std::printf("  %-46s %6d Hz %+6lld %+6lld%s\n", test::text_of(each).c_str(), each.rate, first, last,
                   each.noted == test::Noted::kEdges ? at_most(0.0, off).c_str() : "   (the file does not say)");
     } catch (const std::exception& error) {
-      std::printf("  %-46s %6d Hz %s\n", test::text_of(each).c_str(), each.rate, error.what());
+      std::printf("  %-46s %6d Hz %s%s\n", test::text_of(each).c_str(), each.rate, error.what(),
+                  not_measured().c_str());
     }
   }
 }

@@ -35,6 +35,12 @@ std::string about(double middle, double reach, double figure, int decimals) {
   return judged(number(middle, decimals) + " +- " + number(reach, decimals), std::abs(figure - middle) <= reach);
 }
 
+std::string not_measured() { return judged("a figure", false); }
+
+double greater(double a, double b) { return std::isnan(a) || a > b ? a : b; }
+
+double lesser(double a, double b) { return std::isnan(a) || a < b ? a : b; }
+
 Verdict verdict() { return until_now; }
 
 }  // namespace tandem::report

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <numbers>
 
 #include "engine/pitch_measures.h"
@@ -23,6 +24,8 @@ constexpr std::array<int, 10> kValues{-20, -15, -10, -5, -2, 2, 5, 10, 15, 20};
 constexpr std::array<int, 6> kAttackValues{-20, -10, -5, 5, 10, 20};
 constexpr std::size_t kLength = 3 * kSecond;  // of each tone; the middle second is looked at
 
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+
 double ratio_of(int value) { return std::exp2(value / 60.0); }
 
 Sound tones_in_turn() {
@@ -41,11 +44,11 @@ Purity purity_of(const Sound& sound, int value) {
   Purity purity;
   for (std::size_t i = 0; i < kTones.size(); ++i) {
     const auto from = static_cast<std::ptrdiff_t>(i * kLength + kSecond);
-    if (static_cast<std::size_t>(from) + 65536 > sound.size()) return {};
+    if (static_cast<std::size_t>(from) + 65536 > sound.size()) return {kNone, kNone};
     const Sound part(sound.begin() + from, sound.begin() + from + 65536);
     const double off = off_tone_db(part, kTones.at(i) * ratio_of(value), 12.0);
     purity.mean += off / static_cast<double>(kTones.size());
-    purity.worst = std::max(purity.worst, off);
+    purity.worst = greater(purity.worst, off);
   }
   return purity;
 }
@@ -65,8 +68,8 @@ Line print_purity(const Shifter& shifter, const Sound& sound) {
     const Purity purity = purity_of(shifter.shift(sound, value), value);
     std::printf(" %6.1f (%5.1f)", purity.mean, purity.worst);
     std::fflush(stdout);
-    line.points.emplace_back(value, purity.mean);
-    worst = std::max(worst, purity.worst);
+    if (!std::isnan(purity.mean)) line.points.emplace_back(value, purity.mean);
+    worst = greater(worst, purity.worst);
   }
   std::printf("%s\n", shifter.ours ? at_most(-55.0, worst).c_str() : "");
   return line;
@@ -91,7 +94,7 @@ void print_impulses(const std::vector<Shifter>& shifters) {
       const AttackReport report = attacks_of(shifter, song, value, kImpulseBand);
       std::printf("  %2d+%d, %5.1f", report.lost, report.doubled, report.worst_error_ms);
       (std::abs(value) <= 10 ? wrong : wrong_at_20) += report.lost + report.doubled;
-      error = std::max(error, report.worst_error_ms);
+      error = greater(error, report.worst_error_ms);
     }
     if (shifter.ours)
       std::printf("%s%s%s", at_most(0.0, wrong).c_str(), at_most(2.0, wrong_at_20).c_str(),
@@ -110,8 +113,8 @@ void print_hats(const std::vector<Shifter>& shifters) {
     for (const int value : kAttackValues) {
       const AttackReport report = attacks_of(shifter, song, value, kHatBand);
       std::printf("  %5.1f,%5.1f", report.worst_loss_db, report.worst_error_ms);
-      loss = std::min(loss, report.worst_loss_db);
-      error = std::max(error, report.worst_error_ms);
+      loss = lesser(loss, report.worst_loss_db);
+      error = greater(error, report.worst_error_ms);
     }
     if (shifter.ours) std::printf("%s%s", at_least(-3.0, loss).c_str(), at_most(5.0, error).c_str());
     std::printf("\n");
@@ -124,7 +127,8 @@ void print_images(const std::vector<Shifter>& shifters) {
     double highest = -300.0;
     for (const double hz : {20000.0, 20500.0, 21000.0, 21500.0, 21900.0}) {
       const Sound out = shifter.shift(one_tone(hz, 1.0), -20);
-      if (out.size() > kSecond / 2) highest = std::max(highest, tone_db(out, (kSampleRate - hz) * ratio_of(-20)));
+      const double image = out.size() > kSecond / 2 ? tone_db(out, (kSampleRate - hz) * ratio_of(-20)) : kNone;
+      highest = greater(highest, image);
     }
     std::printf("  %-16s %6.1f%s\n", shifter.name.c_str(), highest,
                 shifter.ours ? at_most(-60.0, highest).c_str() : "");
@@ -150,6 +154,7 @@ void report_pitch(const std::string& folder) {
   print_head("Pitch: off-tone energy of six tones, 1.05 to 7.9 kHz: mean (worst) in dB", kValues, 14);
   const Sound sound = tones_in_turn();
   std::vector<Line> lines;
+  lines.reserve(shifters.size());
   for (const Shifter& shifter : shifters) lines.push_back(print_purity(shifter, sound));
   print_impulses(shifters);
   print_hats(shifters);

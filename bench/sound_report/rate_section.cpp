@@ -9,8 +9,10 @@
 #include <exception>
 #include <fstream>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -47,6 +49,7 @@ Sound converted_by_us(const Sound& sound, int rate, double* most_held) {
   for (std::size_t taken = 0; taken < sound.size();) {
     const std::size_t offered = std::min<std::size_t>(kStepFrames, sound.size() - taken);
     const RateConverter::Moved moved = converter.convert(std::span(sound).subspan(taken, offered), piece);
+    if (moved.failed) throw std::runtime_error("our conversion has failed");
     taken += moved.taken;
     result.insert(result.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(moved.made));
     if (most_held != nullptr && taken > kSampleRate / 10)
@@ -127,13 +130,14 @@ void print(const Converter& converter, std::vector<Line>& lines) {
     const Sound out = heard_in(converter.convert(tone(hz, 0.0, kSeconds)));
     if (out.empty()) {
       std::printf("  %6.0f Hz           none", hz);
+      worst = changed = std::numeric_limits<double>::quiet_NaN();
       continue;
     }
     const test::ToneSpectrum spectrum(out, kDeviceRate, hz);
     std::printf("  %6.0f Hz %7.1f (%+5.2f)", hz, spectrum.worst(), spectrum.level());
     std::fflush(stdout);
-    worst = std::max(worst, spectrum.worst());
-    changed = std::max(changed, std::abs(spectrum.level()));
+    worst = greater(worst, spectrum.worst());
+    changed = greater(changed, std::abs(spectrum.level()));
     if (hz == kTopTone) lines.push_back(line_of(converter.name, out));
   }
   if (converter.ours) std::printf("%s%s", at_most(kUnwanted, worst).c_str(), at_most(0.1, changed, 1).c_str());
@@ -145,7 +149,7 @@ double unwanted_at(int rate) {
   double worst = -300.0;
   for (const double hz : kTones) {
     const Sound out = converted_by_us(tone(hz, 0.0, 70000.0 / rate), rate, nullptr);
-    worst = std::max(worst, test::ToneSpectrum(out, rate, hz).worst());
+    worst = greater(worst, test::ToneSpectrum(out, rate, hz).worst());
   }
   return worst;
 }
@@ -168,10 +172,12 @@ struct RateLimit {
   double held_ms;
 };
 // libsoxr takes a stage more for the slowest devices, and two for 8 kHz.
-constexpr std::array<RateLimit, 10> kRateLimits{{{8000, 20.0},
+constexpr std::array<RateLimit, 12> kRateLimits{{{8000, 20.0},
                                                  {16000, 10.0},
                                                  {22050, 5.0},
                                                  {32000, 5.0},
+                                                 {37800, 5.0},
+                                                 {44000, 5.0},
                                                  {48000, 5.0},
                                                  {88200, 5.0},
                                                  {96000, 5.0},
@@ -213,21 +219,33 @@ void print_share() {
               kDeviceRate, ours, plain, ours / plain, at_most(kMost, ours / plain, 1).c_str());
 }
 
+void print_conversions(std::vector<Line>& lines) {
+  for (const Converter& converter : converters()) {
+    try {
+      print(converter, lines);
+    } catch (const std::exception& error) {  // a server that cannot be started
+      std::printf("  %s%s\n", error.what(), converter.ours ? not_measured().c_str() : "");
+    }
+  }
+}
+
+void print_rates() {
+  try {
+    for (const RateLimit& limit : kRateLimits) print(limit);
+    print_share();
+  } catch (const std::exception& error) {
+    std::printf("  %s%s\n", error.what(), not_measured().c_str());
+  }
+}
+
 }  // namespace
 
 void report_rate(const std::string& folder) {
   std::printf(
       "Rate: full-scale tones on a device of 48 kHz: the highest of anything else in dBFS (level of the tone)\n");
   std::vector<Line> lines;
-  for (const Converter& converter : converters()) {
-    try {
-      print(converter, lines);
-    } catch (const std::exception& error) {  // a server that cannot be started
-      std::printf("  %s\n", error.what());
-    }
-  }
-  for (const RateLimit& limit : kRateLimits) print(limit);
-  print_share();
+  print_conversions(lines);
+  print_rates();
   Axis x{"Hz", 0.0, 24000.0, {}, false};
   for (int khz = 0; khz <= 24; khz += 4) x.marks.emplace_back(khz * 1000, std::to_string(khz) + "k");
   Axis y{"dBFS", -180.0, 0.0, {}, false};
