@@ -83,11 +83,9 @@ class PitchMemory : public testing::Test {
 };
 
 TEST_F(PitchMemory, TheCountCounts) {
-  const int calls = calls_in([] {
-    Sound sound(10);
-    sound.resize(1000);
-  });
-  EXPECT_GT(calls, 0);
+  // Called by name, which no compiler may leave out.
+  const int calls = calls_in([] { ::operator delete(::operator new(1000)); });
+  EXPECT_EQ(calls, 2);
 }
 
 // A deck in every situation: values that move, seeks, blocks of any size, a ring that runs dry, the end of the song.

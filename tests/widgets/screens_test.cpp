@@ -4,6 +4,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWidget>
 #include <QWindow>
 #include <string>
 
@@ -47,7 +48,16 @@ TEST_F(Screens, AfterAJumpThePanelsPlaceIsThatOnTheNewScreen) {
   report("jump to another screen, then another size", "at " + text(at), "at " + text(rig.window->pos()));
 }
 
+// Newer versions of Qt's offscreen platform show every window in one scale.
+bool windows_follow_the_scale_of(QScreen* screen) {
+  QWidget window;
+  window.show();
+  window.windowHandle()->setScreen(screen);
+  return window.devicePixelRatioF() == screen->devicePixelRatio();
+}
+
 TEST_F(Screens, OnAScreenOfAnotherScaleAllOfTheWindowIsThere) {
+  if (!windows_follow_the_scale_of(QGuiApplication::screens()[2])) GTEST_SKIP() << "no window of Qt's does here";
   jump(2, QGuiApplication::screens()[2]->geometry().topLeft() + QPoint(20, 30));
   EXPECT_EQ(rig.window->devicePixelRatioF(), 2);
   EXPECT_TRUE(rig.window->mask().isEmpty()) << "nothing is cut off";
