@@ -193,12 +193,12 @@ TEST_F(TheProgram, ChangesItsSizeOnTheScreen) {
 
 TEST_F(TheProgram, IsDraggedByItsHead) {
   start_and_show();
-  const auto [x, y] = player->place();
+  const std::pair<int, int> place = player->place();
   player->drag(300, 7, 57, 33);
-  EXPECT_TRUE(wait_until([&] { return player->place() == std::pair(x + 57, y + 33); }));
+  EXPECT_TRUE(wait_until([&] { return player->place() == std::pair(place.first + 57, place.second + 33); }));
   player->click(130, 60);  // small, in its place
   EXPECT_TRUE(wait_until([this] { return player->panel_width() == 262; }));
-  EXPECT_EQ(player->place(), std::pair(x + 57, y + 33));
+  EXPECT_EQ(player->place(), std::pair(place.first + 57, place.second + 33));
 }
 
 TEST_F(TheProgram, SaysThatThereIsNoDisplay) {

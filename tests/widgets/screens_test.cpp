@@ -4,7 +4,6 @@
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QWidget>
 #include <QWindow>
 #include <string>
 
@@ -46,14 +45,6 @@ TEST_F(Screens, AfterAJumpThePanelsPlaceIsThatOnTheNewScreen) {
   rig.key(Qt::Key_M, Qt::ControlModifier);
   EXPECT_EQ(rig.window->pos(), at) << "the small window keeps its corner";
   report("jump to another screen, then another size", "at " + text(at), "at " + text(rig.window->pos()));
-}
-
-// Newer versions of Qt's offscreen platform show every window in one scale.
-bool windows_follow_the_scale_of(QScreen* screen) {
-  QWidget window;
-  window.show();
-  window.windowHandle()->setScreen(screen);
-  return window.devicePixelRatioF() == screen->devicePixelRatio();
 }
 
 TEST_F(Screens, OnAScreenOfAnotherScaleAllOfTheWindowIsThere) {

@@ -169,4 +169,11 @@ std::vector<std::string>& log_of(Slider& slider, std::vector<std::string>& log) 
   return log;
 }
 
+bool windows_follow_the_scale_of(QScreen* screen) {
+  QWidget window;
+  window.show();
+  window.windowHandle()->setScreen(screen);
+  return window.devicePixelRatioF() == screen->devicePixelRatio();
+}
+
 }  // namespace tandem::test

@@ -71,4 +71,7 @@ class WindowRig {
 // Keeps the events of a slider in place of the panel's own handling: "press", "change VALUE", "release".
 std::vector<std::string>& log_of(Slider& slider, std::vector<std::string>& log);
 
+// Newer versions of Qt's offscreen platform show every window in one scale.
+bool windows_follow_the_scale_of(QScreen* screen);
+
 }  // namespace tandem::test
