@@ -175,6 +175,7 @@ void put_stopped(PanelStateParts& p) {
   p.mix.mix_at.reset();
 }
 
+// Two songs sound while a skipped one runs out.
 void put_next_disabled(PanelStateParts& p) {
   put_base(p);
   PanelControls& c = p.controls;
@@ -183,6 +184,8 @@ void put_next_disabled(PanelStateParts& p) {
   c.NextBtn.BackColor = clSilver;
   c.SongLabel.Caption = "PAPER BOATS.MP3";
   c.LblTempTot.Caption = "04:12";
+  p.mix.other = SoundingSong{4, "Paper Boats.mp3", 2'000, 252'000};
+  p.mix.skipped = true;
 }
 
 void put_mix(PanelStateParts& p) {
