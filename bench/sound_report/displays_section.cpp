@@ -9,7 +9,7 @@
 
 #include "displays/meters/needle_meter.h"
 #include "displays/spectrum/band_analyser.h"
-#include "displays/spectrum/spectrum_analyser.h"
+#include "displays/spectrum_burst.h"
 #include "displays/tones.h"
 #include "sound_report/limits.h"
 #include "sound_report/sections.h"
@@ -21,28 +21,6 @@ namespace {
 using Heard = tandem::Sound;
 
 constexpr std::array<double, 2> kPictureRates{30.0, 60.0};
-
-double highest(const SpectrumAnalyser& analyser) {
-  const auto& heights = analyser.picture().heights[0];
-  return double{*std::max_element(heights.begin(), heights.end())};
-}
-
-// The greatest height of any bar while a burst of 1 ms at -6 dBFS passes.
-double burst_height(int length, double pictures, std::size_t begin) {
-  SpectrumAnalyser analyser;
-  analyser.put_Enabled(true);
-  analyser.put(SpectrumSetting::FFTLength, length);
-  Heard sound(frames_in(0.3));
-  const Heard burst = sine(frames_in(0.001), 5000.0, amplitude_of(-6.0));
-  std::copy(burst.begin(), burst.end(), sound.begin() + static_cast<std::ptrdiff_t>(begin));
-  Screen screen(analyser, sound);
-  double greatest = 0.0;
-  while (screen.now() < 0.29) {
-    screen.picture(1.0 / pictures);
-    greatest = greater(greatest, highest(analyser));
-  }
-  return greatest;
-}
 
 void print_bursts() {
   std::printf("  burst of 1 ms at -6 dBFS, the least height of the highest bar wherever it falls, %% of the glass\n");

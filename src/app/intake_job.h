@@ -24,9 +24,9 @@ class IntakeJob {
   struct Request {
     Kind kind = Kind::Songs;
     std::vector<std::string> paths;
-    std::size_t most = 0;  // Drop: how many songs are wanted,
-    std::size_t most_with_list =
-        0;  // and how many where a list is dropped with them, which makes room; List: how many it may have
+    std::size_t most = 0;  // Drop: how many songs are wanted
+    // Drop: how many where a list is dropped with them, which makes room. List: how many it may have.
+    std::size_t most_with_list = 0;
   };
   struct Progress {
     std::size_t done = 0;  // songs

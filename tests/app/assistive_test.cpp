@@ -5,23 +5,17 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "app/assistive_bus.h"
-#include "app/real_player.h"
-#include "app/tone_times.h"
+#include "app/assistive_fixture.h"
 #include "settings/settings_file.h"
 
 namespace tandem::test {
 namespace {
 
-class AssistiveProgram : public testing::Test {
+class AssistiveProgram : public AssistiveFixture {
  protected:
   void SetUp() override {
-    if (!AssistiveBus::installed()) GTEST_SKIP() << "at-spi2-core is not installed";
-    desktop.sound.start();
-    bus = std::make_unique<AssistiveBus>();
-    player = std::make_unique<RealPlayer>(desktop, factory_settings());
-    ASSERT_TRUE(player->show_up()) << player->errors();
-    ASSERT_TRUE(bus->find("Tandem"));
+    AssistiveFixture::SetUp();
+    if (!IsSkipped()) start(factory_settings());
   }
   AssistiveObject object(const std::string& name, const std::string& role) const {
     const auto found = bus->object(name, role);
@@ -44,10 +38,6 @@ class AssistiveProgram : public testing::Test {
     player->answer_dialog('"' + song + '"');
     ASSERT_TRUE(player->dialog_goes_away());
   }
-
-  Desktop desktop;
-  std::unique_ptr<AssistiveBus> bus;
-  std::unique_ptr<RealPlayer> player;
 };
 
 TEST_F(AssistiveProgram, EverythingHasANameARoleAndWhatCanBeDoneWithIt) {

@@ -7,9 +7,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "app/assistive_bus.h"
-#include "app/real_player.h"
-#include "app/tone_times.h"
+#include "app/assistive_fixture.h"
 #include "settings/settings_file.h"
 
 namespace tandem::test {
@@ -17,19 +15,8 @@ namespace {
 
 constexpr double kClickedTones[] = {800, 2000, 3200};
 
-class MouseSession : public testing::Test {
+class MouseSession : public AssistiveFixture {
  protected:
-  void SetUp() override {
-    if (!AssistiveBus::installed()) GTEST_SKIP() << "at-spi2-core is not installed";
-    desktop.sound.start();
-    bus = std::make_unique<AssistiveBus>();
-  }
-  void start(const std::string& settings) {
-    player.reset();
-    player = std::make_unique<RealPlayer>(desktop, settings);
-    ASSERT_TRUE(player->show_up()) << player->errors();
-    ASSERT_TRUE(bus->find("Tandem"));
-  }
   // Songs where a file dialog begins: at home.
   void write_songs() {
     for (int i = 0; i < 3; ++i) {
@@ -53,9 +40,6 @@ class MouseSession : public testing::Test {
     std::optional<AssistiveObject> found;
     ASSERT_TRUE(wait_until([&] { return (found = seen(name, role)).has_value(); })) << role << " " << name << shown();
     player->click_screen(found->x, found->y, with_key);
-  }
-  bool hears(double tone) const {
-    return wait_until([&] { return find_tone(desktop.sound.recording(), tone).has_value(); });
   }
   void add_songs() {
     player->click(189, 146);  // SONG
@@ -94,10 +78,6 @@ class MouseSession : public testing::Test {
     EXPECT_EQ(player->exit_status(), 0);
     EXPECT_EQ(player->errors().find("tandem:"), std::string::npos) << player->errors();
   }
-
-  Desktop desktop;
-  std::unique_ptr<AssistiveBus> bus;
-  std::unique_ptr<RealPlayer> player;
 };
 
 TEST_F(MouseSession, SongsAreAddedPlayedShapedSavedAndOpenedAgain) {

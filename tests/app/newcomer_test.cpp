@@ -8,11 +8,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "app/assistive_bus.h"
+#include "app/assistive_fixture.h"
 #include "app/dragged_files.h"
-#include "app/real_player.h"
 #include "app/screen_pixels.h"
-#include "app/tone_times.h"
 #include "settings/settings_file.h"
 
 namespace tandem::test {
@@ -31,15 +29,12 @@ bool is_orange(std::uint32_t pixel) {
   return near(16, 255) && near(8, 128) && near(0, 0);
 }
 
-class Newcomer : public testing::Test {
+class Newcomer : public AssistiveFixture {
  protected:
   void SetUp() override {
-    if (!AssistiveBus::installed()) GTEST_SKIP() << "at-spi2-core is not installed";
-    desktop.sound.start();
-    bus = std::make_unique<AssistiveBus>();
-    player = std::make_unique<RealPlayer>(desktop, factory_settings());
-    ASSERT_TRUE(player->show_up()) << player->errors();
-    ASSERT_TRUE(bus->find("Tandem"));
+    AssistiveFixture::SetUp();
+    if (IsSkipped()) return;
+    start(factory_settings());
     desktop.sound.start_recording();
   }
   std::string folder_of_songs() const {
@@ -62,9 +57,6 @@ class Newcomer : public testing::Test {
     return wait_until([&] { return bus->description(object).find(words) != std::string::npos; },
                       std::chrono::seconds(20));
   }
-  bool hears(double tone) const {
-    return wait_until([&] { return find_tone(desktop.sound.recording(), tone).has_value(); });
-  }
   std::string title() const { return desktop.do_tool({"getwindowname", player->window()}); }
   // Of a box of the panel.
   auto orange_pixels(int x, int y, int width, int height) const {
@@ -76,10 +68,7 @@ class Newcomer : public testing::Test {
   auto orange_at_slider() const { return orange_pixels(4, 109, 204, 20); }
 
   TempDirectory files;
-  Desktop desktop;
   DraggedFiles dragged{desktop};
-  std::unique_ptr<AssistiveBus> bus;
-  std::unique_ptr<RealPlayer> player;
 };
 
 // What is looked at stands in a pause, so a slow machine has the time for it.

@@ -71,7 +71,7 @@ void paint_drop_count(QPainter& painter, const QRectF& box, double line, const Q
     return;
   }
   const double width = caption_width(count, style) + 12;
-  const QRectF row = list_row_box(box, kListRows - 1, kListRows + 1);
+  const QRectF row = list_row_box(box, kListRows - 1);
   const QRectF plate(row.right() - 1 - width, row.top() - .5, width, kListRowHeight - 1);
   fill_box(painter, plate, QColor::fromRgb(palette::kGlassTop), 3);
   frame_box(painter, plate.adjusted(.5, .5, -.5, -.5), faded(palette::kFocus, .5), 1, 2.5);
