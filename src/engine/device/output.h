@@ -2,9 +2,9 @@
 // output takes float stereo at 44100 Hz from an OutputRing that the render thread fills, and converts it to the
 // device's format; it never calls back into the engine.
 //
-// Threads: the commands (open .. set_queue_length) come from the UI thread and never block on a device: slow work is
-// queued to the output's own thread and done in order. The queries (consuming .. lost) may be called from any thread
-// and never lock.
+// Threads: the commands (open .. set_queue_length) come from the UI thread and never block on a device: they add up to
+// a target state, which the output's own thread then brings about. The queries (consuming .. lost) may be called from
+// any thread and never lock.
 //
 // Failure: when a device is missing, fails or disappears, the implementation retries by itself (at most every 200 ms)
 // and follows the default device; meanwhile consuming() is false and frames_played() stands still. lost() becomes true
@@ -20,12 +20,12 @@ namespace tandem {
 class Output {
  public:
   static constexpr int kMaxQueuedBuffers = 20;  // the most that may be queued, in buffers
-  static constexpr int kShortBuffers = 3;       // enough for a busy machine, and soon heard: while the user is near
+  static constexpr int kShortBuffers = 3;       // a short queue, used while the user is present
 
   virtual ~Output() = default;
 
   virtual void open(int buffer_bytes) = 0;  // 5120 or 10240: the size of one buffer
-  virtual void close() = 0;                 // what the device has taken is still played, then it is let go
+  virtual void close() = 0;                 // what the device has taken is still played, then the device is closed
   virtual void start() = 0;                 // opens a closed device; does nothing on a running one
   virtual void stop() = 0;                  // plays what is queued, then takes nothing more
   virtual void pause() = 0;                 // plays what is queued (the engine has faded it), then holds the device
