@@ -1,5 +1,5 @@
 // Finds and measures songs on a thread of its own, so that the panel goes on meanwhile: TempFile then answers at once.
-// UI thread, but for what is said otherwise.
+// UI thread unless stated otherwise.
 #pragma once
 
 #include <chrono>

@@ -1,6 +1,6 @@
 // The components that the panel owns for its whole life, linked as the sound flows:
 //   AudioFile(i) -> Pitch(i) -> WaveMixer input i -> MMRingBufferX1 -> EQ -> WaveOut -> MMConnectorX1 -> displays
-// The index of a deck, its file reader, its pitch stage and its mixer input are one number.
+// A deck, its file reader, its pitch stage and its mixer input share one index.
 // UI thread.
 #pragma once
 

@@ -7,7 +7,7 @@
 
 namespace tandem {
 
-// The paths that fit into so many lines: all, or the first ones in ascending natural order.
+// The paths that fit into `lines` lines: all, or the first ones in ascending natural order.
 std::vector<std::string> that_fit(std::vector<std::string> paths, std::size_t lines);
 
 // Full paths to results, one for each directory in the order of its first file: a single file as its path, several as

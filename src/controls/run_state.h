@@ -40,7 +40,6 @@ struct RunState {
   std::int16_t DisplayChoice = 0;
   std::array<std::int16_t, 6> OptionFlags{};
 
-  // The deck that is not the active one.
   std::int16_t idle_deck() const { return static_cast<std::int16_t>((ActiveDeck + 1) & 1); }
 };
 

@@ -1,6 +1,5 @@
-// What the player is to the desktop beyond its window: a media player, a program that opens songs, one that keeps the
-// machine awake while it plays. Without a session bus only the last remains. UI thread; must be destroyed before the
-// QApplication.
+// Desktop integration: MPRIS media player, D-Bus activation, sleep inhibitor. Without a session bus only the last
+// remains. UI thread; must be destroyed before the QApplication.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +18,7 @@ namespace tandem {
 class DesktopServices {
  public:
   struct Hooks {
-    std::function<void(const std::string& token)> raise;  // the window, with what the desktop gave as its leave
+    std::function<void(const std::string& token)> raise;  // the window; `token`: the desktop's activation token
     std::function<void()> quit;                           // soon, not within the call
     std::function<void(const std::string& name)> named;   // the song that sounds, "" for none, at every change
   };

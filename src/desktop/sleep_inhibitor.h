@@ -1,6 +1,6 @@
-// Keeps the machine from falling asleep while a song sounds: by the desktop portal, where there is none, or it refuses,
-// by login1. The screen may go dark, and what the user asks for (the lid, the power key) is the desktop's to decide.
-// Nothing is said where neither is there; no program is started. UI thread; gone before the QApplication.
+// Keeps the machine from falling asleep while a song sounds: through the desktop portal, or login1 if there is no
+// portal or it refuses. Fails silently if neither exists; starts no program. The screen may still blank; lid and power
+// key are left to the desktop. UI thread; must be destroyed before the QApplication.
 #pragma once
 
 #include <memory>

@@ -51,8 +51,8 @@ class Engine {
   // the timers are advanced, at every tick of the clock.
   void deliver();
 
-  // The panel's mix ticks of the next milliseconds would do nothing and no overlap is due: the ticks are skipped, and
-  // several steps are rendered at a time. 0 ends that, since the user may change everything.
+  // No mix tick is needed for the next `milliseconds`: ticks are skipped and several steps are rendered per wake-up.
+  // 0 cancels.
   void rest_for(std::int64_t milliseconds);
   // The panel starts the next song when this deck's position is past that millisecond: rendering waits there briefly
   // for the panel's tick, so that a late tick makes no late overlap. Deck -1: no wait. Threads only.

@@ -11,7 +11,7 @@ namespace tandem {
 // "01 - /music/a.mp3", "10 - /music/b.mp3", "100 - ...".
 std::string LineText(std::int32_t number, std::string_view path);
 
-// What is left of a line without so many leading characters and without blanks at its ends.
+// What is left of a line without its first `cut` characters and without blanks at its ends.
 std::string_view line_rest(std::string_view line, std::size_t cut);
 
 // Cuts of a line's old number. Five characters go from a number of two or three digits.

@@ -126,7 +126,6 @@ TEST_P(PushKey, DisabledForAWhileKeepsTheFocus) {
 std::string name_of(const testing::TestParamInfo<KeyCase>& info) { return info.param.name; }
 INSTANTIATE_TEST_SUITE_P(All, PushKey, testing::ValuesIn(kKeys), name_of);
 
-// In the small window the keys of what is not there do nothing.
 TEST(SmallWindow, KeysOfWhatIsOutsideDoNothing) {
   WindowRig rig;
   rig.make_small();

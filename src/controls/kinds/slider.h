@@ -17,7 +17,7 @@ class Slider : public ValuedControl {
   Notification<> release;
 
   bool held() const { return held_; }
-  // How often the user has let go of it, for those who only look now and then.
+  // Number of user releases so far, for callers that poll.
   std::uint32_t releases() const { return releases_; }
   // What the user does. A release without a press, or a second press, does nothing.
   void user_press();

@@ -20,7 +20,7 @@ class FeedWatch {
   }
 
  private:
-  static constexpr double kPatience = 0.05;  // seconds; longer than any lot of sound that an output reports at once
+  static constexpr double kPatience = 0.05;  // seconds; longer than any block that an output reports at once
 
   bool fresh_ = false;
   double waited_ = 0.0;

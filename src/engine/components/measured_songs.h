@@ -19,7 +19,7 @@ class MeasuredSongs {
   // Nothing if the song was not measured, or if its file is another one since (device, inode, size, time of change).
   // Looks at the folder once, which blocks for as long as the disk does; not while what is known is trusted.
   std::optional<MeasuredSong> find(const std::string& path) const;
-  // While a handler adds what has just been measured, or looked at, elsewhere: it shall not wait for the disk.
+  // While a handler adds what has just been measured, or looked at, elsewhere, so that it does not wait for the disk.
   void trust(bool on) noexcept { trusted_.store(on, std::memory_order_relaxed); }
 
  private:

@@ -2,7 +2,7 @@
 //
 // - Before the end is notified the input counts as muted.
 // - A song that ends while the other input is muted (it never came to its mix point: shorter than the lead, cut off,
-//   not to be opened) first lets the panel's mix tick see its position as past every end, so that the next song is
+//   not to be opened) first reports a position past any end to the panel's mix tick, so that the next song is
 //   started; then it is notified, unless the tick put a new song on its deck.
 // - Of two sounding songs the one that started first ends first: the other's end is held until then and until one tick
 //   has run, so that the song after it is loaded.

@@ -30,7 +30,7 @@ inline double bessel_i0(double x) noexcept {
 inline double kaiser_window(double place, double beta) noexcept {
   return bessel_i0(beta * std::sqrt(1.0 - place * place)) / bessel_i0(beta);
 }
-// The beta for a stop band so many dB down, 50 or more; by Kaiser's estimate.
+// The beta for a stop band `attenuation_db` down, 50 or more; by Kaiser's estimate.
 constexpr double kaiser_beta(double attenuation_db) noexcept { return 0.1102 * (attenuation_db - 8.7); }
 
 }  // namespace tandem

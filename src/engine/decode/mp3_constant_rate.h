@@ -27,7 +27,7 @@ class Mp3ConstantRate {
 
   // Bytes from the beginning of a frame to the beginning of the `frames`th after it: one of these two.
   std::array<std::int64_t, 2> distances(std::int64_t frames) const noexcept;
-  // How many frames begin within so many bytes from the beginning of one.
+  // How many frames begin within `bytes` from the beginning of one.
   std::int64_t frames_within(std::int64_t bytes) const noexcept;
 
  private:

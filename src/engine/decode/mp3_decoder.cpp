@@ -16,7 +16,7 @@ constexpr std::size_t kSettlingFrames = 2;
 constexpr std::size_t kLeastWarmFrames = 10;
 constexpr std::size_t kMostWarmFrames = 200;  // frames of 24 bytes, the shortest, hold 3 bytes or more each
 constexpr int kChecksumBytes = 2;
-// After so many frames the synthesis filter's ring stands where it stood, so that sums round alike.
+// After this many frames the synthesis filter's ring is at the same offset again, so that sums round alike.
 constexpr std::size_t kSynthesisPeriod = 8;
 constexpr int kMostSamples = 1152;
 

@@ -1,5 +1,5 @@
-// A WAV file as libsndfile is to see it: a plain header made from what was found, then the sound as it lies in the
-// file. So no quirk of the original header matters. Used by one thread at a time.
+// A WAV file as it is presented to libsndfile: a plain header made from what was found, then the sound as it lies in
+// the file. So no quirk of the original header matters. Used by one thread at a time.
 #pragma once
 
 #include <sndfile.h>

@@ -19,8 +19,8 @@ namespace tandem {
 
 class ReaderThread {
  public:
-  // A thread hangs if one piece of its work takes so many steps of 10 ms, and a song waits so many for it to come back:
-  // a walk through a file ends within a read when another song is asked for.
+  // In steps of 10 ms. A thread hangs if one piece of its work takes kWork, and a song has waited kRequest for it to
+  // come back: a walk through a file ends within a read when another song is asked for.
   static constexpr std::uint64_t kWork = 200;
   static constexpr std::uint64_t kRequest = 30;
 

@@ -24,8 +24,8 @@ class GainRamp {
   float target_ = 1.0F;
 };
 
-// The gate for pause and resume, fading over one step. When no sound was cut off at the closed gate (at first, and
-// after forget()), it opens without a fade: what comes next begins at its full level.
+// Fades out for pause and in for resume, over one step. When no sound was cut off by the pause (at first, and after
+// forget()), there is no fade in: what comes next begins at its full level.
 class PauseFade {
  public:
   void open() noexcept { target_open_ = true; }

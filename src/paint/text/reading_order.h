@@ -18,7 +18,7 @@ struct DisplayLine {
 /// South-East Asia, which follow their letter in a place of their own.
 DisplayLine reading_order(const QString& line);
 
-/// Of a line that runs as a ring through a window of so many letters: which of its dot columns stands at the window's
+/// Of a line that runs as a ring through a window of `window` letters: which of its dot columns stands at the window's
 /// left edge. It begins with the first letter that is no blank, at the left edge or, read from right to left, at the
 /// right edge; `moved` columns later it has gone that far to the left or to the right. columns: of a letter with its
 /// gap.

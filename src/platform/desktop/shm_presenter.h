@@ -40,7 +40,7 @@ class ShmPresenter {
   xcb_connection_t* server_ = nullptr;  // one that shares memory
   std::uint8_t depth_ = 0;              // of the window's pixels
   std::uint32_t context_ = 0;           // the server's, for drawing
-  std::uint32_t segment_ = 0;           // what the server calls the memory
+  std::uint32_t segment_ = 0;           // the server's id of the segment
   std::span<std::byte> memory_;         // two pictures, drawn in turn: the server may still read the one before
   bool second_ = false;
 };

@@ -29,11 +29,11 @@ class DeviceFeed {
   // The same for the end of the sound: takes the ring up to that count, then the converter's rest. 0: all is out, and
   // what is read next begins again.
   std::size_t read_end(void* place, std::size_t frames, std::uint64_t up_to) noexcept;
-  // How many frames the ring must hold so that read() can give so many.
+  // How many frames the ring must hold so that read() can give `device_frames`.
   std::size_t ring_frames_for(std::size_t device_frames) const noexcept;
 
   std::uint64_t made() const noexcept { return made_; }  // device frames, ever
-  // The ring's count when the device has played so many of them.
+  // The ring's count when the device has played `device_frames` of its own.
   std::uint64_t position_of(std::uint64_t device_frames) const noexcept;
 
  private:

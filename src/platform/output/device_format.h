@@ -26,7 +26,7 @@ struct DeviceFormat {
   friend bool operator==(const DeviceFormat&, const DeviceFormat&) = default;
 
   std::size_t frame_bytes() const noexcept { return encoding == SampleEncoding::kInt16 ? 4 : 8; }
-  // The time of so many of our frames (44100 a second) in frames of the device, and the other way round; rounded down.
+  // The time of `frames` at 44100 a second in frames of the device, and the other way round; rounded down.
   std::uint64_t device_frames(std::uint64_t frames) const noexcept {
     return frames * static_cast<std::uint64_t>(rate) / static_cast<std::uint64_t>(kSampleRate);
   }

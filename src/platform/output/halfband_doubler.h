@@ -22,7 +22,7 @@ class HalfbandDoubler {
 
   // Where the next frames are to be written before they are doubled. Only while read() has no more to give.
   std::span<StereoFrame> input() noexcept { return std::span(recent_).subspan(kKept); }
-  // Takes so many frames of input().
+  // Takes `count` frames of input().
   void take(std::size_t count) noexcept;
   // After the last frame: what the filter still holds comes out, and the next frame begins a new sound.
   void end() noexcept;

@@ -17,11 +17,11 @@ class PulseWriter {
 
   const DeviceFormat& format() const noexcept { return feed_.format(); }
   bool broken() const noexcept { return feed_.broken(); }
-  // Up to so many frames of the device, as many as the ring gives; returns how many are missing.
+  // Up to `frames` frames of the device, as many as the ring gives; returns how many are missing.
   std::size_t write(std::size_t frames);
   // The ring's frames up to that count, and all that belongs to their sound.
   void write_end(std::uint64_t up_to);
-  // What the ring must hold for so many frames of the device.
+  // How many frames the ring must hold for `frames` frames of the device.
   std::size_t ring_frames_for(std::size_t frames) const noexcept { return feed_.ring_frames_for(frames); }
   // The ring's count at that time of the stream.
   std::uint64_t position_at(pa_usec_t time) const noexcept;

@@ -16,7 +16,7 @@ struct ThreadNumbers {  // as gettid() gives them
   std::size_t count = 0;
 };
 
-// With all seats taken by living threads nothing is remembered.
+// If kMostRealtimeThreads live threads are registered, this one is not.
 void remember_realtime_thread(pid_t thread, bool refused) noexcept;
 
 // Those that were refused, each reported once.

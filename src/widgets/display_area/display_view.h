@@ -33,7 +33,7 @@ class DisplayView {
   virtual ChangedPicture update(double scale) = 0;
   virtual void draw(QPainter& painter) const = 0;  // in px of the panel
 
-  // Only ever shown beside another display, whose accessible item is that of the area: it gets one of its own.
+  // Shown only beside another display, which owns the area's accessible item; this one needs its own.
   virtual bool is_beside() const { return false; }
   // For assistive technology; nothing if it is no number.
   virtual std::optional<ItemValue> value() const { return std::nullopt; }

@@ -1,6 +1,6 @@
-// One control of the panel as mouse and keyboard meet it. An item takes mouse, wheel and keys and turns them
-// into user moves of its model; it draws itself when the panel asks, but never owns pixels: all items are drawn by the
-// one panel window over its cached background, so that glow and shadow may leave an item's box. UI thread.
+// Base class of all items: one control's input and drawing. An item takes mouse, wheel and keys and turns them into
+// user moves of its model; it draws itself when the panel asks, but never owns pixels: all items are drawn by the one
+// panel window over its cached background, so that glow and shadow may leave an item's box. UI thread.
 #pragma once
 
 #include <QImage>
@@ -26,8 +26,8 @@ class PanelCanvas {
   virtual const PanelTransform& transform() const = 0;
   virtual void repaint_box(const QRect& box) = 0;      // px of the panel
   virtual void repaint_at_once(const QRect& box) = 0;  // the same, cheaper for what moves by itself again and again
-  // The changed boxes, in pixels of an opaque picture in device pixels that stands at a point of the panel: on the
-  // screen at once.
+  // The changed boxes, in pixels of an opaque picture in device pixels whose origin is at the panel's point `at`;
+  // presented immediately.
   virtual void show_picture(const QImage& picture, const QPointF& at, std::span<const QRect> changed) = 0;
   virtual void start_moving(PanelItem& item) = 0;         // advance() is called at every frame until it returns false
   virtual void visibilities_changed() = 0;                // a control's Visible has changed

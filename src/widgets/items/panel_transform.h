@@ -1,5 +1,5 @@
 // How the panel lies in its window: enlarged by a factor, right of and below a margin that holds the window's shadow.
-// Everything that is drawn or hit is thought of in px of the panel (px at 100 %); only widgets have px of the window.
+// All drawing and hit testing uses panel px (px at 100 %); only widgets have px of the window.
 // Values; any thread.
 #pragma once
 

@@ -10,10 +10,10 @@ namespace tandem {
 // possible from both neighbouring pictures at 60 a second and far from them at 30.
 class ScrollSteps {
  public:
-  // `columns` a second, after a rest of so many seconds.
+  // `columns` a second, after `rest` seconds.
   ScrollSteps(double rest, double columns) noexcept : rest_(rest), columns_(columns) {}
 
-  // How many columns to move on after so many seconds more, a multiple of `step`.
+  // How many columns to move on after `seconds` more, a multiple of `step`.
   int advance(double seconds, int step) noexcept {
     const double run = std::fdim(seconds, rest_);
     rest_ = std::fdim(rest_, seconds);
