@@ -1,10 +1,12 @@
 #include "paint/text/caption.h"
 
+#include <QByteArray>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QHash>
 #include <QRawFont>
+#include <QResource>
 #include <QStringList>
 #include <QTextLayout>
 #include <cmath>
@@ -21,10 +23,17 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// The font as it lies in the program: given by its name, Qt would keep a copy of each, 300 kB.
+void add_font(const QString& name) {
+  const QResource font(name);
+  const auto size = static_cast<qsizetype>(font.size());
+  QFontDatabase::addApplicationFontFromData(QByteArray::fromRawData(reinterpret_cast<const char*>(font.data()), size));
+}
+
 QStringList load_families() {
   keep_fonts();
-  QFontDatabase::addApplicationFont(u":/paint/fonts/medium.ttf"_s);
-  QFontDatabase::addApplicationFont(u":/paint/fonts/bold.ttf"_s);
+  add_font(u":/paint/fonts/medium.ttf"_s);
+  add_font(u":/paint/fonts/bold.ttf"_s);
   return {u"Roboto Condensed"_s, u"DejaVu Sans Condensed"_s, u"Liberation Sans Narrow"_s};
 }
 
