@@ -7,6 +7,7 @@
 #include <cmath>
 #include <complex>
 #include <numbers>
+#include <span>
 #include <vector>
 
 namespace tandem {
@@ -79,6 +80,18 @@ TEST(Quantizer16, TheNoiseIsThatOfTriangularDither) {
   const auto count = static_cast<double>(sound.size());
   EXPECT_NEAR(power / count, 0.25, 0.01);
   EXPECT_NEAR(mean / count, 0.0, 0.01);
+}
+
+TEST(Quantizer16, TheNoiseDoesNotDependOnTheSizeOfTheBlocks) {
+  const Sound sound = sine(997.0, -20.0);
+  const auto whole = in_16_bits(sound);
+  std::vector<Sample16> cut(sound.size());
+  Quantizer16 quantizer;
+  for (std::size_t at = 0, size = 1; at < sound.size(); at += size, size = size % 300 + 1) {
+    size = std::min(size, sound.size() - at);
+    quantizer.convert(std::span(sound).subspan(at, size), std::span(cut).subspan(at, size));
+  }
+  EXPECT_EQ(cut, whole);
 }
 
 TEST(Quantizer16, SilenceIsZeroAndExactSoundExactAgainAfterAMillisecond) {

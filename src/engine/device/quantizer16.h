@@ -6,6 +6,8 @@
 // time; no allocation, no lock.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -21,11 +23,15 @@ class Quantizer16 {
  private:
   static constexpr int kHold = kSampleRate / 1000;  // frames of any rate
 
-  std::int16_t dithered(float steps) noexcept;
-  float triangular() noexcept;
+  void dither(std::span<float> steps) noexcept;
+  void make_noise() noexcept;
 
-  std::uint32_t noise_ = 0x2545F491U;
-  int dither_for_ = 0;  // frames to dither
+  // Any numbers but 0: where the generators begin.
+  std::array<std::uint32_t, 8> generators_ = {0x2545F491U, 0x9E3779B9U, 0x7F4A7C15U, 0xBF58476DU,
+                                              0x1CE4E5B9U, 0x94D049BBU, 0x133111EBU, 0xD6E8FEB8U};
+  std::array<float, 256> noise_ = {};  // in steps, -1 .. 1
+  std::size_t used_ = noise_.size();   // of it
+  int dither_for_ = 0;                 // frames to dither
 };
 
 }  // namespace tandem
