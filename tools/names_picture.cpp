@@ -42,7 +42,7 @@ std::vector<tandem::ControlBox> controls_in_picture() {
   return boxes;
 }
 
-// Without what changes: "Position: <caption>", "Meter: Spec, V.U., Scope".
+// Without what changes: "Position: <caption>", "Volume <Progress> %".
 QString name_of(const tandem::ControlBox& box) {
   const std::string_view name = box.accessible.substr(0, box.accessible.find_first_of(":<(,"));
   return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).trimmed();

@@ -45,11 +45,13 @@ struct ControlBox {
   ControlKind kind;
   ControlGroup group;
   std::string_view caption;
-  int tab;                      ///< place in the tab chain, 0 = none
-  std::string_view tip;         ///< blanks belong to it; empty = no tip
-  std::string_view accessible;  ///< a text in round brackets is no name of its own
-  int count = 0;                ///< cells of a label, digits of a spinner
-  int pitch = 0;                ///< dot pitch of a label
+  int tab;               ///< place in the tab chain, 0 = none
+  std::string_view tip;  ///< blanks belong to it; empty = no tip
+  /// The name for assistive technology. "<...>" and all after it stand for the item's value, whose change is announced
+  /// as a change of the name too; a text in round brackets is no name of its own.
+  std::string_view accessible;
+  int count = 0;  ///< cells of a label, digits of a spinner
+  int pitch = 0;  ///< dot pitch of a label
 
   [[nodiscard]] QRect box() const { return {x, y, w, h}; }
 };

@@ -217,6 +217,31 @@ TEST_F(AccessibleEvents, AMovedSongKeepsTheFocus) {
   EXPECT_EQ(events({"selected", "focus"}), (Events{"selected 1 02 - song 3.wav", "focus on 1 02 - song 3.wav"}));
 }
 
+// Screen readers keep a name until it is announced as changed, and a switch's name holds its position.
+TEST_F(AccessibleEvents, ASwitchThatIsMovedHasAnotherName) {
+  PanelControls& controls = rig.controls();
+  for (const char* name : {"MMSwitchX1", "BufferSwitch", "Bypass", "MMSwitch1", "MMSwitch2", "MMSwitch3", "MMSwitch4"})
+    spoken(name);
+  for (Switch* control : {&controls.MMSwitchX1, &controls.MMSwitch1, &controls.MMSwitch2, &controls.MMSwitch3,
+                          &controls.MMSwitch4, &controls.BufferSwitch, &controls.Bypass})
+    control->move(0);
+  events({});
+  controls.MMSwitchX1.move(1);
+  EXPECT_EQ(events({"named"}), Events{"named Meter: V.U."});
+  controls.BufferSwitch.move(1);
+  EXPECT_EQ(events({"named"}), Events{"named Output buffer: Buf2"});
+  controls.Bypass.move(1);
+  EXPECT_EQ(events({"named"}), Events{"named Equalizer: EQ"});
+  controls.MMSwitch1.move(2);
+  EXPECT_EQ(events({"named Type"}), Events{"named Type: V.Lines"});
+  controls.MMSwitch2.move(1);
+  EXPECT_EQ(events({"named Window"}), Events{"named Window: Hamming"});
+  controls.MMSwitch3.move(1);
+  EXPECT_EQ(events({"named Decay"}), Events{"named Decay: Step"});
+  controls.MMSwitch4.move(2);
+  EXPECT_EQ(events({"named Gain"}), Events{"named Gain: 6db"});
+}
+
 TEST_F(AccessibleEvents, AValueThatHasChangedAwayFromTheFocus) {
   rig.show_board();
   spoken("MMLEDX1");

@@ -63,12 +63,10 @@ QString PanelItem::name_in_table() const {
   return QString::fromUtf8(named ? place_.accessible : place_.caption);
 }
 
-// "Song: <caption>", "Volume <Progress> %": from the mark on stands the value. What stands in round brackets is said by
-// the state.
+// "Song: <caption>", "Volume <Progress> %": from '<' on, the value. What stands in round brackets is said by the state.
 QString PanelItem::accessible_name() const {
   const QString whole = name_in_table();
-  const qsizetype colon = whole.indexOf(": ");
-  const qsizetype mark = colon >= 0 ? colon + 2 : whole.indexOf('<');
+  const qsizetype mark = whole.indexOf('<');
   if (mark < 0) return whole.left(whole.indexOf('(')).trimmed();
   return (whole.left(mark) + accessible_value()).trimmed();
 }

@@ -23,7 +23,7 @@ class PanelTransform {
   QPointF to_panel(const QPointF& window) const { return (window - QPointF(margin_, margin_)) / factor_; }
   QRectF to_panel(const QRectF& window) const { return {to_panel(window.topLeft()), window.size() / factor_}; }
 
-  // Each edge at the nearest whole px: so that boxes that touch on the panel touch in the window.
+  // Each edge at the nearest whole px, so that boxes that touch on the panel touch in the window.
   QRect whole(const QRectF& panel) const {
     const QRectF box = to_window(panel);
     const auto nearest = [](double at) { return static_cast<int>(std::floor(at + .5)); };
