@@ -35,7 +35,7 @@ const NamedState& state_of(std::string_view name) {
 }
 
 // The made-up band as a recording has it: with less and less above some kHz, loud and compressed.
-std::vector<SoundFrame> recorded_music() {
+std::vector<SoundFrame> record_music() {
   std::vector<SoundFrame> music = band_music(kMusicSeconds);
   for (const double corner : {1500.0, 6000.0}) {
     const auto share = static_cast<float>(1 - std::exp(-2 * std::numbers::pi * corner / kHeardRate));
@@ -51,6 +51,16 @@ std::vector<SoundFrame> recorded_music() {
   const auto compressed = [peak](float sample) { return kPeak * std::tanh(kDrive * sample / peak); };
   for (SoundFrame& frame : music) frame = {compressed(frame.left), compressed(frame.right)};
   return music;
+}
+
+const std::vector<SoundFrame>& recorded_music() {
+  static const std::vector<SoundFrame> music = record_music();
+  return music;
+}
+
+const std::vector<SoundFrame>& silence() {
+  static const std::vector<SoundFrame> silence(kSilence);
+  return silence;
 }
 
 }  // namespace
@@ -79,7 +89,7 @@ PanelScene::PanelScene(std::string_view name, double scale) {
   state.put(parts);
   window_->show();
   window_->show_mix(mix);
-  hear(state.plays ? recorded_music() : std::vector<SoundFrame>(kSilence));
+  hear(state.plays ? recorded_music() : silence());
   if (state.hovering > 0) hover(state.hovering);
 }
 
