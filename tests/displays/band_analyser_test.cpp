@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "displays/tones.h"
+#include "support/short_runs.h"
 
 namespace tandem {
 namespace {
@@ -102,6 +103,7 @@ TEST(BandAnalyser, ASteadyToneStandsStill) {
   for (const double sharpness : {0.5, 1.0, 2.0})
     for (const FftWindow window : kWindows)
       for (const double hz : {50.0, 60.0, 100.0, 261.6, 1000.0}) {
+        if (test::kShortRuns && hz != 50.0) continue;
         Rig rig(sharpness, window);
         const Sound tone = sine(frames_in(2.0), hz);
         rig.bands.feed(std::span(tone).first(frames_in(0.5)));

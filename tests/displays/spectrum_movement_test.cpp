@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/sanitizer.h"
+#include "support/short_runs.h"
 #include "tools/pictures/synthetic_music.h"
 
 namespace tandem {
@@ -31,20 +31,23 @@ void expect_alive(const Music& music) {
   }
 }
 
-TEST(SpectrumMovement, IsAliveWithABand) { expect_alive(band_music(kSeconds)); }
+TEST(SpectrumMovement, IsAliveWithABand) {
+  if (test::kShortRuns) GTEST_SKIP() << "a minute of arithmetic, which tests of its parts do too";
+  expect_alive(band_music(kSeconds));
+}
 
 TEST(SpectrumMovement, IsAliveWithACompressedRecording) {
-  if (test::kSanitized) GTEST_SKIP() << kOnceIsEnough;
+  if (test::kShortRuns) GTEST_SKIP() << kOnceIsEnough;
   expect_alive(dense_music(kSeconds));
 }
 
 TEST(SpectrumMovement, IsAliveWithSpeech) {
-  if (test::kSanitized) GTEST_SKIP() << kOnceIsEnough;
+  if (test::kShortRuns) GTEST_SKIP() << kOnceIsEnough;
   expect_alive(spoken_words(kSeconds));
 }
 
 TEST(SpectrumMovement, IsAliveWithAQuietRecording) {
-  if (test::kSanitized) GTEST_SKIP() << kOnceIsEnough;
+  if (test::kShortRuns) GTEST_SKIP() << kOnceIsEnough;
   expect_alive(at_level(band_music(kSeconds), 0.25F));
 }
 

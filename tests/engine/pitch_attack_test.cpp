@@ -7,7 +7,7 @@
 #include "engine/pitch_measures.h"
 #include "engine/pitch_signals.h"
 #include "engine/pitch_songs.h"
-#include "support/sanitizer.h"
+#include "support/short_runs.h"
 
 namespace tandem {
 namespace {
@@ -16,7 +16,7 @@ class PitchLimits : public testing::TestWithParam<int> {
  protected:
   // One thread and much arithmetic.
   void SetUp() override {
-    if (test::kSanitized && value() != 3 && value() != -20) GTEST_SKIP() << "the other values run the same code";
+    if (test::kShortRuns && value() != -20) GTEST_SKIP() << "the other values run the same code";
   }
 
   float value() const { return static_cast<float>(GetParam()); }
@@ -38,7 +38,7 @@ TEST_P(PitchLimits, TonesAreCleanBy55Decibels) {
 }
 
 TEST(PitchTones, AreCleanBy55DecibelsAtEveryValue) {
-  if (test::kSanitized) GTEST_SKIP() << "minutes of arithmetic that a few values do too";
+  if (test::kShortRuns) GTEST_SKIP() << "minutes of arithmetic that a few values do too";
   for (int value = -20; value <= 20; ++value)
     for (const double hz : {1063.0, 2411.0, 5303.0, 7901.0}) {
       const std::vector<double> given{hz * ratio_of_semitones(value / 5.0)};

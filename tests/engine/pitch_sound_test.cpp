@@ -6,6 +6,7 @@
 
 #include "engine/pitch_deck.h"
 #include "engine/pitch_signals.h"
+#include "support/short_runs.h"
 
 namespace tandem {
 namespace {
@@ -92,6 +93,7 @@ double mean(std::span<const double> values) {
 // they are chosen by moves a little more.
 TEST_F(PitchSound, OnsetsStayInTimeAndDoNotDrift) {
   for (const float value : {-20.0F, -10.0F, -1.0F, 1.0F, 10.0F, 20.0F}) {
+    if (test::kShortRuns && value != 10.0F) continue;
     const std::vector<double> offsets = burst_offsets(value, std::abs(value) < 20.0F ? 15 : 60);
     const auto worst =
         std::max_element(offsets.begin(), offsets.end(), [](double a, double b) { return std::abs(a) < std::abs(b); });

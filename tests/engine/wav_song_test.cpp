@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "support/mp3_maker.h"
+#include "support/short_runs.h"
 #include "support/song_check.h"
 #include "support/wav_writer.h"
 
@@ -87,6 +88,7 @@ TEST(WavSong, FiveChannelsAndLowFrequencies) {
 TEST(WavSong, AnyRateIsConverted) {
   for (const int rate :
        {8000, 11025, 16000, 22050, 32000, 44056, 44099, 47999, 48000, 88200, 96000, 176400, 192000, 384000}) {
+    if (test::kShortRuns && rate != 22050 && rate != 96000) continue;
     SCOPED_TRACE(rate);
     Signal signal = tones(1.0, 997.0, 0.5, rate);
     signal.samples.resize(signal.samples.size() - 14);  // not a whole second

@@ -7,7 +7,7 @@
 
 #include "faults/measured.h"
 #include "model/model_bench.h"
-#include "support/sanitizer.h"
+#include "support/short_runs.h"
 
 namespace tandem::model {
 namespace {
@@ -19,7 +19,7 @@ std::uint64_t setting(const char* name, std::uint64_t otherwise) {
 
 TEST(Model, RandomSequencesGiveTheSamePanel) {
   const std::uint64_t first = setting("TANDEM_MODEL_SEED", 1);
-  const std::uint64_t count = setting("TANDEM_MODEL_SEQUENCES", test::kSanitized ? 600U : 4000U);
+  const std::uint64_t count = setting("TANDEM_MODEL_SEQUENCES", test::kShortRuns ? 300U : 4000U);
   for (std::uint64_t seed = first; seed < first + count; ++seed)
     if (const auto events = random_events(seed); first_difference(events))
       FAIL() << "seed " << seed << ":\n" << shrunk_difference(events);

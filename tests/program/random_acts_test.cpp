@@ -8,12 +8,12 @@
 #include "program/player_rig.h"
 #include "program/random_lists.h"
 #include "program/signatures.h"
-#include "support/sanitizer.h"
+#include "support/short_runs.h"
 
 namespace tandem::test {
 namespace {
 
-constexpr unsigned kSessions = kSanitized ? 60 : 400;
+constexpr unsigned kSessions = kShortRuns ? 60 : 400;
 constexpr int kActs = 40;
 
 class User {
