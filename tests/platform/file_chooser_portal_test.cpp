@@ -6,86 +6,16 @@
 #include <QTimer>
 #include <cstdlib>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <thread>
 
+#include "base/runtime_error.h"
 #include "platform/bus_fixture.h"
 #include "platform/desktop/qt_file_dialog.h"
+#include "platform/fake_chooser.h"
 
 namespace tandem {
 namespace {
-
-constexpr const char* kRequest = "/org/freedesktop/portal/desktop/request/1_7/t";
-
-// Gives the prepared reply as soon as a dialog is requested.
-class FakeChooser {
- public:
-  struct Reply {
-    unsigned response = 0;
-    std::vector<std::string> urls = {};
-    bool answers = true;  // else it leaves its dialog open
-  };
-  FakeChooser(const BusTestDaemon& bus, Reply reply)
-      : reply_(std::move(reply)),
-        service_(bus, "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-                 [this](sd_bus_message* call) { return answer(call); }) {}
-
-  std::string asked() {
-    const std::lock_guard lock(mutex_);
-    return asked_;
-  }
-
- private:
-  static bool wants_several(sd_bus_message* call) {
-    int several = 0;
-    sd_bus_message_enter_container(call, 'a', "{sv}");
-    while (sd_bus_message_enter_container(call, 'e', "sv") > 0) {
-      const char* name = "";
-      sd_bus_message_read_basic(call, 's', &name);
-      if (name == std::string("multiple")) {
-        sd_bus_message_read(call, "v", "b", &several);
-      } else {
-        sd_bus_message_skip(call, "v");
-      }
-      sd_bus_message_exit_container(call);
-    }
-    return several != 0;
-  }
-  int answer(sd_bus_message* call) {
-    if (sd_bus_message_get_interface(call) != std::string("org.freedesktop.portal.FileChooser")) return -EINVAL;
-    const char* window = nullptr;
-    const char* title = nullptr;
-    sd_bus_message_read(call, "ss", &window, &title);
-    {
-      const std::lock_guard lock(mutex_);
-      asked_ = std::string(sd_bus_message_get_member(call)) + ": " + title + (wants_several(call) ? ", several" : "");
-    }
-    const int sent = sd_bus_reply_method_return(call, "o", kRequest);
-    if (!reply_.answers) return sent;
-    service_.run([reply = reply_](sd_bus* bus) {
-      sd_bus_message* signal = nullptr;
-      sd_bus_message_new_signal(bus, &signal, kRequest, "org.freedesktop.portal.Request", "Response");
-      sd_bus_message_append(signal, "u", reply.response);
-      sd_bus_message_open_container(signal, 'a', "{sv}");
-      sd_bus_message_append(signal, "{sv}", "writable", "b", 1);
-      sd_bus_message_open_container(signal, 'e', "sv");
-      sd_bus_message_append(signal, "s", "uris");
-      sd_bus_message_open_container(signal, 'v', "as");
-      sd_bus_message_open_container(signal, 'a', "s");
-      for (const std::string& url : reply.urls) sd_bus_message_append(signal, "s", url.c_str());
-      for (int container = 0; container < 4; ++container) sd_bus_message_close_container(signal);
-      sd_bus_send(bus, signal, nullptr);
-      sd_bus_message_unref(signal);
-    });
-    return sent;
-  }
-
-  Reply reply_;
-  std::mutex mutex_;
-  std::string asked_;
-  BusTestService service_;
-};
 
 class FileChooser : public BusFixture {
  protected:
@@ -139,6 +69,29 @@ TEST_F(FileChooser, LosesNoSongsOfOtherFolders) {
   EXPECT_EQ(dialog.FileName, std::string("/a\0003.mp3\0001.mp3", 14));
   EXPECT_EQ(dialog.take_others(), (Paths{"/b/2.mp3", "/c/4.mp3"}));
   EXPECT_EQ(dialog.take_others(), Paths());
+}
+
+// A screen reader's press is no input and reaches the key of lists all the same.
+TEST_F(FileChooser, KeepsToWhatItWasAskedForWhileItIsOpen) {
+  start({.answers = false});
+  QtFileDialog dialog;
+  dialog.Filter = "Songs|*.mp3;*.wav";
+  QTimer::singleShot(0, qApp, [&] {
+    EXPECT_TRUE(soon([&] { return !portal_->asked().empty(); }));
+    dialog.Filter = "Playlist|*.m3l";
+    EXPECT_THROW(dialog.ShowOpen(), RuntimeError);
+    portal_->choose(0, {"file:///a/1.mp3", "file:///b/2.mp3"});
+  });
+  std::size_t fitted = 0;
+  dialog.fit = [&](Paths paths) {
+    fitted = paths.size();
+    return paths;
+  };
+  dialog.prepare = [&](const std::string&) { return !dialog.asks_for_lists(); };
+  dialog.ShowOpen();
+  EXPECT_EQ(fitted, 2U);
+  EXPECT_EQ(dialog.FileName, "/a/1.mp3");
+  EXPECT_EQ(dialog.take_others(), Paths{"/b/2.mp3"});
 }
 
 TEST_F(FileChooser, AsksForANameToSave) {

@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 #include "base/text.h"
@@ -20,6 +21,26 @@ std::string window_name(const QWidget* parent) {
   if (parent == nullptr || QGuiApplication::platformName() != "xcb") return {};
   return "x11:" + QString::number(parent->winId(), 16).toStdString();
 }
+
+// Keeps input from a window by a modal one that is never seen: Qt's own way with dialogs of the desktop.
+class InputBlock {
+ public:
+  explicit InputBlock(QWidget* window) {
+    if (window == nullptr) return;
+    modal_ = std::make_unique<QWidget>(window, Qt::Dialog);
+    modal_->setAttribute(Qt::WA_DontShowOnScreen);
+    modal_->setWindowModality(Qt::WindowModal);
+    modal_->show();
+  }
+  ~InputBlock() {
+    if (modal_) modal_->hide();
+  }
+  InputBlock(const InputBlock&) = delete;
+  InputBlock& operator=(const InputBlock&) = delete;
+
+ private:
+  std::unique_ptr<QWidget> modal_;
+};
 
 void append_filter(sd_bus_message* call, const std::string& filter) {
   const std::size_t bar = filter.find('|');
@@ -116,7 +137,7 @@ int FileChooserPortal::on_portal_change(sd_bus_message*, void* dialog, sd_bus_er
   return 0;
 }
 
-std::optional<std::vector<std::string>> FileChooserPortal::ask(const Question& question, const QWidget* parent) {
+std::optional<std::vector<std::string>> FileChooserPortal::ask(const Question& question, QWidget* parent) {
   Dialog dialog;
   DBusConnection session(DBusConnection::Bus::kUser);
   if (session.bus() == nullptr) return std::nullopt;
@@ -138,6 +159,7 @@ std::optional<std::vector<std::string>> FileChooserPortal::ask(const Question& q
     if (session.bus() == nullptr) dialog.end();
   });
   bus_watch.start(1000);
+  const InputBlock block(parent);
   if (sent >= 0 && !dialog.done) dialog.loop.exec();
   if (!dialog.done) return std::vector<std::string>();  // the program ends: nothing more is asked
   if (dialog.request.empty()) return std::nullopt;

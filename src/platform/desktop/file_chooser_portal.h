@@ -24,8 +24,9 @@ class FileChooserPortal {
     std::string filter;  // "text|*.a;*.b"; any letter case matches
   };
 
-  // Full paths, none if it was cancelled; nothing if no dialog was shown. `parent` may be null.
-  static std::optional<std::vector<std::string>> ask(const Question& question, const QWidget* parent);
+  // Full paths, none if it was cancelled; nothing if no dialog was shown. `parent` takes no input meanwhile; it may be
+  // null.
+  static std::optional<std::vector<std::string>> ask(const Question& question, QWidget* parent);
 
  private:
   struct Dialog {

@@ -205,9 +205,9 @@ std::optional<std::vector<std::string>> QtFileDialog::ask_portal(bool save) {
   return FileChooserPortal::ask({save, songs, title, InitDir, Filter}, parent_);
 }
 
-bool QtFileDialog::asks_for_lists() const { return Filter.find(kListEnding) != std::string::npos; }
-
+// While the dialog is open, another key may have put its own filter before its show is refused.
 std::string QtFileDialog::ask_open() {
+  for_lists_ = Filter.find(kListEnding) != std::string::npos;
   const auto answer = ask_portal(false);
   auto paths = answer ? *answer : ask_here(QFileDialog::AcceptOpen);
   if (fit && !asks_for_lists()) paths = fit(std::move(paths));

@@ -26,7 +26,8 @@ class QtFileDialog final : public FileDialog {
 
   // Of the songs chosen, which ones are returned: those for which the list has room.
   std::function<std::vector<std::string>(std::vector<std::string>)> fit;
-  bool asks_for_lists() const;  // the filter is that of saved lists
+  // What ShowOpen() asks for, or asked for last: saved lists, else songs.
+  bool asks_for_lists() const { return for_lists_; }
   // Of the last songs chosen, those that the result has no place for, since they lie in other folders. Once.
   std::vector<std::string> take_others() { return std::exchange(others_, {}); }
 
@@ -49,6 +50,7 @@ class QtFileDialog final : public FileDialog {
   std::unique_ptr<QFileDialog> made(QFileDialog::AcceptMode mode, const Kept& kept);
 
   QWidget* parent_ = nullptr;
+  bool for_lists_ = false;
   std::vector<std::string> others_;
   std::unique_ptr<QAbstractFileIconProvider> kinds_;
   Kept open_;

@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTest>
+#include <QTimer>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include "app/player.h"
 #include "controls/chosen_files.h"
+#include "platform/fake_chooser.h"
 #include "platform/fake_portal.h"
 #include "platform/fake_realtime_kit.h"
 #include "platform/refused_thread.h"
@@ -31,11 +34,13 @@ class PlayerServices : public testing::Test {
     getrlimit(RLIMIT_RTPRIO, &limit);
     limit.rlim_cur = 0;
     setrlimit(RLIMIT_RTPRIO, &limit);
-    const std::string song = files_.file("song.wav");
-    const test::Bytes bytes = test::wav_file(test::tones(10, 440, 0.3), test::Encoding::kInt16);
-    std::ofstream(song, std::ios::binary)
+  }
+  std::string song(const std::string& name, double seconds = 1) const {
+    std::filesystem::create_directories(std::filesystem::path(files_.file(name)).parent_path());
+    const test::Bytes bytes = test::wav_file(test::tones(seconds, 440, 0.3), test::Encoding::kInt16);
+    std::ofstream(files_.file(name), std::ios::binary)
         .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    song_ = song;
+    return files_.file(name);
   }
   static bool soon(const std::function<bool()>& holds) {
     return wait_until([&] {
@@ -47,7 +52,6 @@ class PlayerServices : public testing::Test {
   test::TempDirectory files_;
   OutputTestServer sound_;
   BusTestDaemon bus_;
-  std::string song_;
 };
 
 TEST_F(PlayerServices, AreAskedForItsThreadsAndForTheDesktopsSwitch) {
@@ -60,7 +64,7 @@ TEST_F(PlayerServices, AreAskedForItsThreadsAndForTheDesktopsSwitch) {
   const QApplication application(words, &word);
   player.show();
   EXPECT_TRUE(soon([&] { return player.window().reduced_motion(); }));
-  player.program().controls.Painel.files_dropped.raise(dialog_results({song_}).front());
+  player.program().controls.Painel.files_dropped.raise(dialog_results({song("song.wav", 10)}).front());
   player.program().controls.PLAY.click.raise();
   // The render thread and the two outputs.
   EXPECT_TRUE(soon([&] { return kit.requests().size() == 3; })) << kit.requests().size();
@@ -70,6 +74,41 @@ TEST_F(PlayerServices, AreAskedForItsThreadsAndForTheDesktopsSwitch) {
   }
   portal.change_animations(true);
   EXPECT_TRUE(soon([&] { return !player.window().reduced_motion(); }));
+  player.leave_desktop();
+}
+
+// The panel takes no click meanwhile, as under a dialog of its own. What a screen reader presses is no input: it is
+// refused by the dialog that is open.
+TEST_F(PlayerServices, BringEverySongChosenWhateverIsPressedMeanwhile) {
+  FakeChooser chooser(bus_, {.answers = false});
+  Player player;
+  int words = 1;
+  char name[] = "tandem";
+  char* word = name;
+  const QApplication application(words, &word);
+  player.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&player.window()));
+  PanelControls& controls = player.program().controls;
+  const auto click = [&](const char* key) {
+    const QWidget& item = *player.window().item(key);
+    QTest::mouseClick(player.window().windowHandle(), Qt::LeftButton, {},
+                      item.mapTo(&player.window(), item.rect().center()));
+  };
+  int presses = 0;
+  controls.PAUSE.click.connect([&] { ++presses; });
+  QTimer::singleShot(0, &player.window(), [&] {
+    EXPECT_TRUE(soon([&] { return !chooser.asked().empty(); }));
+    click("PAUSE");
+    EXPECT_EQ(presses, 0);
+    controls.LoadList.click.raise();
+    std::vector<std::string> urls;
+    for (const char* file : {"a/1.wav", "a/2.wav", "b/1.wav", "b/2.wav"}) urls.push_back("file://" + song(file));
+    chooser.choose(0, urls);
+  });
+  click("LoadSong");
+  EXPECT_TRUE(soon([&] { return controls.PlayList.ListCount() == 4; })) << controls.PlayList.ListCount();
+  click("PAUSE");
+  EXPECT_EQ(presses, 1);
   player.leave_desktop();
 }
 
