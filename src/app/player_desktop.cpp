@@ -40,9 +40,10 @@ void Player::watch_window() {
 }
 
 // Menus and dialogs hang on the window that would be made again, the portal's and that of the progress too: as long as
-// there is one, the window stays.
+// there is one, the window stays. So does one that is minimised or on another workspace, which a new window would not
+// be: it is made when the old one is seen again.
 void Player::follow_compositor() {
-  if (compositor_watch_->composites() == window_->composited()) return;
+  if (compositor_watch_->composites() == window_->composited() || !window_->exposed()) return;
   if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return;
   if (QThread::currentThread()->loopLevel() > 1 || !intake_.is_empty()) return;
   presenter_.reset();

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -116,6 +117,82 @@ TEST(CompositedWindow, HasItsShadowAndRoundCornersAsLongAsThereIsACompositor) {
     manager.reset();
     EXPECT_TRUE(wait_until([&] { return is_at(0) && panel() == square; })) << "without";
   }
+}
+
+// The window manager has hidden it, and said so: the last thing that it does.
+bool is_iconic(const std::string& window) {
+  constexpr std::string_view kName = "WM_STATE";
+  constexpr std::uint32_t kIconic = 3;
+  xcb_connection_t* server = xcb_connect(nullptr, nullptr);
+  const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> atom(
+      xcb_intern_atom_reply(server, xcb_intern_atom(server, 0, kName.size(), kName.data()), nullptr), &std::free);
+  const auto id = static_cast<xcb_window_t>(std::stoul(window));
+  const auto cookie = xcb_get_property(server, 0, id, atom->atom, XCB_GET_PROPERTY_TYPE_ANY, 0, 1);
+  const std::unique_ptr<xcb_get_property_reply_t, decltype(&std::free)> state(
+      xcb_get_property_reply(server, cookie, nullptr), &std::free);
+  const bool iconic = state && xcb_get_property_value_length(state.get()) == sizeof(kIconic) &&
+                      *static_cast<const std::uint32_t*>(xcb_get_property_value(state.get())) == kIconic;
+  xcb_disconnect(server);
+  return iconic;
+}
+
+// Under a window manager, with a song that ends while the window is not to be seen.
+class HiddenWindow : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!std::filesystem::exists("/usr/bin/openbox")) GTEST_SKIP() << "openbox is not installed";
+    ::setenv("XDG_CONFIG_HOME", desktop.home().path().c_str(), 1);
+    window_manager = ChildProcess({"openbox", "--sm-disable"}, files.file("log"));
+    ASSERT_TRUE(wait_until([this] { return !desktop.do_tool({"get_desktop"}).empty(); }));
+    desktop.sound.start();
+    player = std::make_unique<RealPlayer>(desktop, factory_settings());
+    ASSERT_TRUE(player->show_up()) << player->errors();
+    player->key("ctrl+o");
+    ASSERT_TRUE(player->dialog_shows_up());
+    player->answer_dialog(player->write_song("song.wav", 1000, 3));
+    ASSERT_TRUE(player->dialog_goes_away());
+    ASSERT_TRUE(player->play());
+    place = player->place();
+  }
+  bool is_hidden() const {
+    return wait_until([this] { return is_iconic(player->window()); });
+  }
+  bool is_mapped() const { return !desktop.do_tool({"search", "--onlyvisible", "--class", "Tandem"}).empty(); }
+  // By the title of the window that was there before, which has its song's name no longer.
+  bool song_ends() const {
+    return wait_until([this] { return desktop.do_tool({"getwindowname", player->window()}) == "Tandem\n"; });
+  }
+  bool comes_back_with_its_shadow() {
+    return player->show_up(607 + 2 * kShadow) &&
+           wait_until([this] { return player->place() == std::pair(place.first - kShadow, place.second - kShadow); });
+  }
+
+  TempDirectory files;
+  Desktop desktop;
+  ChildProcess window_manager;
+  std::unique_ptr<RealPlayer> player;
+  std::pair<int, int> place;
+};
+
+TEST_F(HiddenWindow, StaysMinimisedWhenACompositorStarts) {
+  desktop.do_tool({"windowminimize", player->window()});
+  ASSERT_TRUE(is_hidden());
+  const CompositingManager manager;
+  EXPECT_TRUE(song_ends());
+  EXPECT_FALSE(is_mapped());
+  desktop.do_tool({"windowactivate", player->window()});
+  EXPECT_TRUE(comes_back_with_its_shadow());
+}
+
+TEST_F(HiddenWindow, StaysOnItsWorkspaceWhenACompositorStarts) {
+  desktop.do_tool({"set_desktop_for_window", player->window(), "1"});
+  ASSERT_TRUE(is_hidden());
+  const CompositingManager manager;
+  EXPECT_TRUE(song_ends());
+  EXPECT_FALSE(is_mapped());
+  desktop.do_tool({"set_desktop", "1"});
+  EXPECT_TRUE(comes_back_with_its_shadow());
+  EXPECT_EQ(desktop.do_tool({"get_desktop_for_window", player->window()}), "1\n");
 }
 
 }  // namespace
