@@ -107,7 +107,7 @@ void SongIntake::show_progress(const Waiting& first) {
   if (first.job->finished())
     return progress_->show_progress("Two songs overlap. What you have chosen is added after that.", -1);
   const IntakeJob::Progress at = first.job->progress();
-  if (at.all == 0) return progress_->show_progress("Looking for songs ...", -1);
+  if (at.all == 0) return progress_->show_progress("Looking for songs…", -1);
   const auto all = static_cast<double>(at.all);
   progress_->show_progress(
       "Measuring song " + QString::number(std::min(at.done + 1, at.all)) + " of " + QString::number(at.all),

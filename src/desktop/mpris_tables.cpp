@@ -20,7 +20,8 @@ int on_root_get(sd_bus*, const char*, const char*, const char* property, sd_bus_
   if (name == "DesktopEntry") return sd_bus_message_append(reply, "s", kApplicationName);
   if (name == "SupportedUriSchemes") return sd_bus_message_append(reply, "as", 1, "file");
   if (name == "SupportedMimeTypes")
-    return sd_bus_message_append(reply, "as", 3, "audio/mpeg", "audio/x-wav", "application/x-tandem-playlist");
+    return sd_bus_message_append(reply, "as", 5, "audio/mpeg", "audio/x-wav", "audio/wav", "audio/vnd.wave",
+                                 "application/x-tandem-playlist");
   return -ENOENT;
 }
 

@@ -2,14 +2,17 @@
 
 #include <QActionGroup>
 #include <QContextMenuEvent>
+#include <QKeySequence>
 #include <QMenu>
 #include <QTimer>
 #include <QWidget>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "controls/pause_state.h"
 #include "desktop/about_box.h"
+#include "layout/shortcuts.h"
 
 namespace tandem {
 
@@ -18,6 +21,16 @@ namespace {
 constexpr double kStep = 0.25;
 
 QAction* last_of(const QMenu& menu) { return menu.actions().constLast(); }
+
+// Right of the last entry, the key of the control that it presses. It is only shown: the window has the shortcut.
+void show_key(const QMenu& menu, std::string_view control) {
+  for (const Shortcut& shortcut : panel_shortcuts()) {
+    if (shortcut.control != control) continue;
+    last_of(menu)->setShortcut(QString::fromLatin1(shortcut.keys.data(), static_cast<qsizetype>(shortcut.keys.size())));
+    last_of(menu)->setShortcutVisibleInContextMenu(true);  // whatever the desktop's habit
+    return;
+  }
+}
 
 }  // namespace
 
@@ -45,8 +58,9 @@ QMenu* PanelMenu::open(const QPoint& on_screen) {
   add_songs(*menu);
   menu->addSeparator();
   add_sizes(*menu);
-  add(*menu, "About Tandem", true, [this] { show_about_box(&window_); });
-  add(*menu, "Quit", true, hooks_.quit);
+  add(*menu, "A&bout Tandem", true, [this] { show_about_box(&window_); });
+  add(*menu, "&Quit", true, hooks_.quit);
+  show_key(*menu, "Close");
   menu->popup(on_screen);
   return menu;
 }
@@ -62,29 +76,36 @@ void PanelMenu::add_transport(QMenu& menu) {
   PanelControls& controls = remote_.program().controls;
   const bool paused = is_paused(controls);
   const bool sounds = remote_.motion() != PanelRemote::Motion::Stopped;
-  add(menu, "Play", remote_.can_play(), [this, &controls] {
+  add(menu, "&Play", remote_.can_play(), [this, &controls] {
     remote_.motion() == PanelRemote::Motion::Playing ? remote_.click(controls.PLAY) : remote_.play();
   });
-  add(menu, "Pause", sounds || paused, [this, &controls] { remote_.click(controls.PAUSE); });
+  show_key(menu, "PLAY");
+  add(menu, "Pa&use", sounds || paused, [this, &controls] { remote_.click(controls.PAUSE); });
+  show_key(menu, "PAUSE");
   last_of(menu)->setCheckable(true);
   last_of(menu)->setChecked(paused);
-  add(menu, "Stop", sounds, [this] { remote_.stop(); });
-  add(menu, "Next", remote_.can_go_next(), [this] { remote_.next(); });
+  add(menu, "&Stop", sounds, [this] { remote_.stop(); });
+  show_key(menu, "STOPBtn");
+  add(menu, "&Next", remote_.can_go_next(), [this] { remote_.next(); });
+  show_key(menu, "NextBtn");
 }
 
 void PanelMenu::add_songs(QMenu& menu) {
   PanelControls& controls = remote_.program().controls;
-  add(menu, "Add songs...", controls.LoadSong.Enabled, [this, &controls] { remote_.click(controls.LoadSong); });
-  add(menu, "Open list...", controls.LoadList.Enabled, [this, &controls] { remote_.click(controls.LoadList); });
+  add(menu, "&Add songs…", controls.LoadSong.Enabled, [this, &controls] { remote_.click(controls.LoadSong); });
+  show_key(menu, "LoadSong");
+  add(menu, "&Open list…", controls.LoadList.Enabled, [this, &controls] { remote_.click(controls.LoadList); });
+  show_key(menu, "LoadList");
   const bool has_songs = controls.PlayList.ListCount() > 0;
-  add(menu, "Save list...", has_songs && controls.SaveList.Enabled,
+  add(menu, "Sa&ve list…", has_songs && controls.SaveList.Enabled,
       [this, &controls] { remote_.click(controls.SaveList); });
-  add(menu, "Remove line", remote_.can_remove_line(), [this] { remote_.remove_line(); });
+  show_key(menu, "SaveList");
+  add(menu, "&Remove line", remote_.can_remove_line(), [this] { remote_.remove_line(); });
 }
 
 void PanelMenu::add_sizes(QMenu& menu) {
   if (!hooks_.scale) return;
-  QMenu& sizes = *menu.addMenu("Size");
+  QMenu& sizes = *menu.addMenu("Si&ze");
   auto* group = new QActionGroup(&sizes);
   for (double scale = 1; scale <= hooks_.greatest_scale() + kStep / 2; scale += kStep) {
     const int percent = static_cast<int>(std::lround(scale * 100));

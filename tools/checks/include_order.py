@@ -57,7 +57,7 @@ ROOMS = {
     'platform/alsa': ('platform/output', 'engine/device', 'engine/core'),
     'platform': ('platform/pulse', 'platform/alsa', 'engine/device'),
     'platform/desktop': ('platform/realtime', 'controls', 'base'),
-    'desktop': ('controls', 'shell', 'base', 'paint/strokes', 'platform/desktop', 'platform/system'),
+    'desktop': ('controls', 'shell', 'base', 'layout', 'paint/strokes', 'platform/desktop', 'platform/system'),
     'app': ('desktop', 'base', 'controls', 'shell', 'engine', 'engine/device', 'engine/core', 'displays', 'paint',
             'widgets', 'platform'),
 }

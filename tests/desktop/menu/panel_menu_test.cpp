@@ -15,6 +15,7 @@
 #include <QStyleOption>
 #include <cstdlib>
 #include <memory>
+#include <set>
 
 #include "desktop/about_box.h"
 #include "desktop/panel_palette.h"
@@ -47,9 +48,10 @@ class Menu : public testing::Test {
     QApplication::sendEvent(&item, &event);
     return window.findChild<QMenu*>("PanelMenu");
   }
+  static QString plain(const QAction& action) { return action.text().remove('&'); }
   static QAction* entry(QMenu* opened, const QString& text) {
     for (QAction* action : opened->actions())
-      if (action->text() == text) return action;
+      if (plain(*action) == text) return action;
     return nullptr;
   }
   bool can(const QString& text) {
@@ -83,9 +85,34 @@ TEST_F(Menu, OpensOverEveryItemOfThePanel) {
   ASSERT_NE(opened, nullptr);
   QStringList texts;
   for (const QAction* action : opened->actions())
-    if (!action->isSeparator()) texts += action->text();
+    if (!action->isSeparator()) texts += plain(*action);
   EXPECT_EQ(texts.join(", ").toStdString(),
-            "Play, Pause, Stop, Next, Add songs..., Open list..., Save list..., Remove line, Size, About Tandem, Quit");
+            "Play, Pause, Stop, Next, Add songs…, Open list…, Save list…, Remove line, Size, About Tandem, Quit");
+}
+
+// The right key of each is the manual's.
+TEST_F(Menu, ShowsTheKeysOfThePanel) {
+  QMenu* opened = open();
+  QStringList keys;
+  for (const QAction* action : opened->actions())
+    if (!action->shortcut().isEmpty()) {
+      EXPECT_TRUE(action->isShortcutVisibleInContextMenu());
+      keys += plain(*action) + ": " + action->shortcut().toString(QKeySequence::PortableText);
+    }
+  EXPECT_EQ(keys.join(", ").toStdString(),
+            "Play: Ctrl+P, Pause: Ctrl+Space, Stop: Ctrl+., Next: Ctrl+N, Add songs…: Ctrl+O, Open list…: Ctrl+L, "
+            "Save list…: Ctrl+S, Quit: Ctrl+Q");
+}
+
+TEST_F(Menu, HasALetterForEveryEntry) {
+  QMenu* opened = open();
+  std::set<QString> letters;
+  for (const QAction* action : opened->actions()) {
+    if (action->isSeparator()) continue;
+    const qsizetype sign = action->text().indexOf('&');
+    ASSERT_GE(sign, 0) << action->text().toStdString();
+    EXPECT_TRUE(letters.insert(action->text().mid(sign + 1, 1).toUpper()).second) << action->text().toStdString();
+  }
 }
 
 TEST_F(Menu, LeavesTheRightButtonToAControlThatUsesIt) {
@@ -97,11 +124,11 @@ TEST_F(Menu, LeavesTheRightButtonToAControlThatUsesIt) {
 }
 
 TEST_F(Menu, OffersWhatThePanelCan) {
-  for (const char* text : {"Play", "Pause", "Stop", "Next", "Save list...", "Remove line"})
+  for (const char* text : {"Play", "Pause", "Stop", "Next", "Save list…", "Remove line"})
     EXPECT_FALSE(can(text)) << text;
   panel.add_songs(2);
   EXPECT_TRUE(can("Play"));
-  EXPECT_TRUE(can("Save list..."));
+  EXPECT_TRUE(can("Save list…"));
   choose("Play");
   for (const char* text : {"Play", "Pause", "Stop", "Next", "Remove line"}) EXPECT_TRUE(can(text)) << text;
 }
@@ -127,10 +154,10 @@ TEST_F(Menu, WorksTheTransport) {
 TEST_F(Menu, WorksTheList) {
   panel.sound.files.lengths["/music/new.mp3"] = 1000;
   panel.dialog.answers.push_back("/music/new.mp3");
-  choose("Add songs...");
+  choose("Add songs…");
   EXPECT_EQ(panel.controls.PlayList.ListCount(), 1);
-  choose("Save list...");
-  choose("Open list...");
+  choose("Save list…");
+  choose("Open list…");
   ASSERT_EQ(panel.dialog.shows.size(), 3U);
   EXPECT_EQ(panel.dialog.shows[1].operation, "save");
   EXPECT_EQ(panel.dialog.shows[2].operation, "open");
