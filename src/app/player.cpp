@@ -154,10 +154,12 @@ std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   return frames_.next();
 }
 
-// As often as the counter: what sounds is looked up in the list.
+// As often as the counter, for what sounds is looked up in the list; an overlap is seen with the song that begins it.
 void Player::show_mix(Milliseconds now) {
   constexpr Milliseconds kPeriod = 200;
-  if (now < mix_shown_ + kPeriod) return;
+  const Flag mixing = program_.state.MixStarted;
+  if (mixing == mixing_ && now < mix_shown_ + kPeriod) return;
+  mixing_ = mixing;
   mix_shown_ = now;
   window_->show_mix(mix_view(program_));
 }

@@ -96,6 +96,7 @@ class Player {
   FramePacer frames_;
   LatencyPolicy queue_depth_;
   Milliseconds mix_shown_ = 0;
+  Flag mixing_ = kFalse;  // as it was shown last
   Milliseconds shown_ = 0;
   bool moving_ = true;  // the last frame said that something moves
   bool closed_ = false;

@@ -19,7 +19,7 @@ using enum SpectrumSetting;
 constexpr std::size_t kPerPicture = 735;
 constexpr double kStep = 1.0 / 60.0;
 
-constexpr double kTopHeight = 0.98;        // within a row of the top
+constexpr double kTopHeight = 27.0 / 28;   // within a row of the top
 constexpr double kSoundRange = 1 / 316.0;  // 25 dB below the loudest column: what is less is no sound of the piece
 constexpr double kLowest = 50.0;           // Hz of the columns that must move
 constexpr double kHighest = 14000.0;

@@ -29,6 +29,19 @@ TEST(BandFader, APressMovesTheCapThereAndDrags) {
   EXPECT_EQ(band.value(), 12);
 }
 
+TEST(BandFader, APressOnTheCapMovesNothingAndADragKeepsThePlaceOnIt) {
+  WindowRig rig;
+  rig.show_equalizer();
+  Slider& band = rig.controls().sl0[4];
+  const QPoint edge = rig.middle("sl0(4)") + QPoint(5, 5);
+  rig.press(edge);
+  EXPECT_EQ(band.value(), 0);
+  rig.move(edge + QPoint(0, 30));
+  EXPECT_EQ(band.value(), -10);
+  rig.release(edge + QPoint(0, 30));
+  EXPECT_EQ(band.value(), -10);
+}
+
 TEST(BandFader, TheWholeColumnIsItsOwn) {
   WindowRig rig;
   rig.show_equalizer();
@@ -77,12 +90,12 @@ TEST(PitchFader, MouseIsPressChangesRelease) {
   log_of(rig.controls().SliderP, log);
   const QPoint middle = rig.middle("SliderP");
   const double zero = 181 + 73 / 2.0;  // 1.5 px for each unit
-  rig.press({middle.x(), static_cast<int>(zero - 6)});
+  rig.press({middle.x(), static_cast<int>(zero - 15)});
   rig.move({middle.x(), static_cast<int>(zero + 15)});
   rig.release({middle.x(), static_cast<int>(zero + 15)});
   ASSERT_EQ(log.size(), 4U);
   EXPECT_EQ(log[0], "press");
-  EXPECT_EQ(log[1], "change 4");
+  EXPECT_EQ(log[1], "change 10");
   EXPECT_EQ(log[2], "change -10");
   EXPECT_EQ(log[3], "release");
 }
@@ -154,6 +167,19 @@ TEST(PositionSlider, SeeksOnRelease) {
   rig.release({box.left() + 9 + (box.width() - 18) / 2, box.center().y()});
   rig.player->run(500);
   EXPECT_NEAR(position(), 30500, 300);
+}
+
+TEST(PositionSlider, APressOnTheCapSeeksNowhere) {
+  WindowRig rig;
+  Events log;
+  rig.controls().Slider1.put_maximum(240000);
+  rig.controls().Slider1.Position = 60000;
+  log_of(rig.controls().Slider1, log);
+  const QRect box = control_box("Slider1").box();
+  const QPoint edge(box.left() + (box.width() - 18) / 4 + 15, box.center().y());
+  rig.press(edge);
+  rig.release(edge);
+  EXPECT_EQ(log, (Events{"press", "release"}));
 }
 
 TEST(PositionSlider, KeysStepByFiveAndThirtySeconds) {

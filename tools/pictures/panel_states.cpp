@@ -202,15 +202,19 @@ void put_mix(PanelStateParts& p) {
   p.mix.mix_at = kLength - 3500;
 }
 
-// What a newcomer sees first: the spectrum as the factory settings have it.
-void put_factory(PanelStateParts& p) {
-  put_base(p);
+void put_factory_spectrum(PanelStateParts& p) {
   MMSpectrumX& spectrum = *p.sound.MMSpectrum1;
   using enum SpectrumSetting;
   const std::pair<SpectrumSetting, int> kFactory[] = {{Window, 1},     {Gain, 1},      {LogAmp, 0},
                                                       {SolidBars, 1},  {Decay, 7},     {DrawInactive, 0},
                                                       {PeakDelay, 25}, {PeakSpeed, 1}, {ReferenceFrequency, 500}};
   for (const auto& [setting, value] : kFactory) spectrum.put(setting, value);
+}
+
+// What a newcomer sees with the first songs.
+void put_factory(PanelStateParts& p) {
+  put_base(p);
+  put_factory_spectrum(p);
 }
 
 // The same with its board, whose scales, switches and lamps stand as the factory settings have them.
@@ -223,7 +227,9 @@ void put_factory_board(PanelStateParts& p) {
   c.ShowControls.BackColor = clLime;
 }
 
+// What a newcomer sees first.
 void put_list_empty(PanelStateParts& p) {
+  put_factory_spectrum(p);
   show_displays(p.sound, true, false, false);
   p.controls.LblPosition.Caption = "00:00";
   p.controls.LblTempTot.Caption = "00:00";

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <utility>
 
+#include "paint/surfaces/panels.h"
 #include "widgets/items/time_text.h"
 #include "widgets/items/wheel_steps.h"
 
@@ -36,6 +37,7 @@ void SongListItem::draw(QPainter& painter) const {
   look.drop = drop_;
   look.interaction = touch();
   paint_song_list(painter, box(), look);
+  paint_glass_shine(painter, box());
 }
 
 LineSound SongListItem::sound_of(int index) const {

@@ -60,11 +60,14 @@ void SlidingItem::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   set_pressed(true);
   slider_.user_press();
-  move_to(value_at(panel_position(event->position())));
+  const QPointF at = panel_position(event->position());
+  const QRectF cap = cap_now();
+  grip_ = cap.contains(at) ? at - cap.center() : QPointF();
+  move_to(value_at(at - grip_));
 }
 
 void SlidingItem::mouseMoveEvent(QMouseEvent* event) {
-  if (is_pressed()) move_to(value_at(panel_position(event->position())));
+  if (is_pressed()) move_to(value_at(panel_position(event->position()) - grip_));
 }
 
 void SlidingItem::mouseReleaseEvent(QMouseEvent* event) {
@@ -107,6 +110,11 @@ void FaderItem::draw(QPainter& painter) const { paint_fader(painter, box(), look
 
 std::int32_t FaderItem::value_at(const QPointF& panel_position) const {
   return static_cast<std::int32_t>(std::lround(fader_value(box(), look(), panel_position.y())));
+}
+
+QRectF FaderItem::cap_now() const {
+  const QPointF middle(box().center().x(), fader_y(box(), look()));
+  return {middle.x() - cap_.width() / 2, middle.y() - cap_.height() / 2, cap_.width(), cap_.height()};
 }
 
 std::optional<std::int32_t> FaderItem::value_after(int key) const {
@@ -208,6 +216,11 @@ void PositionItem::show_mix(const MixView& view) {
   mark_ = mark;
   second_ = second;
   if (isVisible()) canvas().repaint_box(drawn_box());
+}
+
+QRectF PositionItem::cap_now() const {
+  const double left = box().left() + share() * (box().width() - kSliderCapWidth);
+  return {left, box().top(), kSliderCapWidth, box().height()};
 }
 
 // What the cap covers with the light about it and the lit end of its groove.

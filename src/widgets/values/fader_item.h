@@ -21,6 +21,8 @@ class SlidingItem : public PanelItem {
   void put_value(double value) override { put_by_user(value); }
   void put_by_user(double value);  // press, change and release
   virtual std::int32_t value_at(const QPointF& panel_position) const = 0;
+  // A press on it moves nothing: the pointer keeps its place on the cap. Px of the panel.
+  virtual QRectF cap_now() const = 0;
   // The value after a key, or nothing for a key that is not the slider's.
   virtual std::optional<std::int32_t> value_after(int key) const = 0;
   virtual std::int32_t wheel_step() const { return 1; }
@@ -39,6 +41,7 @@ class SlidingItem : public PanelItem {
   void let_go();
 
   Slider& slider_;
+  QPointF grip_;        // of the pointer, from the cap's middle
   int wheel_rest_ = 0;  // of a fine wheel
   int key_down_ = 0;
 };
@@ -52,6 +55,7 @@ class FaderItem : public SlidingItem {
 
  protected:
   std::int32_t value_at(const QPointF& panel_position) const override;
+  QRectF cap_now() const override;
   std::optional<std::int32_t> value_after(int key) const override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;  // to the middle
 
@@ -93,6 +97,7 @@ class PositionItem final : public SlidingItem {
  protected:
   void put_value(double seconds) override;
   std::int32_t value_at(const QPointF& panel_position) const override;
+  QRectF cap_now() const override;
   std::optional<std::int32_t> value_after(int key) const override;
   std::int32_t wheel_step() const override { return 5000; }
   void model_changed() override;
