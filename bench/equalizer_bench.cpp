@@ -13,6 +13,7 @@
 #include "engine/equalizer/band_equalizer.h"
 #include "engine/equalizer/filter_design.h"
 #include "engine/render/limiter.h"
+#include "support/equalizer_gains.h"
 
 namespace tandem {
 namespace {
@@ -26,12 +27,7 @@ double cpu_milliseconds() {
   return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
 }
 
-std::vector<EqualizerBand> bands(double gain) {
-  constexpr double kEdges[] = {0, 32, 64, 130, 260, 470, 540, 630, 1200, 2500, 4000, 5400, 6300, 8300, 12000, 20000};
-  std::vector<EqualizerBand> result;
-  for (std::size_t i = 0; i < 15; ++i) result.push_back({kEdges[i], kEdges[i + 1], i % 2 == 0 ? gain : -gain});
-  return result;
-}
+std::vector<EqualizerBand> bands(double gain) { return test::bands_of(test::alternating_gains(gain)); }
 
 std::vector<StereoFrame> noise(float amplitude) {
   std::mt19937 random(1);

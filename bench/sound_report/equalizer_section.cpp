@@ -11,32 +11,17 @@
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
 #include "sound_report/svg_plot.h"
+#include "support/equalizer_gains.h"
 
 namespace tandem::report {
 
 namespace {
 
-constexpr std::array<double, 16> kEdges{0,    32,   64,   130,  260,  470,  540,   630,
-                                        1200, 2500, 4000, 5400, 6300, 8300, 12000, 20000};
-using Gains = std::array<double, 15>;
-
-std::vector<EqualizerBand> bands_of(const Gains& gains) {
-  std::vector<EqualizerBand> bands;
-  for (std::size_t i = 0; i < gains.size(); ++i) bands.push_back({kEdges[i], kEdges[i + 1], gains[i]});
-  return bands;
-}
-
-Gains even(double gain) {
-  Gains gains;
-  gains.fill(gain);
-  return gains;
-}
-
-Gains alternating(double gain) {
-  Gains gains;
-  for (std::size_t i = 0; i < gains.size(); ++i) gains[i] = i % 2 == 0 ? gain : -gain;
-  return gains;
-}
+using test::alternating_gains;
+using test::bands_of;
+using test::even_gains;
+using test::Gains;
+using test::kEdges;
 
 Gains one_band(std::size_t band, double gain) {
   Gains gains{};
@@ -133,7 +118,7 @@ void print_random() {
 }
 
 void print_ripple() {
-  const auto levels = response_of(design_taps(bands_of(even(12.0)))).level_db;
+  const auto levels = response_of(design_taps(bands_of(even_gains(12.0)))).level_db;
   const auto [least, most] = std::minmax_element(levels.begin(), levels.end());
   std::printf("  %-22s ripple %.3f dB%s\n", "all +12", *most - *least, at_most(0.1, *most - *least, 1).c_str());
 }
@@ -143,8 +128,8 @@ void print_ripple() {
 void report_equalizer(const std::string& folder) {
   std::printf("Equalizer\n");
   const Gains smile{12, 10, 8, 6, 3, 1, 0, -2, -2, 0, 2, 4, 7, 10, 12};
-  std::vector<Line> lines{print("alternating +-12", alternating(12.0))};
-  print("alternating -+12", alternating(-12.0));
+  std::vector<Line> lines{print("alternating +-12", alternating_gains(12.0))};
+  print("alternating -+12", alternating_gains(-12.0));
   lines.push_back(print("smile", smile, 20.0));
   lines.push_back(print("470-540 Hz +12", one_band(5, 12.0)));
   lines.push_back(print("4000-5400 Hz -12", one_band(10, -12.0)));

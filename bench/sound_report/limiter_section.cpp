@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <complex>
 #include <cstdio>
 #include <numbers>
 #include <numeric>
@@ -14,6 +13,7 @@
 #include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
+#include "support/residue.h"
 
 namespace tandem::report {
 
@@ -150,25 +150,6 @@ void print_mp3(const char* name, const Sound& source, int kilobits) {
       least_error, ours.fastest_db, at_most(10.0, ours.fastest_db).c_str());
 }
 
-// THD+N of the tones' second second.
-double residue_db(const Sound& sound, const std::vector<double>& tones) {
-  std::vector<double> left;
-  for (std::size_t n = kSecond; n < 2 * kSecond; ++n) left.push_back(double{sound[n].left});
-  double all = 0.0;
-  for (const double value : left) all += value * value;
-  for (const double hz : tones) {
-    const double turn = 2.0 * std::numbers::pi * hz / kSampleRate;
-    std::complex<double> sum;
-    for (std::size_t n = 0; n < left.size(); ++n) sum += left[n] * std::polar(1.0, -turn * static_cast<double>(n));
-    sum *= 2.0 / static_cast<double>(left.size());
-    for (std::size_t n = 0; n < left.size(); ++n)
-      left[n] -= (sum * std::polar(1.0, turn * static_cast<double>(n))).real();
-  }
-  double rest = 0.0;
-  for (const double value : left) rest += value * value;
-  return decibels(rest / all);
-}
-
 void print_tones(const std::vector<double>& tones, double gain, double residue_asked) {
   Sound sound(2 * kSecond + kSecond / 10);
   for (const double hz : tones) {
@@ -183,7 +164,7 @@ void print_tones(const std::vector<double>& tones, double gain, double residue_a
   for (const StereoFrame& f : out) peak = std::max(peak, std::abs(f.left));
   std::string name;
   for (const double hz : tones) name += (name.empty() ? "" : " + ") + std::to_string(static_cast<int>(hz));
-  const double residue = residue_db(out, tones);
+  const double residue = test::residue_db(out, tones);
   const double fastest = fastest_change_db(sound, out);
   std::printf("  %-12s Hz at %+.0f dBFS each: peak %.6f%s, THD+N %.1f dB%s, gain moves %.1f dB in 1 ms%s\n",
               name.c_str(), 2.0 * decibels(gain), double{peak}, at_most(1.0, double{peak}).c_str(), residue,

@@ -2,29 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "base/runtime_error.h"
+#include "support/runtime_error_kind.h"
 
 namespace tandem {
 namespace {
+
+using test::error_of;
 
 std::vector<std::string> text_fields(std::string_view text) {
   std::vector<std::string> fields;
   for (FieldReader reader(text); !reader.at_end();) fields.push_back(reader.read_text());
   return fields;
-}
-
-RuntimeErrorKind error_of(const std::function<void()>& work) {
-  try {
-    work();
-  } catch (const RuntimeError& error) {
-    return error.kind();
-  }
-  ADD_FAILURE() << "no error";
-  return RuntimeErrorKind::Cancelled;
 }
 
 std::int16_t read_one(std::string_view text) { return FieldReader(text).read_int16(); }

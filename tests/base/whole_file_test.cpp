@@ -9,24 +9,15 @@
 #include <string>
 
 #include "base/runtime_error.h"
+#include "support/runtime_error_kind.h"
 #include "support/temp_directory.h"
 
 namespace tandem {
 namespace {
 
 namespace fs = std::filesystem;
+using test::error_of;
 using test::TempDirectory;
-
-template <class Work>
-RuntimeErrorKind error_of(Work work) {
-  try {
-    work();
-  } catch (const RuntimeError& error) {
-    return error.kind();
-  }
-  ADD_FAILURE() << "no error";
-  return RuntimeErrorKind::Cancelled;
-}
 
 std::size_t entries(const TempDirectory& directory) {
   return static_cast<std::size_t>(std::distance(fs::directory_iterator(directory.path()), fs::directory_iterator()));

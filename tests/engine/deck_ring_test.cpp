@@ -6,20 +6,13 @@
 #include <memory>
 #include <vector>
 
+#include "engine/numbered_frames.h"
+
 namespace tandem {
 namespace {
 
-// Every frame holds its own number: exact in a float up to 2^24.
-StereoFrame numbered(std::uint64_t number) {
-  const auto value = static_cast<float>(number & 0xFFFFFF);
-  return {value, -value};
-}
-
-std::vector<StereoFrame> numbers(std::uint64_t from, std::size_t count) {
-  std::vector<StereoFrame> frames(count);
-  for (std::size_t i = 0; i < count; ++i) frames[i] = numbered(from + i);
-  return frames;
-}
+using test::numbered;
+using test::numbers;
 
 class DeckRingTest : public testing::Test {
  protected:

@@ -14,31 +14,16 @@
 #include "engine/core/frames.h"
 #include "engine/equalizer/filter_worker.h"
 #include "engine/equalizer/real_fft.h"
+#include "support/equalizer_gains.h"
 
 namespace tandem {
 namespace {
 
-constexpr std::array<double, 16> kEdges{0,    32,   64,   130,  260,  470,  540,   630,
-                                        1200, 2500, 4000, 5400, 6300, 8300, 12000, 20000};
-using Gains = std::array<double, 15>;
-
-std::vector<EqualizerBand> bands_of(const Gains& gains) {
-  std::vector<EqualizerBand> bands;
-  for (std::size_t i = 0; i < gains.size(); ++i) bands.push_back({kEdges[i], kEdges[i + 1], gains[i]});
-  return bands;
-}
-
-Gains even_gains(double gain) {
-  Gains gains;
-  gains.fill(gain);
-  return gains;
-}
-
-Gains alternating_gains(double gain) {
-  Gains gains;
-  for (std::size_t i = 0; i < gains.size(); ++i) gains[i] = i % 2 == 0 ? gain : -gain;
-  return gains;
-}
+using test::alternating_gains;
+using test::bands_of;
+using test::even_gains;
+using test::Gains;
+using test::kEdges;
 
 Gains notch() { return {12, 12, -12, 12, 12, 12, 12, 12, -12, 12, -12, -12, -12, -12, -12}; }  // at 91 Hz
 Gains smile() { return {12, 10, 8, 6, 3, 1, 0, -2, -2, 0, 2, 4, 7, 10, 12}; }

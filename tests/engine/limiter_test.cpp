@@ -4,12 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
 #include <limits>
 #include <numbers>
 #include <numeric>
 #include <random>
 #include <vector>
+
+#include "support/residue.h"
 
 namespace tandem {
 namespace {
@@ -60,31 +61,15 @@ std::vector<float> gains_around(std::size_t frames) {
 
 double decibels(double power) { return 10.0 * std::log10(power); }
 
-// What is left of the second second besides the tones of these frequencies (whole Hz), against all of it.
-double residue_db(const Sound& sound, const std::vector<double>& tones) {
-  std::vector<double> left;
-  for (std::size_t n = kSampleRate; n < 2 * std::size_t{kSampleRate}; ++n) left.push_back(double{sound[n].left});
-  const double all = std::inner_product(left.begin(), left.end(), left.begin(), 0.0);
-  for (const double hz : tones) {
-    const double turn = 2.0 * std::numbers::pi * hz / kSampleRate;
-    std::complex<double> sum;
-    for (std::size_t n = 0; n < left.size(); ++n) sum += left[n] * std::polar(1.0, -turn * static_cast<double>(n));
-    sum *= 2.0 / static_cast<double>(left.size());
-    for (std::size_t n = 0; n < left.size(); ++n)
-      left[n] -= (sum * std::polar(1.0, turn * static_cast<double>(n))).real();
-  }
-  return decibels(std::inner_product(left.begin(), left.end(), left.begin(), 0.0) / all);
-}
-
 double residue_of_tones(const std::vector<double>& tones) {
   Limiter limiter;
-  return residue_db(limited(limiter, mono(2 * kSampleRate + 1000,
-                                          [&](std::size_t n) {
-                                            float sum = 0.0F;
-                                            for (const double hz : tones) sum += sine(hz, n);
-                                            return sum;
-                                          })),
-                    tones);
+  return test::residue_db(limited(limiter, mono(2 * kSampleRate + 1000,
+                                                [&](std::size_t n) {
+                                                  float sum = 0.0F;
+                                                  for (const double hz : tones) sum += sine(hz, n);
+                                                  return sum;
+                                                })),
+                          tones);
 }
 
 TEST(Limiter, PassesSoundWithinFullScaleBitForBit) {

@@ -6,18 +6,14 @@
 #include "engine/decode/mp3_frame_table.h"
 #include "engine/decode/mp3_info.h"
 #include "engine/decode/mp3_tags.h"
+#include "engine/song_file_fixture.h"
 #include "support/mp3_maker.h"
-#include "support/temp_directory.h"
 
 namespace tandem::test {
 namespace {
 
-class Mp3Frames : public testing::Test {
+class Mp3Frames : public SongFileTest {
  protected:
-  std::shared_ptr<const SongFile> file(const Bytes& content) {
-    write_file(directory_.file("song"), content);
-    return SongFile::open(directory_.file("song"));
-  }
   std::vector<Mp3Frame> frames_of(const Bytes& content) {
     const auto song = file(content);
     Mp3FrameScanner scanner(song, 0, song->size());
@@ -31,8 +27,6 @@ class Mp3Frames : public testing::Test {
     static const Bytes song = make_mp3(music(6.0), {"-V3", "-t"});
     return song;
   }
-
-  TempDirectory directory_;
 };
 
 using Mp3FrameScannerTest = Mp3Frames;

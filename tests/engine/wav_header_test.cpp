@@ -3,25 +3,19 @@
 #include <gtest/gtest.h>
 
 #include "engine/decode/wav_view.h"
-#include "support/temp_directory.h"
+#include "engine/song_file_fixture.h"
 #include "support/wav_writer.h"
 
 namespace tandem::test {
 namespace {
 
-class WavHeaders : public testing::Test {
+class WavHeaders : public SongFileTest {
  protected:
-  std::shared_ptr<const SongFile> file(const Bytes& content) {
-    write_file(directory_.file("song"), content);
-    return SongFile::open(directory_.file("song"));
-  }
   std::optional<WavHeader> header(const Bytes& content, std::int64_t offset = 0) {
     const auto opened = file(content);
     return is_wav(*opened, offset) ? read_wav_header(*opened, offset) : std::nullopt;
   }
   static Signal song() { return tones(0.1, 500.0, 0.5, 48000); }
-
-  TempDirectory directory_;
 };
 
 TEST_F(WavHeaders, SayHowTheSoundIsEncodedAndWhereItLies) {

@@ -14,6 +14,17 @@ class PulseOutputTest : public PulseOutputFixture {
  protected:
   void SetUp() override { server_.start(); }
 
+  // However many streams it came in: all that the ring gave, nothing twice.
+  void expect_every_frame_in_order() {
+    std::uint64_t next = 0;
+    const std::vector<Stretch> played = recorded();
+    for (const Stretch& stretch : played) {
+      ASSERT_EQ(stretch.first, next) << testing::PrintToString(played);
+      next = stretch.first + stretch.frames;
+    }
+    EXPECT_EQ(next, ring_.taken());
+  }
+
   OutputFeeder feeder_{ring_, output_, kKeep};
 };
 
@@ -120,13 +131,7 @@ TEST_F(PulseOutputTest, PausePlaysWhatIsQueuedAndRestartGoesOnWithTheNextFrame) 
   }
   output_.stop();
   ASSERT_TRUE(played_out());
-  std::uint64_t next = 0;
-  const std::vector<Stretch> played = recorded();
-  for (const Stretch& stretch : played) {
-    ASSERT_EQ(stretch.first, next) << testing::PrintToString(played);
-    next = stretch.first + stretch.frames;
-  }
-  EXPECT_EQ(next, ring_.taken());
+  expect_every_frame_in_order();
 }
 
 TEST_F(PulseOutputTest, ABufferChangeLosesNothing) {
@@ -163,13 +168,7 @@ TEST_F(PulseOutputTest, ALateRenderThreadIsWaitedForAndNothingIsPutInItsPlace) {
   ASSERT_TRUE(played_further(kRequest * 4));
   output_.stop();
   ASSERT_TRUE(played_out());
-  std::uint64_t next = 0;
-  const std::vector<Stretch> played = recorded();
-  for (const Stretch& stretch : played) {
-    ASSERT_EQ(stretch.first, next) << testing::PrintToString(played);
-    next = stretch.first + stretch.frames;
-  }
-  EXPECT_EQ(next, ring_.taken());
+  expect_every_frame_in_order();
 }
 
 // The tail is shorter than what the server waits for before it begins.

@@ -40,6 +40,15 @@ const BadFile kBadFiles[] = {
 
 class BadSong : public testing::TestWithParam<BadFile> {
  protected:
+  // All that was heard are these two songs, the second 30 ms after the first at most.
+  void expect_follows(const AddedSong& first, const AddedSong& last) {
+    SongFinder finder(rig.sound());
+    const std::size_t begin = finder.take(first.sound);
+    const std::size_t next = finder.take(last.sound);
+    EXPECT_LE(finder.rest(), 1.0);
+    EXPECT_LE(next, begin + first.sound.size() + 30 * kSampleRate / 1000);
+  }
+
   PlayerRig rig;
 };
 
@@ -55,11 +64,7 @@ TEST_P(BadSong, ByASongsNameIsPassedOverAndCostsNothingButItself) {
   rig.play();
   ASSERT_TRUE(rig.run_until_stopped(5000));
   rig.run(20);
-  SongFinder finder(rig.sound());
-  const std::size_t begin = finder.take(first.sound);
-  const std::size_t next = finder.take(last.sound);
-  EXPECT_LE(finder.rest(), 1.0);
-  EXPECT_LE(next, begin + first.sound.size() + 30 * kSampleRate / 1000);
+  expect_follows(first, last);
   record_fault(std::string("added as a song: ") + GetParam().kind,
                "passed over, nothing is waited for, no other is lost",
                "line \"" + rig.controls().PlayList.List(1).substr(0, 5) + "...\", all others heard");
@@ -118,11 +123,7 @@ TEST_P(BadSong, IsPassedOverWhereASongHasBecomeOne) {
   rig.play();
   ASSERT_TRUE(rig.run_until_stopped(10'000));
   rig.run(20);
-  SongFinder finder(rig.sound());
-  const std::size_t begin = finder.take(first.sound);
-  const std::size_t next = finder.take(last.sound);
-  EXPECT_LE(finder.rest(), 1.0);
-  EXPECT_LE(next, begin + first.sound.size() + 30 * kSampleRate / 1000);
+  expect_follows(first, last);
 }
 
 TEST_P(BadSong, IsNoPlaylistEither) {

@@ -6,22 +6,14 @@
 #include <thread>
 #include <vector>
 
+#include "engine/numbered_frames.h"
 #include "engine/read/deck_ring.h"
 
 namespace tandem {
 namespace {
 
-// Every frame is its own number: exact in a float up to 2^24.
-StereoFrame numbered(std::uint64_t number) {
-  const auto value = static_cast<float>(number & 0xFFFFFF);
-  return {value, -value};
-}
-
-std::vector<StereoFrame> numbers(std::uint64_t from, std::size_t count) {
-  std::vector<StereoFrame> frames(count);
-  for (std::size_t i = 0; i < count; ++i) frames[i] = numbered(from + i);
-  return frames;
-}
+using test::numbered;
+using test::numbers;
 
 // The writer fills whatever room there is while the reader reads, goes back and skips: no frame may ever be another
 // than its number says.
