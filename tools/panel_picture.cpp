@@ -1,4 +1,4 @@
-// Draws the panel in a named state, or a sheet of specimens, to a PNG, without a screen:
+// Draws the panel in a named state, or a sheet of samples, to a PNG, without a screen:
 //   panel_picture NAME PERCENT FILE.png
 // NAME is one of those that the program lists when called without arguments.
 #include <QApplication>

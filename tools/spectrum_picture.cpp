@@ -24,7 +24,7 @@ using enum SpectrumSetting;
 
 using Settings = std::vector<std::pair<SpectrumSetting, int>>;
 
-struct Specimen {
+struct Sample {
   QString name;
   Settings settings;
 };
@@ -77,16 +77,16 @@ class Show {
   std::size_t heard_ = 0;
 };
 
-void add(std::vector<Specimen>& all, const char* name, SpectrumSetting setting, std::initializer_list<int> values,
+void add(std::vector<Sample>& all, const char* name, SpectrumSetting setting, std::initializer_list<int> values,
          const Settings& with = {}) {
   for (const int value : values) {
-    Specimen specimen{QStringLiteral("%1 %2").arg(name).arg(value), with};
-    specimen.settings.emplace_back(setting, value);
-    all.push_back(std::move(specimen));
+    Sample sample{QStringLiteral("%1 %2").arg(name).arg(value), with};
+    sample.settings.emplace_back(setting, value);
+    all.push_back(std::move(sample));
   }
 }
 
-void add_kinds(std::vector<Specimen>& all) {
+void add_kinds(std::vector<Sample>& all) {
   constexpr const char* kNames[] = {"Points", "Lines", "V.Lines", "Bar", "Picks", "Roll"};
   for (int kind = 0; kind < kAnalyserKinds; ++kind) {
     all.push_back({QStringLiteral("Type %1, L.e.d. on").arg(kNames[kind]), {{Kind, kind}}});
@@ -94,8 +94,8 @@ void add_kinds(std::vector<Specimen>& all) {
   }
 }
 
-std::vector<Specimen> specimens() {
-  std::vector<Specimen> all;
+std::vector<Sample> samples() {
+  std::vector<Sample> all;
   add_kinds(all);
   add(all, "Grid", DrawGrid, {0, 1});
   add(all, "Inactive", DrawInactive, {0, 1});
@@ -126,7 +126,7 @@ QImage page(int cells) {
 QPoint cell(int index) { return {10 + index % kColumns * kCell.width(), 18 + index / kColumns * kCell.height()}; }
 
 QImage sheet(std::span<const SoundFrame> music) {
-  const std::vector<Specimen> all = specimens();
+  const std::vector<Sample> all = samples();
   QImage image = page(static_cast<int>(all.size()));
   QPainter painter(&image);
   for (int i = 0; i < static_cast<int>(all.size()); ++i) {

@@ -13,7 +13,7 @@ namespace tandem {
 class LatencyPolicy {
  public:
   using Milliseconds = std::int64_t;
-  static constexpr Milliseconds kAlone = 3000;           // after the user has left, until the queue is long
+  static constexpr Milliseconds kUserGone = 3000;        // after the user has left, until the queue is long
   static constexpr Milliseconds kIdle = 60'000;          // without input for this long the user counts as away
   static constexpr Milliseconds kAppears = 1000;         // after the start, until a window that cannot be seen counts
   static constexpr Milliseconds kCaution = 60'000;       // after a first underrun
@@ -27,30 +27,31 @@ class LatencyPolicy {
     return rested;
   }
 
-  // `near`: the panel has the pointer or the keyboard; `seen`: it is on a screen; `breaks`: underruns, ever.
-  // The user who has just started the program is near: the queue keeps its length until the window has appeared, for
+  // `user_present`: the panel has the pointer or the keyboard; `window_visible`: it is on a screen; `underruns`: ever.
+  // The user who has just started the program is present: the queue keeps its length until the window has appeared, for
   // each change of length is a moment in which a busy machine may be late.
-  bool deep(Milliseconds now, bool near, bool seen, std::uint64_t breaks) noexcept {
-    if (!begun_) begun_ = near_ = now;
-    if (near && now - last_input_ <= kIdle) near_ = now;
-    if (std::exchange(underruns_, breaks) != breaks && !deep_) be_cautious(now);
-    deep_ = now - near_ > kAlone || now < cautious_until_ || (!(seen || near) && now - *begun_ > kAppears);
+  bool deep(Milliseconds now, bool user_present, bool window_visible, std::uint64_t underruns) noexcept {
+    if (!begun_) begun_ = present_at_ = now;
+    if (user_present && now - last_input_ <= kIdle) present_at_ = now;
+    if (std::exchange(underruns_, underruns) != underruns && !deep_) be_cautious(now);
+    deep_ = now - present_at_ > kUserGone || now < cautious_until_ ||
+            (!(window_visible || user_present) && now - *begun_ > kAppears);
     return deep_;
   }
 
  private:
   void be_cautious(Milliseconds now) noexcept {
-    caution_ = now - broke_ > kForgotten ? kCaution : std::min(2 * caution_, kMostCaution);
-    broke_ = now;
+    caution_ = now - last_underrun_ > kForgotten ? kCaution : std::min(2 * caution_, kMostCaution);
+    last_underrun_ = now;
     cautious_until_ = now + caution_;
   }
 
   std::optional<Milliseconds> begun_;
-  Milliseconds near_ = 0;        // when the user was last near
+  Milliseconds present_at_ = 0;  // when the user was last present
   Milliseconds last_input_ = 0;  // when the user last did anything
   Milliseconds cautious_until_ = 0;
   Milliseconds caution_ = 0;
-  Milliseconds broke_ = -kForgotten - 1;
+  Milliseconds last_underrun_ = -kForgotten - 1;
   std::uint64_t underruns_ = 0;
   bool deep_ = false;
 };

@@ -22,8 +22,8 @@ namespace tandem {
 
 namespace {
 
-constexpr double kAttendedFrame = 1000.0 / 60;  // milliseconds from frame to frame with the user near
-constexpr double kUnattendedFrame = 1000.0 / 30;
+constexpr double kActiveFrame = 1000.0 / 60;  // milliseconds from frame to frame with the user present
+constexpr double kInactiveFrame = 1000.0 / 30;
 constexpr TimerQueue::Milliseconds kPoll = 10;  // while the device is about to answer
 // So long the desktop waits for a window that is not to be seen.
 constexpr TimerQueue::Milliseconds kWaitForWindow = 1000;
@@ -70,7 +70,7 @@ void Player::show() {
     moving_ = true;
     clock_->reschedule();
   };
-  hooks.user_acts = [this] { user_acts(); };
+  hooks.user_action = [this] { user_action(); };
   hooks.drop = [this](const std::vector<std::string>& paths) { intake_.drop(paths); };
   if (ShmPresenter::is_possible())
     hooks.present = [this](const QImage& picture, std::span<const QRect> boxes) {
@@ -86,25 +86,25 @@ void Player::show() {
   shown_ = clock_->now();
   watch_window();
   input_watch_ = std::make_unique<UserInputWatch>([this] { user_moves(); });
-  wakeup_.answer([this] { clock_->reschedule(); });
+  wakeup_.connect([this] { clock_->reschedule(); });
   clock_->reschedule();
 }
 
 // A handler may have started a timer or sent commands to the engine: both are handled as soon as it has returned.
-void Player::user_acts() {
-  engine_.rest_for(0);
+void Player::user_action() {
+  engine_.skip_ticks_for(0);
   clock_->reschedule();
 }
 
 // The first move after a rest is answered by a short queue at once.
 void Player::user_moves() {
-  if (queue_depth_.note_input(clock_->now())) clock_->reschedule();
+  if (latency_policy_.note_input(clock_->now())) clock_->reschedule();
 }
 
 void Player::attend(Milliseconds now) {
-  engine_.set_deep_queue(queue_depth_.deep(now, window_->attended(), window_->exposed(), output_.underruns()));
+  engine_.set_deep_queue(latency_policy_.deep(now, window_->attended(), window_->exposed(), output_.underruns()));
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
-  engine_.rest_for(forecast.quiet);
+  engine_.skip_ticks_for(forecast.quiet);
   engine_.set_mix_point(forecast.deck, forecast.mix_point);
 }
 
@@ -146,7 +146,7 @@ std::optional<TimerQueue::Milliseconds> Player::draw_frame(Milliseconds now) {
   if (window_->exposed() || QAccessible::isActive()) show_mix(now);
   if (!window_->exposed()) return std::nullopt;
   const Milliseconds before = frames_.last();
-  if (frames_.take(now, window_->attended() ? kAttendedFrame : kUnattendedFrame)) {
+  if (frames_.take(now, window_->attended() ? kActiveFrame : kInactiveFrame)) {
     window_->visual().feed(pump_.take(output_.frames_played()));
     if (moving_ || !window_->visual().at_rest()) moving_ = window_->frame(static_cast<double>(now - before) / 1000);
   }
@@ -198,7 +198,7 @@ void Player::save_at_exit() {
 
 void Player::leave_desktop() {
   close();
-  wakeup_.answer(nullptr);
+  wakeup_.connect(nullptr);
   input_watch_.reset();
   clock_.reset();
   dialog_.leave_desktop();
@@ -207,7 +207,7 @@ void Player::leave_desktop() {
   services_.reset();
   remote_.reset();
   motion_.reset();
-  cover_watch_.reset();
+  occlusion_watch_.reset();
   compositor_watch_.reset();
   presenter_.reset();
   window_.reset();

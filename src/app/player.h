@@ -62,7 +62,7 @@ class Player {
   void attend(Milliseconds now);
   void user_moves();
   void ask_the_system(Milliseconds now);
-  void user_acts();
+  void user_action();
   void join_desktop();
   void follow_compositor();
   void watch_window();
@@ -85,7 +85,7 @@ class Player {
   std::unique_ptr<UserInputWatch> input_watch_;
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<ShmPresenter> presenter_;
-  std::unique_ptr<OcclusionWatch> cover_watch_;
+  std::unique_ptr<OcclusionWatch> occlusion_watch_;
   std::unique_ptr<CompositorWatch> compositor_watch_;
   std::optional<RtKit> realtime_kit_;
   std::optional<ReducedMotionSetting> motion_;
@@ -94,7 +94,7 @@ class Player {
   std::optional<PanelMenu> menu_;
   std::optional<RuntimeError> failure_;
   FramePacer frames_;
-  LatencyPolicy queue_depth_;
+  LatencyPolicy latency_policy_;
   Milliseconds mix_shown_ = 0;
   Flag mixing_ = kFalse;  // as it was shown last
   Milliseconds shown_ = 0;

@@ -19,7 +19,7 @@ void use_token(const std::string& token) {
 }  // namespace
 
 void Player::join_desktop() {
-  remote_.emplace(program_, PanelRemote::Hooks{[this] { user_acts(); },
+  remote_.emplace(program_, PanelRemote::Hooks{[this] { user_action(); },
                                                [this](const std::vector<std::string>& paths) { intake_.drop(paths); },
                                                [this] { return !intake_.is_empty(); }});
   DesktopServices::Hooks hooks;
@@ -35,8 +35,8 @@ void Player::join_desktop() {
 
 void Player::watch_window() {
   presenter_ = std::make_unique<ShmPresenter>(*window_->windowHandle());
-  cover_watch_ = std::make_unique<OcclusionWatch>(*window_->windowHandle(),
-                                                  [this](bool covered) { window_->set_covered(covered); });
+  occlusion_watch_ = std::make_unique<OcclusionWatch>(*window_->windowHandle(),
+                                                      [this](bool covered) { window_->set_covered(covered); });
 }
 
 // Menus and dialogs hang on the window that would be made again, the portal's and that of the progress too: as long as
@@ -47,7 +47,7 @@ void Player::follow_compositor() {
   if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return;
   if (QThread::currentThread()->loopLevel() > 1 || !intake_.is_empty()) return;
   presenter_.reset();
-  cover_watch_.reset();
+  occlusion_watch_.reset();
   window_->set_covered(false);
   window_->set_composited(compositor_watch_->composites());
   watch_window();

@@ -32,7 +32,7 @@ const char* status_text(PanelRemote::Motion motion) {
 }  // namespace
 
 MprisPlayer::MprisPlayer(sd_bus* bus, PanelRemote& remote, Hooks hooks)
-    : bus_(bus), remote_(remote), hooks_(std::move(hooks)), shown_(face()), seeks_(remote.seeks()) {
+    : bus_(bus), remote_(remote), hooks_(std::move(hooks)), shown_(properties()), seeks_(remote.seeks()) {
   if (shown_.motion != Motion::Stopped) ++songs_begun_;
   sd_bus_add_object_vtable(bus_, nullptr, kMprisObject, "org.mpris.MediaPlayer2", kRootTable, this);
   sd_bus_add_object_vtable(bus_, nullptr, kMprisObject, kPlayerInterface, kPlayerTable, this);
@@ -47,28 +47,27 @@ int MprisPlayer::on_name(sd_bus_message* answer, void* self, sd_bus_error*) {
   return sd_bus_request_name_async(static_cast<MprisPlayer*>(self)->bus_, nullptr, second.c_str(), 0, nullptr, nullptr);
 }
 
-MprisPlayer::Face MprisPlayer::face() const {
+MprisPlayer::Properties MprisPlayer::properties() const {
   return {remote_.motion(), remote_.deck(),     remote_.song(),        remote_.length(),
           remote_.volume(), remote_.can_play(), remote_.can_go_next(), remote_.can_seek()};
 }
 
 void MprisPlayer::update(std::int64_t now) {
-  Face now_shown = face();
+  const Properties current = properties();
   // Two lines may be of the same file; what follows on comes from the other deck.
-  const bool began =
-      now_shown.motion != Motion::Stopped &&
-      (shown_.motion == Motion::Stopped || now_shown.song != shown_.song || now_shown.deck != shown_.deck);
+  const bool began = current.motion != Motion::Stopped &&
+                     (shown_.motion == Motion::Stopped || current.song != shown_.song || current.deck != shown_.deck);
   if (began) ++songs_begun_;
-  std::swap(shown_, now_shown);
-  signal_changes(now_shown);
-  if (!began) signal_jumps(now_shown, now);
+  const Properties before = std::exchange(shown_, current);
+  signal_changes(before);
+  if (!began) signal_jumps(before, now);
   position_ = remote_.position();
   looked_ = now;
   seeks_ = remote_.seeks();
 }
 
 // A property whose value is asked for is read then, so it only needs to be named here.
-void MprisPlayer::signal_changes(const Face& before) {
+void MprisPlayer::signal_changes(const Properties& before) {
   std::array<const char*, 9> names{};
   std::size_t count = 0;
   const auto name_if = [&](bool changed, const char* name) {
@@ -89,7 +88,7 @@ void MprisPlayer::signal_changes(const Face& before) {
   sd_bus_emit_properties_changed_strv(bus_, kMprisObject, kPlayerInterface, list.data());
 }
 
-void MprisPlayer::signal_jumps(const Face& before, std::int64_t now) {
+void MprisPlayer::signal_jumps(const Properties& before, std::int64_t now) {
   if (shown_.motion == Motion::Stopped || before.motion == Motion::Stopped) return;
   const bool sought = remote_.seeks() != seeks_;
   const std::int64_t way = before.motion == Motion::Playing ? now - looked_ : 0;

@@ -35,7 +35,7 @@ class MprisPlayer {
 
  private:
   using Motion = PanelRemote::Motion;
-  struct Face {  // what the interface shows, but for the position
+  struct Properties {  // what the interface shows, but for the position
     Motion motion = Motion::Stopped;
     int deck = -1;
     std::string song;
@@ -46,9 +46,9 @@ class MprisPlayer {
     bool can_seek = false;
   };
 
-  Face face() const;
-  void signal_changes(const Face& now_shown);
-  void signal_jumps(const Face& now_shown, std::int64_t now);
+  Properties properties() const;
+  void signal_changes(const Properties& before);
+  void signal_jumps(const Properties& before, std::int64_t now);
   void signal_position() const;
   void signal_seek();  // that was asked for by a call
   int append_metadata(sd_bus_message* reply) const;
@@ -70,7 +70,7 @@ class MprisPlayer {
   sd_bus* bus_;
   PanelRemote& remote_;
   Hooks hooks_;
-  Face shown_;
+  Properties shown_;
   std::uint64_t songs_begun_ = 0;
   std::int32_t position_ = 0;  // milliseconds, at the last update
   std::int64_t looked_ = 0;    // milliseconds: the time of it

@@ -13,13 +13,13 @@ namespace {
 
 class Act {
  public:
-  explicit Act(const std::function<void()>& user_acts) : user_acts_(user_acts) { user_acts_(); }
-  ~Act() { user_acts_(); }
+  explicit Act(const std::function<void()>& user_action) : user_action_(user_action) { user_action_(); }
+  ~Act() { user_action_(); }
   Act(const Act&) = delete;
   Act& operator=(const Act&) = delete;
 
  private:
-  const std::function<void()>& user_acts_;
+  const std::function<void()>& user_action_;
 };
 
 }  // namespace
@@ -73,7 +73,7 @@ bool PanelRemote::can_seek() const {
 
 void PanelRemote::click(Button& button) {
   if (!button.Enabled) return;
-  const Act act(hooks_.user_acts);
+  const Act act(hooks_.user_action);
   button.press.raise();
   button.click.raise();
   button.release.raise();
@@ -85,7 +85,7 @@ bool PanelRemote::can_remove_line() const {
 
 void PanelRemote::remove_line() {
   if (!can_remove_line()) return;
-  const Act act(hooks_.user_acts);
+  const Act act(hooks_.user_action);
   program_.controls.PlayList.user_double_click(controls().PlayList.ListIndex());
 }
 
@@ -118,7 +118,7 @@ void PanelRemote::next() {
 bool PanelRemote::seek_to(std::int64_t position) {
   Slider& slider = program_.controls.Slider1;
   if (!can_seek() || slider.held() || position < slider.minimum() || position > slider.maximum()) return false;
-  const Act act(hooks_.user_acts);
+  const Act act(hooks_.user_action);
   slider.user_press();
   if (position != slider.value()) slider.move(static_cast<std::int32_t>(position));
   slider.user_release();
@@ -130,7 +130,7 @@ void PanelRemote::put_volume(double volume) {
   if (!std::isfinite(volume) || !wheel.Enabled) return;
   const auto wanted = static_cast<std::int32_t>(std::lround(std::clamp(volume, 0.0, 1.0) * wheel.maximum()));
   if (wanted == wheel.value()) return;
-  const Act act(hooks_.user_acts);
+  const Act act(hooks_.user_action);
   wheel.move(wanted);
 }
 
@@ -147,7 +147,7 @@ void PanelRemote::play_awaited() {
   const std::int32_t line = *std::exchange(awaited_line_, std::nullopt);
   if (motion() != Motion::Stopped || controls().PlayList.ListCount() <= line) return;
   {
-    const Act act(hooks_.user_acts);
+    const Act act(hooks_.user_action);
     program_.controls.PlayList.user_select(line);
   }
   start();

@@ -19,7 +19,7 @@ class PanelRemote {
   enum class Motion { Stopped, Playing, Paused };
 
   struct Hooks {
-    std::function<void()> user_acts;                            // before and after every act
+    std::function<void()> user_action;                          // before and after every user action
     std::function<void(const std::vector<std::string>&)> drop;  // songs to be added as a drop on the window adds them
     std::function<bool()> adding;  // whether some are still on their way into the list; empty: drop adds at once
   };

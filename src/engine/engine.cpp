@@ -38,17 +38,17 @@ Engine::~Engine() {
 }
 
 MixTick Engine::mix_tick() {
-  return {[this] { return mix_clock_->running(); }, [this] { mix_clock_->tick_now(); },
-          [this] { return mix_clock_->ticks(); }};
+  return {[this] { return mix_timer_->running(); }, [this] { mix_timer_->tick_now(); },
+          [this] { return mix_timer_->ticks(); }};
 }
 
 void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
   auto mixer = std::make_unique<MixerControl>(decks_, commands_);
   auto device = std::make_unique<DeviceControl>(output_, commands_);
-  auto mix_clock = std::make_unique<MixTimer>(timers);
+  auto mix_timer = std::make_unique<MixTimer>(timers);
   mixer_ = mixer.get();
   device_ = device.get();
-  mix_clock_ = mix_clock.get();
+  mix_timer_ = mix_timer.get();
   song_end_ = std::make_unique<SongEnd>(decks_, *mixer_, mix_tick());
 
   for (int i = 0; i < 2; ++i) {
@@ -64,7 +64,7 @@ void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
   graph.WaveOut = std::move(device);
   graph.MMConnectorX1 = std::make_unique<Connector>();
   graph.Helper = std::make_unique<TimeText>();
-  graph.MixTimer = std::move(mix_clock);
+  graph.MixTimer = std::move(mix_timer);
   graph.Timer = std::make_unique<HiTimer>(timers, 200, true);
   graph.ListTimer = std::make_unique<HiTimer>(timers, 2500, false);
 }
@@ -81,8 +81,8 @@ void Engine::take_events() {
       case RenderEvent::Kind::SongEnded:
         song_end_->report(event);
         break;
-      case RenderEvent::Kind::GateClosed:
-        device_->gate_closed();
+      case RenderEvent::Kind::FadedOut:
+        device_->faded_out();
         break;
       case RenderEvent::Kind::RetiredShifter:
         delete event.shifter;
@@ -101,18 +101,18 @@ void Engine::deliver() {
   take_events();
   while (song_end_->deliver_one()) {
   }
-  const SilenceGuard::State now{mix_clock_->running() && device_->playing(), mixer_->Mute(0) && mixer_->Mute(1),
+  const SilenceGuard::State now{mix_timer_->running() && device_->playing(), mixer_->Mute(0) && mixer_->Mute(1),
                                 chain_.steps(), chain_.last_live_step()};
   if (silence_guard_.due(now)) song_end_->break_silence();
   device_->watch_device();
   wake();
 }
 
-void Engine::rest_for(std::int64_t milliseconds) {
+void Engine::skip_ticks_for(std::int64_t milliseconds) {
   if (milliseconds > 0) {
-    mix_clock_->rest_for(milliseconds);
+    mix_timer_->skip_ticks_for(milliseconds);
   } else {
-    mix_clock_->hasten();
+    mix_timer_->hasten();
   }
   if (!render_thread_) return;
   const auto steps = static_cast<std::uint64_t>(std::max<std::int64_t>(milliseconds, 0) / kStepMilliseconds);
@@ -121,11 +121,11 @@ void Engine::rest_for(std::int64_t milliseconds) {
 
 void Engine::set_mix_point(int deck, std::int64_t after_milliseconds) {
   if (!render_thread_) return;
-  if (deck < 0) return render_thread_->mix_hold().clear();
+  if (deck < 0) return render_thread_->mix_point_wait().clear();
   const Frames frame = frames_of(after_milliseconds + 1);
   const bool first_of_it = milliseconds_of(frame) > after_milliseconds;
-  render_thread_->mix_hold().put(deck, decks_[static_cast<std::size_t>(deck)].generation(),
-                                 first_of_it ? frame : frame + 1);
+  render_thread_->mix_point_wait().put(deck, decks_[static_cast<std::size_t>(deck)].generation(),
+                                       first_of_it ? frame : frame + 1);
 }
 
 void Engine::set_deep_queue(bool deep) {
@@ -158,7 +158,7 @@ void Engine::step_unattended() {
   render_one_step();
 }
 
-// The commands may just have opened or closed the gate.
+// The commands may just have begun a fade or ended one.
 void Engine::render_one_step() {
   if (!output_.consuming() || !chain_.wants_render()) return;
   std::array<StereoFrame, kStepFrames> block;

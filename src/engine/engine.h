@@ -53,7 +53,7 @@ class Engine {
 
   // No mix tick is needed for the next `milliseconds`: ticks are skipped and several steps are rendered per wake-up.
   // 0 cancels.
-  void rest_for(std::int64_t milliseconds);
+  void skip_ticks_for(std::int64_t milliseconds);
   // The panel starts the next song when this deck's position is past that millisecond: rendering waits there briefly
   // for the panel's tick, so that a late tick makes no late overlap. Deck -1: no wait. Threads only.
   void set_mix_point(int deck, std::int64_t after_milliseconds);
@@ -100,7 +100,7 @@ class Engine {
   // Owned by the graph.
   MixerControl* mixer_ = nullptr;
   DeviceControl* device_ = nullptr;
-  MixTimer* mix_clock_ = nullptr;
+  MixTimer* mix_timer_ = nullptr;
 
   std::unique_ptr<SongEnd> song_end_;
   SilenceGuard silence_guard_;

@@ -15,7 +15,7 @@ struct Clock : testing::Test {
 };
 
 TEST_F(Clock, RestsAndTicksOnEveryTenMillisecondsAfterwards) {
-  clock.rest_for(1000);
+  clock.skip_ticks_for(1000);
   queue.advance(999);
   EXPECT_EQ(clock.ticks(), 0U);
   queue.advance(1000);
@@ -24,21 +24,21 @@ TEST_F(Clock, RestsAndTicksOnEveryTenMillisecondsAfterwards) {
 }
 
 TEST_F(Clock, AShorterRestReplacesALongerOne) {
-  clock.rest_for(1000);
+  clock.skip_ticks_for(1000);
   queue.advance(100);
-  clock.rest_for(150);
+  clock.skip_ticks_for(150);
   EXPECT_EQ(next(), 250);
 }
 
 TEST_F(Clock, ALongerRestReplacesAShorterOne) {
-  clock.rest_for(150);
+  clock.skip_ticks_for(150);
   queue.advance(100);
-  clock.rest_for(1000);
+  clock.skip_ticks_for(1000);
   EXPECT_EQ(next(), 1100);
 }
 
 TEST_F(Clock, HastenedItTicksWithinOneInterval) {
-  clock.rest_for(1000);
+  clock.skip_ticks_for(1000);
   queue.advance(100);
   clock.hasten();
   EXPECT_EQ(next(), 110);
@@ -46,7 +46,7 @@ TEST_F(Clock, HastenedItTicksWithinOneInterval) {
 
 TEST_F(Clock, StoppedItDoesNotRestAndDoesNotTick) {
   clock.put_Interval(0);
-  clock.rest_for(50);
+  clock.skip_ticks_for(50);
   EXPECT_EQ(queue.next_due(), std::nullopt);
   EXPECT_FALSE(clock.running());
 }

@@ -21,7 +21,7 @@ namespace tandem::test {
 namespace {
 
 constexpr double kSong = 15;  // seconds
-int processes_wished() {
+int busy_processes() {
   const char* setting = std::getenv("TANDEM_BUSY_PROCESSES");
   return setting != nullptr ? std::max(std::atoi(setting), 1) : 4;
 }
@@ -122,7 +122,7 @@ TEST_P(BusyMachine, LosesNothing) {
   std::this_thread::sleep_for(kAlone);
   const int queued = program.queued_milliseconds();
   EXPECT_GE(queued, setting.least_queue);
-  BusyProcesses others(processes_wished(), program.disk_file("written"));
+  BusyProcesses others(busy_processes(), program.disk_file("written"));
   const auto limit =
       std::chrono::steady_clock::now() + std::chrono::seconds(std::lround(program.expected_seconds()) + 60);
   while (!program.over(3) && std::chrono::steady_clock::now() < limit) std::this_thread::sleep_for(kLook);
@@ -135,7 +135,7 @@ TEST_P(BusyMachine, LosesNothing) {
   EXPECT_GE(late, 0);
   EXPECT_GT(others.written_megabytes(), 0);
   EXPECT_GT(others.processor_seconds(), 0);
-  record_fault(std::to_string(processes_wished()) + " processes compute and one writes to the disk for " +
+  record_fault(std::to_string(busy_processes()) + " processes compute and one writes to the disk for " +
                    std::to_string(setting.seconds()) + " s, " + setting.text() + " (" + std::to_string(queued) +
                    " ms at the sound server)",
                setting.expected(), figures(heard, plain, late, songs - 1, others));

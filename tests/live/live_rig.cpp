@@ -76,7 +76,7 @@ void LiveRig::work() {
   program_.timers.advance(now());
   engine_.deliver();
   const MixForecast forecast = mix_forecast(program_, engine_.sounding());
-  engine_.rest_for(forecast.quiet);
+  engine_.skip_ticks_for(forecast.quiet);
   engine_.set_mix_point(forecast.deck, forecast.mix_point);
   collect();
 }

@@ -43,7 +43,7 @@ TEST(Key, GlowsOnlyWhenLitAndEnabled) {
 }
 
 TEST(Key, ADisabledKeyIgnoresTheMouse) {
-  KeyState look{.face = Icon::Next, .caption = u"x"_s};
+  KeyState look{.icon = Icon::Next, .caption = u"x"_s};
   look.interaction.enabled = false;
   const QImage rest = key_picture(look);
   look.interaction.pressed = true;
@@ -53,7 +53,7 @@ TEST(Key, ADisabledKeyIgnoresTheMouse) {
 TEST(Key, EveryStateLooksDifferent) {
   QList<QImage> pictures;
   for (int state = 0; state < 5; ++state) {
-    KeyState look{.face = Icon::Play};
+    KeyState look{.icon = Icon::Play};
     look.interaction.hover = state == 1 ? 1 : 0;
     look.interaction.pressed = state == 2;
     look.interaction.focused = state == 3;
@@ -85,8 +85,8 @@ TEST(Icon, IconesAreInTheirOrder) {
 }
 
 TEST(Icon, ActivePicturesHaveTheirColours) {
-  const auto middle = [](Icon face) {
-    return sketch({40, 40}, 2, [&](QPainter& p) { paint_face(p, {20, 20}, face, true); }).pixel(40 - 6, 40);
+  const auto middle = [](Icon icon) {
+    return sketch({40, 40}, 2, [&](QPainter& p) { paint_icon(p, {20, 20}, icon, true); }).pixel(40 - 6, 40);
   };
   EXPECT_EQ(middle(Icon::PlayActive), palette::kLime);
   EXPECT_EQ(middle(Icon::PauseActive), palette::kYellow);
@@ -208,7 +208,7 @@ TEST(Spinner, ButtonsLieInTheBox) {
   EXPECT_EQ(spinner_up_box(box), QRectF(122, 51, 13, 9.5));
 }
 
-TEST(SlideSwitch, TheCapIsWhereItShallBe) {
+TEST(SlideSwitch, TheCapIsAsDesigned) {
   const auto picture = [](double cap) {
     return sketch({60, 40}, 2, [&](QPainter& painter) { paint_slide_switch(painter, {4, 4, 12, 32}, {.cap = cap}); });
   };

@@ -203,7 +203,7 @@ TEST_F(AlsaOutputTest, TheServerIsPreferredAndAlsaStandsIn) {
       << "the server went: ALSA again";
 }
 
-TEST_F(AlsaOutputTest, WithoutAnyDeviceOrdersAreServedAndNothingConsumes) {
+TEST_F(AlsaOutputTest, WithoutAnyDeviceCommandsAreTakenAndNothingConsumes) {
   DeviceOutput output(ring_, "not_there");
   output.start();
   ASSERT_EQ(ring_.write(std::vector<StereoFrame>(1000)), 1000U);

@@ -33,7 +33,7 @@ long resident_kilobytes() {
   return 0;
 }
 
-int times_wished() {
+int repetitions() {
   const char* count = std::getenv("TANDEM_TEST_RESTARTS");
   return count != nullptr ? std::max(1, std::atoi(count)) : 5;
 }
@@ -85,7 +85,7 @@ class PulseOutputRecoveryTest : public PulseOutputFixture {
                              const std::function<void()>& come) {
     std::optional<Growth> growth;
     Nanoseconds slowest = 0;
-    for (int i = 0; i < times_wished(); ++i) {
+    for (int i = 0; i < repetitions(); ++i) {
       go();
       const Nanoseconds back = monotonic_now();
       come();
@@ -95,8 +95,8 @@ class PulseOutputRecoveryTest : public PulseOutputFixture {
       ASSERT_TRUE(played_further(kRequest));
       if (!growth) growth.emplace();
     }
-    growth->expect_none(times_wished());
-    test::record_fault(fault + ", " + std::to_string(times_wished()) + " times",
+    growth->expect_none(repetitions());
+    test::record_fault(fault + ", " + std::to_string(repetitions()) + " times",
                        "heard again within 2 s each time, no descriptor, thread or memory more",
                        "within " + std::to_string(slowest / kNanosecondsPerMillisecond) + " ms, " + growth->text());
   }

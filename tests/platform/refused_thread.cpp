@@ -39,7 +39,7 @@ void drop_right_to_schedule() {
   ASSERT_EQ(syscall(SYS_capset, &header, rights.data()), 0);
 }
 
-RefusedThread::RefusedThread() : thread_([this] { run(); }) { number_ = number_told_.get_future().get(); }
+RefusedThread::RefusedThread() : thread_([this] { run(); }) { number_ = number_promise_.get_future().get(); }
 
 RefusedThread::~RefusedThread() {
   if (!asked_) may_ask_.set_value();
@@ -54,7 +54,7 @@ void RefusedThread::ask() {
 }
 
 void RefusedThread::run() {
-  number_told_.set_value(gettid());
+  number_promise_.set_value(gettid());
   may_ask_.get_future().wait();
   if (asked_) {
     drop_right_to_schedule();

@@ -27,7 +27,7 @@ class RefusedThread {  // lives until it is destroyed
   std::promise<void> may_ask_;
   std::promise<void> has_asked_;
   std::promise<void> may_end_;
-  std::promise<pid_t> number_told_;
+  std::promise<pid_t> number_promise_;
   bool asked_ = false;
   std::thread thread_;
   pid_t number_ = 0;

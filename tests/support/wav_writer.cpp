@@ -53,7 +53,7 @@ Bytes encode(const Samples& samples, Encoding encoding, bool big_endian) {
   return bytes;
 }
 
-Bytes wav_format(const Signal& signal, Encoding encoding, std::uint32_t speakers, bool big_endian) {
+Bytes wav_format(const Signal& signal, Encoding encoding, std::uint32_t channel_mask, bool big_endian) {
   const auto number = [&](std::uint64_t value, unsigned count) { return number_bytes(value, count, big_endian); };
   const unsigned size = sample_bytes(encoding);
   const auto channels = static_cast<unsigned>(signal.channels);
@@ -61,9 +61,9 @@ Bytes wav_format(const Signal& signal, Encoding encoding, std::uint32_t speakers
   const unsigned tag = is_float(encoding) ? 3 : 1;
   const Bytes common = number(channels, 2) + number(rate, 4) + number(std::uint64_t{rate} * channels * size, 4) +
                        number(std::uint64_t{channels} * size, 2) + number(std::uint64_t{8} * size, 2);
-  if (speakers == 0) return number(tag, 2) + common;
+  if (channel_mask == 0) return number(tag, 2) + common;
   const Bytes guid_tail = {0x00, 0x00, 0x00, 0x00, 0x10, 0x00, 0x80, 0x00, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71};
-  return number(0xFFFE, 2) + common + number(22, 2) + number(std::uint64_t{8} * size, 2) + number(speakers, 4) +
+  return number(0xFFFE, 2) + common + number(22, 2) + number(std::uint64_t{8} * size, 2) + number(channel_mask, 4) +
          number(tag, 2) + guid_tail;
 }
 

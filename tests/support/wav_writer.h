@@ -13,8 +13,8 @@ enum class Encoding { kInt8, kInt16, kInt24, kInt32, kFloat32, kFloat64 };
 
 Bytes encode(const Samples& samples, Encoding encoding, bool big_endian = false);
 
-// The content of a format chunk; `speakers` other than 0 makes it an extensible one.
-Bytes wav_format(const Signal& signal, Encoding encoding, std::uint32_t speakers = 0, bool big_endian = false);
+// The content of a format chunk; `channel_mask` other than 0 makes it an extensible one.
+Bytes wav_format(const Signal& signal, Encoding encoding, std::uint32_t channel_mask = 0, bool big_endian = false);
 
 // A chunk with its padding; `size` is what the header of wav_chunk_saying() says.
 Bytes wav_chunk_saying(const std::string& name, const Bytes& content, std::uint64_t size, bool big_endian = false);

@@ -29,12 +29,12 @@ TEST(MixPointWaitThreads, APointThatIsJustBeingChangedIsNotWaitedFor) {
   });
   std::uint64_t wrong = 0;
   while (setting.load()) {
-    const bool holds = wait.holds({&positions[0], &positions[1]}, 0, kPatience);
+    const bool holds = wait.must_wait({&positions[0], &positions[1]}, 0, kPatience);
     wrong += holds && setting.load() ? 1U : 0U;
   }
   panel.join();
   EXPECT_EQ(wrong, 0U);
-  EXPECT_TRUE(wait.holds({&positions[0], &positions[1]}, 0, kPatience));
+  EXPECT_TRUE(wait.must_wait({&positions[0], &positions[1]}, 0, kPatience));
 }
 
 }  // namespace

@@ -79,7 +79,7 @@ void ThreadsRig::work() {
   program_->timers.advance(now_);
   engine_->deliver();
   const MixForecast forecast = mix_forecast(*program_, engine_->sounding());
-  engine_->rest_for(forecast.quiet);
+  engine_->skip_ticks_for(forecast.quiet);
   engine_->set_mix_point(forecast.deck, forecast.mix_point);
 }
 

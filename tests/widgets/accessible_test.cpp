@@ -56,7 +56,7 @@ TEST_F(Spoken, EveryStopOfTheTabChainHasANameAndARole) {
   }
 }
 
-TEST_F(Spoken, Roles) {
+TEST_F(Spoken, RolesFitTheKindOfControl) {
   EXPECT_EQ(of("PLAY").role(), QAccessible::Button);
   EXPECT_EQ(of("Volume").role(), QAccessible::Dial);
   EXPECT_EQ(of("MMSwitch1").role(), QAccessible::Dial);
@@ -69,7 +69,7 @@ TEST_F(Spoken, Roles) {
   EXPECT_EQ(of("MeterVol").role(), QAccessible::ProgressBar);
 }
 
-TEST_F(Spoken, Values) {
+TEST_F(Spoken, ValuesAreWhatIsShown) {
   rig.controls().LblPosition.Caption = "01:23";
   EXPECT_EQ(accessible_name("LblPosition"), "Position: 01:23");
   EXPECT_EQ(value("LblPosition"), "01:23");
@@ -150,7 +150,7 @@ TEST_F(Spoken, LinesOfTheList) {
   EXPECT_FALSE(last.isValid());
 }
 
-TEST_F(Spoken, Displays) {
+TEST_F(Spoken, OnlyTheDisplayThatIsShown) {
   rig.controls().MMSwitchX1.move(0);
   rig.frame(0);
   EXPECT_EQ(accessible_name("MMSpectrum1"), "Spectrum analyser");
@@ -223,7 +223,7 @@ TEST_F(Spoken, ValuesAreSetAsByTheMouse) {
 // The sound follows at once, and what was begun is looked after again, even when a dialog was open meanwhile.
 TEST_F(Spoken, ActsAreReportedBeforeAndAfter) {
   std::vector<std::string> log;
-  rig.user_acts = [&log] { log.emplace_back("act"); };
+  rig.user_action = [&log] { log.emplace_back("act"); };
   const auto log_change = [&log](ValuedControl& control) {
     control.change.connect([&log] { log.emplace_back("done"); });
   };

@@ -50,7 +50,7 @@ TEST_P(PushKey, IsClickedByTheMouse) {
 
 // A click may last as long as a dialog is open.
 TEST_P(PushKey, ActsAreReportedBeforeAndAfter) {
-  rig.user_acts = [this] { events.emplace_back("act"); };
+  rig.user_action = [this] { events.emplace_back("act"); };
   rig.release({300, 60});
   events.clear();
   rig.key(GetParam().key, GetParam().with);

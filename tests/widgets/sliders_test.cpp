@@ -53,7 +53,7 @@ TEST(BandFader, TheWholeColumnIsItsOwn) {
   EXPECT_EQ(rig.controls().sl0[5].value(), 0);
 }
 
-TEST(BandFader, Keys) {
+TEST(BandFader, IsMovedByKeys) {
   WindowRig rig;
   rig.show_equalizer();
   Slider& band = rig.controls().sl0[7];

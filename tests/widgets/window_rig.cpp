@@ -40,8 +40,8 @@ WindowRig::WindowRig() : watch_(std::make_unique<PaintWatch>()) {
   PanelWindow::Hooks hooks;
   hooks.close = [this] { ++closes; };
   hooks.frame_wanted = [this] { ++frames_wanted; };
-  hooks.user_acts = [this] {
-    if (user_acts) user_acts();
+  hooks.user_action = [this] {
+    if (user_action) user_action();
   };
   hooks.drop = [this](const std::vector<std::string>& paths) {
     const auto has_sound = [](const std::string& path) { return measure_song(path).value_or(MeasuredSong{}).opens; };

@@ -60,7 +60,7 @@ class WindowRig {
   std::unique_ptr<PanelWindow> window;
   int closes = 0;
   int frames_wanted = 0;
-  std::function<void()> user_acts;  // before and after every act
+  std::function<void()> user_action;  // before and after every user action
 
  private:
   class PaintWatch;

@@ -102,7 +102,7 @@ TEST_F(WindowColours, ViewKeysAndStud) {
   rig.release(rig.middle("Command2"));
 }
 
-TEST_F(WindowColours, Lamps) {
+TEST_F(WindowColours, LampsAreLitAndDark) {
   rig.show_board();
   controls().AMLed1.click.raise();
   EXPECT_EQ(at("AMLed1", 9, 9), 0xFFFF8000);

@@ -163,7 +163,7 @@ TEST(WindowButtons, CloseAndItsKeys) {
   EXPECT_EQ(third.closes, 1);
 }
 
-TEST(WindowButtons, Minimise) {
+TEST(WindowButtons, MinimiseIconifiesTheWindow) {
   WindowRig rig;
   rig.click("Minimise");
   EXPECT_TRUE(rig.window->isMinimized());

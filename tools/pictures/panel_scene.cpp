@@ -78,7 +78,7 @@ PanelScene::PanelScene(std::string_view name, double scale) {
   PanelWindow::Hooks hooks;
   hooks.close = [] {};
   hooks.frame_wanted = [] {};
-  hooks.user_acts = [] {};
+  hooks.user_action = [] {};
   hooks.drop = [](const auto&) {};
   window_ = std::make_unique<PanelWindow>(*controls_, views_of(sound_), std::move(hooks));
   window_->set_composited(state.shadow);

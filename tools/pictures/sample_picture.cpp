@@ -24,8 +24,8 @@ QImage drawn(const QSize& size, double scale, const std::function<void(QPainter&
 
 }  // namespace
 
-std::span<const SpecimenSheet> specimen_sheets() {
-  static constexpr SpecimenSheet kSheets[] = {
+std::span<const SampleSheet> sample_sheets() {
+  static constexpr SampleSheet kSheets[] = {
       {"sheet-keys", kKeysSheetWidth, kStatesSheetHeight, paint_keys_sheet},
       {"sheet-controls", kControlsSheetWidth, kStatesSheetHeight, paint_controls_sheet},
       {"sheet-glass", kGlassSheetWidth, kGlassSheetHeight, paint_glass_sheet},
@@ -35,12 +35,12 @@ std::span<const SpecimenSheet> specimen_sheets() {
 
 std::vector<std::string_view> picture_names() {
   std::vector<std::string_view> names = panel_states();
-  for (const SpecimenSheet& sheet : specimen_sheets()) names.push_back(sheet.name);
+  for (const SampleSheet& sheet : sample_sheets()) names.push_back(sheet.name);
   return names;
 }
 
 QImage sample_picture(std::string_view name, double scale) {
-  for (const SpecimenSheet& sheet : specimen_sheets()) {
+  for (const SampleSheet& sheet : sample_sheets()) {
     if (sheet.name == name) return drawn({sheet.width, sheet.height}, scale, sheet.paint);
   }
   const auto states = panel_states();

@@ -76,12 +76,12 @@ void paint_knobs(QPainter& painter) {
   paint_slide_switch(painter, {kLeft + 226, 318, 12, 32}, {.position = 1, .cap = 1, .interaction = kFocus});
 }
 
-void paint_faces(QPainter& painter) {
+void paint_icons(QPainter& painter) {
   paint_title(painter, 376, u"Icone(0) .. Icone(5), Minimise, Close (rest, hover, focus)"_s);
   for (int i = 0; i < 6; ++i) {
     const QRectF box(kLeft + 40 * i, 384, 34, 28);
     fill_box(painter, box, QColor(palette::kTileBottom), 2);
-    paint_face(painter, box.center(), icone(i), true);
+    paint_icon(painter, box.center(), icone(i), true);
   }
   const InteractionState touches[] = {{}, kHover, kFocus};
   for (int i = 0; i < 3; ++i) {
@@ -108,7 +108,7 @@ void paint_controls_sheet(QPainter& painter) {
   paint_spinners(painter);
   paint_faders(painter);
   paint_knobs(painter);
-  paint_faces(painter);
+  paint_icons(painter);
   paint_gauges(painter);
 }
 

@@ -48,13 +48,13 @@ struct Signals {
   }
 };
 
-struct SpectrumSpecimen {
+struct SpectrumSample {
   QString name;
   SpectrumStyle style;
   bool marks = false;
 };
 
-std::array<SpectrumSpecimen, 8> spectrum_specimens() {
+std::array<SpectrumSample, 8> spectrum_samples() {
   return {{
       {u"Points, grid"_s, {.kind = AnalyserKind::Points, .inactive = false, .grid_lines = true}},
       {u"Lines, grid"_s, {.kind = AnalyserKind::Lines, .inactive = false, .grid_lines = true}},
@@ -72,17 +72,17 @@ void draw_image(QPainter& painter, const QPointF& at, const QImage& image) {
   painter.drawImage(pixels.at(at), image);
 }
 
-void paint_spectrum_specimen(QPainter& painter, const QRectF& well, const SpectrumSpecimen& specimen,
-                             const Signals& made_up) {
+void paint_spectrum_sample(QPainter& painter, const QRectF& well, const SpectrumSample& sample,
+                           const Signals& made_up) {
   paint_glass(painter, well);
   const QRectF area = well.adjusted(2, 2, -2, -2);
-  SpectrumStyle style = specimen.style;
+  SpectrumStyle style = sample.style;
   style.grid = spectrum_grid(64, device_scale(painter));
   const SpectrumBackdrop face(style, area, well);
   SpectrumPicture picture;
   picture.left = made_up.left;
   picture.right = made_up.right;
-  if (specimen.marks) {
+  if (sample.marks) {
     picture.left_peaks = made_up.left_marks;
     picture.right_peaks = made_up.right_marks;
     picture.marks_per_column = 1;
@@ -94,7 +94,7 @@ void paint_spectrum_specimen(QPainter& painter, const QRectF& well, const Spectr
   draw_image(painter, area.topLeft(), image);
 }
 
-void paint_needle_specimen(QPainter& painter, const QPointF& at, double db, bool right) {
+void paint_needle_sample(QPainter& painter, const QPointF& at, double db, bool right) {
   const QRectF box(at, QSizeF(162, 91));
   const QRectF well = box.adjusted(-2, -2, 2, 2);
   paint_glass(painter, well);
@@ -110,15 +110,15 @@ void paint_needle_specimen(QPainter& painter, const QPointF& at, double db, bool
 void paint_displays_sheet(QPainter& painter) {
   paint_faceplate(painter, {kDisplaysSheetWidth, kDisplaysSheetHeight});
   const Signals made_up;
-  const auto specimens = spectrum_specimens();
-  for (std::size_t i = 0; i < specimens.size(); ++i) {
+  const auto samples = spectrum_samples();
+  for (std::size_t i = 0; i < samples.size(); ++i) {
     const std::size_t row = i / 2;
     const QPointF at(i % 2 == 0 ? 12. : 367., 26. + 113. * static_cast<double>(row));
-    draw_caption(painter, at - QPointF(0, 6), specimens[i].name, {.bold = true});
-    paint_spectrum_specimen(painter, {at, QSizeF(341, 95)}, specimens[i], made_up);
+    draw_caption(painter, at - QPointF(0, 6), samples[i].name, {.bold = true});
+    paint_spectrum_sample(painter, {at, QSizeF(341, 95)}, samples[i], made_up);
   }
   constexpr double kReadings[] = {-40, -10, 0, 3};
-  for (int i = 0; i < 4; ++i) paint_needle_specimen(painter, {14. + 176 * i, 483.}, kReadings[i], i % 2 == 1);
+  for (int i = 0; i < 4; ++i) paint_needle_sample(painter, {14. + 176 * i, 483.}, kReadings[i], i % 2 == 1);
 }
 
 }  // namespace tandem

@@ -31,11 +31,11 @@ std::array<KeyRow, 13> key_rows() {
   constexpr QSize kShow(53, 24);
   constexpr QRgb kNext = 0xFFC04000;
   return {{
-      {u"PLAY stopped"_s, {.face = Icon::Play}, kTransport},
+      {u"PLAY stopped"_s, {.icon = Icon::Play}, kTransport},
       {u"PLAY playing"_s, {palette::kPlayingKey, true, Icon::PlayActive}, kTransport},
       {u"PAUSE at rest"_s, {palette::kOlive, false, Icon::Pause}, kTransport},
       {u"PAUSE engaged"_s, {palette::kYellow, true, Icon::PauseActive}, kTransport},
-      {u"STOPBtn playing"_s, {.face = Icon::Stop}, kTransport},
+      {u"STOPBtn playing"_s, {.icon = Icon::Stop}, kTransport},
       {u"STOPBtn stopped"_s, {palette::kStoppedKey, true, Icon::StopActive}, kTransport},
       {u"NextBtn first"_s, {kNext, false, Icon::Next}, kTransport, palette::kSilver},
       {u"NextBtn after a skip"_s, {0xFF8080FF, true, Icon::Next}, kTransport, palette::kSilver},

@@ -1,4 +1,4 @@
-// SamplePanel sheets: pieces of faceplate that show controls in all their states. UI thread.
+// Sample sheets: pieces of faceplate that show controls in all their states. UI thread.
 #pragma once
 
 #include <QPainter>
@@ -7,14 +7,14 @@
 
 namespace tandem {
 
-struct SpecimenSheet {
+struct SampleSheet {
   std::string_view name;
   int width;  ///< px at 100 %
   int height;
   void (*paint)(QPainter& painter);
 };
 
-std::span<const SpecimenSheet> specimen_sheets();
+std::span<const SampleSheet> sample_sheets();
 
 void paint_keys_sheet(QPainter& painter);
 void paint_controls_sheet(QPainter& painter);

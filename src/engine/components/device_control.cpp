@@ -5,25 +5,25 @@
 namespace tandem {
 
 void DeviceControl::queue(std::function<void()> command) {
-  if (closing_) {
+  if (fading_out_) {
     waiting_.push_back(std::move(command));
   } else {
     command();
   }
 }
 
-void DeviceControl::close_gate() {
-  if (closing_) return;
-  closing_ = true;
-  commands_.send({.kind = RenderCommand::Kind::CloseGate});
+void DeviceControl::send_fade_out() {
+  if (fading_out_) return;
+  fading_out_ = true;
+  commands_.send({.kind = RenderCommand::Kind::FadeOut});
 }
 
-void DeviceControl::open_gate() {
-  queue([this] { commands_.send({.kind = RenderCommand::Kind::OpenGate}); });
+void DeviceControl::send_fade_in() {
+  queue([this] { commands_.send({.kind = RenderCommand::Kind::FadeIn}); });
 }
 
-void DeviceControl::gate_closed() {
-  closing_ = false;
+void DeviceControl::faded_out() {
+  fading_out_ = false;
   for (const auto& command : std::exchange(waiting_, {})) command();
 }
 
@@ -43,26 +43,26 @@ void DeviceControl::start() {
   open();
   running_ = true;
   queue([this] { output_.start(); });
-  if (!paused_) open_gate();
+  if (!paused_) send_fade_in();
 }
 
 void DeviceControl::stop() {
   if (!std::exchange(running_, false)) return;
-  if (!paused_) close_gate();
+  if (!paused_) send_fade_out();
   queue([this] { output_.stop(); });
 }
 
 // A pause outlives a stop: the device that is started again stays silent until restart().
 void DeviceControl::pause() {
   if (std::exchange(paused_, true) || !running_) return;
-  close_gate();
+  send_fade_out();
   queue([this] { output_.pause(); });
 }
 
 void DeviceControl::restart() {
   if (!std::exchange(paused_, false) || !running_) return;
   queue([this] { output_.restart(); });
-  open_gate();
+  send_fade_in();
 }
 
 void DeviceControl::watch_device() {

@@ -1,6 +1,6 @@
 // The output device as the panel sees it. UI thread.
 // Pause, stop and close first let the chain fade out: the device's commands wait until the render thread has reported
-// that the gate is closed.
+// the end of the fade.
 #pragma once
 
 #include <cstdint>
@@ -27,23 +27,23 @@ class DeviceControl final : public MMWaveOutX {
   void restart() override;
 
   bool playing() const { return running_ && !paused_; }
-  void gate_closed();   // the render thread has reported it
+  void faded_out();     // the render thread has reported it
   void watch_device();  // raises device_lost once when the output is lost for good
-  bool idle() const { return waiting_.empty() && !closing_; }
+  bool idle() const { return waiting_.empty() && !fading_out_; }
 
  private:
   void queue(std::function<void()> command);
-  void close_gate();
-  void open_gate();
+  void send_fade_out();
+  void send_fade_in();
 
   Output& output_;
   CommandSender& commands_;
-  std::vector<std::function<void()>> waiting_;  // commands for the device once the gate is closed
+  std::vector<std::function<void()>> waiting_;  // commands for the device once it has faded out
   std::int32_t buffer_bytes_ = 5120;
   bool open_ = false;
   bool running_ = false;
   bool paused_ = false;
-  bool closing_ = false;  // the gate has been asked to close and has not reported yet
+  bool fading_out_ = false;  // a fade out was sent and its end is not reported yet
   bool reported_lost_ = false;
 };
 

@@ -20,7 +20,7 @@ class MixTimer final : public MMHiTimerX {
 
   // Skips ticks for that long. A later call replaces an earlier one, so that a mix point that moved closer (after a
   // seek or a new lead time) is not missed. hasten() takes it back.
-  void rest_for(TimerQueue::Milliseconds milliseconds) {
+  void skip_ticks_for(TimerQueue::Milliseconds milliseconds) {
     timer_.hasten();
     timer_.postpone(milliseconds);
   }

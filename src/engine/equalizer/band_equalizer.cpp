@@ -54,19 +54,19 @@ void BandEqualizer::reset() noexcept {
   position_ = 0;
   transformed_ = 0;
   block_ = kPastBlocks;
-  for (ActiveFilter& voice : voices_) voice.first = kNever;
+  for (ActiveFilter& active : filters_) active.first = kNever;
 }
 
 void BandEqualizer::process_block() noexcept {
   position_ = 0;
   keep_input();
   if (waiting_ && !fading_) begin_fade();
-  ActiveFilter& voice = voices_[current_];
+  ActiveFilter& active = filters_[current_];
   if (fading_) {
     mix_fade();
-  } else if (voice.filter != nullptr) {
+  } else if (active.filter != nullptr) {
     transform_input();
-    write_output(render_voice(voice, scratch_[0]));
+    write_output(convolve(active, scratch_[0]));
   }
   // Otherwise the input, which already lies where the output is taken from, passes as it is.
   ++block_;
@@ -83,23 +83,23 @@ void BandEqualizer::keep_input() noexcept {
 void BandEqualizer::begin_fade() noexcept {
   waiting_ = false;
   const EqualizerFilter* const next = std::exchange(waiting_filter_, nullptr);
-  if (next == voices_[current_].filter) return;  // from none to none
+  if (next == filters_[current_].filter) return;  // from none to none
   current_ = 1 - current_;
-  voices_[current_].filter = next;
-  voices_[current_].first = kNever;
+  filters_[current_].filter = next;
+  filters_[current_].first = kNever;
   fading_ = true;
   fade_block_ = 0;
 }
 
 void BandEqualizer::end_fade() noexcept {
   fading_ = false;
-  retire(std::exchange(voices_[1 - current_].filter, nullptr));
+  retire(std::exchange(filters_[1 - current_].filter, nullptr));
 }
 
 void BandEqualizer::mix_fade() noexcept {
   transform_input();
-  const Block& from = render_voice(voices_[1 - current_], scratch_[0]);
-  const Block& to = render_voice(voices_[current_], scratch_[1]);
+  const Block& from = convolve(filters_[1 - current_], scratch_[0]);
+  const Block& to = convolve(filters_[current_], scratch_[1]);
   const float* const rise = &fade_in_[fade_block_ * kPartition];
   for (std::size_t i = 0; i < kPartition; ++i) {
     io_[i].left = from.left[i] + rise[i] * (to.left[i] - from.left[i]);
@@ -117,17 +117,17 @@ void BandEqualizer::transform_input() noexcept {
   transformed_ = block_ + 1;
 }
 
-const Block& BandEqualizer::render_voice(ActiveFilter& voice, Block& scratch) noexcept {
-  if (voice.filter == nullptr) return past(block_);
-  const SpectrumTable& filter = voice.filter->partitions();
-  const std::size_t place = block_ - voice.first;
+const Block& BandEqualizer::convolve(ActiveFilter& active, Block& scratch) noexcept {
+  if (active.filter == nullptr) return past(block_);
+  const SpectrumTable& filter = active.filter->partitions();
+  const std::size_t place = block_ - active.first;
   if (place < kAhead) {
-    convolve_rest(spectra_, block_, filter, place, voice.sums[place]);
-    transform_back(voice.sums[place], scratch);
+    convolve_rest(spectra_, block_, filter, place, active.sums[place]);
+    transform_back(active.sums[place], scratch);
   } else {
-    voice.first = block_;
-    convolve_ahead(spectra_, block_, filter, voice.sums);
-    transform_back(voice.sums[0], scratch);
+    active.first = block_;
+    convolve_ahead(spectra_, block_, filter, active.sums);
+    transform_back(active.sums[0], scratch);
   }
   return scratch;
 }

@@ -53,7 +53,7 @@ class BandEqualizer {
   void retire(const EqualizerFilter* filter) noexcept;
   void keep_input() noexcept;
   void transform_input() noexcept;
-  const Block& render_voice(ActiveFilter& voice, Block& scratch) noexcept;
+  const Block& convolve(ActiveFilter& active, Block& scratch) noexcept;
   void mix_fade() noexcept;
   void write_output(const Block& sound) noexcept;
   const Block& past(std::size_t index) const noexcept { return past_[index % kPastBlocks]; }
@@ -66,8 +66,8 @@ class BandEqualizer {
   std::array<Block, kPastBlocks> past_{};  // the last input, block n in n mod 21
   SpectrumTable spectra_;                  // the spectrum of blocks n - 1 and n in slot n mod 20
 
-  std::array<ActiveFilter, 2> voices_{};
-  std::size_t current_ = 0;     // the voice that sounds, or fades in
+  std::array<ActiveFilter, 2> filters_{};
+  std::size_t current_ = 0;     // the filter in use, or fading in
   std::size_t fade_block_ = 0;  // blocks of the running fade that are done
   bool fading_ = false;
   bool waiting_ = false;

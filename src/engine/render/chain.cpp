@@ -31,10 +31,10 @@ void Chain::render(std::span<StereoFrame, kStepFrames> out) noexcept {
   volume_.apply(out);
   equalize(out);
   limiter_.process(out);
-  gate_.apply(out);
-  if (!gate_.closed()) broken_off_ = false;
+  pause_fade_.apply(out);
+  if (!pause_fade_.is_silent()) broken_off_ = false;
   display_feed_.write(out);
-  notify_ui();
+  post_events();
 }
 
 void Chain::follow_readers() noexcept {
@@ -52,11 +52,11 @@ void Chain::take_commands_silently() noexcept {
   const RenderGuard guard;
   do {
     take_commands();
-    gate_.finish_closing();
+    pause_fade_.finish_fade_out();
   } while (!commands_.empty());
   if (broken_off_ && !in_mid_song()) drop_sound();
   follow_readers();
-  notify_ui();
+  post_events();
 }
 
 bool Chain::in_mid_song() const noexcept {
@@ -67,15 +67,15 @@ void Chain::drop_sound() noexcept {
   for (Deck& deck : decks_) deck.drop_tail();
   equalizer_.reset();
   limiter_.reset();
-  gate_.forget();
+  pause_fade_.forget();
   broken_off_ = false;
 }
 
-// The step that closes the gate ends what sounded: commands after that are taken when the gate is closed, and are
-// not heard in it.
+// The step that fades out ends what sounded: commands after that are taken when the fade is over, and are not heard in
+// it.
 void Chain::take_commands() noexcept {
   RenderCommand command;
-  while (!gate_.closing() && commands_.pop(command)) take_command(command);
+  while (!pause_fade_.fading_out() && commands_.pop(command)) take_command(command);
 }
 
 void Chain::take_command(const RenderCommand& command) noexcept {
@@ -105,12 +105,12 @@ void Chain::take_command(const RenderCommand& command) noexcept {
     case Kind::Volume:
       volume_.set(command.value);
       break;
-    case Kind::OpenGate:
-      gate_.open();
+    case Kind::FadeIn:
+      pause_fade_.begin_fade_in();
       break;
-    case Kind::CloseGate:
-      gate_.close();
-      gate_reported_ = false;
+    case Kind::FadeOut:
+      pause_fade_.begin_fade_out();
+      silence_reported_ = false;
       break;
   }
 }
@@ -140,7 +140,7 @@ void Chain::report(const RenderEvent& event) noexcept {
   assert(has_room);
 }
 
-void Chain::notify_ui() noexcept {
+void Chain::post_events() noexcept {
   for (std::uint8_t i = 0; i < kDecks; ++i) {
     RenderEvent event;
     if (decks_[i].take_end(event)) {
@@ -150,9 +150,9 @@ void Chain::notify_ui() noexcept {
     while (PitchShifter* shifter = decks_[i].take_retired())
       report({RenderEvent::Kind::RetiredShifter, i, 0, 0, shifter});
   }
-  if (gate_.closed() && !gate_reported_) {
-    gate_reported_ = true;
-    report({RenderEvent::Kind::GateClosed});
+  if (pause_fade_.is_silent() && !silence_reported_) {
+    silence_reported_ = true;
+    report({RenderEvent::Kind::FadedOut});
   }
 }
 

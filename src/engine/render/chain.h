@@ -42,8 +42,8 @@ class Chain {
   void take_commands_silently() noexcept;
   // Frames until one of the sounding songs ends, as far as that is known; 0 while one has not begun.
   Frames frames_left() const noexcept { return std::min(decks_[0].frames_left(), decks_[1].frames_left()); }
-  // False while the gate is closed: pausing and stopping hold the whole chain, and positions stand still.
-  bool wants_render() const noexcept { return !gate_.closed(); }
+  // False once it has faded out: pausing and stopping hold the whole chain, and positions stand still.
+  bool wants_render() const noexcept { return !pause_fade_.is_silent(); }
 
   // Any thread.
   const DeckPosition& position(int deck) const noexcept { return decks_[static_cast<std::size_t>(deck)].position(); }
@@ -61,18 +61,18 @@ class Chain {
   void mix_decks(std::span<StereoFrame, kStepFrames> mix) noexcept;
   void give_filters_back() noexcept;
   void equalize(std::span<StereoFrame, kStepFrames> mix) noexcept;
-  void notify_ui() noexcept;
+  void post_events() noexcept;
   void report(const RenderEvent& event) noexcept;
 
   std::array<Deck, kDecks> decks_;
   FilterWorker& filter_worker_;
   GainRamp volume_;
   BandEqualizer equalizer_;
-  PauseFade gate_;
+  PauseFade pause_fade_;
   Limiter limiter_;
   DisplayFeed display_feed_;
-  bool gate_reported_ = true;
-  bool broken_off_ = false;  // while the gate was closed, or in the step that closed it, a song was broken off
+  bool silence_reported_ = true;
+  bool broken_off_ = false;  // in silence, or in the step that faded out, a song was broken off
 
   RenderCommandQueue commands_;
   RenderEventQueue events_;

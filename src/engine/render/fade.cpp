@@ -47,17 +47,17 @@ void GainRamp::apply(std::span<StereoFrame> frames) noexcept {
 }
 
 void PauseFade::apply(std::span<StereoFrame> frames) noexcept {
-  if (open_ != target_open_) {
-    if (!target_open_) {
+  if (audible_ != target_audible_) {
+    if (!target_audible_) {
       fade_out(frames);
-    } else if (!opens_at_full_level_) {
+    } else if (!starts_at_full_level_) {
       fade_in(frames);
     }
-  } else if (!open_) {
+  } else if (!audible_) {
     std::fill(frames.begin(), frames.end(), StereoFrame{});
   }
-  open_ = target_open_;
-  if (open_) opens_at_full_level_ = false;
+  audible_ = target_audible_;
+  if (audible_) starts_at_full_level_ = false;
 }
 
 }  // namespace tandem

@@ -28,18 +28,20 @@ class GainRamp {
 // forget()), there is no fade in: what comes next begins at its full level.
 class PauseFade {
  public:
-  void open() noexcept { target_open_ = true; }
-  void close() noexcept { target_open_ = false; }
-  void finish_closing() noexcept { open_ = open_ && target_open_; }  // where nothing sounds, no fade is needed
-  void forget() noexcept { opens_at_full_level_ = !open_; }
-  bool closing() const noexcept { return open_ && !target_open_; }  // over the next step
-  bool closed() const noexcept { return !open_ && !target_open_; }
+  void begin_fade_in() noexcept { target_audible_ = true; }
+  void begin_fade_out() noexcept { target_audible_ = false; }
+  void finish_fade_out() noexcept {
+    audible_ = audible_ && target_audible_;
+  }  // where nothing sounds, no fade is needed
+  void forget() noexcept { starts_at_full_level_ = !audible_; }
+  bool fading_out() const noexcept { return audible_ && !target_audible_; }  // over the next step
+  bool is_silent() const noexcept { return !audible_ && !target_audible_; }
   void apply(std::span<StereoFrame> frames) noexcept;
 
  private:
-  bool open_ = false;
-  bool target_open_ = false;
-  bool opens_at_full_level_ = true;
+  bool audible_ = false;
+  bool target_audible_ = false;
+  bool starts_at_full_level_ = true;
 };
 
 }  // namespace tandem

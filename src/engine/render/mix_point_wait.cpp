@@ -11,8 +11,8 @@ void MixPointWait::put(int deck, std::uint32_t generation, Frames frame) noexcep
 void MixPointWait::clear() noexcept { put(-1, 0, 0); }
 
 // A point that is just being changed is none.
-bool MixPointWait::holds(const std::array<const DeckPosition*, 2>& positions, std::int64_t now_ns,
-                         std::int64_t patience_ns) noexcept {
+bool MixPointWait::must_wait(const std::array<const DeckPosition*, 2>& positions, std::int64_t now_ns,
+                             std::int64_t patience_ns) noexcept {
   MixPoint point;
   if (!point_.try_read(point) || point.deck < 0) return false;
   const auto position = positions[static_cast<std::size_t>(point.deck)]->of(point.generation);

@@ -21,8 +21,8 @@ class MixPointWait {
 
   // Whether the next step, after the decks have reached these positions, has to wait. For at most `patience_ns` from
   // the first call that returned true.
-  bool holds(const std::array<const DeckPosition*, 2>& positions, std::int64_t now_ns,
-             std::int64_t patience_ns) noexcept;
+  bool must_wait(const std::array<const DeckPosition*, 2>& positions, std::int64_t now_ns,
+                 std::int64_t patience_ns) noexcept;
 
  private:
   struct MixPoint {

@@ -13,7 +13,7 @@ class PitchShifter;
 class SongFeed;
 
 struct RenderCommand {  // UI -> render
-  enum class Kind : std::uint8_t { Song, Feed, Mute, Unmute, Finish, Pitch, Volume, CloseGate, OpenGate };
+  enum class Kind : std::uint8_t { Song, Feed, Mute, Unmute, Finish, Pitch, Volume, FadeOut, FadeIn };
   Kind kind = Kind::Song;
   std::uint8_t deck = 0;
   bool keeps_fade = false;          // Song: a seek within the song, a finishing run goes on
@@ -26,7 +26,7 @@ struct RenderCommand {  // UI -> render
 };
 
 struct RenderEvent {  // render -> UI
-  enum class Kind : std::uint8_t { SongEnded, GateClosed, RetiredShifter };
+  enum class Kind : std::uint8_t { SongEnded, FadedOut, RetiredShifter };
   Kind kind = Kind::SongEnded;
   std::uint8_t deck = 0;
   std::uint32_t generation = 0;     // SongEnded: of the song that ended

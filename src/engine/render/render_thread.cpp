@@ -113,8 +113,8 @@ std::int64_t RenderThread::steps_to_catch_up() const noexcept {
 bool RenderThread::waits_for_the_panel() noexcept {
   const bool deep = deep_queue_.load(std::memory_order_relaxed);
   const std::int64_t now = clock_.now_ns();
-  const bool waits =
-      mix_hold_.holds({&chain_.position(0), &chain_.position(1)}, now, deep ? kPatienceNs : kPatienceOfShortQueueNs);
+  const bool waits = mix_point_wait_.must_wait({&chain_.position(0), &chain_.position(1)}, now,
+                                               deep ? kPatienceNs : kPatienceOfShortQueueNs);
   if (waits) ring_.flight_recorder().waited_for_panel(now);
   return waits;
 }

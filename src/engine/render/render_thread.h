@@ -31,7 +31,7 @@ class RenderThread {
   // UI thread: no overlap is due before this step of the chain, so until then steps need not be spread evenly. 0: every
   // step by itself. With a deep output queue many steps are made at one wake-up, with a short one few.
   void run_freely_until(std::uint64_t step, bool deep_queue) noexcept;
-  MixPointWait& mix_hold() noexcept { return mix_hold_; }
+  MixPointWait& mix_point_wait() noexcept { return mix_point_wait_; }
 
  private:
   void run();
@@ -58,7 +58,7 @@ class RenderThread {
   std::function<void()> notify_ui_;
   std::int64_t next_ns_ = 0;  // when the next step is due, on the clock
   std::int64_t late_ns_ = 0;  // how much later than due the last one was begun
-  MixPointWait mix_hold_;
+  MixPointWait mix_point_wait_;
   std::atomic<std::uint64_t> free_until_{0};
   std::atomic<bool> deep_queue_{false};
   std::atomic<bool> stopping_{false};

@@ -11,6 +11,6 @@ namespace tandem {
 void paint_name(QPainter& painter);
 
 /// A button of the strip, Icon::Minimise or Icon::Close, in its 16 x 13 box.
-void paint_chrome_button(QPainter& painter, const QRectF& box, Icon face, const InteractionState& interaction);
+void paint_chrome_button(QPainter& painter, const QRectF& box, Icon icon, const InteractionState& interaction);
 
 }  // namespace tandem

@@ -62,7 +62,7 @@ void paint_key(QPainter& painter, const QRectF& box, const KeyState& look) {
   paint_frame(painter, box, look);
   paint_tile(painter, box.adjusted(kFrame, kFrame + down * .5, -kFrame, -kFrame), look);
   const QPointF centre = box.center() + QPointF(0, down);
-  if (look.face != Icon::None) paint_face(painter, centre, look.face, look.interaction.enabled);
+  if (look.icon != Icon::None) paint_icon(painter, centre, look.icon, look.interaction.enabled);
   if (!look.caption.isEmpty()) {
     draw_caption(painter, centre + QPointF(0, 3.6), look.caption, {.colour = caption_colour(look), .bold = look.bold},
                  Anchor::Middle);

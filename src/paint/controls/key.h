@@ -12,7 +12,7 @@ namespace tandem {
 struct KeyState {
   QRgb back_colour = 0xFF4C5259;  ///< exact 1 px inside the left edge at half height
   bool lit = false;               ///< the frame glows, the caption is white
-  Icon face = Icon::None;
+  Icon icon = Icon::None;
   QString caption{};
   bool bold = false;
   InteractionState interaction{};

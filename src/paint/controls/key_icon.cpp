@@ -51,8 +51,8 @@ void paint_glint(QPainter& painter, std::initializer_list<QPointF> points, doubl
   stroke_path(painter, open_path(points), faded(palette::kWhite, opacity), 1, Qt::RoundCap);
 }
 
-Icon at_rest(Icon face) {
-  switch (face) {
+Icon at_rest(Icon icon) {
+  switch (icon) {
     case Icon::PlayActive:
       return Icon::Play;
     case Icon::PauseActive:
@@ -60,19 +60,19 @@ Icon at_rest(Icon face) {
     case Icon::StopActive:
       return Icon::Stop;
     default:
-      return face;
+      return icon;
   }
 }
 
-void paint_active(QPainter& painter, Icon face) {
-  if (face == Icon::PlayActive) {
+void paint_active(QPainter& painter, Icon icon) {
+  if (icon == Icon::PlayActive) {
     paint_glowing(painter, play_triangle(), palette::kLime);
     paint_glint(painter, {{-4, -4.5}, {2, -1.2}}, .6);
-  } else if (face == Icon::PauseActive) {
+  } else if (icon == Icon::PauseActive) {
     paint_glowing(painter, pause_bars(), palette::kYellow);
     paint_glint(painter, {{-4.6, -5}, {-4.6, 0}}, .7);
     paint_glint(painter, {{2.4, -5}, {2.4, 0}}, .7);
-  } else if (face == Icon::StopActive) {
+  } else if (icon == Icon::StopActive) {
     paint_glowing(painter, stop_square(), palette::kStopRed);
     paint_glint(painter, {{-4.5, -4.5}, {2, -4.5}}, .55);
   }
@@ -83,8 +83,8 @@ void paint_chevron(QPainter& painter, double direction, const QColor& colour) {
               Qt::FlatCap, Qt::MiterJoin);
 }
 
-void paint_resting(QPainter& painter, Icon face, const QColor& colour) {
-  switch (face) {
+void paint_resting(QPainter& painter, Icon icon, const QColor& colour) {
+  switch (icon) {
     case Icon::Play:
       paint_outlined(painter, play_triangle(), colour, 1);
       break;
@@ -123,13 +123,13 @@ Icon icone(int index) {
   return index >= 0 && index < 6 ? kFaces[index] : Icon::None;
 }
 
-void paint_face(QPainter& painter, const QPointF& centre, Icon face, bool enabled) {
+void paint_icon(QPainter& painter, const QPointF& centre, Icon icon, bool enabled) {
   painter.save();
   painter.translate(centre);
-  if (enabled && face != at_rest(face)) {
-    paint_active(painter, face);
+  if (enabled && icon != at_rest(icon)) {
+    paint_active(painter, icon);
   } else {
-    paint_resting(painter, at_rest(face), QColor::fromRgb(enabled ? palette::kLegend : palette::kDisabledFace));
+    paint_resting(painter, at_rest(icon), QColor::fromRgb(enabled ? palette::kLegend : palette::kDisabledFace));
   }
   painter.restore();
 }

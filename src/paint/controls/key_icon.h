@@ -7,10 +7,10 @@ namespace tandem {
 
 enum class Icon { None, Play, PlayActive, Pause, PauseActive, Stop, StopActive, Next, Up, Down, Minimise, Close };
 
-/// The face of picture Icone(index), 0..5; any other index has none.
+/// The icon of picture Icone(index), 0..5; any other index has none.
 Icon icone(int index);
 
 /// A disabled key shows the resting picture in grey.
-void paint_face(QPainter& painter, const QPointF& centre, Icon face, bool enabled);
+void paint_icon(QPainter& painter, const QPointF& centre, Icon icon, bool enabled);
 
 }  // namespace tandem

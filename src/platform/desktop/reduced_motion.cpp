@@ -32,26 +32,28 @@ const char* text_in(sd_bus_message* message) {
 }  // namespace
 
 ReducedMotionSetting::ReducedMotionSetting(std::function<void(bool reduced)> changed) : changed_(std::move(changed)) {
-  if (link_.bus() == nullptr) return;
+  if (connection_.bus() == nullptr) return;
   listen();
   for (Switch& one : switches_) read(one);
-  link_.attend();
+  connection_.attend();
 }
 
 // A portal that begins is asked again.
 void ReducedMotionSetting::listen() {
-  sd_bus_match_signal_async(link_.bus(), nullptr, kPortalService, kPortalObject, kInterface, "SettingChanged",
+  sd_bus_match_signal_async(connection_.bus(), nullptr, kPortalService, kPortalObject, kInterface, "SettingChanged",
                             &ReducedMotionSetting::on_changed, nullptr, this);
-  sd_bus_add_match_async(link_.bus(), nullptr, kPortalComesOrGoes, &ReducedMotionSetting::on_portal, nullptr, this);
+  sd_bus_add_match_async(connection_.bus(), nullptr, kPortalComesOrGoes, &ReducedMotionSetting::on_portal, nullptr,
+                         this);
 }
 
 void ReducedMotionSetting::read(Switch& wanted) {
   sd_bus_message* call = nullptr;
-  if (sd_bus_message_new_method_call(link_.bus(), &call, kPortalService, kPortalObject, kInterface, "Read") < 0) return;
+  if (sd_bus_message_new_method_call(connection_.bus(), &call, kPortalService, kPortalObject, kInterface, "Read") < 0)
+    return;
   sd_bus_message_set_auto_start(call, 0);
   sd_bus_message_append_basic(call, 's', wanted.group);
   sd_bus_message_append_basic(call, 's', wanted.key);
-  sd_bus_call_async(link_.bus(), nullptr, call, &ReducedMotionSetting::on_value, &wanted, 0);
+  sd_bus_call_async(connection_.bus(), nullptr, call, &ReducedMotionSetting::on_value, &wanted, 0);
   sd_bus_message_unref(call);
 }
 

@@ -41,7 +41,7 @@ class ReducedMotionSetting {
   bool reduced_ = false;
   std::array<Switch, 2> switches_{{{this, "org.gnome.desktop.interface", "enable-animations", 'b', 0},
                                    {this, "org.freedesktop.appearance", "reduced-motion", 'u', 1}}};
-  DBusConnection link_{DBusConnection::Bus::kUser};
+  DBusConnection connection_{DBusConnection::Bus::kUser};
 };
 
 }  // namespace tandem

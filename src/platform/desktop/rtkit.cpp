@@ -47,13 +47,13 @@ void RtKit::ask() {
   const ThreadNumbers refused = take_refused_threads();
   if (refused.count == 0) return;
   for (std::size_t i = 0; i < refused.count; ++i) requests_.at(i) = {this, refused.numbers.at(i)};
-  link_.emplace(DBusConnection::Bus::kSystem);
+  connection_.emplace(DBusConnection::Bus::kSystem);
   for (Limit* limit : {&longest_run_, &highest_, &lowest_niceness_}) ask_limit(*limit);
 }
 
 void RtKit::ask_limit(Limit& limit) {
   if (!asking()) return;
-  sd_bus_message* message = new_call(link_->bus(), "org.freedesktop.DBus.Properties", "Get");
+  sd_bus_message* message = new_call(connection_->bus(), "org.freedesktop.DBus.Properties", "Get");
   sd_bus_message_append_basic(message, 's', kService);
   sd_bus_message_append_basic(message, 's', limit.name);
   send(message, &RtKit::on_limit, &limit);
@@ -68,20 +68,20 @@ void RtKit::limits_known() {
 }
 
 void RtKit::call(const Method& method, Request& request) {
-  sd_bus_message* message = new_call(link_->bus(), kService, method.name);
+  sd_bus_message* message = new_call(connection_->bus(), kService, method.name);
   append_number(message, 't', request.thread);
   append_number(message, method.type, method.value);
   send(message, method.answered, &request);
 }
 
 void RtKit::send(sd_bus_message* message, sd_bus_message_handler_t handler, void* about) {
-  if (sd_bus_call_async(link_->bus(), nullptr, message, handler, about, 0) >= 0) ++open_questions_;
+  if (sd_bus_call_async(connection_->bus(), nullptr, message, handler, about, 0) >= 0) ++open_questions_;
   sd_bus_message_unref(message);
-  link_->attend();
+  connection_->attend();
 }
 
 void RtKit::answered() {
-  if (--open_questions_ == 0) link_->leave();
+  if (--open_questions_ == 0) connection_->leave();
 }
 
 int RtKit::on_limit(sd_bus_message* answer, void* limit, sd_bus_error*) {

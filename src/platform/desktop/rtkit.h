@@ -22,7 +22,7 @@ class RtKit {
   // Makes requests for the threads that the kernel has refused so far; only the first call has an effect.
   // To be called after the first sound is out, so as not to delay it.
   void ask();
-  bool asking() const noexcept { return link_ && link_->bus() != nullptr; }
+  bool asking() const noexcept { return connection_ && connection_->bus() != nullptr; }
 
  private:
   struct Limit {  // what rtkit grants at most
@@ -53,7 +53,7 @@ class RtKit {
   static int on_nice(sd_bus_message* answer, void* request, sd_bus_error*);
 
   bool asked_ = false;
-  std::optional<DBusConnection> link_;
+  std::optional<DBusConnection> connection_;
   int open_questions_ = 0;
   Limit longest_run_{this, "RTTimeUSecMax", 'x'};  // microseconds
   Limit highest_{this, "MaxRealtimePriority", 'i'};

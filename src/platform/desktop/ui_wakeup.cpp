@@ -19,15 +19,16 @@ void UiWakeup::ring() const noexcept {
   static_cast<void>(!write(event_, &one, sizeof one));
 }
 
-void UiWakeup::answer(std::function<void()> heard) {
+void UiWakeup::connect(std::function<void()> on_wakeup) {
   notifier_.reset();
-  if (!heard || event_ < 0) return;
+  if (!on_wakeup || event_ < 0) return;
   notifier_ = std::make_unique<QSocketNotifier>(event_, QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this, heard = std::move(heard)] {
-    std::uint64_t rings = 0;
-    static_cast<void>(!read(event_, &rings, sizeof rings));
-    heard();
-  });
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
+                   [this, on_wakeup = std::move(on_wakeup)] {
+                     std::uint64_t rings = 0;
+                     static_cast<void>(!read(event_, &rings, sizeof rings));
+                     on_wakeup();
+                   });
 }
 
 }  // namespace tandem

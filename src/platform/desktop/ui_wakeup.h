@@ -1,5 +1,5 @@
 // Wakes the UI thread from another thread, without locks.
-// Threads: constructed on the UI thread; ring() from any. `heard` then runs on the UI thread, once for many rings.
+// Threads: constructed on the UI thread; ring() from any. `on_wakeup` then runs on the UI thread, once for many rings.
 #pragma once
 
 #include <QSocketNotifier>
@@ -16,7 +16,7 @@ class UiWakeup {
   UiWakeup& operator=(const UiWakeup&) = delete;
 
   void ring() const noexcept;
-  void answer(std::function<void()> heard);  // needs the QApplication; nullptr before that ends
+  void connect(std::function<void()> on_wakeup);  // needs the QApplication; nullptr before that ends
 
  private:
   int event_ = -1;

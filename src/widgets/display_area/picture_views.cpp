@@ -30,11 +30,11 @@ double scale_db(double deflection) { return deflection > 1e-5 ? needle_reading(d
 ChangedPicture NeedleView::update(double scale) {
   if (scale != scale_) {
     scale_ = scale;
-    face_ = std::make_unique<NeedleBackdrop>(scale, area(), well(), right_);
-    image_ = QImage(face_->size(), QImage::Format_RGB32);
-    standing_ = {};
+    backdrop_ = std::make_unique<NeedleBackdrop>(scale, area(), well(), right_);
+    image_ = QImage(backdrop_->size(), QImage::Format_RGB32);
+    previous_ = {};
   }
-  const QRect changed = face_->draw(image_, {0, 0}, scale_db(display().deflection()), standing_);
+  const QRect changed = backdrop_->draw(image_, {0, 0}, scale_db(display().deflection()), previous_);
   return {&image_, area().topLeft(), {changed}};
 }
 
@@ -50,13 +50,13 @@ ScopeView::ScopeView(Oscilloscope& scope) : ViewOf(scope, "MMOscopeX1", control_
 ChangedPicture ScopeView::update(double scale) {
   if (scale != scale_) {
     scale_ = scale;
-    face_ = std::make_unique<ScopeBackdrop>(scale, area(), well());
-    image_ = QImage(face_->size(), QImage::Format_RGB32);
+    backdrop_ = std::make_unique<ScopeBackdrop>(scale, area(), well());
+    image_ = QImage(backdrop_->size(), QImage::Format_RGB32);
   }
   const ScopeReading& reading = display().picture();
   const auto left = on_pixels(reading.left, reading.shift);
   const auto right = on_pixels(reading.right, reading.shift);
-  const QRect changed = face_->draw(image_, {0, 0}, {left, right});
+  const QRect changed = backdrop_->draw(image_, {0, 0}, {left, right});
   return {&image_, area().topLeft(), {changed}};
 }
 

@@ -30,9 +30,9 @@ class NeedleView final : public ViewOf<NeedleMeter> {
  private:
   bool right_;
   double scale_ = 0;
-  std::unique_ptr<NeedleBackdrop> face_;
+  std::unique_ptr<NeedleBackdrop> backdrop_;
   QImage image_;
-  QRect standing_;
+  QRect previous_;
 };
 
 class ScopeView final : public ViewOf<Oscilloscope> {
@@ -43,7 +43,7 @@ class ScopeView final : public ViewOf<Oscilloscope> {
 
  private:
   double scale_ = 0;
-  std::unique_ptr<ScopeBackdrop> face_;
+  std::unique_ptr<ScopeBackdrop> backdrop_;
   QImage image_;
 };
 

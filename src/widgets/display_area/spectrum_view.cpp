@@ -25,21 +25,21 @@ SpectrumView::SpectrumView(SpectrumAnalyser& analyser)
 
 void SpectrumView::reset() {
   ViewOf::reset();
-  face_.reset();  // all of it is drawn again
+  backdrop_.reset();  // all of it is drawn again
 }
 
-// A new face, and with it a new image, for another scale or style.
+// A new backdrop, and with it a new image, for another scale or style.
 bool SpectrumView::fit(double scale) {
   if (scale != scale_) {
     scale_ = scale;
     display().fit(scale);
-    face_.reset();
+    backdrop_.reset();
   }
   const SpectrumStyle style = style_of(display().picture());
-  if (face_ && face_->style() == style) return false;
-  face_ = std::make_unique<SpectrumBackdrop>(style, area(), QRectF(control_box("Display well").box()));
-  image_ = QImage(face_->size(), QImage::Format_RGB32);
-  standing_ = {};
+  if (backdrop_ && backdrop_->style() == style) return false;
+  backdrop_ = std::make_unique<SpectrumBackdrop>(style, area(), QRectF(control_box("Display well").box()));
+  image_ = QImage(backdrop_->size(), QImage::Format_RGB32);
+  previous_ = {};
   return true;
 }
 
@@ -74,7 +74,7 @@ SpectrumPicture SpectrumView::look_of(const SpectrumReading& picture) {
 
 ChangedPicture SpectrumView::update(double scale) {
   const bool fresh = fit(scale);
-  const ChangedRects changed = update_spectrum(image_, {0, 0}, *face_, look_of(display().picture()), standing_);
+  const ChangedRects changed = update_spectrum(image_, {0, 0}, *backdrop_, look_of(display().picture()), previous_);
   ChangedPicture picture{&image_, area().topLeft(), {}};
   if (fresh) {
     picture.boxes.append(image_.rect());

@@ -27,10 +27,10 @@ class SpectrumView final : public ViewOf<SpectrumAnalyser> {
   void lay_out_marks(const SpectrumReading& picture, std::size_t side);
   RollHistory roll_of(const RollCells& roll);
 
-  std::unique_ptr<SpectrumBackdrop> face_;
+  std::unique_ptr<SpectrumBackdrop> backdrop_;
   QImage image_;
   double scale_ = 0;
-  SpectrumTrace standing_;
+  SpectrumTrace previous_;
   BothSides<std::vector<float>> marks_;
   std::size_t newest_step_ = 0;
   std::uint64_t steps_written_ = 0;

@@ -104,7 +104,7 @@ void AreaItem::shine_over(ClickItem& item) {
 }
 
 void AreaItem::draw(QPainter& painter) const {
-  if (place().kind == ControlKind::GlassPanel) paint_glass_hover(painter, box(), touch().hover);
+  if (place().kind == ControlKind::GlassPanel) paint_glass_hover(painter, box(), interaction().hover);
 }
 
 void GainItem::draw(QPainter& painter) const { paint_gain(painter, box(), QString::fromStdString(caption_)); }

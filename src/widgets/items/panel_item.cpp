@@ -78,7 +78,7 @@ bool PanelItem::value_text_changed() {
   return std::exchange(spoken_, speaks) != speaks;
 }
 
-InteractionState PanelItem::touch() const {
+InteractionState PanelItem::interaction() const {
   return {hover_, pressed_, focus_shown_ && hasFocus(), model_ == nullptr || model_->Enabled};
 }
 

@@ -36,7 +36,7 @@ class PanelCanvas {
   // The wheel over an item, before the item gets it: true if the turn is the window's.
   virtual bool take_wheel(const PanelItem& over, QWheelEvent& event) = 0;
   virtual void mouse_pressed() = 0;  // somewhere: the focus ring is for the keyboard alone
-  virtual void user_acts() = 0;      // before and after every act of the user: sound follows at once
+  virtual void user_action() = 0;    // before and after every user action: sound follows at once
   virtual bool reduced_motion() const = 0;
 };
 
@@ -48,12 +48,12 @@ struct ItemValue {
   double step = 1;
 };
 
-// An act of the user lasts as long as this: a file dialog may be open in it, so what it began is looked after again at
+// A user action lasts as long as this: a file dialog may be open in it, so what it began is looked after again at
 // its end.
 class UserActionScope {
  public:
-  explicit UserActionScope(PanelCanvas& canvas) : canvas_(canvas) { canvas_.user_acts(); }
-  ~UserActionScope() { canvas_.user_acts(); }
+  explicit UserActionScope(PanelCanvas& canvas) : canvas_(canvas) { canvas_.user_action(); }
+  ~UserActionScope() { canvas_.user_action(); }
   UserActionScope(const UserActionScope&) = delete;
   UserActionScope& operator=(const UserActionScope&) = delete;
 
@@ -100,7 +100,7 @@ class PanelItem : public QWidget {
  protected:
   QRectF box() const { return place_.box(); }
   double device_scale() const { return canvas_.transform().factor() * devicePixelRatioF(); }
-  InteractionState touch() const;
+  InteractionState interaction() const;
   bool is_pressed() const { return pressed_; }
   void set_pressed(bool pressed);
   QPointF panel_position(const QPointF& local) const { return canvas_.transform().to_panel(local + pos()); }

@@ -35,7 +35,7 @@ void SongListItem::draw(QPainter& painter) const {
   look.playing = counted_line_;
   look.overlapping = other_line_;
   look.drop = drop_;
-  look.interaction = touch();
+  look.interaction = interaction();
   paint_song_list(painter, box(), look);
   paint_glass_shine(painter, box());
 }

@@ -22,10 +22,10 @@ bool is_lit_colour(Colour colour) {
   return colour == clYellow || colour == clAqua || colour == clLime || colour == kNextAfter;
 }
 
-QRgb frame_of(Icon face, Colour back_colour) {
+QRgb frame_of(Icon icon, Colour back_colour) {
   if (back_colour != kKeyNeutral) return from_bgr(static_cast<std::uint32_t>(back_colour)).rgb();
-  if (face == Icon::PlayActive) return palette::kPlayingKey;
-  if (face == Icon::StopActive) return palette::kStoppedKey;
+  if (icon == Icon::PlayActive) return palette::kPlayingKey;
+  if (icon == Icon::StopActive) return palette::kStoppedKey;
   return palette::kNeutralKey;
 }
 
@@ -76,12 +76,12 @@ void PushItem::keyReleaseEvent(QKeyEvent* event) {
 
 KeyState KeyItem::look() const {
   KeyState look;
-  look.face = traits_.picture.value_or(icone(button().Picture));
-  look.back_colour = frame_of(look.face, button().BackColor);
-  look.lit = is_lit_colour(button().BackColor) || look.face == Icon::PlayActive || look.face == Icon::StopActive;
+  look.icon = traits_.picture.value_or(icone(button().Picture));
+  look.back_colour = frame_of(look.icon, button().BackColor);
+  look.lit = is_lit_colour(button().BackColor) || look.icon == Icon::PlayActive || look.icon == Icon::StopActive;
   look.caption = QString::fromStdString(button().Caption);
   look.bold = traits_.bold;
-  look.interaction = touch();
+  look.interaction = interaction();
   look.interaction.pressed = shown_pressed();
   return look;
 }
@@ -94,15 +94,15 @@ std::optional<bool> KeyItem::checked() const {
 void KeyItem::draw(QPainter& painter) const { paint_key(painter, box(), look()); }
 
 void StudItem::draw(QPainter& painter) const {
-  InteractionState stud = touch();
+  InteractionState stud = interaction();
   stud.pressed = button().BackColor == clGrey;  // the panel's own press feedback
   paint_stud(painter, box(), stud);
 }
 
 void ChromeItem::draw(QPainter& painter) const {
-  InteractionState chrome = touch();
+  InteractionState chrome = interaction();
   chrome.pressed = shown_pressed();
-  paint_chrome_button(painter, hit_area(), face_, chrome);
+  paint_chrome_button(painter, hit_area(), icon_, chrome);
 }
 
 QRect ChromeItem::drawn_box() const {

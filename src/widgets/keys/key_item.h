@@ -82,8 +82,8 @@ class StudItem final : public ButtonItem {
 // Minimise or Close: hangs on the right edge of the window.
 class ChromeItem final : public PushItem {
  public:
-  ChromeItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Icon face, std::function<void()> act)
-      : PushItem(panel, canvas, place, nullptr), face_(face), act_(std::move(act)) {}
+  ChromeItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Icon icon, std::function<void()> act)
+      : PushItem(panel, canvas, place, nullptr), icon_(icon), act_(std::move(act)) {}
   void draw(QPainter& painter) const override;
   void hang_on(WindowSize size) {
     size_ = size;
@@ -96,7 +96,7 @@ class ChromeItem final : public PushItem {
   QRect hit_area() const override { return chrome_box(place(), size_); }
 
  private:
-  Icon face_;
+  Icon icon_;
   WindowSize size_ = WindowSize::Full;
   std::function<void()> act_;
 };

@@ -24,7 +24,7 @@ LampState LampItem::look(const QString& caption) const {
   return {.colour = from_bgr(static_cast<std::uint32_t>(lamp_.LEDColor.get())).rgb(),
           .lit = lit(),
           .caption = caption,
-          .interaction = touch()};
+          .interaction = interaction()};
 }
 
 void LampButtonItem::draw(QPainter& painter) const { paint_lamp_button(painter, box(), look(text_of(place()))); }

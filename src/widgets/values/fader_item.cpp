@@ -103,7 +103,7 @@ FaderState FaderItem::look() const {
           static_cast<double>(slider().maximum()),
           cap_,
           lit_colour_,
-          touch()};
+          interaction()};
 }
 
 void FaderItem::draw(QPainter& painter) const { paint_fader(painter, box(), look()); }
@@ -172,7 +172,7 @@ void PositionItem::draw(QPainter& painter) const {
   state.share = drawn_share_ < 0 ? share() : drawn_share_;
   state.next_start = mark_;
   state.overlapping = second_;
-  state.interaction = touch();
+  state.interaction = interaction();
   paint_slider(painter, box(), state);
 }
 

@@ -58,7 +58,7 @@ class RotaryItem final : public PanelItem {
   double target_angle() const { return rotary_angle(switch_.value(), static_cast<int>(captions_.size())); }
 
   Switch& switch_;
-  RotaryPlace spot_;
+  RotaryPlace geometry_;
   QStringList captions_;
   double pointer_;
   bool dragged_ = false;

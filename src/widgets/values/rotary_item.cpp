@@ -21,14 +21,14 @@ double angle_of(const QPointF& from_centre) { return qRadiansToDegrees(std::atan
 }  // namespace
 
 RotaryItem::RotaryItem(QWidget* panel, PanelCanvas& canvas, const ControlBox& place, Switch& model)
-    : PanelItem(panel, canvas, place, &model), switch_(model), spot_(rotary_place(place)), pointer_(0) {
+    : PanelItem(panel, canvas, place, &model), switch_(model), geometry_(rotary_place(place)), pointer_(0) {
   for (const PositionCaption& text : position_captions(place.name)) captions_ << QString::fromUtf8(text.caption);
   pointer_ = target_angle();
   setContextMenuPolicy(Qt::PreventContextMenu);  // the right button turns the knob back
 }
 
 void RotaryItem::draw(QPainter& painter) const {
-  paint_rotary(painter, spot_, {captions_, switch_.value(), pointer_, touch()});
+  paint_rotary(painter, geometry_, {captions_, switch_.value(), pointer_, interaction()});
 }
 
 std::optional<ItemValue> RotaryItem::value_range() const {
@@ -58,8 +58,8 @@ bool RotaryItem::advance(double seconds) {
 }
 
 bool RotaryItem::on_knob(const QPointF& at) const {
-  const QPointF way = at - spot_.centre;
-  return std::hypot(way.x(), way.y()) <= spot_.radius + 3;
+  const QPointF way = at - geometry_.centre;
+  return std::hypot(way.x(), way.y()) <= geometry_.radius + 3;
 }
 
 void RotaryItem::turn_to(std::int32_t position) {
@@ -91,7 +91,7 @@ void RotaryItem::mouseMoveEvent(QMouseEvent* event) {
   const QPointF moved = at - pressed_at_;
   if (!dragged_ && std::hypot(moved.x(), moved.y()) < kDragThreshold) return;
   dragged_ = true;
-  const double angle = angle_of(at - spot_.centre);
+  const double angle = angle_of(at - geometry_.centre);
   std::int32_t nearest = 0;
   for (std::int32_t i = 1; i < switch_.NumPositions(); ++i) {
     const auto away = [&](std::int32_t p) {

@@ -33,7 +33,8 @@ QRect SlideSwitchItem::hit_area() const {
 QString SlideSwitchItem::accessible_value() const { return caption(place(), switch_.value()); }
 
 void SlideSwitchItem::draw(QPainter& painter) const {
-  paint_slide_switch(painter, box(), {{caption(place(), 0), caption(place(), 1)}, switch_.value(), cap_, touch()});
+  paint_slide_switch(painter, box(),
+                     {{caption(place(), 0), caption(place(), 1)}, switch_.value(), cap_, interaction()});
 }
 
 QRect SlideSwitchItem::drawn_box() const {

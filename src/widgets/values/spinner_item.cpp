@@ -32,8 +32,8 @@ void SpinnerItem::cancel_press() {
   changed();
 }
 
-InteractionState SpinnerItem::touch_of(Part part) const {
-  InteractionState interaction = PanelItem::touch();
+InteractionState SpinnerItem::interaction_of(Part part) const {
+  InteractionState interaction = PanelItem::interaction();
   if (under_ != part) interaction.hover = 0;
   interaction.pressed = held_ == part;
   return interaction;
@@ -41,7 +41,8 @@ InteractionState SpinnerItem::touch_of(Part part) const {
 
 void SpinnerItem::draw(QPainter& painter) const {
   paint_spinner(painter, box(),
-                {spinner_.value(), spinner_.Digits, lime_, touch_of(Part::Up), touch_of(Part::Down), touch().focused});
+                {spinner_.value(), spinner_.Digits, lime_, interaction_of(Part::Up), interaction_of(Part::Down),
+                 interaction().focused});
 }
 
 std::optional<ItemValue> SpinnerItem::value_range() const {

@@ -32,7 +32,7 @@ class SpinnerItem final : public PanelItem {
   void push(Part part);
   void page(int direction);
   bool steps_itself() const { return spinner_.Step != 0; }
-  InteractionState touch_of(Part part) const;
+  InteractionState interaction_of(Part part) const;
 
   Spinner& spinner_;
   bool lime_;

@@ -15,7 +15,7 @@ constexpr std::int32_t kPage = 3277;
 }  // namespace
 
 void WheelItem::draw(QPainter& painter) const {
-  paint_wheel(painter, box(), {static_cast<double>(wheel_.value()) / wheel_.maximum(), touch()});
+  paint_wheel(painter, box(), {static_cast<double>(wheel_.value()) / wheel_.maximum(), interaction()});
 }
 
 std::optional<ItemValue> WheelItem::value_range() const {

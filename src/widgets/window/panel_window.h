@@ -34,7 +34,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   struct Hooks {
     std::function<void()> close;                                // the user closes the panel
     std::function<void()> frame_wanted;                         // something moves: call frame() soon
-    std::function<void()> user_acts;                            // before and after every act of the user
+    std::function<void()> user_action;                          // before and after every user action
     std::function<void(const std::vector<std::string>&)> drop;  // files and folders dropped on it, as paths
     Present present;                                            // a shorter way to the screen, if there is one
     std::function<void(const QRect& panel)> outline;            // the window's part that is no shadow, px of the window
@@ -82,7 +82,7 @@ class PanelWindow final : public QWidget, public PanelCanvas {
   void description_changed(PanelItem& item) override;
   bool take_wheel(const PanelItem& over, QWheelEvent& event) override;
   void mouse_pressed() override;
-  void user_acts() override { hooks_.user_acts(); }
+  void user_action() override { hooks_.user_action(); }
   bool reduced_motion() const override { return reduced_motion_; }
   // At first as the desktop's style has it: one whose animations last no time wants nothing moved. The title then
   // steps by whole cells, lights and pointers change at once.
