@@ -79,7 +79,7 @@ TEST_F(Managed, IsDraggedByItsHeadAndKeepsUp) {
   drag(260, 150, -30, -60);  // by the bare faceplate
   EXPECT_TRUE(comes_near(before.first - 30, before.second - 60));
   const auto corner = player->place();
-  player->click(130, 60);  // small, in its place
+  player->click(kDisplayPanel);  // small, in its place
   EXPECT_TRUE(wait_until([this] { return player->panel_width() == 262; }));
   EXPECT_EQ(player->place(), corner);
   player->double_click(100, 7);  // full, in the middle of the screen
@@ -119,8 +119,8 @@ TEST_F(Managed, IsExactAtAScaleOfOneAndAHalf) {
 }
 
 TEST_F(Managed, IsClosedFromOutside) {
-  player->click(235, 137, 5);  // the wheel on the volume, one notch down
-  player->key("alt+F4");       // the manager's own key
+  player->click(kVolumeWheel, 5);  // one notch down
+  player->key("alt+F4");           // the manager's own key
   EXPECT_EQ(player->exit_status(), 0);
   EXPECT_EQ(player->errors(), "");
   EXPECT_EQ(lines_of(player->settings()).at(15), std::to_string(32768 - 328));

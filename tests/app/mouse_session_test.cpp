@@ -42,7 +42,7 @@ class MouseSession : public AssistiveFixture {
     player->click_screen(found->x, found->y, with_key);
   }
   void add_songs() {
-    player->click(189, 146);  // SONG
+    player->click(kSongKey);
     ASSERT_TRUE(player->dialog_shows_up());
     click("song 1.wav", "tree item");
     click("song 3.wav", "tree item", "shift");
@@ -52,29 +52,29 @@ class MouseSession : public AssistiveFixture {
         wait_until([this] { return seen("03 - " + desktop.home().file("song 3.wav"), "list item").has_value(); }));
   }
   void set_equalizer_and_volume() const {
-    player->click(124, 242);         // Playlist: the equalizer in its place
+    player->click(kPlaylistKey);     // the equalizer in its place
     player->drag(278, 186, 0, -18);  // the first fader, by 6 dB
     player->click(300, 186, 4);      // the wheel on the second
     player->click(586, 198);         // the groove of the last
     player->drag(235, 137, 0, 75);   // the volume, by half its way
-    player->click(124, 242);
+    player->click(kPlaylistKey);
   }
   void save_list() {
-    player->click(581, 240);  // Save
+    player->click(kSaveListKey);
     ASSERT_TRUE(player->dialog_shows_up());
     player->type("evening");
     click("Save", "push button");
     ASSERT_TRUE(player->dialog_goes_away());
   }
   void open_list() {
-    player->click(581, 210);  // Open
+    player->click(kOpenListKey);
     ASSERT_TRUE(player->dialog_shows_up());
     click("evening.m3l", "tree item");
     click("Open", "push button");
     ASSERT_TRUE(player->dialog_goes_away());
   }
   void close() {
-    player->click(596, 7);
+    player->click(kCloseKey);
     EXPECT_EQ(player->exit_status(), 0);
     EXPECT_EQ(player->errors().find("tandem:"), std::string::npos) << player->errors();
   }
@@ -85,7 +85,7 @@ TEST_F(MouseSession, SongsAreAddedPlayedShapedSavedAndOpenedAgain) {
   write_songs();
   ASSERT_NO_FATAL_FAILURE(add_songs());
   desktop.sound.start_recording();
-  player->click(24, 146);  // PLAY
+  player->click(kPlayKey);
   EXPECT_TRUE(hears(kClickedTones[0]));
   set_equalizer_and_volume();
   ASSERT_NO_FATAL_FAILURE(save_list());
@@ -99,7 +99,7 @@ TEST_F(MouseSession, SongsAreAddedPlayedShapedSavedAndOpenedAgain) {
   start(kept);
   ASSERT_NO_FATAL_FAILURE(open_list());
   player->double_click(400, 124);  // the first line goes
-  player->click(24, 146);
+  player->click(kPlayKey);
   EXPECT_TRUE(hears(kClickedTones[1]));
   EXPECT_TRUE(hears(kClickedTones[2]));
   close();

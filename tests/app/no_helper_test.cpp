@@ -34,12 +34,12 @@ TEST(TheProgramAlone, StartsNoOther) {
   const std::set<pid_t> before = children();
   RealPlayer player(desktop, factory_settings());
   ASSERT_TRUE(player.show_up()) << player.errors();
-  player.click(189, 146);
+  player.click(kSongKey);
   ASSERT_TRUE(player.dialog_shows_up());
   player.answer_dialog("\"" + player.write_song("song.wav", 800, 1) + "\"");
   ASSERT_TRUE(player.dialog_goes_away());
-  player.click(24, 146);
-  player.click(596, 7);
+  player.click(kPlayKey);
+  player.click(kCloseKey);
   EXPECT_EQ(player.exit_status(), 0);
   EXPECT_EQ(player.errors(), "");
   EXPECT_EQ(children(), before);

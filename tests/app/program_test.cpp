@@ -81,10 +81,10 @@ TEST_F(TheProgram, PlaysThreeSongsThatOverlap) {
   desktop.sound.start();
   start_and_show(settings_with(kLeadLine, "1000"));
   const std::string names = write_songs();
-  player->click(189, 146);
+  player->click(kSongKey);
   answer(names);
   desktop.sound.start_recording();
-  player->click(24, 146);
+  player->click(kPlayKey);
   ASSERT_TRUE(hears(kTones[2]));
   ASSERT_TRUE(has_gone_silent());
   const std::vector<Sample16> heard = desktop.sound.recording();
@@ -100,7 +100,7 @@ TEST_F(TheProgram, PlaysThreeSongsThatOverlap) {
     }
     before = now;
   }
-  player->click(596, 7);  // Close
+  player->click(kCloseKey);  // Close
   EXPECT_EQ(player->exit_status(), 0);
   EXPECT_EQ(player->errors(), "");
   EXPECT_EQ(lines_of(player->settings()).at(kLeadLine), "1000");
@@ -146,9 +146,9 @@ TEST_F(TheProgram, IsUsedByTheKeyboardAlone) {
 TEST_F(TheProgram, ATermSignalWhilePlayingSavesTheSettings) {
   desktop.sound.start();
   start_and_show();
-  player->click(189, 146);
+  player->click(kSongKey);
   answer('"' + player->write_song("one.wav", kTones[0], 20) + '"');
-  player->click(235, 137, 5);  // the wheel on the volume, one notch down
+  player->click(kVolumeWheel, 5);  // one notch down
   desktop.sound.start_recording();
   ASSERT_TRUE(player->play());
   ASSERT_TRUE(hears(kTones[0]));
@@ -160,8 +160,8 @@ TEST_F(TheProgram, ATermSignalWhilePlayingSavesTheSettings) {
 
 TEST_F(TheProgram, ATermSignalWithAnOpenDialogSavesTheSettingsToo) {
   start_and_show();
-  player->click(235, 137, 5);
-  player->click(189, 146);
+  player->click(kVolumeWheel, 5);
+  player->click(kSongKey);
   ASSERT_TRUE(player->dialog_shows_up());
   player->send(SIGTERM);
   EXPECT_EQ(player->exit_status(), 0);
@@ -171,7 +171,7 @@ TEST_F(TheProgram, ATermSignalWithAnOpenDialogSavesTheSettingsToo) {
 
 TEST_F(TheProgram, SoundsAsSoonAsThereIsASoundServer) {
   start_and_show();
-  player->click(189, 146);
+  player->click(kSongKey);
   answer('"' + player->write_song("one.wav", kTones[0], 20) + '"');
   ASSERT_TRUE(player->play());
   desktop.sound.start();
@@ -183,7 +183,7 @@ TEST_F(TheProgram, SoundsAsSoonAsThereIsASoundServer) {
 
 TEST_F(TheProgram, ChangesItsSizeOnTheScreen) {
   start_and_show();
-  player->click(130, 60);
+  player->click(kDisplayPanel);
   EXPECT_TRUE(wait_until([this] { return player->panel_width() == 262; }));
   player->key("ctrl+m");
   EXPECT_TRUE(wait_until([this] { return player->panel_width() == 607; }));
@@ -196,7 +196,7 @@ TEST_F(TheProgram, IsDraggedByItsHead) {
   const std::pair<int, int> place = player->place();
   player->drag(300, 7, 57, 33);
   EXPECT_TRUE(wait_until([&] { return player->place() == std::pair(place.first + 57, place.second + 33); }));
-  player->click(130, 60);  // small, in its place
+  player->click(kDisplayPanel);  // small, in its place
   EXPECT_TRUE(wait_until([this] { return player->panel_width() == 262; }));
   EXPECT_EQ(player->place(), std::pair(place.first + 57, place.second + 33));
 }

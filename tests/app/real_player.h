@@ -18,6 +18,21 @@ namespace tandem::test {
 inline constexpr std::size_t kVolumeLine = 15;
 inline constexpr std::size_t kLeadLine = 34;
 
+// Where controls lie on the panel: px at 100 %.
+struct PanelPoint {
+  int x;
+  int y;
+};
+inline constexpr PanelPoint kCloseKey{596, 7};
+inline constexpr PanelPoint kDisplayPanel{130, 60};
+inline constexpr PanelPoint kPlayKey{24, 146};
+inline constexpr PanelPoint kSongKey{189, 146};
+inline constexpr PanelPoint kVolumeWheel{235, 137};
+inline constexpr PanelPoint kMeterSwitch{27, 227};
+inline constexpr PanelPoint kPlaylistKey{124, 242};
+inline constexpr PanelPoint kOpenListKey{581, 210};
+inline constexpr PanelPoint kSaveListKey{581, 240};
+
 // A screen and a sound server for all players of one test, and a home directory in which nothing is. Programs that are
 // started after it use them.
 class Desktop {
@@ -51,8 +66,9 @@ class RealPlayer {
   bool dialog_goes_away();
 
   void click(int x, int y, int button = 1) const;  // a point of the panel
-  void key(const std::string& key) const;          // for the panel, as xdotool names it
-  void answer_dialog(const std::string& text);     // typed, and Return
+  void click(const PanelPoint& at, int button = 1) const { click(at.x, at.y, button); }
+  void key(const std::string& key) const;       // for the panel, as xdotool names it
+  void answer_dialog(const std::string& text);  // typed, and Return
   // PLAY, once the songs that the dialog chose are in the list: they are measured first. False if no song plays then.
   bool play();
   void type(const std::string& text) const;  // where the keys go

@@ -93,7 +93,7 @@ TEST_F(SessionBus, ShowsAMenuAtTheRightButton) {
 TEST_F(SessionBus, LeavesTheRightButtonToTheRotarySwitches) {
   constexpr std::size_t kLine = 28;  // of the settings, for the switch of the displays
   const int before = std::stoi(lines_of(player->settings()).at(kLine));
-  for (const int button : {1, 3, 3}) player->click(27, 227, button);
+  for (const int button : {1, 3, 3}) player->click(kMeterSwitch, button);
   player->click(300, 200, 3);
   EXPECT_TRUE(wait_until([&] { return menu_is_open(); }));
   player->send(SIGTERM);

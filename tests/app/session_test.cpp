@@ -33,7 +33,7 @@ class Session : public testing::Test {
   void start() {
     player = std::make_unique<RealPlayer>(desktop, factory_settings());
     ASSERT_TRUE(player->show_up()) << player->errors();
-    player->click(235, 137, 5);  // the wheel on the volume, one notch down
+    player->click(kVolumeWheel, 5);  // one notch down
   }
   bool volume_is_saved() const { return saved_volume() == kLower; }
   std::string saved_volume() const { return lines_of(player->settings()).at(kVolumeLine); }

@@ -54,12 +54,12 @@ TEST(TheProgramWithTenFiles, SoundsThemInOrderEachOverTheEndOfTheOneBefore) {
   const std::vector<KnownSong> songs = songs_of_the_list();
   std::string names;
   for (const KnownSong& song : songs) names += "\"" + song.path + "\" ";
-  player.click(189, 146);
+  player.click(kSongKey);
   ASSERT_TRUE(player.dialog_shows_up());
   player.answer_dialog(names);
   ASSERT_TRUE(player.dialog_goes_away());
   desktop.sound.start_recording();
-  player.click(24, 146);
+  player.click(kPlayKey);
   desktop.do_tool({"mousemove", "1900", "1000"});  // the user is away: the sound is queued far ahead
   ASSERT_TRUE(wait_until([&] { return is_over(desktop.sound.recording()); }, std::chrono::seconds(90)));
 
@@ -75,7 +75,7 @@ TEST(TheProgramWithTenFiles, SoundsThemInOrderEachOverTheEndOfTheOneBefore) {
     EXPECT_GT(error, 0.0) << songs[k].path;
     EXPECT_LE(error, 20.0) << songs[k].path;
   }
-  player.click(596, 7);  // Close
+  player.click(kCloseKey);  // Close
   EXPECT_EQ(player.exit_status(), 0);
 }
 

@@ -98,7 +98,7 @@ TEST_F(DesignedPanel, SlidersAndDials) {
   }
 }
 
-TEST_F(DesignedPanel, Captions) {
+TEST_F(DesignedPanel, HasItsCaptions) {
   EXPECT_EQ(c.MMPanelX1[0].Caption, "10 BANDS EQUALIZER");
   EXPECT_EQ(c.MMLEDLABELX1.Caption.get(), "SONG:");
   EXPECT_EQ(c.MMLEDLABELX2.Caption.get(), "COUNTER:");

@@ -54,20 +54,20 @@ class LiveLatency : public testing::TestWithParam<Buffers> {
   LiveRig rig_;
 };
 
-TEST_P(LiveLatency, Volume) {
+TEST_P(LiveLatency, VolumeIsHeardInTime) {
   play();
   auto& wheel = rig_.controls().Volume;
   EXPECT_LE(delay_of([&] { wheel.move(0); }, [&] { wheel.move(32768); }), GetParam().limit_ms);
 }
 
-TEST_P(LiveLatency, Stop) {
+TEST_P(LiveLatency, StopIsHeardInTime) {
   play();
   auto& controls = rig_.controls();
   EXPECT_LE(delay_of([&] { controls.STOPBtn.click.raise(); }, [&] { controls.PLAY.click.raise(); }),
             GetParam().limit_ms);
 }
 
-TEST_P(LiveLatency, EqualizerGain) {
+TEST_P(LiveLatency, AGainIsHeardInTime) {
   play();
   const auto move_all = [this](int gain) {
     for (auto& slider : rig_.controls().sl0) slider.move(gain);

@@ -29,7 +29,7 @@ std::vector<Fields> read_rows(const std::string& name) {
   return rows;
 }
 
-TEST(PanelData, EveryTextIsAsItShallBe) {
+TEST(PanelData, EveryTextIsAsDesigned) {
   const auto rows = read_rows("panel_texts.csv");
   ASSERT_EQ(rows.size(), 74U);
   std::size_t with_text = 0;

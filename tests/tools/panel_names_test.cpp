@@ -63,7 +63,7 @@ TEST_F(Names, LinesOfLists) {
   EXPECT_EQ(value("PlayList.Selected(0)"), "False");
 }
 
-TEST_F(Names, Components) {
+TEST_F(Names, ReachComponents) {
   panel.program.panel.load();
   panel.add_songs(1);
   panel.controls.PLAY.click.raise();
