@@ -1,5 +1,5 @@
-/* A slow stick under one folder, for a program that is started with this in LD_PRELOAD: each pread() of a file in
- * SLOW_READS_FOLDER takes as long as SLOW_READS_BYTES_PER_SECOND says. tools/evening builds and uses it. */
+// A slow stick under one folder, for a program that is started with this in LD_PRELOAD: each pread() of a file in
+// SLOW_READS_FOLDER takes as long as SLOW_READS_BYTES_PER_SECOND says. tools/evening builds and uses it.
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <stdio.h>

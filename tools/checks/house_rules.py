@@ -4,7 +4,7 @@
 No code file has more than 300 lines. Text files end with one line end, hold no CR, no tab and no blank at a line's end.
 Names in anonymous namespaces are unique among files that are compiled as one: a folder of src, a test program. Nothing
 refers to papers outside this repository: what matters is said where it matters. Comments and documents are in plain English:
-words of our own that readers stumbled over stay out, of tests' names too. Exit status 0, or 1 with one line for each offence.
+words that readers stumbled over stay out, of names too. Exit status 0, or 1 with one line for each offence.
 """
 import os
 import re
@@ -12,8 +12,8 @@ import subprocess
 import sys
 
 CODE_LIMIT = 300
-CODE = ('.h', '.cpp', '.py', '.bash')
-COMMENT = {'.h': '//', '.cpp': '//', '.py': '#', '.bash': '#', '.cmake': '#', '.txt': '#', '': '#'}
+CODE = ('.h', '.cpp', '.c', '.py', '.bash')
+COMMENT = {'.h': '//', '.cpp': '//', '.c': '//', '.py': '#', '.bash': '#', '.cmake': '#', '.txt': '#', '': '#'}
 TEXT = CODE + ('.md', '.txt', '.cmake', '.json', '.packages', '.desktop', '.svg', '.in', '.xml')
 # All that lies in the repository's own folder: a stray log or picture is noticed.
 ROOT_FILES = {'.clang-format', '.clang-tidy', '.editorconfig', '.gitattributes', '.gitignore', 'CHANGELOG.md', 'CMakeLists.txt',
@@ -25,6 +25,7 @@ PAPERS = re.compile(r'\b[sS]p' r'ec(ification)?s?\b|\bPart' r' [0-9](\.[0-9])?|\
 CAPTION = re.compile(r'"Sp' r'ec"|\bSp' r'ec(?=, V\.U\.)|\bSp' r'ec(?=[,/|] ?VU)')
 # Say the user, reported, again, no one, after or before, on purpose, Qt.
 WORDS = re.compile(r'\b(hands?|told|tells?|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)\b', re.IGNORECASE)
+NAME = re.compile(r'\b\w*_(told|wished|hand)_?\b')  # a function or a variable in snake_case
 TEST_NAME = re.compile(r'TEST(?:_[FP])?\((\w+, \w+)\)')  # words that begin with a capital letter
 
 # Begins the definition of a constant or a type at the left margin; an alias may stand twice.
@@ -46,8 +47,11 @@ def private_names(text):
 
 
 def word_offence(name, line):
-    """The first unwanted word in a line of a document, in a comment of a line of code or in a test's name, or None."""
+    """The first unwanted word in a line of a document, in a comment or a name in a line of code, or None."""
     ending = os.path.splitext(name)[1]
+    named = NAME.search(line) if COMMENT.get(ending) == '//' else None
+    if named:
+        return f'"{named[0]}": name it in plain English'
     test = TEST_NAME.match(line)
     if test:
         line = re.sub('(?=[A-Z])', ' ', test[1])
