@@ -9,6 +9,11 @@ namespace tandem {
 
 void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
+  if (element == PE_FrameMenu) {
+    painter->setPen(QColor::fromRgb(palette::kFaceplate[0]));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    return;
+  }
   if (element != PE_PanelTipLabel) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   painter->fillRect(option->rect, QColor::fromRgb(palette::kFaceplate[0]));
   painter->fillRect(option->rect.adjusted(1, 1, -1, -1), option->palette.toolTipBase());
@@ -17,6 +22,7 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 int PanelStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const {
   if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  if (hint == SH_EtchDisabledText) return 0;  // on a dark ground it looks as if printed twice
   return QProxyStyle::styleHint(hint, option, widget, data);
 }
 

@@ -1,5 +1,6 @@
-// The desktop's own style, calmer where it would be louder than the panel: a tip has a dim edge instead of one in the
-// colour of its text, and the keys of dialogs have no pictures, of which some cannot be seen on dark ground. UI thread.
+// The desktop's own style, calmer where it would be louder than the panel: tips and menus have a dim edge instead of
+// one in the colour of their text, disabled words no light shadow, and the keys of dialogs no pictures, of which some
+// cannot be seen on dark ground. UI thread.
 #pragma once
 
 #include <QProxyStyle>

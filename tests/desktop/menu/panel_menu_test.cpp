@@ -202,6 +202,10 @@ TEST(PanelStyle, ATipHasAQuietEdge) {
   }
 }
 
+TEST(PanelStyle, DisabledWordsAreDrawnOnce) {
+  EXPECT_EQ(PanelStyle().styleHint(QStyle::SH_EtchDisabledText, nullptr, nullptr, nullptr), 0);
+}
+
 TEST(PanelStyle, TheKeysOfDialogsHaveNoPictures) {
   PanelStyle style;
   QMessageBox box;
