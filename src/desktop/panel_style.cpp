@@ -9,7 +9,8 @@ namespace tandem {
 
 void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
-  if (element == PE_FrameMenu) {
+  if (element == PE_PanelMenu) {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
     painter->setPen(QColor::fromRgb(palette::kFaceplate[0]));
     painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
     return;

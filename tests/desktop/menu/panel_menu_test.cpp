@@ -202,6 +202,18 @@ TEST(PanelStyle, ATipHasAQuietEdge) {
   }
 }
 
+TEST(PanelStyle, AMenuHasAnEdge) {
+  const PanelStyle style;
+  QImage picture(40, 20, QImage::Format_RGB32);
+  QStyleOptionMenuItem menu;
+  menu.rect = picture.rect();
+  menu.palette = panel_palette();
+  QPainter painter(&picture);
+  style.drawPrimitive(QStyle::PE_PanelMenu, &menu, &painter, nullptr);
+  for (const QPoint edge : {QPoint(0, 0), QPoint(20, 0), QPoint(39, 19), QPoint(0, 10)})
+    EXPECT_GT(picture.pixelColor(edge).lightness(), picture.pixelColor(20, 10).lightness() + 30);
+}
+
 TEST(PanelStyle, DisabledWordsAreDrawnOnce) {
   EXPECT_EQ(PanelStyle().styleHint(QStyle::SH_EtchDisabledText, nullptr, nullptr, nullptr), 0);
 }
