@@ -6,6 +6,7 @@
 
 #include "app/player.h"
 #include "desktop/bus_texts.h"
+#include "platform/desktop/startup_end.h"
 
 namespace tandem {
 
@@ -59,6 +60,7 @@ void Player::come_to_front(const std::string& token) {
   window_->show();
   window_->raise();
   window_->activateWindow();
+  report_startup_end(*window_->windowHandle(), token);
 }
 
 void Player::show_name(const std::string& name) {

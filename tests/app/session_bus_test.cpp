@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <xcb/xcb.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -18,6 +19,34 @@ namespace tandem::test {
 namespace {
 
 constexpr double kBusTone = 1500;
+
+// What programs report to the desktop about starts, one after the other.
+class StartupReports {
+ public:
+  StartupReports() : server_(xcb_connect(nullptr, nullptr)) {
+    constexpr std::uint32_t kEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server_)).data->root;
+    xcb_change_window_attributes(server_, root, XCB_CW_EVENT_MASK, &kEvents);
+    std::free(xcb_get_input_focus_reply(server_, xcb_get_input_focus(server_), nullptr));  // it is done
+  }
+  ~StartupReports() { xcb_disconnect(server_); }
+  StartupReports(const StartupReports&) = delete;
+  StartupReports& operator=(const StartupReports&) = delete;
+
+  std::string text() {
+    while (xcb_generic_event_t* event = xcb_poll_for_event(server_)) {
+      const auto& part = *reinterpret_cast<const xcb_client_message_event_t*>(event);
+      if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE && part.format == 8)
+        for (const std::uint8_t byte : part.data.data8) text_ += byte == 0 ? '|' : static_cast<char>(byte);
+      std::free(event);
+    }
+    return text_;
+  }
+
+ private:
+  xcb_connection_t* server_;
+  std::string text_;
+};
 
 class SessionBus : public testing::Test {
  protected:
@@ -82,6 +111,15 @@ TEST_F(SessionBus, EndsWhenItIsAskedTo) {
   output_of({"busctl", "--user", "call", kMprisName, kMprisObject, "org.mpris.MediaPlayer2", "Quit"});
   EXPECT_EQ(player->exit_status(), 0);
   EXPECT_EQ(player->errors(), "");
+}
+
+// A file manager shows the busy pointer until then. A zero is a bar here; the text comes in parts of 20 bytes.
+TEST_F(SessionBus, ReportsThatTheStartWhichTheDesktopAwaitsIsOver) {
+  StartupReports reports;
+  output_of({"busctl", "--user", "call", kApplicationName, kApplicationObject, "org.freedesktop.Application",
+             "Activate", "a{sv}", "1", "desktop-startup-id", "s", "files/\"a\"_TIME7"});
+  EXPECT_TRUE(wait_until([&] { return reports.text() == "remove: ID=\"files/\\\"a\\\"_TIME7\"||||||||||"; }))
+      << reports.text();
 }
 
 TEST_F(SessionBus, ShowsAMenuAtTheRightButton) {
