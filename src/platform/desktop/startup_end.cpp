@@ -13,7 +13,7 @@ namespace tandem {
 
 namespace {
 
-std::string quoted(std::string_view text) {
+std::string in_quotes(std::string_view text) {
   std::string result = "\"";
   for (const char character : text) {
     if (character == '"' || character == '\\') result += '\\';
@@ -45,7 +45,7 @@ void broadcast(xcb_connection_t* server, xcb_window_t window, const std::string&
 void report_startup_end(const QWindow& window, const std::string& id) {
   xcb_connection_t* server = x_server();
   if (server == nullptr || id.empty()) return;
-  broadcast(server, static_cast<xcb_window_t>(window.winId()), "remove: ID=" + quoted(id));
+  broadcast(server, static_cast<xcb_window_t>(window.winId()), "remove: ID=" + in_quotes(id));
 }
 
 }  // namespace tandem
