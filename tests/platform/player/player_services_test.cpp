@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -20,6 +21,14 @@
 
 namespace tandem {
 namespace {
+
+// A QApplication with the words it keeps.
+struct Application {
+  std::array<char, 7> name{"tandem"};
+  char* word = name.data();
+  int words = 1;
+  QApplication application{words, &word};
+};
 
 class PlayerServices : public testing::Test {
  protected:
@@ -58,10 +67,7 @@ TEST_F(PlayerServices, AreAskedForItsThreadsAndForTheDesktopsSwitch) {
   FakeRealtimeKit kit(bus_, {});
   FakePortal portal(bus_, {.animations = false});
   Player player;
-  int words = 1;
-  char name[] = "tandem";
-  char* word = name;
-  const QApplication application(words, &word);
+  const Application application;
   player.show();
   EXPECT_TRUE(soon([&] { return player.window().reduced_motion(); }));
   player.program().controls.Painel.files_dropped.raise(dialog_results({song("song.wav", 10)}).front());
@@ -82,10 +88,7 @@ TEST_F(PlayerServices, AreAskedForItsThreadsAndForTheDesktopsSwitch) {
 TEST_F(PlayerServices, BringEverySongChosenWhateverIsPressedMeanwhile) {
   FakeChooser chooser(bus_, {.answers = false});
   Player player;
-  int words = 1;
-  char name[] = "tandem";
-  char* word = name;
-  const QApplication application(words, &word);
+  const Application application;
   player.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&player.window()));
   PanelControls& controls = player.program().controls;
