@@ -102,6 +102,7 @@ bool AutomaticMix::sounds_on(std::size_t deck, std::string_view path) const {
 // Leaves ScanIndex at the line, or at the line count.
 bool AutomaticMix::find_audible_line() {
   const ListBox& list = controls_.PlayList;
+  // NOLINTNEXTLINE(bugprone-too-small-loop-variable): the index has 16 bits on purpose
   for (state_.ScanIndex = 0; state_.ScanIndex < list.ListCount(); state_.ScanIndex = to_int16(state_.ScanIndex + 1)) {
     const std::string_view path = line_rest(list.List(state_.ScanIndex), kNumberCut);
     if (sounds_on(0, path) || sounds_on(1, path)) return true;

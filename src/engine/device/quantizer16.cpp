@@ -12,7 +12,7 @@ constexpr int kMost = 32767;
 constexpr std::uint32_t kLowHalf = 0xFFFFU;
 
 constexpr std::size_t kLot = 128;  // frames
-using Values = std::array<float, 2 * kLot>;
+using LotOfSteps = std::array<float, 2 * kLot>;
 
 // To the nearest whole number, ties to even, for less than 2^22 either way: a float of this size has no room for more.
 // lrintf() does the same by a call.
@@ -28,8 +28,8 @@ std::int16_t in_range(float steps) noexcept {
   return static_cast<std::int16_t>(std::clamp(static_cast<int>(whole(steps)), kLeast, kMost));
 }
 
-Values steps_of(std::span<const StereoFrame> frames) noexcept {
-  Values steps = {};
+LotOfSteps steps_of(std::span<const StereoFrame> frames) noexcept {
+  LotOfSteps steps = {};
   for (std::size_t i = 0; i < frames.size(); ++i) {
     steps[2 * i] = in_steps(frames[i].left);
     steps[2 * i + 1] = in_steps(frames[i].right);
@@ -69,7 +69,7 @@ void Quantizer16::dither(std::span<float> steps) noexcept {
 void Quantizer16::convert(std::span<const StereoFrame> from, std::span<Sample16> to) noexcept {
   for (std::size_t done = 0; done < from.size(); done += kLot) {
     const auto frames = from.subspan(done, std::min(kLot, from.size() - done));
-    Values steps = steps_of(frames);
+    LotOfSteps steps = steps_of(frames);
     dither(std::span(steps).first(2 * frames.size()));
     for (std::size_t i = 0; i < frames.size(); ++i) to[done + i] = {in_range(steps[2 * i]), in_range(steps[2 * i + 1])};
   }

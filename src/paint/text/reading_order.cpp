@@ -26,7 +26,7 @@ bool is_blank(uint letter) { return letter == U' '; }
 
 /// Blanks before the first letter, at the end where reading begins; 0 if there is no letter.
 int leading_blanks(const DisplayLine& line) {
-  const auto count = [](auto begin, auto end) {
+  const auto count = [](const auto& begin, const auto& end) {
     const auto first = std::find_if_not(begin, end, is_blank);
     return first == end ? 0 : static_cast<int>(first - begin);
   };
