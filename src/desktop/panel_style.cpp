@@ -11,8 +11,11 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                const QWidget* widget) const {
   if (element == PE_PanelMenu) {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+    painter->save();
     painter->setPen(QColor::fromRgb(palette::kFaceplate[0]));
+    painter->setBrush(Qt::NoBrush);
     painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
     return;
   }
   if (element != PE_PanelTipLabel) return QProxyStyle::drawPrimitive(element, option, painter, widget);

@@ -100,7 +100,7 @@ TEST_F(TheProgram, PlaysThreeSongsThatOverlap) {
     }
     before = now;
   }
-  player->click(kCloseKey);  // Close
+  player->click(kCloseKey);
   EXPECT_EQ(player->exit_status(), 0);
   EXPECT_EQ(player->errors(), "");
   EXPECT_EQ(lines_of(player->settings()).at(kLeadLine), "1000");

@@ -75,7 +75,7 @@ TEST(TheProgramWithTenFiles, SoundsThemInOrderEachOverTheEndOfTheOneBefore) {
     EXPECT_GT(error, 0.0) << songs[k].path;
     EXPECT_LE(error, 20.0) << songs[k].path;
   }
-  player.click(kCloseKey);  // Close
+  player.click(kCloseKey);
   EXPECT_EQ(player.exit_status(), 0);
 }
 

@@ -24,8 +24,9 @@ EXEMPT = ('tests/data/', 'fuzz/seeds/', 'fuzz/regressions/')
 PAPERS = re.compile(r'\b[sS]p' r'ec(ification)?s?\b|\bPart' r' [0-9](\.[0-9])?|\.\./' r'shared|\bshared' r'/(sp' r'ec|design)')
 CAPTION = re.compile(r'"Sp' r'ec"|\bSp' r'ec(?=, V\.U\.)|\bSp' r'ec(?=[,/|] ?VU)')
 # Say the user, reported, again, no one, after or before, on purpose, Qt.
-WORDS = re.compile(r'\b(hands?|told|tells?|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)\b', re.IGNORECASE)
-NAME = re.compile(r'\b\w*_(told|wished|hand)_?\b')  # a function or a variable in snake_case
+UNCLEAR = r'(hands?|told|tells?|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)'
+WORDS = re.compile(rf'\b{UNCLEAR}\b', re.IGNORECASE)
+NAME = re.compile(rf'\b\w*_{UNCLEAR}_?\b')  # a function or a variable in snake_case
 TEST_NAME = re.compile(r'TEST(?:_[FP])?\((\w+, \w+)\)')  # words that begin with a capital letter
 
 # Begins the definition of a constant or a type at the left margin; an alias may stand twice.

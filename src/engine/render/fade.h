@@ -30,9 +30,8 @@ class PauseFade {
  public:
   void begin_fade_in() noexcept { target_audible_ = true; }
   void begin_fade_out() noexcept { target_audible_ = false; }
-  void finish_fade_out() noexcept {
-    audible_ = audible_ && target_audible_;
-  }  // where nothing sounds, no fade is needed
+  // Where nothing sounds no fade is needed.
+  void finish_fade_out() noexcept { audible_ = audible_ && target_audible_; }
   void forget() noexcept { starts_at_full_level_ = !audible_; }
   bool fading_out() const noexcept { return audible_ && !target_audible_; }  // over the next step
   bool is_silent() const noexcept { return !audible_ && !target_audible_; }

@@ -60,13 +60,18 @@ double fader_value(const QRectF& box, const FaderState& look, double y) {
   return look.maximum - (y - box.top() - look.cap.height() / 2) * (look.maximum - look.minimum) / travel;
 }
 
+QRectF fader_cap(const QRectF& box, const FaderState& look) {
+  const QPointF middle(box.center().x(), fader_y(box, look));
+  return {middle - QPointF(look.cap.width() / 2, look.cap.height() / 2), look.cap};
+}
+
 void paint_fader(QPainter& painter, const QRectF& box, const FaderState& look) {
   const double x = box.center().x();
   const double y = fader_y(box, look);
   const bool at_zero = look.value == 0;
   paint_fader_groove(painter, box);
   if (!at_zero) paint_lit_line(painter, x, y_of(box, look, 0), y, look.lit_colour);
-  const QRectF cap(QPointF(x - look.cap.width() / 2, y - look.cap.height() / 2), look.cap);
+  const QRectF cap = fader_cap(box, look);
   paint_cap(painter, cap, at_zero ? kWhite : look.lit_colour, look.interaction.hover);
   if (look.interaction.focused) paint_focus_ring(painter, cap, 2);
 }

@@ -22,6 +22,7 @@ struct FaderState {
 /// y of the cap's middle; the greatest value is at the top. Its inverse, not limited to the range.
 double fader_y(const QRectF& box, const FaderState& look);
 double fader_value(const QRectF& box, const FaderState& look, double y);
+QRectF fader_cap(const QRectF& box, const FaderState& look);
 void paint_fader(QPainter& painter, const QRectF& box, const FaderState& look);
 
 struct SliderState {

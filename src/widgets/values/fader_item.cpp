@@ -112,10 +112,7 @@ std::int32_t FaderItem::value_at(const QPointF& panel_position) const {
   return static_cast<std::int32_t>(std::lround(fader_value(box(), look(), panel_position.y())));
 }
 
-QRectF FaderItem::cap_now() const {
-  const QPointF middle(box().center().x(), fader_y(box(), look()));
-  return {middle.x() - cap_.width() / 2, middle.y() - cap_.height() / 2, cap_.width(), cap_.height()};
-}
+QRectF FaderItem::cap_now() const { return fader_cap(box(), look()); }
 
 std::optional<std::int32_t> FaderItem::value_after(int key) const {
   switch (key) {
@@ -218,16 +215,15 @@ void PositionItem::show_mix(const MixView& view) {
   if (isVisible()) canvas().repaint_box(drawn_box());
 }
 
-QRectF PositionItem::cap_now() const {
-  const double left = box().left() + share() * (box().width() - kSliderCapWidth);
+QRectF PositionItem::cap_at(double share) const {
+  const double left = box().left() + share * (box().width() - kSliderCapWidth);
   return {left, box().top(), kSliderCapWidth, box().height()};
 }
 
 // What the cap covers with the light about it and the lit end of its groove.
 QRectF PositionItem::cap_box(double share) const {
   constexpr double kAbout = 6;
-  const double left = box().left() + share * (box().width() - kSliderCapWidth);
-  return {left - kAbout, box().top() - kAbout, kSliderCapWidth + 2 * kAbout, box().height() + 2 * kAbout};
+  return cap_at(share).adjusted(-kAbout, -kAbout, kAbout, kAbout);
 }
 
 QString PositionItem::accessible_description() const {

@@ -97,7 +97,7 @@ class PositionItem final : public SlidingItem {
  protected:
   void put_value(double seconds) override;
   std::int32_t value_at(const QPointF& panel_position) const override;
-  QRectF cap_now() const override;
+  QRectF cap_now() const override { return cap_at(share()); }
   std::optional<std::int32_t> value_after(int key) const override;
   std::int32_t wheel_step() const override { return 5000; }
   void model_changed() override;
@@ -105,6 +105,7 @@ class PositionItem final : public SlidingItem {
 
  private:
   double share() const;
+  QRectF cap_at(double share) const;
   QRectF cap_box(double share) const;
   bool seen_apart(std::optional<double> a, std::optional<double> b) const;
   double drawn_share_ = -1;
