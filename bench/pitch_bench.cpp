@@ -18,10 +18,10 @@
 #include <span>
 #include <vector>
 
-#include "engine/pitch_deck.h"
-#include "engine/pitch_measures.h"
-#include "engine/pitch_signals.h"
-#include "engine/pitch_songs.h"
+#include "engine/pitch/pitch_deck.h"
+#include "engine/pitch/pitch_measures.h"
+#include "engine/pitch/pitch_signals.h"
+#include "engine/pitch/pitch_songs.h"
 
 namespace {
 

@@ -38,8 +38,8 @@ elseif(TANDEM_HARDEN)
   target_link_options(tandem_options INTERFACE -pie -Wl,-z,relro,-z,now,-z,noexecstack)
 endif()
 
-# A unity build (CMAKE_UNITY_BUILD, on in the presets) compiles the files of a room, or eight files of a test program, as
-# one: it takes a third of the time. So names in anonymous namespaces differ within a folder of src and within a test program.
+# A unity build (CMAKE_UNITY_BUILD, on in the presets) compiles the files of a room, or eight files of a test program without
+# rooms, as one: it takes a third of the time. So names in anonymous namespaces differ within a folder of src and of tests.
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
 
 # clang-tidy reads the headers of other people once for each unit, which is most of its work.

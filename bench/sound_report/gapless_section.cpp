@@ -4,7 +4,7 @@
 #include <exception>
 #include <string>
 
-#include "engine/encoded_songs.h"
+#include "engine/decode/encoded_songs.h"
 #include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"

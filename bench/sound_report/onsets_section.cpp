@@ -6,9 +6,9 @@
 #include <numbers>
 #include <random>
 
-#include "engine/pitch_deck.h"
-#include "engine/pitch_measures.h"
-#include "engine/pitch_songs.h"
+#include "engine/pitch/pitch_deck.h"
+#include "engine/pitch/pitch_measures.h"
+#include "engine/pitch/pitch_songs.h"
 #include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"

@@ -7,8 +7,8 @@
 #include <limits>
 #include <numbers>
 
-#include "engine/pitch_measures.h"
-#include "engine/pitch_songs.h"
+#include "engine/pitch/pitch_measures.h"
+#include "engine/pitch/pitch_songs.h"
 #include "sound_report/limits.h"
 #include "sound_report/pitch_shifters.h"
 #include "sound_report/processor_time.h"

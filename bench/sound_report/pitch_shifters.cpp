@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "engine/pitch_deck.h"
+#include "engine/pitch/pitch_deck.h"
 
 namespace tandem::report {
 

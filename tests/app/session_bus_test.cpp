@@ -12,7 +12,7 @@
 #include "app/real_player.h"
 #include "app/tone_times.h"
 #include "desktop/names.h"
-#include "platform/bus_test_daemon.h"
+#include "platform/desktop/bus_test_daemon.h"
 #include "settings/settings_file.h"
 
 namespace tandem::test {

@@ -14,7 +14,7 @@
 
 #include "desktop/desktop_services.h"
 #include "fakes/test_panel.h"
-#include "platform/bus_fixture.h"
+#include "platform/desktop/bus_fixture.h"
 
 namespace tandem::test {
 

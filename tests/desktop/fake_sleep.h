@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/bus_test_daemon.h"
+#include "platform/desktop/bus_test_daemon.h"
 
 namespace tandem::test {
 

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <thread>
 
-#include "engine/band_equalizer_rig.h"
+#include "engine/equalizer/band_equalizer_rig.h"
 #include "engine/equalizer/filter_worker.h"
 
 namespace tandem {

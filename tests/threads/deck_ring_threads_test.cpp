@@ -6,8 +6,8 @@
 #include <thread>
 #include <vector>
 
-#include "engine/numbered_frames.h"
 #include "engine/read/deck_ring.h"
+#include "engine/read/numbered_frames.h"
 
 namespace tandem {
 namespace {

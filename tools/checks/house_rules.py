@@ -106,8 +106,8 @@ def stray_files(names):
 
 
 def compiled_with(name):
-    """The folder whose files may be compiled as one with that file: of src with all its rooms."""
-    return '/'.join(name.split('/')[:2]) if name.startswith('src/') else os.path.dirname(name)
+    """The folder of src or tests, with all its rooms, whose files may be compiled as one with that file."""
+    return '/'.join(name.split('/')[:2])
 
 
 def repeated_names(texts):

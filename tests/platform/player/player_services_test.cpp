@@ -12,10 +12,10 @@
 
 #include "app/player.h"
 #include "controls/chosen_files.h"
-#include "platform/fake_chooser.h"
-#include "platform/fake_portal.h"
-#include "platform/fake_realtime_kit.h"
-#include "platform/refused_thread.h"
+#include "platform/desktop/fake_chooser.h"
+#include "platform/desktop/fake_portal.h"
+#include "platform/desktop/fake_realtime_kit.h"
+#include "platform/desktop/refused_thread.h"
 #include "support/temp_directory.h"
 #include "support/wav_writer.h"
 
