@@ -2,8 +2,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "app/parts/intake_fixture.h"
 #include "base/whole_file.h"
-#include "intake/intake_fixture.h"
 
 namespace tandem::test {
 namespace {

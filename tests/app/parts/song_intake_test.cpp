@@ -4,9 +4,9 @@
 #include <chrono>
 #include <filesystem>
 
+#include "app/parts/intake_fixture.h"
 #include "base/whole_file.h"
 #include "faults/measured.h"
-#include "intake/intake_fixture.h"
 
 namespace tandem::test {
 namespace {
