@@ -17,6 +17,7 @@
 #include "engine/engine.h"
 #include "logged_graph/wav_recorder.h"
 #include "shaping/band_table.h"
+#include "simulation/simulated_workers.h"
 
 namespace tandem {
 namespace {
@@ -49,7 +50,7 @@ Options read_options(int argc, char** argv) {
 
 class Graph {
  public:
-  explicit Graph(SimulatedOutput::Sink sink) : output_(ring_, std::move(sink)), engine_(output_, ring_, std::nullopt) {
+  explicit Graph(SimulatedOutput::Sink sink) : output_(ring_, std::move(sink)), engine_(output_, ring_, workers_) {
     engine_.fill(sound_, timers_);
     sound_.WaveMixer->put_Volume(32768);
     sound_.WaveOut->start();
@@ -62,12 +63,12 @@ class Graph {
   bool load(std::size_t deck, const std::string& file, float pitch) {
     sound_.Pitch[deck]->put_Value(pitch);
     sound_.AudioFile[deck]->put_FileName(file);
-    engine_.step();
+    render();
     return !sound_.AudioFile[deck]->FileName().empty();
   }
   void play(int deck) { sound_.WaveMixer->put_Mute(deck, false); }
   void step() {
-    engine_.step();
+    render();
     output_.drain();
     ++steps_;
   }
@@ -80,8 +81,14 @@ class Graph {
   double seconds() const { return static_cast<double>(steps_) * kStepMilliseconds / 1000; }
 
  private:
+  void render() {
+    workers_.step();
+    engine_.deliver();
+  }
+
   OutputRing ring_;
   SimulatedOutput output_;
+  SimulatedWorkers workers_;
   Engine engine_;
   TimerQueue timers_;
   SoundGraph sound_;

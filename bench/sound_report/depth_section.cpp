@@ -7,6 +7,7 @@
 #include "engine/device/quantizer16.h"
 #include "engine/device/simulated_output.h"
 #include "engine/engine.h"
+#include "simulation/simulated_workers.h"
 #include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
@@ -24,7 +25,8 @@ Sound played(const std::string& path) {
   OutputRing ring;
   SimulatedOutput output(
       ring, [&sound](std::span<const StereoFrame> frames) { sound.insert(sound.end(), frames.begin(), frames.end()); });
-  Engine engine(output, ring, std::nullopt);
+  SimulatedWorkers workers;
+  Engine engine(output, ring, workers);
   TimerQueue timers;
   SoundGraph graph;
   engine.fill(graph, timers);
@@ -33,7 +35,8 @@ Sound played(const std::string& path) {
   graph.AudioFile[0]->put_FileName(path);
   graph.WaveMixer->put_Mute(0, false);
   for (int step = 0; step < static_cast<int>(kSeconds * 1000.0) / kStepMilliseconds; ++step) {
-    engine.step();
+    workers.step();
+    engine.deliver();
     output.drain();
   }
   return {sound.begin() + kSecond / 2, sound.begin() + kSecond / 2 + 2 * kSecond};

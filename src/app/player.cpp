@@ -38,7 +38,8 @@ void show_message(const std::string& text) {
 
 Player::Player()
     : output_(ring_),
-      engine_(output_, ring_, Engine::Threads{step_clock_, [this] { wakeup_.ring(); }}),
+      engine_threads_(step_clock_, [this] { wakeup_.ring(); }),
+      engine_(output_, ring_, engine_threads_),
       program_([this](TimerQueue& timers) { return make_graph(timers); }, environment()),
       pump_(engine_.display_feed()),
       intake_(program_, engine_.measured_songs(), {[this] { wakeup_.ring(); }, show_message}) {

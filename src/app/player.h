@@ -13,6 +13,7 @@
 #include "desktop/panel_menu.h"
 #include "engine/device/output_ring.h"
 #include "engine/engine.h"
+#include "engine/engine_threads.h"
 #include "platform/desktop/compositor_watch.h"
 #include "platform/desktop/occlusion_watch.h"
 #include "platform/desktop/qt_clock.h"
@@ -75,6 +76,7 @@ class Player {
   RealStepClock step_clock_;
   UiWakeup wakeup_;
   DeviceOutput output_;
+  EngineThreads engine_threads_;
   Engine engine_;
   QtFileDialog dialog_;
   Program program_;

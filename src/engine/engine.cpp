@@ -5,33 +5,25 @@
 
 #include "engine/components/equalizer_control.h"
 #include "engine/pitch/pitch_shifter.h"
-#include "engine/read/reader_thread.h"
-#include "engine/render/render_thread.h"
 
 namespace tandem {
 
-Engine::Engine(Output& output, OutputRing& ring, const std::optional<Threads>& threads)
+Engine::Engine(Output& output, OutputRing& ring, EngineWorkers& workers, const SilenceGuard::Patience& patience)
     : output_(output),
       ring_(ring),
-      filter_worker_(threads.has_value()),
+      workers_(workers),
+      filter_worker_(workers.has_threads()),
       chain_(readers_, filter_worker_),
       commands_(chain_.commands()),
-      decks_{DeckControl(0, readers_[0], commands_, chain_,
-                         [this] {
-                           if (reader_threads_[0]) reader_threads_[0]->wake();
-                         }),
-             DeckControl(1, readers_[1], commands_, chain_, [this] {
-               if (reader_threads_[1]) reader_threads_[1]->wake();
-             })} {
-  if (!threads) return;
+      decks_{DeckControl(0, readers_[0], commands_, chain_, [this] { workers_.wake_reader(0); }),
+             DeckControl(1, readers_[1], commands_, chain_, [this] { workers_.wake_reader(1); })},
+      silence_guard_(patience) {
   output_.set_queue_length(Output::kShortBuffers);
-  for (std::size_t i = 0; i < readers_.size(); ++i) reader_threads_[i] = std::make_unique<ReaderThread>(readers_[i]);
-  render_thread_ = std::make_unique<RenderThread>(chain_, output_, ring_, threads->clock, threads->notify_ui);
+  workers_.start({readers_, chain_, output_, ring_});
 }
 
 Engine::~Engine() {
-  render_thread_.reset();
-  for (auto& thread : reader_threads_) thread.reset();
+  workers_.stop();
   chain_.take_commands_silently();  // commands that never arrived own pitch shifters
   RenderEvent event;
   while (chain_.events().pop(event)) delete event.shifter;
@@ -71,7 +63,7 @@ void Engine::fill(SoundGraph& graph, TimerQueue& timers) {
 
 void Engine::wake() {
   commands_.flush();
-  if (render_thread_) render_thread_->wake();
+  workers_.wake_renderer();
 }
 
 void Engine::take_events() {
@@ -93,7 +85,7 @@ void Engine::take_events() {
 
 void Engine::replace_hung_readers() {
   for (std::size_t i = 0; i < decks_.size(); ++i)
-    if (reader_threads_[i] && reader_threads_[i]->replace_if_hung(chain_.steps())) decks_[i].change_feed();
+    if (workers_.replace_if_hung(i, chain_.steps())) decks_[i].change_feed();
 }
 
 void Engine::deliver() {
@@ -114,57 +106,21 @@ void Engine::skip_ticks_for(std::int64_t milliseconds) {
   } else {
     mix_timer_->hasten();
   }
-  if (!render_thread_) return;
   const auto steps = static_cast<std::uint64_t>(std::max<std::int64_t>(milliseconds, 0) / kStepMilliseconds);
-  render_thread_->run_freely_until(steps > 0 ? chain_.steps() + steps : 0, deep_queue_);
+  workers_.run_freely_until(steps > 0 ? chain_.steps() + steps : 0, deep_queue_);
 }
 
 void Engine::set_mix_point(int deck, std::int64_t after_milliseconds) {
-  if (!render_thread_) return;
-  if (deck < 0) return render_thread_->mix_point_wait().clear();
+  if (deck < 0) return workers_.clear_mix_point();
   const Frames frame = frames_of(after_milliseconds + 1);
   const bool first_of_it = milliseconds_of(frame) > after_milliseconds;
-  render_thread_->mix_point_wait().put(deck, decks_[static_cast<std::size_t>(deck)].generation(),
-                                       first_of_it ? frame : frame + 1);
+  workers_.put_mix_point(deck, decks_[static_cast<std::size_t>(deck)].generation(), first_of_it ? frame : frame + 1);
 }
 
 void Engine::set_deep_queue(bool deep) {
   if (deep == deep_queue_) return;
   deep_queue_ = deep;
   output_.set_queue_length(deep ? Output::kMaxQueuedBuffers - 1 : Output::kShortBuffers);
-}
-
-void Engine::work_inline() {
-  for (std::size_t i = 0; i < readers_.size(); ++i)
-    while (!stalled_[i] && readers_[i].work()) {
-    }
-}
-
-void Engine::step() {
-  commands_.flush();
-  step_unattended();
-  deliver();
-}
-
-void Engine::step_unattended() {
-  // The readers come to new songs, the chain then gives up the old ones' frames, and the readers fill the room.
-  work_inline();
-  if (!output_.consuming() || !chain_.wants_render()) {
-    chain_.take_commands_silently();
-  } else {
-    chain_.take_commands_ahead();
-  }
-  work_inline();
-  render_one_step();
-}
-
-// The commands may just have begun a fade or ended one.
-void Engine::render_one_step() {
-  if (!output_.consuming() || !chain_.wants_render()) return;
-  std::array<StereoFrame, kStepFrames> block;
-  chain_.render(block);
-  // Where a test's device takes nothing the ring is full in the end, and what does not fit is lost.
-  static_cast<void>(ring_.write(block));
 }
 
 }  // namespace tandem

@@ -1,16 +1,12 @@
 // The sound engine: one of everything between the panel's components and the output's ring.
 //
-// In the player the readers, the filter worker and the chain run on threads of their own. In simulated time there are
-// no threads: step() renders 10 ms of sound with all work inline, so every run gives the same bytes. Both modes are one
-// class, wired in the same way, so that what tests in simulated time prove holds in the player.
+// EngineWorkers read and render between the two: threads in the player, or one step after the other in simulated time.
 //
 // UI thread, except where Chain says otherwise.
 #pragma once
 
 #include <array>
-#include <functional>
 #include <memory>
-#include <optional>
 
 #include "audio/sound_graph.h"
 #include "engine/components/deck_control.h"
@@ -22,23 +18,15 @@
 #include "engine/components/silence_guard.h"
 #include "engine/components/song_end.h"
 #include "engine/device/output.h"
-#include "engine/device/step_clock.h"
+#include "engine/engine_workers.h"
 #include "engine/render/chain.h"
 
 namespace tandem {
 
-class ReaderThread;
-class RenderThread;
-
 class Engine {
  public:
-  // What the threads need. `notify_ui` is called on the render thread when deliver() should be called soon.
-  struct Threads {
-    StepClock& clock;
-    std::function<void()> notify_ui;
-  };
-  // With threads or, without, in simulated time. Output and ring outlive the engine.
-  Engine(Output& output, OutputRing& ring, const std::optional<Threads>& threads);
+  // Output, ring and workers outlive the engine. `patience`: see SilenceGuard.
+  Engine(Output& output, OutputRing& ring, EngineWorkers& workers, const SilenceGuard::Patience& patience = {});
   ~Engine();
   Engine(const Engine&) = delete;
   Engine& operator=(const Engine&) = delete;
@@ -55,21 +43,13 @@ class Engine {
   // 0 cancels.
   void skip_ticks_for(std::int64_t milliseconds);
   // The panel starts the next song when this deck's position is past that millisecond: rendering waits there briefly
-  // for the panel's tick, so that a late tick makes no late overlap. Deck -1: no wait. Threads only.
+  // for the panel's tick, so that a late tick makes no late overlap. Deck -1: no wait.
   void set_mix_point(int deck, std::int64_t after_milliseconds);
   // How much the device keeps queued: little for prompt controls, much while the user is away.
   void set_deep_queue(bool deep);
 
-  // Simulated time: one step of sound, if the output takes any, then deliver().
-  void step();
-  // The same without delivering: the UI thread is busy with something else.
-  void step_unattended();
-  // Simulated time: the deck's reader does no work while stalled, as on a disk that hangs.
-  void stall_reader(std::size_t deck, bool stalled) { stalled_.at(deck) = stalled; }
-
   // What TempFile answers from. Any thread; may outlive the engine.
   const std::shared_ptr<MeasuredSongs>& measured_songs() const { return measured_songs_; }
-  SilenceGuard& silence_guard() { return silence_guard_; }
   const DisplayFeed& display_feed() const { return chain_.display_feed(); }
   const FlightRecorder& flight_recorder() const { return ring_.flight_recorder(); }
   const Chain& chain() const { return chain_; }
@@ -82,16 +62,14 @@ class Engine {
 
  private:
   void replace_hung_readers();
-  void work_inline();
-  void render_one_step();
   void take_events();
   void wake();
   MixTick mix_tick();
 
   Output& output_;
   OutputRing& ring_;
+  EngineWorkers& workers_;
   std::array<DeckReader, 2> readers_;
-  std::array<bool, 2> stalled_{};  // in simulated time
   FilterWorker filter_worker_;
   Chain chain_;
   CommandSender commands_;
@@ -106,8 +84,6 @@ class Engine {
   SilenceGuard silence_guard_;
   std::shared_ptr<MeasuredSongs> measured_songs_ = std::make_shared<MeasuredSongs>();
   bool deep_queue_ = false;
-  std::array<std::unique_ptr<ReaderThread>, 2> reader_threads_;
-  std::unique_ptr<RenderThread> render_thread_;
 };
 
 }  // namespace tandem

@@ -51,7 +51,7 @@ class LongRecording : public testing::TestWithParam<Speed> {
   ~LongRecording() override { disk_.on_read({}); }
 
   void stall(bool stalled) {
-    for (const std::size_t deck : {0U, 1U}) rig.player().engine.stall_reader(deck, stalled);
+    for (const std::size_t deck : {0U, 1U}) rig.player().workers.stall_reader(deck, stalled);
   }
   void run(int milliseconds) {
     for (int i = 0; i < milliseconds / kStepMilliseconds; ++i) {
@@ -238,7 +238,7 @@ TEST(LongSongs, AFarSeekThatTakesLongLosesNoSong) {
   disk.set_speed(kSpeed, 0);
   double passed = disk.busy_seconds();
   const auto stall = [&rig](bool stalled) {
-    for (const std::size_t deck : {0U, 1U}) rig.player().engine.stall_reader(deck, stalled);
+    for (const std::size_t deck : {0U, 1U}) rig.player().workers.stall_reader(deck, stalled);
   };
   disk.on_read([&] {
     for (stall(true); passed < disk.busy_seconds(); passed += 0.01) rig.run(kStepMilliseconds);

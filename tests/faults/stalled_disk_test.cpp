@@ -27,9 +27,9 @@ class StalledDisk : public testing::TestWithParam<int> {  // for how many millis
   StalledDisk() { rig.choose_lead(kLead); }
 
   void stall() {
-    for (const std::size_t deck : {0U, 1U}) rig.player().engine.stall_reader(deck, true);
+    for (const std::size_t deck : {0U, 1U}) rig.player().workers.stall_reader(deck, true);
     rig.run(GetParam());
-    for (const std::size_t deck : {0U, 1U}) rig.player().engine.stall_reader(deck, false);
+    for (const std::size_t deck : {0U, 1U}) rig.player().workers.stall_reader(deck, false);
   }
   void play(const std::vector<std::int64_t>& lengths) {
     for (const std::int64_t length : lengths) songs.push_back(add_noise(rig, std::to_string(songs.size()), length));

@@ -36,7 +36,8 @@ int count_from(const char* variable, int otherwise) {
 
 LiveRig::LiveRig()
     : output_(ring_),
-      engine_(output_, ring_, Engine::Threads{clock_, [] {}}),
+      engine_threads_(clock_, [] {}),
+      engine_(output_, ring_, engine_threads_),
       program_([this](TimerQueue& timers) { return graph_of(engine_, timers); },
                {directory_.path(), time_of_day, upper_case, [](const std::string&) {}, dialog_}) {
   program_.panel.load();

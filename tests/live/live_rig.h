@@ -10,6 +10,7 @@
 #include "engine/device/output_ring.h"
 #include "engine/device/quantizer16.h"
 #include "engine/engine.h"
+#include "engine/engine_threads.h"
 #include "platform/output_test_server.h"
 #include "platform/pulse/pulse_output.h"
 #include "platform/realtime/monotonic_clock.h"
@@ -68,6 +69,7 @@ class LiveRig {
   OutputRing ring_;
   RealStepClock clock_;
   PulseOutput output_;
+  EngineThreads engine_threads_;
   Engine engine_;
   ScriptedDialog dialog_;
   Program program_;

@@ -62,11 +62,11 @@ struct SessionSound {
 
 class Session {
  public:
-  Session(unsigned seed, Rules rules) : random_(seed), next_(seed) {
-    if (rules == Rules::kWithout) {
-      rig_.player().engine.silence_guard() = SilenceGuard(kWithoutRules);
-      rig_.player().dialog.prepare = nullptr;
-    }
+  Session(unsigned seed, Rules rules)
+      : random_(seed),
+        next_(seed),
+        rig_(factory_text(), rules == Rules::kWithout ? kWithoutRules : SilenceGuard::Patience{}) {
+    if (rules == Rules::kWithout) rig_.player().dialog.prepare = nullptr;
     rig_.hooks.after_mix_tick.push_back([this] { listen(); });
     rig_.hooks.before_finished.push_back([this](int input) {
       heard_.empty_entries += rig_.deck(static_cast<std::size_t>(input)).FileName().empty() ? 1 : 0;

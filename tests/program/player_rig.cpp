@@ -26,13 +26,16 @@ std::string factory_text() { return factory_settings(); }
 
 PlayerRig::PlayerRig() : PlayerRig(factory_text()) {}
 
-PlayerRig::PlayerRig(const std::string& settings) {
+PlayerRig::PlayerRig(const std::string& settings, const SilenceGuard::Patience& patience) {
   write_file(directory_.file("TP.inf"), text_bytes(settings));
   const auto keep = [this](std::span<const Sample16> frames) {
     sound_.insert(sound_.end(), frames.begin(), frames.end());
   };
-  player_ = std::make_unique<SimulatedPlayer>(SimulatedPlayer::Options{
-      .directory = directory_.path(), .sink = sink_of_16_bits(keep), .log = {}, .show_message = {}});
+  player_ = std::make_unique<SimulatedPlayer>(SimulatedPlayer::Options{.directory = directory_.path(),
+                                                                       .sink = sink_of_16_bits(keep),
+                                                                       .log = {},
+                                                                       .show_message = {},
+                                                                       .silence_patience = patience});
   hook();
   player_->load();
   run(kOpeningFade);

@@ -24,7 +24,8 @@ class PlayerRig {
  public:
   // Loads the panel and lets the output's first fade pass.
   PlayerRig();
-  explicit PlayerRig(const std::string& settings);  // the text of TP.inf
+  explicit PlayerRig(const std::string& settings,  // the text of TP.inf
+                     const SilenceGuard::Patience& patience = {});
 
   void add(const std::string& path);                // by the song dialog
   void add(const std::vector<std::string>& paths);  // one dialog for each

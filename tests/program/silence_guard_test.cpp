@@ -2,6 +2,8 @@
 // one is open, the list is made to go on.
 #include <gmock/gmock.h>
 
+#include <limits>
+
 #include "faults/measured.h"
 #include "program/player_rig.h"
 #include "program/signatures.h"
@@ -15,6 +17,7 @@ using testing::IsEmpty;
 
 class Silence : public testing::Test {
  protected:
+  explicit Silence(const SilenceGuard::Patience& patience = {}) : rig(factory_text(), patience) {}
   void start_two() {
     add_noise(rig, "a", 20'000);
     add_noise(rig, "b", 20'000);
@@ -23,6 +26,13 @@ class Silence : public testing::Test {
   }
   PlayerRig rig;
   PanelLog log{rig};
+};
+
+// The guard waits for ever.
+class UnguardedSilence : public Silence {
+ protected:
+  static constexpr std::uint64_t kNever = std::numeric_limits<std::uint64_t>::max();
+  UnguardedSilence() : Silence({.all_muted = kNever, .one_open = kNever}) {}
 };
 
 TEST_F(Silence, IsBrokenAtOnceWhereBothInputsAreMuted) {
@@ -53,9 +63,8 @@ TEST(SilenceGuardItself, GivesHalfASecondWhereASongMayStillBegin) {
   EXPECT_EQ(patience(false), 50U);
 }
 
-TEST_F(Silence, LastsWhereTheGuardIsSwitchedOff) {
+TEST_F(UnguardedSilence, LastsAndTheListStandsStill) {
   start_two();
-  rig.player().engine.silence_guard().switch_off();
   rig.mixer().put_Mute(0, true);
   rig.run(20'000);
   EXPECT_THAT(log.events, IsEmpty());
@@ -101,8 +110,7 @@ TEST_F(Silence, QuietMusicIsNotMeant) {
   EXPECT_EQ(rig.state().CurrentSong, 1);
 }
 
-TEST_F(Silence, WithoutTheGuardGoodListsPlayAsWithIt) {
-  rig.player().engine.silence_guard().switch_off();
+TEST_F(UnguardedSilence, DoesNotComeInAListOfGoodSongs) {
   for (const char* name : {"a", "b", "c"}) add_noise(rig, name, 4000);
   rig.play();
   EXPECT_TRUE(rig.run_until_stopped(12'000));

@@ -10,6 +10,7 @@
 #include "displays/display_set.h"
 #include "engine/core/render_guard.h"
 #include "engine/engine.h"
+#include "engine/engine_threads.h"
 #include "shell/program.h"
 #include "simulation/simulated_player.h"
 #include "support/bytes.h"
@@ -62,7 +63,7 @@ class RenderGuardTest : public ::testing::Test {
   }
 
   SoundGraph make_graph(TimerQueue& timers) {
-    engine_ = std::make_unique<Engine>(output_, ring_, Engine::Threads{clock_, [] {}});
+    engine_ = std::make_unique<Engine>(output_, ring_, engine_threads_);
     SoundGraph graph;
     engine_->fill(graph, timers);
     add_displays(graph);
@@ -101,6 +102,7 @@ class RenderGuardTest : public ::testing::Test {
   OutputRing ring_;
   ReadyOutput output_{ring_, 1280};
   TurnClock clock_{ring_};
+  EngineThreads engine_threads_{clock_, [] {}};
   std::unique_ptr<Engine> engine_;
   std::unique_ptr<Program> program_;
   std::int64_t now_ = 0;

@@ -27,7 +27,7 @@ std::string ScriptedDialog::take() {
 
 SimulatedPlayer::SimulatedPlayer(const Options& options)
     : output(ring, options.sink),
-      engine(output, ring, std::nullopt),
+      engine(output, ring, workers, options.silence_patience),
       program([this, &options](TimerQueue& timers) { return make_graph(timers, options); }, environment(options)) {
   dialog.prepare = [this](const std::string&) { return hold(); };
 }
@@ -44,7 +44,8 @@ bool SimulatedPlayer::hold() {
 
 void SimulatedPlayer::make_step() {
   now_ += kStepMilliseconds;  // notifications and ticks come at the end of the step
-  engine.step();
+  workers.step();
+  engine.deliver();
   output.drain();
   ticks_due_ = true;
 }
@@ -92,7 +93,7 @@ void SimulatedPlayer::run(std::int64_t milliseconds) {
 
 void SimulatedPlayer::run_with_busy_panel(std::int64_t milliseconds) {
   for (; milliseconds >= kStepMilliseconds; milliseconds -= kStepMilliseconds) {
-    engine.step_unattended();
+    workers.step();
     output.drain();
     now_ += kStepMilliseconds;
   }
@@ -100,7 +101,8 @@ void SimulatedPlayer::run_with_busy_panel(std::int64_t milliseconds) {
 
 void SimulatedPlayer::unload() {
   program.panel.unload();
-  engine.step();
+  workers.step();
+  engine.deliver();
   output.drain();
 }
 

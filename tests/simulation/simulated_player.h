@@ -14,6 +14,7 @@
 #include "engine/device/simulated_output.h"
 #include "engine/engine.h"
 #include "shell/program.h"
+#include "simulation/simulated_workers.h"
 
 namespace tandem {
 
@@ -38,6 +39,7 @@ class SimulatedPlayer {
     SimulatedOutput::Sink sink;                   // what the output device is given
     std::function<void(const std::string&)> log;  // every operation on a component: "@MS Component.operation(...)"
     std::function<void(const std::string&)> show_message;
+    SilenceGuard::Patience silence_patience = {};
   };
 
   explicit SimulatedPlayer(const Options& options);
@@ -74,6 +76,7 @@ class SimulatedPlayer {
   ScriptedDialog dialog;
   OutputRing ring;
   SimulatedOutput output;
+  SimulatedWorkers workers;
   Engine engine;
   Program program;
 };

@@ -44,7 +44,7 @@ void ThreadsRig::end_demands() {
 }
 
 ThreadsRig::ThreadsRig() {
-  engine_ = std::make_unique<Engine>(output_, ring_, Engine::Threads{clock_, [this] { ++news_; }});
+  engine_ = std::make_unique<Engine>(output_, ring_, engine_threads_);
   const auto graph = [this](TimerQueue& timers) {
     SoundGraph made;
     engine_->fill(made, timers);

@@ -8,6 +8,7 @@
 
 #include "engine/device/output_ring.h"
 #include "engine/engine.h"
+#include "engine/engine_threads.h"
 #include "shell/program.h"
 #include "simulation/simulated_player.h"
 #include "support/ready_output.h"
@@ -47,6 +48,7 @@ class ThreadsRig {
   ReadyOutput output_{ring_, kStepFrames};
   std::atomic<int> news_{0};
   ScriptedDialog dialog_;
+  EngineThreads engine_threads_{clock_, [this] { ++news_; }};
   std::unique_ptr<Engine> engine_;
   std::unique_ptr<Program> program_;
   std::int64_t now_ = 0;  // milliseconds

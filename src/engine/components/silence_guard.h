@@ -20,8 +20,7 @@ class SilenceGuard {
   static constexpr std::uint64_t kAsked = 25;  // the most steps that count between two polls
 
   SilenceGuard() = default;
-  explicit SilenceGuard(const Patience& patience) : patience_(patience) {}  // for tests that compare
-  void switch_off() { on_ = false; }
+  explicit SilenceGuard(const Patience& patience) : patience_(patience) {}
 
   struct State {
     bool playing = false;         // the panel's mix timer runs and the output too
@@ -37,7 +36,7 @@ class SilenceGuard {
     }
     count_to(now);
     const std::uint64_t patience = now.all_muted ? patience_.all_muted : patience_.one_open;
-    if (!on_ || now.step - since_ < patience) return false;
+    if (now.step - since_ < patience) return false;
     since_ = now.step;
     return true;
   }
@@ -51,7 +50,6 @@ class SilenceGuard {
   }
 
   Patience patience_;
-  bool on_ = true;
   bool watching_ = false;
   std::uint64_t asked_ = 0;  // the step of the last question
   std::uint64_t since_ = 0;  // the step since which it has been silent
