@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "engine/components/hi_timer.h"
+#include "engine/components/null_components.h"
 #include "logged_graph/logged_graph.h"
 
 namespace tandem::test {
@@ -41,10 +42,10 @@ SoundGraph FakeSound::quiet_graph(TimerQueue& timers) {
   }
   graph.TempFile = std::make_unique<FakeAudioFile>(files, FakeAudioFile::Role::Probe);
   graph.WaveMixer = made<FakeMixer>(mixer);
-  graph.MMRingBufferX1 = std::make_unique<FakeRingBuffer>();
+  graph.MMRingBufferX1 = std::make_unique<PassingRingBuffer>();
   graph.EQ = std::make_unique<FakeEqualizer>();
   graph.WaveOut = made<FakeWaveOut>(output);
-  graph.MMConnectorX1 = std::make_unique<FakeConnector>();
+  graph.MMConnectorX1 = std::make_unique<Connector>();
   graph.MMSpectrum1 = made<FakeSpectrum>(analyser);
   graph.Helper = std::make_unique<FakeHelper>();
   add_displays(graph);

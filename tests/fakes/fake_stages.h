@@ -75,17 +75,6 @@ class FakeWaveOut final : public MMWaveOutX {
   std::int32_t buffer_size_ = 5120;
 };
 
-class FakeConnector final : public MMConnectorX {
- public:
-  std::string target(Slot slot) const override { return targets_.at(static_cast<std::size_t>(slot)); }
-  void put_target(Slot slot, const std::string& display) override {
-    targets_.at(static_cast<std::size_t>(slot)) = display;
-  }
-
- private:
-  std::array<std::string, 5> targets_;
-};
-
 class FakeHelper final : public MMHelperX {
  public:
   std::string time_text(std::int32_t milliseconds) const override {
@@ -93,7 +82,5 @@ class FakeHelper final : public MMHelperX {
     return std::to_string(seconds / 60) + (seconds % 60 < 10 ? ":0" : ":") + std::to_string(seconds % 60);
   }
 };
-
-class FakeRingBuffer final : public MMRingBufferX {};
 
 }  // namespace tandem::test

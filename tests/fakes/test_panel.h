@@ -66,9 +66,9 @@ class TestPanel {
       program.timers.advance(std::min(program.timers.now() + 10, end));
   }
 
-  std::vector<std::string> lines(const ListBox& list) const {
+  std::vector<std::string> lines(const ListBox& list, std::int32_t first = 0) const {
     std::vector<std::string> all;
-    for (std::int32_t i = 0; i < list.ListCount(); ++i) all.push_back(list.List(i));
+    for (std::int32_t i = first; i < list.ListCount(); ++i) all.push_back(list.List(i));
     return all;
   }
 

@@ -3,20 +3,16 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Mixing : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-
+struct Mixing : PanelTest {
   void play(int songs) {
     panel.add_songs(songs);
     state.MixTimeMs = 2500;

@@ -5,19 +5,15 @@
 #include <string>
 
 #include "controls/panel_groups.h"
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 
-struct LeadTimes : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-
+struct LeadTimes : PanelTest {
   // Which lamps are lit, as letters: O 1 2 3.
   std::string lit() const {
     std::string names;

@@ -3,20 +3,16 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Synchronising : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-
+struct Synchronising : PanelTest {
   bool list_timer() { return panel.program.sound.ListTimer->Enabled(); }
 };
 
@@ -123,7 +119,7 @@ TEST_F(Synchronising, WithoutAnAudibleSongAndASelectionNothingButTheTimerChanges
 
 TEST_F(Synchronising, LinesOfThreeDigitsAreFoundToo) {
   panel.add_songs(101);
-  panel.program.sound.AudioFile[0]->put_FileName(TestPanel::song_path(100));
+  panel.program.sound.AudioFile[0]->put_FileName(test::TestPanel::song_path(100));
   panel.program.sound.WaveMixer->put_Mute(0, false);
   panel.program.sound.ListTimer->tick.raise();
   EXPECT_EQ(controls.PlayList.ListIndex(), 100);

@@ -3,21 +3,17 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 #include "playlist/song_texts.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Displaying : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-
+struct Displaying : PanelTest {
   void show(const std::string& path, std::int32_t length) {
     panel.program.SongTable.at(7) = {path, length};
     panel.program.display.ShowSongInfo(7);

@@ -3,20 +3,16 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Transporting : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-
+struct Transporting : PanelTest {
   void songs(int count) {
     panel.add_songs(count);
     panel.sound.calls.clear();
@@ -25,6 +21,10 @@ struct Transporting : testing::Test {
   void stop() { controls.STOPBtn.click.raise(); }
   void pause() { controls.PAUSE.click.raise(); }
   void next() { controls.NextBtn.click.raise(); }
+  void tick_at(std::int32_t position) {  // of deck 0
+    panel.sound.deck[0]->position = position;
+    panel.tick();
+  }
 };
 
 using Playing = Transporting;
@@ -108,18 +108,15 @@ TEST_F(Playing, DuringAMixNoMixIsStartedForTheRestartedSongUntilStop) {
   state.MixTimeMs = 2500;
   play();
   panel.tick();
-  panel.sound.deck[0]->position = 199000;
-  panel.tick();
+  tick_at(199000);
   ASSERT_EQ(state.MixStarted, kTrue);
   panel.select(0);
   play();
-  panel.sound.deck[0]->position = 199000;
-  panel.tick();
+  tick_at(199000);
   EXPECT_EQ(state.CurrentSong, 1);  // the mix point is passed, and nothing starts
   stop();
   play();
-  panel.sound.deck[0]->position = 199000;
-  panel.tick();
+  tick_at(199000);
   EXPECT_EQ(state.CurrentSong, 2);
 }
 
@@ -269,8 +266,7 @@ TEST_F(Skipping, DuringAMixTheSongShownIsNeverPlayed) {
   state.MixTimeMs = 2500;
   play();
   panel.tick();
-  panel.sound.deck[0]->position = 197501;
-  panel.tick();  // b sounds on deck 1
+  tick_at(197501);  // b sounds on deck 1
   next();
   EXPECT_EQ(controls.SongLabel.Caption.get(), "C.MP3");
   EXPECT_EQ(state.CurrentSong, 3);

@@ -3,19 +3,22 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 
-struct ListClicks : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
+struct ListClicks : PanelTest {
   ListClicks() { panel.add_songs(3); }
+  // A click while this title is shown; what it is then.
+  std::string clicked(const std::string& title) {
+    controls.SongLabel.Caption = title;
+    panel.select(0);
+    return controls.SongLabel.Caption.get();
+  }
 };
 
 TEST_F(ListClicks, TheLineIsRemembered) {
@@ -25,31 +28,24 @@ TEST_F(ListClicks, TheLineIsRemembered) {
 }
 
 TEST_F(ListClicks, ATitleOfFourteenCharactersIsPaddedAndScrolls) {
-  controls.SongLabel.Caption = "1234567890.MP3";
-  panel.select(0);
-  EXPECT_EQ(controls.SongLabel.Caption.get(), "1234567890.MP3" + std::string(14, ' '));
+  EXPECT_EQ(clicked("1234567890.MP3"), "1234567890.MP3" + std::string(14, ' '));
   EXPECT_TRUE(controls.SongLabel.Scrolling);
 }
 
 TEST_F(ListClicks, ATitleOfThirteenDoesNotScroll) {
-  controls.SongLabel.Caption = "123456789.MP3";
   controls.SongLabel.Scrolling = true;
-  panel.select(0);
-  EXPECT_EQ(controls.SongLabel.Caption.get(), "123456789.MP3");
+  EXPECT_EQ(clicked("123456789.MP3"), "123456789.MP3");
   EXPECT_FALSE(controls.SongLabel.Scrolling);
 }
 
 TEST_F(ListClicks, ATitleWithBlanksInFrontStays) {
-  controls.SongLabel.Caption = "              1234567890.MP3";
   controls.SongLabel.Scrolling = false;
-  panel.select(0);
-  EXPECT_EQ(controls.SongLabel.Caption.get(), "              1234567890.MP3");
+  EXPECT_EQ(clicked("              1234567890.MP3"), "              1234567890.MP3");
   EXPECT_FALSE(controls.SongLabel.Scrolling);
 }
 
 TEST_F(ListClicks, EveryFurtherClickPadsALongTitleAgain) {
-  controls.SongLabel.Caption = "1234567890.MP3";
-  panel.select(0);
+  clicked("1234567890.MP3");
   panel.select(1);
   EXPECT_EQ(controls.SongLabel.Caption.get(), "1234567890.MP3" + std::string(28, ' '));
 }

@@ -3,20 +3,15 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 
-struct Moving : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-  SongEntries& table = panel.program.SongTable;
-
+struct Moving : PanelTest {
   void up() { controls.UpList.click.raise(); }
   void down() { controls.DownList.click.raise(); }
 };
@@ -31,7 +26,7 @@ TEST_F(Moving, UpExchangesLinesAndEntries) {
               ElementsAre("01 - /music/a.mp3", "03 - /music/c.mp3", "02 - /music/b.mp3"));  // numbers go along
   EXPECT_EQ(controls.PlayList.ListIndex(), 1);
   EXPECT_EQ(table.at(2).SongFile, "/music/c.mp3");
-  EXPECT_EQ(table.at(2).SongLength, TestPanel::song_length(2));
+  EXPECT_EQ(table.at(2).SongLength, test::TestPanel::song_length(2));
   EXPECT_EQ(table.at(3).SongFile, "/music/b.mp3");
 }
 
@@ -50,26 +45,24 @@ TEST_F(Moving, LineTenUpIsNumberedNine) {
   panel.add_songs(11);
   panel.select(9);
   up();
-  EXPECT_EQ(controls.PlayList.List(8), "09 - /music/j.mp3");
-  EXPECT_EQ(controls.PlayList.List(9), "10 - /music/i.mp3");
-  EXPECT_EQ(controls.PlayList.List(10), "11 - /music/k.mp3");
+  EXPECT_THAT(panel.lines(controls.PlayList, 8),
+              ElementsAre("09 - /music/j.mp3", "10 - /music/i.mp3", "11 - /music/k.mp3"));
 }
 
 TEST_F(Moving, LineNineDownIsNumberedTen) {
   panel.add_songs(11);
   panel.select(8);
   down();
-  EXPECT_EQ(controls.PlayList.List(8), "09 - /music/j.mp3");
-  EXPECT_EQ(controls.PlayList.List(9), "10 - /music/i.mp3");
+  EXPECT_THAT(panel.lines(controls.PlayList, 8),
+              ElementsAre("09 - /music/j.mp3", "10 - /music/i.mp3", "11 - /music/k.mp3"));
 }
 
 TEST_F(Moving, ThreeDigitNumbersLeaveTheHyphen) {
   panel.add_songs(101);
   panel.select(1);
   up();
-  EXPECT_EQ(controls.PlayList.List(98), "99 - /music/98.mp3");
-  EXPECT_EQ(controls.PlayList.List(99), "100 - - /music/99.mp3");
-  EXPECT_EQ(controls.PlayList.List(100), "101 - - /music/100.mp3");
+  EXPECT_THAT(panel.lines(controls.PlayList, 98),
+              ElementsAre("99 - /music/98.mp3", "100 - - /music/99.mp3", "101 - - /music/100.mp3"));
 }
 
 TEST_F(Moving, MovedTwiceTheTwinsStaleNumbersDoNoHarm) {
@@ -78,9 +71,9 @@ TEST_F(Moving, MovedTwiceTheTwinsStaleNumbersDoNoHarm) {
   up();
   up();
   up();
-  EXPECT_EQ(controls.PlayList.List(7), "08 - /music/k.mp3");
-  EXPECT_EQ(controls.PlayList.List(8), "09 - /music/h.mp3");
-  EXPECT_EQ(controls.PlayList.List(10), "11 - /music/j.mp3");
+  EXPECT_THAT(panel.lines(controls.PlayList, 7),
+              ElementsAre("08 - /music/k.mp3", "09 - /music/h.mp3", "10 - /music/i.mp3", "11 - /music/j.mp3",
+                          "12 - /music/l.mp3"));
   EXPECT_EQ(table.at(8).SongFile, "/music/k.mp3");
   EXPECT_EQ(table.at(11).SongFile, "/music/j.mp3");
 }

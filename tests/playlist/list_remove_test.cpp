@@ -3,21 +3,16 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Removing : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-  SongEntries& table = panel.program.SongTable;
-
+struct Removing : PanelTest {
   void remove(std::int32_t line) { controls.PlayList.user_double_click(line); }
 };
 
@@ -33,7 +28,7 @@ TEST_F(Removing, LineThreeOfTwelve) {
   EXPECT_EQ(controls.PlayList.List(10), "11 - /music/l.mp3");
   EXPECT_EQ(panel.lines(controls.ListAux2), panel.lines(controls.PlayList));
   EXPECT_EQ(table.at(3).SongFile, "/music/d.mp3");
-  EXPECT_EQ(table.at(3).SongLength, TestPanel::song_length(3));
+  EXPECT_EQ(table.at(3).SongLength, test::TestPanel::song_length(3));
   EXPECT_EQ(table.at(11).SongFile, "/music/l.mp3");
   EXPECT_EQ(table.at(12).SongFile, "");
   EXPECT_EQ(state.CurrentSong, 6);

@@ -6,20 +6,16 @@
 #include <string>
 
 #include "base/whole_file.h"
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct PlaylistFile : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-  SongEntries& table = panel.program.SongTable;
+struct PlaylistFile : PanelTest {
   std::string path = panel.directory.file("songs.m3l");
 
   std::string saved() {
@@ -78,7 +74,7 @@ TEST_F(PlaylistFile, OpeningGivesNumberedLinesAndEntries) {
               ElementsAre("01 - /music/a.mp3", "02 - /music/b.mp3", "03 - /music/c.mp3"));
   EXPECT_EQ(state.SongCount, 3);
   EXPECT_EQ(table.at(2).SongFile, "/music/b.mp3");
-  EXPECT_EQ(table.at(2).SongLength, TestPanel::song_length(1));
+  EXPECT_EQ(table.at(2).SongLength, test::TestPanel::song_length(1));
   EXPECT_EQ(state.LastFolder, panel.directory.path());
 }
 

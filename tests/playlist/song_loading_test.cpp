@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -18,15 +18,14 @@ std::string several(const std::string& directory, std::initializer_list<const ch
   return result;
 }
 
-struct Loading : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-  SongEntries& table = panel.program.SongTable;
-
+struct Loading : PanelTest {
   Loading() {
     for (const char* name : {"a", "b", "c"}) panel.sound.files.lengths["/music/" + std::string(name) + ".mp3"] = 225000;
     panel.sound.files.lengths["/music/a.mp3"] = 61000;
+  }
+  std::string title_of(const std::string& name) {
+    panel.add_song("/music/" + name, 1000);
+    return controls.SongLabel.Caption.get();
   }
 };
 
@@ -75,14 +74,12 @@ TEST_F(Loading, TheReaderIsAskedInTheOrderOfTheLines) {
 }
 
 TEST_F(Loading, ALongTitleGetsTrailingBlanksAndScrolls) {
-  panel.add_song("/music/1234567890.mp3", 1000);
-  EXPECT_EQ(controls.SongLabel.Caption.get(), "1234567890.MP3" + std::string(14, ' '));
+  EXPECT_EQ(title_of("1234567890.mp3"), "1234567890.MP3" + std::string(14, ' '));
   EXPECT_TRUE(controls.SongLabel.Scrolling);
 }
 
 TEST_F(Loading, ATitleOfThirteenCharactersDoesNotScroll) {
-  panel.add_song("/music/123456789.mp3", 1000);
-  EXPECT_EQ(controls.SongLabel.Caption.get(), "123456789.MP3");
+  EXPECT_EQ(title_of("123456789.mp3"), "123456789.MP3");
   EXPECT_FALSE(controls.SongLabel.Scrolling);
 }
 
@@ -92,8 +89,7 @@ TEST_F(Loading, TheTitleIsMeasuredInCharacters) {
 }
 
 TEST_F(Loading, ATitleThatBeginsWithFourBlanksStays) {
-  panel.add_song("/music/    1234567890.mp3", 1000);
-  EXPECT_EQ(controls.SongLabel.Caption.get(), "    1234567890.MP3");
+  EXPECT_EQ(title_of("    1234567890.mp3"), "    1234567890.MP3");
   EXPECT_FALSE(controls.SongLabel.Scrolling);
 }
 
@@ -142,14 +138,14 @@ TEST_F(Loading, ARefusedFirstFileGoesToEntryZero) {
 
 TEST_F(Loading, SongTwoHundredAndOneGetsALineButNoEntry) {
   panel.add_songs(200);
-  EXPECT_EQ(table.at(200).SongFile, TestPanel::song_path(199));
+  EXPECT_EQ(table.at(200).SongFile, test::TestPanel::song_path(199));
   state.NextSongLoaded = kTrue;
   panel.add_song("/music/more.mp3", 1000);
   EXPECT_EQ(controls.PlayList.List(200), "201 - /music/more.mp3");
   EXPECT_EQ(controls.ListAux2.ListCount(), 201);
   EXPECT_THAT(panel.silent_errors, ElementsAre(RuntimeErrorKind::Range));
   EXPECT_EQ(state.NextSongLoaded, kTrue);  // the handler stopped there
-  EXPECT_EQ(table.at(200).SongFile, TestPanel::song_path(199));
+  EXPECT_EQ(table.at(200).SongFile, test::TestPanel::song_path(199));
 }
 
 TEST_F(Loading, ANameWithoutFolderEndsTheHandler) {

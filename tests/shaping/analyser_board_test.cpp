@@ -3,62 +3,50 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Board : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-
+struct Board : PanelTest {
   std::int32_t setting(SpectrumSetting which) const { return panel.sound.analyser->get(which); }
   void set(SpectrumSetting which, std::int32_t value) { panel.sound.analyser->put(which, value); }
   bool changed() const { return controls.MMLEDX6.LEDColor == clOlive; }
   void light_default() { controls.MMLEDX6.LEDColor = clYellow; }
+  // A lamp that is dark is clicked twice: the analyser's flag follows it, and "Default" turns olive where it has the
+  // colour that is not its default.
+  void expect_flag(Lamp& lamp, const std::string& flag, Colour unusual) {
+    panel.sound.calls.clear();
+    for (const Colour colour : {clLime, clGreen}) {
+      light_default();
+      lamp.click.raise();
+      EXPECT_EQ(lamp.LEDColor, colour) << flag;
+      EXPECT_EQ(changed(), colour == unusual) << flag;
+    }
+    EXPECT_THAT(panel.sound.calls, ElementsAre("MMSpectrum1." + flag + "(True)", "MMSpectrum1." + flag + "(False)"));
+  }
+  // The user moves a control: the analyser gets that setting alone, and "Default" turns olive.
+  void expect_setting(ValuedControl& control, std::int32_t value, const std::string& setting) {
+    light_default();
+    panel.sound.calls.clear();
+    control.move(value);
+    EXPECT_THAT(panel.sound.calls, ElementsAre("MMSpectrum1." + setting));
+    EXPECT_TRUE(changed()) << setting;
+  }
 };
 
 TEST_F(Board, LampsThatAreOffByDefaultTurnDefaultOliveWhenSwitchedOn) {
-  const struct {
-    Lamp& lamp;
-    const char* name;
-  } lamps[] = {{controls.MMLEDX1, "DrawGrid"}, {controls.MMLEDX5, "DrawPeaks"}};
-  for (const auto& [lamp, name] : lamps) {
-    light_default();
-    panel.sound.calls.clear();
-    lamp.click.raise();
-    EXPECT_EQ(lamp.LEDColor, clLime);
-    EXPECT_TRUE(changed());
-    light_default();
-    lamp.click.raise();
-    EXPECT_EQ(lamp.LEDColor, clGreen);
-    EXPECT_FALSE(changed());
-    const std::string operation = "MMSpectrum1." + std::string(name);
-    EXPECT_THAT(panel.sound.calls, ElementsAre(operation + "(True)", operation + "(False)"));
-  }
+  expect_flag(controls.MMLEDX1, "DrawGrid", clLime);
+  expect_flag(controls.MMLEDX5, "DrawPeaks", clLime);
 }
 
 TEST_F(Board, LampsThatAreOnByDefaultTurnDefaultOliveWhenSwitchedOff) {
-  const struct {
-    Lamp& lamp;
-    const char* name;
-  } lamps[] = {{controls.MMLEDX3, "DrawInactive"}, {controls.MMLEDX4, "LogAmp"}};
-  for (const auto& [lamp, name] : lamps) {
-    light_default();
-    panel.sound.calls.clear();
-    lamp.click.raise();
-    EXPECT_EQ(lamp.LEDColor, clLime);
-    EXPECT_FALSE(changed());
-    lamp.click.raise();
-    EXPECT_EQ(lamp.LEDColor, clGreen);
-    EXPECT_TRUE(changed());
-    const std::string operation = "MMSpectrum1." + std::string(name);
-    EXPECT_THAT(panel.sound.calls, ElementsAre(operation + "(True)", operation + "(False)"));
-  }
+  expect_flag(controls.MMLEDX3, "DrawInactive", clGreen);
+  expect_flag(controls.MMLEDX4, "LogAmp", clGreen);
 }
 
 TEST_F(Board, GridOnAndOffAgainLeavesDefaultOlive) {
@@ -90,22 +78,11 @@ TEST_F(Board, LedStyleOffSetsBothFlags) {
 }
 
 TEST_F(Board, SpinnersSetTheirSetting) {
-  const struct {
-    Spinner& spinner;
-    int value;
-    const char* operation;
-  } moves[] = {{controls.MMLEDSpin1, 9, "Decay(9)"},
-               {controls.MMLEDSpin4, 30, "PeakDelay(30)"},
-               {controls.MMLEDSpin5, 4, "PeakCount(4)"},
-               {controls.MMLEDSpin7, 2000, "ReferenceFrequency(2000)"},
-               {controls.MMLEDSpin8, 11, "PeakSpeed(11)"}};
-  for (const auto& [spinner, value, operation] : moves) {
-    light_default();
-    panel.sound.calls.clear();
-    spinner.move(value);
-    EXPECT_THAT(panel.sound.calls, ElementsAre("MMSpectrum1." + std::string(operation)));
-    EXPECT_TRUE(changed());
-  }
+  expect_setting(controls.MMLEDSpin1, 9, "Decay(9)");
+  expect_setting(controls.MMLEDSpin4, 30, "PeakDelay(30)");
+  expect_setting(controls.MMLEDSpin5, 4, "PeakCount(4)");
+  expect_setting(controls.MMLEDSpin7, 2000, "ReferenceFrequency(2000)");
+  expect_setting(controls.MMLEDSpin8, 11, "PeakSpeed(11)");
 }
 
 TEST_F(Board, TheButtonsOfThoseSpinnersStepByOne) {
@@ -116,21 +93,10 @@ TEST_F(Board, TheButtonsOfThoseSpinnersStepByOne) {
 }
 
 TEST_F(Board, SwitchesSetTheirSetting) {
-  const struct {
-    Switch& control;
-    int position;
-    const char* operation;
-  } moves[] = {{controls.MMSwitch1, 5, "Kind(5)"},
-               {controls.MMSwitch2, 6, "Window(6)"},
-               {controls.MMSwitch3, 2, "DecayMode(2)"},
-               {controls.MMSwitch4, 3, "Gain(3)"}};
-  for (const auto& [control, position, operation] : moves) {
-    light_default();
-    panel.sound.calls.clear();
-    control.move(position);
-    EXPECT_THAT(panel.sound.calls, ElementsAre("MMSpectrum1." + std::string(operation)));
-    EXPECT_TRUE(changed());
-  }
+  expect_setting(controls.MMSwitch1, 5, "Kind(5)");
+  expect_setting(controls.MMSwitch2, 6, "Window(6)");
+  expect_setting(controls.MMSwitch3, 2, "DecayMode(2)");
+  expect_setting(controls.MMSwitch4, 3, "Gain(3)");
 }
 
 TEST_F(Board, TransformLengthUpFrom2048ShowsWhatTheAnalyserTook) {

@@ -6,18 +6,16 @@
 #include <vector>
 
 #include "controls/panel_groups.h"
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct BoardDefault : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
+struct BoardDefault : PanelTest {
   void click() { controls.MMLEDX6.click.raise(); }
 };
 

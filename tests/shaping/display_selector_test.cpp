@@ -3,19 +3,16 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Selector : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-};
+struct Selector : PanelTest {};
 
 TEST_F(Selector, TheSpectrum) {
   controls.MMSwitchX1.move(0);

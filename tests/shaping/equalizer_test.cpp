@@ -3,18 +3,17 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 #include "shaping/band_table.h"
 
 namespace tandem {
 namespace {
 
+using test::PanelTest;
 using test::TestPanel;
 using testing::ElementsAre;
 
-struct Equalizer : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
+struct Equalizer : PanelTest {
   Equalizer() { panel.program.equalizer.add_bands(); }
 };
 

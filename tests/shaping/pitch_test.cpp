@@ -3,20 +3,16 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Pitch : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-
+struct Pitch : PanelTest {
   // Read-out and lamps: the text, then a letter for each lamp that is lit.
   std::string read_out() const {
     std::string shown = controls.INDIC.Caption.get() + "|";

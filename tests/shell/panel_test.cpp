@@ -4,19 +4,18 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "base/whole_file.h"
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::ElementsAre;
 
-struct WholePanel : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
+struct WholePanel : PanelTest {
   WindowFrame& window = panel.controls.Painel;
 
   WholePanel() { panel.program.panel.load(); }
@@ -69,31 +68,21 @@ TEST_F(WholePanel, TheBoardIsReportedHiddenAndShownByTheNextClick) {
 }
 
 TEST_F(WholePanel, EveryDisplayTogglesTheSize) {
-  bool expect_small = true;
-  const auto check = [&](const char* name) {
-    EXPECT_EQ(small(), expect_small) << name;
-    expect_small = !expect_small;
-  };
-  controls.MMPanelX1[0].click.raise();
-  check("MMPanelX1(0)");
-  controls.SongLabel.click.raise();
-  check("SongLabel");
-  controls.MMLEDLABELX1.click.raise();
-  check("MMLEDLABELX1");
-  controls.MMLEDLABELX2.click.raise();
-  check("MMLEDLABELX2");
-  controls.MMLEDLABELX3.click.raise();
-  check("MMLEDLABELX3");
-  controls.LblPosition.click.raise();
-  check("LblPosition");
-  controls.LblTempTot.click.raise();
-  check("LblTempTot");
-  controls.ClockLabel.click.raise();
-  check("ClockLabel");
-  controls.MeterVol.click.raise();
-  check("MeterVol");
+  PanelControls& c = controls;
+  const std::pair<const char*, Notification<>*> displays[] = {
+      {"MMPanelX1(0)", &c.MMPanelX1[0].click}, {"SongLabel", &c.SongLabel.click},
+      {"MMLEDLABELX1", &c.MMLEDLABELX1.click}, {"MMLEDLABELX2", &c.MMLEDLABELX2.click},
+      {"MMLEDLABELX3", &c.MMLEDLABELX3.click}, {"LblPosition", &c.LblPosition.click},
+      {"LblTempTot", &c.LblTempTot.click},     {"ClockLabel", &c.ClockLabel.click},
+      {"MeterVol", &c.MeterVol.click}};
+  bool was_small = false;
+  for (const auto& [name, click] : displays) {
+    click->raise();
+    EXPECT_NE(small(), was_small) << name;
+    was_small = !was_small;
+  }
   panel.program.panel.toggle_size();
-  check("toggle_size");
+  EXPECT_FALSE(small());
 }
 
 TEST_F(WholePanel, TheReadOutDoesNotToggle) {

@@ -7,22 +7,18 @@
 
 #include "base/whole_file.h"
 #include "controls/panel_groups.h"
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
 
-struct StartUp : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
-  RunState& state = panel.state;
-
+struct StartUp : PanelTest {
   // The factory file with some lines replaced.
   void settings(std::initializer_list<std::pair<std::size_t, const char*>> lines) {
     std::string text;

@@ -4,17 +4,15 @@
 
 #include <string>
 
-#include "fakes/test_panel.h"
+#include "fakes/panel_test.h"
 #include "script/unknown_word.h"
 
 namespace tandem {
 namespace {
 
-using test::TestPanel;
+using test::PanelTest;
 
-struct Moves : testing::Test {
-  TestPanel panel;
-  PanelControls& controls = panel.controls;
+struct Moves : PanelTest {
   PanelMoves moves{panel.controls};
 };
 

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "fakes/test_panel.h"
 #include "script/unknown_word.h"
@@ -16,28 +18,31 @@ struct Names : testing::Test {
   TestPanel panel;
   PanelNames names{panel.program};
   std::string value(const std::string& expression) const { return names.value(expression); }
+  void expect_values(std::initializer_list<std::pair<const char*, const char*>> expected) const {
+    for (const auto& [expression, text] : expected) EXPECT_EQ(value(expression), text) << expression;
+  }
 };
 
 TEST_F(Names, ControlsPrintTheirProperties) {
-  EXPECT_EQ(value("PLAY.Picture"), "Icone(0)");
-  EXPECT_EQ(value("NextBtn.Picture"), "None");
-  EXPECT_EQ(value("PAUSE.BackColor"), "32896");
-  EXPECT_EQ(value("NextBtn.Enabled"), "True");
-  EXPECT_EQ(value("MMPanelX1(0).Visible"), "False");
-  EXPECT_EQ(value("MMPanelX1(0).Caption"), "\"10 BANDS EQUALIZER\"");
-  EXPECT_EQ(value("INDIC.Caption"), "\"VOLUME\"");
-  EXPECT_EQ(value("INDIC.LEDColor"), "65535");
-  EXPECT_EQ(value("SongLabel.Scrolling"), "False");
-  EXPECT_EQ(value("MeterVol.Progress"), "100");
-  EXPECT_EQ(value("AMLed2.LEDColor"), "33023");
-  EXPECT_EQ(value("SliderP.MinValue"), "-20");
-  EXPECT_EQ(value("Slider1.MaxValue"), "100");
-  EXPECT_EQ(value("Volume.Value"), "32768");
-  EXPECT_EQ(value("MMSwitch2.NumPositions"), "7");
-  EXPECT_EQ(value("MMLEDSpin7.Value"), "500");
-  EXPECT_EQ(value("dbLabel0(14).Caption"), "\" 0\"");
-  EXPECT_EQ(value("Painel.Width"), "9105");
-  EXPECT_EQ(value("TimerDelay.Interval"), "1500");
+  expect_values({{"PLAY.Picture", "Icone(0)"},
+                 {"NextBtn.Picture", "None"},
+                 {"PAUSE.BackColor", "32896"},
+                 {"NextBtn.Enabled", "True"},
+                 {"MMPanelX1(0).Visible", "False"},
+                 {"MMPanelX1(0).Caption", "\"10 BANDS EQUALIZER\""},
+                 {"INDIC.Caption", "\"VOLUME\""},
+                 {"INDIC.LEDColor", "65535"},
+                 {"SongLabel.Scrolling", "False"},
+                 {"MeterVol.Progress", "100"},
+                 {"AMLed2.LEDColor", "33023"},
+                 {"SliderP.MinValue", "-20"},
+                 {"Slider1.MaxValue", "100"},
+                 {"Volume.Value", "32768"},
+                 {"MMSwitch2.NumPositions", "7"},
+                 {"MMLEDSpin7.Value", "500"},
+                 {"dbLabel0(14).Caption", "\" 0\""},
+                 {"Painel.Width", "9105"},
+                 {"TimerDelay.Interval", "1500"}});
 }
 
 TEST_F(Names, ValuesAreReadAgain) {
@@ -54,13 +59,13 @@ TEST_F(Names, TextsAreQuoted) {
 
 TEST_F(Names, LinesOfLists) {
   panel.add_songs(2);
-  EXPECT_EQ(value("PlayList.List(0)"), "\"01 - /music/a.mp3\"");
-  EXPECT_EQ(value("PlayList.List(7)"), "\"\"");
-  EXPECT_EQ(value("PlayList.List(-1)"), "\"\"");
-  EXPECT_EQ(value("PlayList.ListCount"), "2");
-  EXPECT_EQ(value("PlayList.ListIndex"), "-1");
-  EXPECT_EQ(value("ListAux2.List(1)"), "\"02 - /music/b.mp3\"");
-  EXPECT_EQ(value("PlayList.Selected(0)"), "False");
+  expect_values({{"PlayList.List(0)", "\"01 - /music/a.mp3\""},
+                 {"PlayList.List(7)", "\"\""},
+                 {"PlayList.List(-1)", "\"\""},
+                 {"PlayList.ListCount", "2"},
+                 {"PlayList.ListIndex", "-1"},
+                 {"ListAux2.List(1)", "\"02 - /music/b.mp3\""},
+                 {"PlayList.Selected(0)", "False"}});
 }
 
 TEST_F(Names, ReachComponents) {
@@ -70,41 +75,41 @@ TEST_F(Names, ReachComponents) {
   panel.sound.deck[0]->position = 1234;
   panel.program.sound.Pitch[1]->put_Value(-5.0F);
   panel.program.sound.EQ->put_Gain(3, 4.5);
-  EXPECT_EQ(value("AudioFile(0).FileName"), "\"/music/a.mp3\"");
-  EXPECT_EQ(value("AudioFile(0).Position"), "1234");
-  EXPECT_EQ(value("AudioFile(0).Length"), "200000");
-  EXPECT_EQ(value("TempFile.FileName"), "\"/music/a.mp3\"");
-  EXPECT_EQ(value("Pitch(1).Value"), "-5");
-  EXPECT_EQ(value("WaveMixer.Mute(0)"), "False");
-  EXPECT_EQ(value("WaveMixer.Mute(1)"), "True");
-  EXPECT_EQ(value("WaveMixer.Volume"), "32768");
-  EXPECT_EQ(value("EQ.Filters(3).Gain"), "4.5");
-  EXPECT_EQ(value("EQ.Filters(3).LowEdge"), "130");
-  EXPECT_EQ(value("EQ.Filters(3).HighEdge"), "260");
-  EXPECT_EQ(value("EQ.Filters.Count"), "15");
-  EXPECT_EQ(value("EQ.Bypassed"), "False");
-  EXPECT_EQ(value("WaveOut.BufferSize"), "5120");
-  EXPECT_EQ(value("MixTimer.Interval"), "10");
-  EXPECT_EQ(value("ListTimer.Enabled"), "False");
-  EXPECT_EQ(value("MMConnectorX1.Spectrum"), "\"MMSpectrum1\"");
-  EXPECT_EQ(value("MMConnectorX1.Oscilloscope"), "\"\"");
-  EXPECT_EQ(value("MMSpectrum1.FFTLength"), "64");
-  EXPECT_EQ(value("MMSpectrum1.LogAmp"), "False");
-  EXPECT_EQ(value("MMMeterX1.Visible"), "False");
+  expect_values({{"AudioFile(0).FileName", "\"/music/a.mp3\""},
+                 {"AudioFile(0).Position", "1234"},
+                 {"AudioFile(0).Length", "200000"},
+                 {"TempFile.FileName", "\"/music/a.mp3\""},
+                 {"Pitch(1).Value", "-5"},
+                 {"WaveMixer.Mute(0)", "False"},
+                 {"WaveMixer.Mute(1)", "True"},
+                 {"WaveMixer.Volume", "32768"},
+                 {"EQ.Filters(3).Gain", "4.5"},
+                 {"EQ.Filters(3).LowEdge", "130"},
+                 {"EQ.Filters(3).HighEdge", "260"},
+                 {"EQ.Filters.Count", "15"},
+                 {"EQ.Bypassed", "False"},
+                 {"WaveOut.BufferSize", "5120"},
+                 {"MixTimer.Interval", "10"},
+                 {"ListTimer.Enabled", "False"},
+                 {"MMConnectorX1.Spectrum", "\"MMSpectrum1\""},
+                 {"MMConnectorX1.Oscilloscope", "\"\""},
+                 {"MMSpectrum1.FFTLength", "64"},
+                 {"MMSpectrum1.LogAmp", "False"},
+                 {"MMMeterX1.Visible", "False"}});
 }
 
 TEST_F(Names, RunStateAndSongTable) {
   panel.add_songs(1);
   panel.state.MixStarted = kTrue;
   panel.state.EqLevels[2] = -3;
-  EXPECT_EQ(value("SongCount"), "1");
-  EXPECT_EQ(value("MixStarted"), "True");
-  EXPECT_EQ(value("NextSongLoaded"), "False");
-  EXPECT_EQ(value("SeekDragging"), "False");
-  EXPECT_EQ(value("LastFolder"), "\"/music\"");
-  EXPECT_EQ(value("EqLevels(2)"), "-3");
-  EXPECT_EQ(value("SongTable(1).SongFile"), "\"/music/a.mp3\"");
-  EXPECT_EQ(value("SongTable(200).SongLength"), "0");
+  expect_values({{"SongCount", "1"},
+                 {"MixStarted", "True"},
+                 {"NextSongLoaded", "False"},
+                 {"SeekDragging", "False"},
+                 {"LastFolder", "\"/music\""},
+                 {"EqLevels(2)", "-3"},
+                 {"SongTable(1).SongFile", "\"/music/a.mp3\""},
+                 {"SongTable(200).SongLength", "0"}});
 }
 
 TEST_F(Names, EveryExpressionHasAValue) {
