@@ -12,31 +12,26 @@ namespace tandem {
 namespace {
 
 template <class Interface>
-class LoggedDisplay : public Interface {
+class LoggedDisplay : public LoggedComponent<Interface> {
  public:
-  explicit LoggedDisplay(Logged<Interface> parts) : p_(std::move(parts)) {}
-  bool Enabled() const override { return p_.inner->Enabled(); }
+  using LoggedComponent<Interface>::LoggedComponent;
+  bool Enabled() const override { return this->inner().Enabled(); }
   void put_Enabled(bool enabled) override {
-    p_.log_call("Enabled", boolean_word(enabled));
-    p_.inner->put_Enabled(enabled);
+    this->call("Enabled", boolean_word(enabled), &Interface::put_Enabled, enabled);
   }
-  bool Visible() const override { return p_.inner->Visible(); }
+  bool Visible() const override { return this->inner().Visible(); }
   void put_Visible(bool visible) override {
-    p_.log_call("Visible", boolean_word(visible));
-    p_.inner->put_Visible(visible);
+    this->call("Visible", boolean_word(visible), &Interface::put_Visible, visible);
   }
-
- protected:
-  Logged<Interface> p_;
 };
 
 class LoggedSpectrum final : public LoggedDisplay<MMSpectrumX> {
  public:
   using LoggedDisplay::LoggedDisplay;
-  std::int32_t get(SpectrumSetting setting) const override { return p_.inner->get(setting); }
+  std::int32_t get(SpectrumSetting setting) const override { return inner().get(setting); }
   void put(SpectrumSetting setting, std::int32_t value) override {
-    p_.log_call(std::string(setting_names()[static_cast<std::size_t>(setting)].name), setting_text(setting, value));
-    p_.inner->put(setting, value);
+    call(std::string(setting_names()[static_cast<std::size_t>(setting)].name), setting_text(setting, value),
+         &MMSpectrumX::put, setting, value);
   }
 };
 

@@ -10,141 +10,99 @@ namespace tandem {
 
 namespace {
 
-class LoggedAudioFile final : public MMAudioFileX {
+class LoggedAudioFile final : public LoggedComponent<MMAudioFileX> {
  public:
-  explicit LoggedAudioFile(Logged<MMAudioFileX> parts) : p_(std::move(parts)) {}
-  std::string FileName() const override { return p_.inner->FileName(); }
-  void put_FileName(const std::string& name) override {
-    p_.log_call("FileName", name);
-    p_.inner->put_FileName(name);
-  }
-  std::int32_t Length() const override { return p_.inner->Length(); }
-  std::int32_t Position() const override { return p_.inner->Position(); }
+  using LoggedComponent::LoggedComponent;
+  std::string FileName() const override { return inner().FileName(); }
+  void put_FileName(const std::string& name) override { call("FileName", name, &MMAudioFileX::put_FileName, name); }
+  std::int32_t Length() const override { return inner().Length(); }
+  std::int32_t Position() const override { return inner().Position(); }
   void put_Position(std::int32_t milliseconds) override {
-    p_.log_call("Position", std::to_string(milliseconds));
-    p_.inner->put_Position(milliseconds);
+    call("Position", std::to_string(milliseconds), &MMAudioFileX::put_Position, milliseconds);
   }
   void finish(std::int32_t milliseconds) override {
-    p_.log_call("finish", std::to_string(milliseconds));
-    p_.inner->finish(milliseconds);
+    call("finish", std::to_string(milliseconds), &MMAudioFileX::finish, milliseconds);
   }
-
- private:
-  Logged<MMAudioFileX> p_;
 };
 
-class LoggedPitch final : public MMPitchX {
+class LoggedPitch final : public LoggedComponent<MMPitchX> {
  public:
-  explicit LoggedPitch(Logged<MMPitchX> parts) : p_(std::move(parts)) {}
-  float Value() const override { return p_.inner->Value(); }
-  void put_Value(float value) override {
-    p_.log_call("Value", number_word(value));
-    p_.inner->put_Value(value);
-  }
-
- private:
-  Logged<MMPitchX> p_;
+  using LoggedComponent::LoggedComponent;
+  float Value() const override { return inner().Value(); }
+  void put_Value(float value) override { call("Value", number_word(value), &MMPitchX::put_Value, value); }
 };
 
-class LoggedMixer final : public MMWaveMixerX {
+class LoggedMixer final : public LoggedComponent<MMWaveMixerX> {
  public:
-  explicit LoggedMixer(Logged<MMWaveMixerX> parts) : p_(std::move(parts)) {
-    p_.inner->input_finished.connect([this](int input) { input_finished.raise(input); });
+  explicit LoggedMixer(Logged<MMWaveMixerX> parts) : LoggedComponent(std::move(parts)) {
+    inner().input_finished.connect([this](int input) { input_finished.raise(input); });
   }
-  bool Mute(int input) const override { return p_.inner->Mute(input); }
+  bool Mute(int input) const override { return inner().Mute(input); }
   void put_Mute(int input, bool mute) override {
-    p_.log_call("Mute", std::to_string(input) + ", " + boolean_word(mute));
-    p_.inner->put_Mute(input, mute);
+    call("Mute", std::to_string(input) + ", " + boolean_word(mute), &MMWaveMixerX::put_Mute, input, mute);
   }
-  std::int32_t Volume() const override { return p_.inner->Volume(); }
+  std::int32_t Volume() const override { return inner().Volume(); }
   void put_Volume(std::int32_t volume) override {
-    p_.log_call("Volume", std::to_string(volume));
-    p_.inner->put_Volume(volume);
+    call("Volume", std::to_string(volume), &MMWaveMixerX::put_Volume, volume);
   }
-
- private:
-  Logged<MMWaveMixerX> p_;
 };
 
-class LoggedEqualizer final : public MMEqualizerX {
+class LoggedEqualizer final : public LoggedComponent<MMEqualizerX> {
  public:
-  explicit LoggedEqualizer(Logged<MMEqualizerX> parts) : p_(std::move(parts)) {}
-  int FilterCount() const override { return p_.inner->FilterCount(); }
+  using LoggedComponent::LoggedComponent;
+  int FilterCount() const override { return inner().FilterCount(); }
   void add_filter(double low_hz, double high_hz, double gain_db) override {
-    p_.log_call("Filters.add", number_word(low_hz) + ", " + number_word(high_hz) + ", " + number_word(gain_db));
-    p_.inner->add_filter(low_hz, high_hz, gain_db);
+    call("Filters.add", number_word(low_hz) + ", " + number_word(high_hz) + ", " + number_word(gain_db),
+         &MMEqualizerX::add_filter, low_hz, high_hz, gain_db);
   }
-  Filter filter(int index) const override { return p_.inner->filter(index); }
+  Filter filter(int index) const override { return inner().filter(index); }
   void put_Gain(int index, double gain_db) override {
-    p_.log_call("Filters(" + std::to_string(index) + ").Gain", number_word(gain_db));
-    p_.inner->put_Gain(index, gain_db);
+    call("Filters(" + std::to_string(index) + ").Gain", number_word(gain_db), &MMEqualizerX::put_Gain, index, gain_db);
   }
-  bool Bypassed() const override { return p_.inner->Bypassed(); }
+  bool Bypassed() const override { return inner().Bypassed(); }
   void put_Bypassed(bool bypassed) override {
-    p_.log_call("Bypassed", boolean_word(bypassed));
-    p_.inner->put_Bypassed(bypassed);
+    call("Bypassed", boolean_word(bypassed), &MMEqualizerX::put_Bypassed, bypassed);
   }
-
- private:
-  Logged<MMEqualizerX> p_;
 };
 
-class LoggedWaveOut final : public MMWaveOutX {
+class LoggedWaveOut final : public LoggedComponent<MMWaveOutX> {
  public:
-  explicit LoggedWaveOut(Logged<MMWaveOutX> parts) : p_(std::move(parts)) {
-    p_.inner->device_lost.connect([this] { device_lost.raise(); });
+  explicit LoggedWaveOut(Logged<MMWaveOutX> parts) : LoggedComponent(std::move(parts)) {
+    inner().device_lost.connect([this] { device_lost.raise(); });
   }
-  std::int32_t BufferSize() const override { return p_.inner->BufferSize(); }
+  std::int32_t BufferSize() const override { return inner().BufferSize(); }
   void put_BufferSize(std::int32_t bytes) override {
-    p_.log_call("BufferSize", std::to_string(bytes));
-    p_.inner->put_BufferSize(bytes);
+    call("BufferSize", std::to_string(bytes), &MMWaveOutX::put_BufferSize, bytes);
   }
-  void open() override { call("open", &MMWaveOutX::open); }
-  void close() override { call("close", &MMWaveOutX::close); }
-  void start() override { call("start", &MMWaveOutX::start); }
-  void stop() override { call("stop", &MMWaveOutX::stop); }
-  void pause() override { call("pause", &MMWaveOutX::pause); }
-  void restart() override { call("restart", &MMWaveOutX::restart); }
-
- private:
-  void call(const std::string& operation, void (MMWaveOutX::*method)()) {
-    p_.log_call(operation, "");
-    (p_.inner.get()->*method)();
-  }
-  Logged<MMWaveOutX> p_;
+  void open() override { call("open", "", &MMWaveOutX::open); }
+  void close() override { call("close", "", &MMWaveOutX::close); }
+  void start() override { call("start", "", &MMWaveOutX::start); }
+  void stop() override { call("stop", "", &MMWaveOutX::stop); }
+  void pause() override { call("pause", "", &MMWaveOutX::pause); }
+  void restart() override { call("restart", "", &MMWaveOutX::restart); }
 };
 
-class LoggedConnector final : public MMConnectorX {
+class LoggedConnector final : public LoggedComponent<MMConnectorX> {
  public:
-  explicit LoggedConnector(Logged<MMConnectorX> parts) : p_(std::move(parts)) {}
-  std::string target(Slot slot) const override { return p_.inner->target(slot); }
+  using LoggedComponent::LoggedComponent;
+  std::string target(Slot slot) const override { return inner().target(slot); }
   void put_target(Slot slot, const std::string& display) override {
-    p_.log_call(std::string(slot_names()[static_cast<std::size_t>(slot)].name), display);
-    p_.inner->put_target(slot, display);
+    call(std::string(slot_names()[static_cast<std::size_t>(slot)].name), display, &MMConnectorX::put_target, slot,
+         display);
   }
-
- private:
-  Logged<MMConnectorX> p_;
 };
 
-class LoggedTimer final : public MMHiTimerX {
+class LoggedTimer final : public LoggedComponent<MMHiTimerX> {
  public:
-  explicit LoggedTimer(Logged<MMHiTimerX> parts) : p_(std::move(parts)) {
-    p_.inner->tick.connect([this] { tick.raise(); });
+  explicit LoggedTimer(Logged<MMHiTimerX> parts) : LoggedComponent(std::move(parts)) {
+    inner().tick.connect([this] { tick.raise(); });
   }
-  std::int32_t Interval() const override { return p_.inner->Interval(); }
+  std::int32_t Interval() const override { return inner().Interval(); }
   void put_Interval(std::int32_t milliseconds) override {
-    p_.log_call("Interval", std::to_string(milliseconds));
-    p_.inner->put_Interval(milliseconds);
+    call("Interval", std::to_string(milliseconds), &MMHiTimerX::put_Interval, milliseconds);
   }
-  bool Enabled() const override { return p_.inner->Enabled(); }
-  void put_Enabled(bool enabled) override {
-    p_.log_call("Enabled", boolean_word(enabled));
-    p_.inner->put_Enabled(enabled);
-  }
-
- private:
-  Logged<MMHiTimerX> p_;
+  bool Enabled() const override { return inner().Enabled(); }
+  void put_Enabled(bool enabled) override { call("Enabled", boolean_word(enabled), &MMHiTimerX::put_Enabled, enabled); }
 };
 
 }  // namespace

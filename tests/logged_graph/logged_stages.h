@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "audio/sound_graph.h"
 #include "logged_graph/logged_graph.h"
@@ -20,6 +21,25 @@ struct Logged {
   void log_call(const std::string& operation, const std::string& arguments) const {
     log(name + "." + operation + "(" + arguments + ")");
   }
+};
+
+// What all wrappers have in common.
+template <class Component>
+class LoggedComponent : public Component {
+ public:
+  explicit LoggedComponent(Logged<Component> parts) : parts_(std::move(parts)) {}
+
+ protected:
+  Component& inner() const { return *parts_.inner; }
+  // Logs an operation with its arguments as text, then has the wrapped component do it.
+  template <class Method, class... Values>
+  void call(const std::string& operation, const std::string& arguments, Method method, const Values&... values) {
+    parts_.log_call(operation, arguments);
+    (inner().*method)(values...);
+  }
+
+ private:
+  Logged<Component> parts_;
 };
 
 std::unique_ptr<MMAudioFileX> logged(Logged<MMAudioFileX> parts);
