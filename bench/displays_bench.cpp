@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "bench/spectrum_movement.h"
+#include "displays/enabled_display.h"
 #include "displays/meters/level_bar.h"
 #include "displays/meters/needle_meter.h"
 #include "displays/scope/oscilloscope.h"
@@ -62,8 +63,7 @@ void report(const char* name, Display& display, std::span<const SoundFrame> soun
 }
 
 void spectrum(std::int32_t length, std::int32_t kind, std::span<const SoundFrame> sound, int pictures) {
-  SpectrumAnalyser analyser;
-  analyser.put_Enabled(true);
+  auto analyser = enabled<SpectrumAnalyser>();
   analyser.put(FFTLength, length);
   analyser.put(Kind, kind);
   analyser.put(DrawPeaks, 1);
@@ -80,12 +80,9 @@ int costs(int pictures) {
     for (const std::int32_t length : {8, 64, 4096}) spectrum(length, kind, sound, pictures);
   std::printf("in silence:\n");
   spectrum(64, 3, silence, pictures);
-  NeedleMeter needle(0);
-  LevelBar bar;
-  Oscilloscope scope;
-  needle.put_Enabled(true);
-  bar.put_Enabled(true);
-  scope.put_Enabled(true);
+  auto needle = enabled<NeedleMeter>(0U);
+  auto bar = enabled<LevelBar>();
+  auto scope = enabled<Oscilloscope>();
   report("needle meter", needle, sound, pictures);
   report("level bar", bar, sound, pictures);
   report("oscilloscope", scope, sound, pictures);

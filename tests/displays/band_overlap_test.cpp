@@ -5,6 +5,7 @@
 #include <array>
 #include <vector>
 
+#include "displays/enabled_display.h"
 #include "displays/spectrum/spectrum_analyser.h"
 #include "displays/spectrum/spectrum_heights.h"
 #include "displays/tones.h"
@@ -24,8 +25,7 @@ TEST(BandOverlap, ANeighbourHearsItsShareAndTheNextOneTheShareOfThat) {
 // The column of a tone of 1 kHz, the second one beside it, and one far away.
 std::array<double, 3> columns_with_a_tone(int horizontal_scale) {
   using enum SpectrumSetting;
-  SpectrumAnalyser analyser;
-  analyser.put_Enabled(true);
+  auto analyser = enabled<SpectrumAnalyser>();
   analyser.put(Gain, 0);
   analyser.put(DecayMode, 3);
   analyser.put(VerticalScale, 20);

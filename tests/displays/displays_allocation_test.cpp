@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "displays/enabled_display.h"
 #include "displays/meters/level_bar.h"
 #include "displays/meters/needle_meter.h"
 #include "displays/scope/oscilloscope.h"
@@ -54,12 +55,9 @@ TEST(Displays, DoNotAllocateForAPicture) {
       analyser.put(SpectrumSetting::FFTLength, length);
       EXPECT_EQ(allocations_of(analyser, sound), 0U) << length;
     }
-  NeedleMeter needle(0);
-  LevelBar bar;
-  Oscilloscope scope;
-  needle.put_Enabled(true);
-  bar.put_Enabled(true);
-  scope.put_Enabled(true);
+  auto needle = enabled<NeedleMeter>(0U);
+  auto bar = enabled<LevelBar>();
+  auto scope = enabled<Oscilloscope>();
   EXPECT_EQ(allocations_of(needle, sound), 0U);
   EXPECT_EQ(allocations_of(bar, sound), 0U);
   EXPECT_EQ(allocations_of(scope, sound), 0U);

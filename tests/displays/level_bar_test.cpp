@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "displays/enabled_display.h"
 #include "displays/tones.h"
 
 namespace tandem {
@@ -9,8 +10,7 @@ namespace {
 
 TEST(LevelBar, LightsARowForEveryTwoDecibels) {
   for (double db = 0.0; db >= -50.0; db -= 0.5) {
-    LevelBar bar;
-    bar.put_Enabled(true);
+    auto bar = enabled<LevelBar>();
     bar.feed(both(735, [=](double t) { return amplitude_of(db) * (t > 0.005 ? -1.0 : 0.0); }));
     bar.advance(1.0 / 60.0);
     const double rows = std::max(0.0, 22.0 + db / 2.0);
@@ -20,16 +20,14 @@ TEST(LevelBar, LightsARowForEveryTwoDecibels) {
 }
 
 TEST(LevelBar, FullScaleSineLightsTheTopRow) {
-  LevelBar bar;
-  bar.put_Enabled(true);
+  auto bar = enabled<LevelBar>();
   bar.feed(sine(735, 997.0, 32767.0 / 32768.0));
   EXPECT_TRUE(bar.advance(1.0 / 60.0));
   EXPECT_EQ(bar.lit()[0], LevelBar::kRows);
 }
 
 TEST(LevelBar, SidesAreTheirOwn) {
-  LevelBar bar;
-  bar.put_Enabled(true);
+  auto bar = enabled<LevelBar>();
   Sound tone = sine(735, 997.0);
   for (SoundFrame& frame : tone) frame.right *= 0.1F;
   bar.feed(tone);
@@ -40,8 +38,7 @@ TEST(LevelBar, SidesAreTheirOwn) {
 
 TEST(LevelBar, FallsToThePercentAtAnyRate) {
   for (const double rate : {30.0, 60.0, 144.0}) {
-    LevelBar bar;
-    bar.put_Enabled(true);
+    auto bar = enabled<LevelBar>();
     const Sound tone = sine(frames_in(0.1), 997.0);
     Screen screen(bar, tone);
     screen.run(0.1, rate);
@@ -61,8 +58,7 @@ TEST(LevelBar, FallsToThePercentAtAnyRate) {
 }
 
 TEST(LevelBar, FallsAtOnceAndEightPercentASecond) {
-  LevelBar bar;
-  bar.put_Enabled(true);
+  auto bar = enabled<LevelBar>();
   bar.feed(sine(882, 997.0));
   bar.advance(0.02);
   bar.feed(Sound(882));
@@ -71,8 +67,7 @@ TEST(LevelBar, FallsAtOnceAndEightPercentASecond) {
 }
 
 TEST(LevelBar, FallsWhenSoundIsHeldBackAndRestsWhenDisabled) {
-  LevelBar bar;
-  bar.put_Enabled(true);
+  auto bar = enabled<LevelBar>();
   bar.feed(sine(735, 997.0));
   bar.advance(0.016);
   bar.advance(0.016);

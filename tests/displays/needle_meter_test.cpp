@@ -4,18 +4,15 @@
 
 #include <random>
 
-#include "displays/tones.h"
+#include "displays/enabled_display.h"
+#include "displays/rest.h"
 
 namespace tandem {
 namespace {
 
 constexpr double kFine = 0.001;  // seconds between two pictures, where a time is measured
 
-NeedleMeter enabled_meter(std::size_t side = 0) {
-  NeedleMeter meter(side);
-  meter.put_Enabled(true);
-  return meter;
-}
+NeedleMeter enabled_meter(std::size_t side = 0) { return enabled<NeedleMeter>(side); }
 
 // Where the needle stands after a tone has been heard for two seconds.
 double standing(double db) {
@@ -165,13 +162,8 @@ TEST(NeedleMeter, FallsToRestInSilenceAndWhenSoundIsHeldBack) {
     NeedleMeter meter = enabled_meter();
     Sound tone = sine(frames_in(1.0), 997.0);
     if (!held_back) tone.resize(frames_in(4.0));
-    Screen screen(meter, tone);
-    screen.run(1.0);
-    EXPECT_FALSE(meter.at_rest());
-    screen.run(3.0);
-    EXPECT_TRUE(meter.at_rest());
+    expect_rest_after(meter, tone, 1.0, 3.0);
     EXPECT_EQ(meter.deflection(), 0.0);
-    EXPECT_FALSE(screen.picture(1.0 / 60.0));
   }
 }
 

@@ -4,7 +4,8 @@
 
 #include <random>
 
-#include "displays/tones.h"
+#include "displays/enabled_display.h"
+#include "displays/rest.h"
 
 namespace tandem {
 namespace {
@@ -21,8 +22,7 @@ Sound from(const std::function<double(double)>& tone) { return both(frames_in(2.
 
 // The greatest difference between two of the pictures of a tone that has started a while ago.
 double restlessness(const Sound& sound) {
-  Oscilloscope scope;
-  scope.put_Enabled(true);
+  auto scope = enabled<Oscilloscope>();
   Screen screen(scope, sound);
   screen.run(0.2);
   const ScopeReading first = scope.picture();
@@ -62,8 +62,7 @@ TEST(Oscilloscope, ANoisyToneStandsStill) {
 
 TEST(Oscilloscope, StartsAtARisingZeroCrossing) {
   for (const double hz : {60.0, 440.0, 2500.0}) {
-    Oscilloscope scope;
-    scope.put_Enabled(true);
+    auto scope = enabled<Oscilloscope>();
     const Sound tone = sine(frames_in(0.3), hz, 0.5, 1.0);
     Screen(scope, tone).run(0.3);
     const ScopeReading& picture = scope.picture();
@@ -77,8 +76,7 @@ TEST(Oscilloscope, StartsAtARisingZeroCrossing) {
 }
 
 TEST(Oscilloscope, ThreeDecibelsFillTheHeight) {
-  Oscilloscope scope;
-  scope.put_Enabled(true);
+  auto scope = enabled<Oscilloscope>();
   scope.feed(sine(2048, 441.0, 1.0 / std::numbers::sqrt2));
   scope.advance(kFrame);
   EXPECT_NEAR(*std::max_element(scope.picture().left.begin(), scope.picture().left.end()), 1.0, 0.001);
@@ -89,8 +87,7 @@ TEST(Oscilloscope, ThreeDecibelsFillTheHeight) {
 }
 
 TEST(Oscilloscope, TheRightTraceGoesWithTheLeft) {
-  Oscilloscope scope;
-  scope.put_Enabled(true);
+  auto scope = enabled<Oscilloscope>();
   Sound tone = sine(2048, 441.0, 0.5);
   const Sound right = sine(2048, 441.0, 0.5, std::numbers::pi / 2.0);
   for (std::size_t i = 0; i < tone.size(); ++i) tone[i].right = right[i].right;
@@ -100,8 +97,7 @@ TEST(Oscilloscope, TheRightTraceGoesWithTheLeft) {
 }
 
 TEST(Oscilloscope, ARightToneAloneStandsStillToo) {
-  Oscilloscope scope;
-  scope.put_Enabled(true);
+  auto scope = enabled<Oscilloscope>();
   Sound tone = sine(frames_in(1.0), 441.0, 0.5);
   for (SoundFrame& frame : tone) frame.left = 0.0F;
   Screen screen(scope, tone);
@@ -111,8 +107,7 @@ TEST(Oscilloscope, ARightToneAloneStandsStillToo) {
 }
 
 TEST(Oscilloscope, WithoutACrossingItShowsTheNewest) {
-  Oscilloscope scope;
-  scope.put_Enabled(true);
+  auto scope = enabled<Oscilloscope>();
   Sound rising = both(2048, [](double t) { return 0.1 + t; });
   scope.feed(rising);
   scope.advance(kFrame);
@@ -121,17 +116,11 @@ TEST(Oscilloscope, WithoutACrossingItShowsTheNewest) {
 
 TEST(Oscilloscope, FallsToRestInSilenceAndWhenSoundIsHeldBack) {
   for (const bool held_back : {false, true}) {
-    Oscilloscope scope;
-    scope.put_Enabled(true);
+    auto scope = enabled<Oscilloscope>();
     Sound tone = sine(frames_in(0.5), 441.0);
     if (!held_back) tone.resize(frames_in(2.0));
-    Screen screen(scope, tone);
-    screen.run(0.5);
-    EXPECT_FALSE(scope.at_rest());
-    screen.run(0.75);
-    EXPECT_TRUE(scope.at_rest());
+    expect_rest_after(scope, tone, 0.5, 0.75);
     EXPECT_EQ(scope.picture(), ScopeReading{});
-    EXPECT_FALSE(screen.picture(kFrame));
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <initializer_list>
 
 namespace tandem {
 namespace {
@@ -18,6 +19,10 @@ class Marks {
   void bar(float height, double seconds, double picture = 0.01) {
     const auto pictures = std::max(1L, std::lround(seconds / picture));
     for (long i = 0; i < pictures; ++i) marks_.move(std::array{height}, seconds / static_cast<double>(pictures));
+  }
+  // The bar at one height after the other.
+  void bars(std::initializer_list<float> heights, double seconds_each) {
+    for (const float height : heights) bar(height, seconds_each);
   }
   float operator[](std::size_t age) const { return marks_.heights()[age]; }
   const PeakMarks& marks() const { return marks_; }
@@ -59,17 +64,13 @@ TEST(PeakMarks, StaysForEverWithoutSpeed) {
 
 TEST(PeakMarks, EachNewAttackAgesTheFormerMarks) {
   Marks marks(3, 50, 1);
-  marks.bar(0.5F, 0.1);
-  marks.bar(0.2F, 0.1);
+  marks.bars({0.5F, 0.2F}, 0.1);
   EXPECT_EQ(marks[1], 0.0F);
-  marks.bar(0.7F, 0.1);
-  marks.bar(0.2F, 0.1);
-  marks.bar(0.9F, 0.1);
+  marks.bars({0.7F, 0.2F, 0.9F}, 0.1);
   EXPECT_FLOAT_EQ(marks[0], 0.9F);
   EXPECT_FLOAT_EQ(marks[1], 0.7F);
   EXPECT_FLOAT_EQ(marks[2], 0.5F);
-  marks.bar(0.2F, 0.1);
-  marks.bar(1.0F, 0.1);
+  marks.bars({0.2F, 1.0F}, 0.1);
   EXPECT_FLOAT_EQ(marks[2], 0.7F) << "the oldest goes";
 }
 
@@ -82,18 +83,14 @@ TEST(PeakMarks, OneRiseIsOneMark) {
 
 TEST(PeakMarks, ALowerAttackLeavesTheMarksAlone) {
   Marks marks(2, 50, 1);
-  marks.bar(0.8F, 0.1);
-  marks.bar(0.2F, 0.1);
-  marks.bar(0.6F, 0.1);
+  marks.bars({0.8F, 0.2F, 0.6F}, 0.1);
   EXPECT_FLOAT_EQ(marks[0], 0.8F);
   EXPECT_EQ(marks[1], 0.0F);
 }
 
 TEST(PeakMarks, OlderMarksHoldAndFallOnTheirOwn) {
   Marks marks(2, 10, 50);
-  marks.bar(0.4F, 0.1);
-  marks.bar(0.0F, 0.1);
-  marks.bar(0.9F, 0.1);
+  marks.bars({0.4F, 0.0F, 0.9F}, 0.1);
   // 0.2 s after the bar left the first mark its hold is over.
   marks.bar(0.0F, 0.1);
   EXPECT_NEAR(marks[0], 0.9, 0.001);

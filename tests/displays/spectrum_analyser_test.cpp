@@ -6,7 +6,7 @@
 #include <cmath>
 #include <utility>
 
-#include "displays/tones.h"
+#include "displays/rest.h"
 
 namespace tandem {
 namespace {
@@ -214,12 +214,8 @@ TEST(SpectrumAnalyser, FallsToRestInSilenceAndWhenSoundIsHeldBack) {
         analyser.put(DrawPeaks, 1);
         Sound tone = sine(frames_in(0.5), 1000.0);
         if (!held_back) tone.resize(frames_in(12.0));
-        Screen screen(analyser, tone);
-        screen.run(0.5);
-        EXPECT_FALSE(analyser.at_rest());
-        screen.run(10.0);
-        EXPECT_TRUE(analyser.at_rest()) << kind << " " << mode << " " << held_back;
-        EXPECT_FALSE(screen.picture(kPicture));
+        SCOPED_TRACE(testing::Message() << kind << " " << mode << " " << held_back);
+        expect_rest_after(analyser, tone, 0.5, 10.0);
         const auto& cells = analyser.picture().roll.cells[0];
         EXPECT_TRUE(std::all_of(cells.begin(), cells.end(), [](float height) { return height == 0.0F; }));
         EXPECT_TRUE(kind == 5 || highest(analyser) == 0.0);

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "displays/enabled_display.h"
 #include "displays/spectrum/band_analyser.h"
 #include "displays/spectrum/spectrum_analyser.h"
 
@@ -115,8 +116,7 @@ bool rests_in_silence(SpectrumAnalyser& analyser) {
 }
 
 StateColumns columns_of(const BoardState& state, std::span<const SoundFrame> sound) {
-  SpectrumAnalyser analyser;
-  analyser.put_Enabled(true);
+  auto analyser = enabled<SpectrumAnalyser>();
   for (const auto& [setting, value] : state.settings) analyser.put(setting, value);
   const SpectrumReading& picture = analyser.picture();
   StateColumns movement{{}, picture.axis};
