@@ -73,105 +73,87 @@ void PanelUser::answer(const std::string& text, Button& key) {
 }
 
 void PanelUser::act(unsigned what, unsigned first, unsigned second) {
-  const unsigned kind = what % 32;
-  if (!press_key(kind, first) && !use_list(kind, first, second) && !turn(kind, first, second)) use_board(first, second);
+  press_key(what % 32, first, second);
   if (second % 4 == 0) player_.run(10 + 10 * (first % 4));
 }
 
-bool PanelUser::press_key(unsigned kind, unsigned first) {
+void PanelUser::press_key(unsigned kind, unsigned first, unsigned second) {
   switch (kind) {
     case 0:
     case 1:
-      press(controls_.PLAY);
-      return true;
+      return press(controls_.PLAY);
     case 2:
-      press(first % 4 == 0 ? controls_.STOPBtn : controls_.NextBtn);
-      return true;
+      return press(first % 4 == 0 ? controls_.STOPBtn : controls_.NextBtn);
     case 3:
     case 4:
-      press(controls_.NextBtn);
-      return true;
+      return press(controls_.NextBtn);
     case 5:
-      press(controls_.PAUSE);
-      return true;
+      return press(controls_.PAUSE);
     case 6:
-      press(controls_.UpList);
-      return true;
+      return press(controls_.UpList);
     case 7:
-      press(controls_.DownList);
-      return true;
+      return press(controls_.DownList);
     case 8:
     case 9:
-      player_.run(first);
-      return true;
+      return player_.run(first);
     case 10:
-      player_.run(first % 8 == 0 ? 4000 : 20);
-      return true;
+      return player_.run(first % 8 == 0 ? 4000 : 20);
     default:
-      return false;
+      return use_list(kind, first, second);
   }
 }
 
-bool PanelUser::use_list(unsigned kind, unsigned first, unsigned second) {
+void PanelUser::use_list(unsigned kind, unsigned first, unsigned second) {
   const std::int32_t lines = controls_.PlayList.ListCount();
   const auto line = [lines, first] { return static_cast<std::int32_t>(first) % lines; };
   switch (kind) {
     case 11:
     case 12:
       if (lines > 0 && controls_.PlayList.Enabled) controls_.PlayList.user_select(line());
-      return true;
+      return;
     case 13:
     case 14:
       if (lines > 0 && controls_.PlayList.Enabled) controls_.PlayList.user_double_click(line());
-      return true;
+      return;
     case 15:
     case 16:
-      answer(first % 9 == 0 ? "" : shelf_.answer(first, second % 5), controls_.LoadSong);
-      return true;
+      return answer(first % 9 == 0 ? "" : shelf_.answer(first, second % 5), controls_.LoadSong);
     case 17:
-      controls_.Painel.files_dropped.raise(shelf_.answer(first, second % 3));
-      return true;
+      return controls_.Painel.files_dropped.raise(shelf_.answer(first, second % 3));
     case 18:
-      answer(shelf_.playlist(first), controls_.LoadList);
-      return true;
+      return answer(shelf_.playlist(first), controls_.LoadList);
     case 19:
-      answer(shelf_.playlist(0), controls_.SaveList);
-      return true;
+      return answer(shelf_.playlist(0), controls_.SaveList);
     default:
-      return false;
+      return turn(kind, first, second);
   }
 }
 
-bool PanelUser::turn(unsigned kind, unsigned first, unsigned second) {
+void PanelUser::turn(unsigned kind, unsigned first, unsigned second) {
   switch (kind) {
     case 20:
-      (controls_.*kLeadTimes.at(first % 4).lamp).click.raise();
-      return true;
+      return (controls_.*kLeadTimes.at(first % 4).lamp).click.raise();
     case 21:
-      controls_.BufferSwitch.move(static_cast<std::int32_t>(first % 2));
-      return true;
+      return controls_.BufferSwitch.move(static_cast<std::int32_t>(first % 2));
     case 22:
-      controls_.Bypass.move(static_cast<std::int32_t>(first % 2));
-      return true;
+      return controls_.Bypass.move(static_cast<std::int32_t>(first % 2));
     case 23:
       controls_.SliderP.user_press();
       controls_.SliderP.move(static_cast<std::int32_t>(first % 41) - 20);
       if (second % 2 == 0) controls_.SliderP.user_release();
-      return true;
+      return;
     case 24:
     case 25:
       controls_.Slider1.user_press();
       controls_.Slider1.move(controls_.Slider1.maximum() / 256 * static_cast<std::int32_t>(first + 1));
       if (second % 8 != 0) controls_.Slider1.user_release();
-      return true;
+      return;
     case 26:
-      controls_.Volume.move(static_cast<std::int32_t>(first * 129));
-      return true;
+      return controls_.Volume.move(static_cast<std::int32_t>(first * 129));
     case 27:
-      controls_.sl0.at(first % kBands).move(static_cast<std::int32_t>(second % 25) - 12);
-      return true;
+      return controls_.sl0.at(first % kBands).move(static_cast<std::int32_t>(second % 25) - 12);
     default:
-      return false;
+      return use_board(first, second);
   }
 }
 

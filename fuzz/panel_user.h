@@ -42,9 +42,10 @@ class PanelUser {
   void leave_alone();
 
  private:
-  bool press_key(unsigned what, unsigned first);
-  bool use_list(unsigned what, unsigned first, unsigned second);
-  bool turn(unsigned what, unsigned first, unsigned second);
+  // Each one leaves the kinds that are not its own to the next.
+  void press_key(unsigned kind, unsigned first, unsigned second);
+  void use_list(unsigned kind, unsigned first, unsigned second);
+  void turn(unsigned kind, unsigned first, unsigned second);
   void use_board(unsigned first, unsigned second);
   void answer(const std::string& text, Button& key);
   static void press(Button& key);

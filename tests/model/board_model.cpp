@@ -8,10 +8,6 @@ namespace tandem::model {
 
 namespace {
 
-constexpr Number kLime = 0x00FF00;
-constexpr Number kGreen = 0x008000;
-constexpr Number kOlive = 0x008080;
-
 using Setting = SpectrumSetting;
 
 struct Range {

@@ -26,64 +26,49 @@ void Acting::act(const Event& event) {
   panel.sound.calls.clear();
   panel.silent_errors.clear();
   panel.dialog.answers.clear();
-  if (!act_on_transport(event) && !act_on_files(event) && !act_on_player(event)) act_on_board(event);
+  act_on_transport(event);
 }
 
-bool Acting::act_on_transport(const Event& event) {
+void Acting::act_on_transport(const Event& event) {
   PanelControls& c = panel.controls;
   const std::int32_t lines = c.PlayList.ListCount();
   switch (event.act) {
     case Act::Play:
-      c.PLAY.click.raise();
-      return true;
+      return c.PLAY.click.raise();
     case Act::Pause:
-      c.PAUSE.click.raise();
-      return true;
+      return c.PAUSE.click.raise();
     case Act::Stop:
-      c.STOPBtn.click.raise();
-      return true;
+      return c.STOPBtn.click.raise();
     case Act::Next:
-      c.NextBtn.click.raise();
-      return true;
+      return c.NextBtn.click.raise();
     case Act::Up:
-      c.UpList.click.raise();
-      return true;
+      return c.UpList.click.raise();
     case Act::Down:
-      c.DownList.click.raise();
-      return true;
+      return c.DownList.click.raise();
     case Act::Tick:
-      panel.tick();
-      return true;
+      return panel.tick();
     case Act::Position:
       panel.sound.deck.at(static_cast<std::size_t>(event.first))->position = event.second;
-      return true;
+      return;
     case Act::Finished:
-      panel.sound.mixer->end_input(event.first % 2);
-      return true;
+      return panel.sound.mixer->end_input(event.first % 2);
     case Act::Select:
-      c.PlayList.user_select(event.first % lines);
-      return true;
+      return c.PlayList.user_select(event.first % lines);
     case Act::Double:
-      c.PlayList.user_double_click(event.first % lines);
-      return true;
+      return c.PlayList.user_double_click(event.first % lines);
     case Act::Resync:
-      panel.program.sound.ListTimer->tick.raise();
-      return true;
+      return panel.program.sound.ListTimer->tick.raise();
     case Act::DelayOver:
-      c.TimerDelay.tick.raise();
-      return true;
+      return c.TimerDelay.tick.raise();
     case Act::DeviceLost:
-      panel.program.sound.WaveOut->device_lost.raise();
-      return true;
+      return panel.program.sound.WaveOut->device_lost.raise();
     case Act::Wait:
-      panel.advance(event.first * 10);
-      return true;
+      return panel.advance(event.first * 10);
     case Act::Refresh:
       panel.time_of_day = time_of_day(event.first);
-      panel.program.sound.Timer->tick.raise();
-      return true;
+      return panel.program.sound.Timer->tick.raise();
     default:
-      return false;
+      return act_on_files(event);
   }
 }
 
@@ -92,90 +77,67 @@ void Acting::choose(const std::string& answer, const Button& key) {
   key.click.raise();
 }
 
-bool Acting::act_on_files(const Event& event) {
+void Acting::act_on_files(const Event& event) {
   PanelControls& c = panel.controls;
   switch (event.act) {
     case Act::Add:
     case Act::AddMany:
-      choose(chosen_songs(event), c.LoadSong);
-      return true;
+      return choose(chosen_songs(event), c.LoadSong);
     case Act::Drop:
-      c.Painel.files_dropped.raise(chosen_songs(event));
-      return true;
+      return c.Painel.files_dropped.raise(chosen_songs(event));
     case Act::Cancel:
-      choose("", c.LoadSong);
-      return true;
+      return choose("", c.LoadSong);
     case Act::Open:
       std::ofstream(panel.directory.file("list.m3l"), std::ios::binary) << playlist_bytes(event);
-      choose(panel.directory.file("list.m3l"), c.LoadList);
-      return true;
+      return choose(panel.directory.file("list.m3l"), c.LoadList);
     case Act::OpenSaved:
-      choose(saved_path(), c.LoadList);
-      return true;
+      return choose(saved_path(), c.LoadList);
     case Act::OpenMissing:
-      choose(event.first % 2 == 0 ? "" : "/no/such/folder/x.m3l", c.LoadList);
-      return true;
+      return choose(event.first % 2 == 0 ? "" : "/no/such/folder/x.m3l", c.LoadList);
     case Act::Save:
-      choose(event.first % 4 == 0 ? "" : saved_path(), c.SaveList);
-      return true;
+      return choose(event.first % 4 == 0 ? "" : saved_path(), c.SaveList);
     case Act::ShowPlayList:
-      c.ShowPlayList.click.raise();
-      return true;
+      return c.ShowPlayList.click.raise();
     case Act::LoadSongPress:
-      c.LoadSong.press.raise();
-      return true;
+      return c.LoadSong.press.raise();
     case Act::LoadSongRelease:
-      c.LoadSong.release.raise();
-      return true;
+      return c.LoadSong.release.raise();
     default:
-      return false;
+      return act_on_player(event);
   }
 }
 
-bool Acting::act_on_player(const Event& event) {
+void Acting::act_on_player(const Event& event) {
   PanelControls& c = panel.controls;
   switch (event.act) {
     case Act::Lead:
-      (c.*kLeadTimes.at(static_cast<std::size_t>(event.first % 4)).lamp).click.raise();
-      return true;
+      return (c.*kLeadTimes.at(static_cast<std::size_t>(event.first % 4)).lamp).click.raise();
     case Act::BufferSwitch:
-      c.BufferSwitch.move(event.first % 2);
-      return true;
+      return c.BufferSwitch.move(event.first % 2);
     case Act::ResetPress:
-      c.Command2.press.raise();
-      return true;
+      return c.Command2.press.raise();
     case Act::ResetRelease:
-      c.Command2.release.raise();
-      return true;
+      return c.Command2.release.raise();
     case Act::PitchPress:
-      c.SliderP.press.raise();
-      return true;
+      return c.SliderP.press.raise();
     case Act::PitchMove:
-      c.SliderP.move(event.first);
-      return true;
+      return c.SliderP.move(event.first);
     case Act::PitchRelease:
-      c.SliderP.release.raise();
-      return true;
+      return c.SliderP.release.raise();
     case Act::PitchReset:
-      c.Command2.click.raise();
-      return true;
+      return c.Command2.click.raise();
     case Act::SeekPress:
-      c.Slider1.press.raise();
-      return true;
+      return c.Slider1.press.raise();
     case Act::SeekMove:
-      c.Slider1.move(event.first);
-      return true;
+      return c.Slider1.move(event.first);
     case Act::SeekRelease:
-      c.Slider1.release.raise();
-      return true;
+      return c.Slider1.release.raise();
     case Act::Volume:
-      c.Volume.move(event.first);
-      return true;
+      return c.Volume.move(event.first);
     case Act::Bypass:
-      c.Bypass.move(event.first % 2);
-      return true;
+      return c.Bypass.move(event.first % 2);
     default:
-      return false;
+      return act_on_board(event);
   }
 }
 

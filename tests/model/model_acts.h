@@ -22,9 +22,10 @@ class Acting {
   std::string compare_saved(const PanelModel& model) const;
 
  private:
-  bool act_on_transport(const Event& event);
-  bool act_on_files(const Event& event);
-  bool act_on_player(const Event& event);
+  // Each one leaves what it does not know to the next.
+  void act_on_transport(const Event& event);
+  void act_on_files(const Event& event);
+  void act_on_player(const Event& event);
   void act_on_board(const Event& event);
   void choose(const std::string& answer, const Button& key);
 };

@@ -6,149 +6,7 @@ namespace tandem::model {
 
 namespace {
 
-bool act_on_transport(PanelModel& model, const Event& event) {
-  const auto lines = static_cast<std::int32_t>(model.look.PlayList.size());
-  switch (event.act) {
-    case Act::Play:
-      model.play();
-      return true;
-    case Act::Pause:
-      model.pause();
-      return true;
-    case Act::Stop:
-      model.stop();
-      return true;
-    case Act::Next:
-      model.next();
-      return true;
-    case Act::Up:
-      model.move_up();
-      return true;
-    case Act::Down:
-      model.move_down();
-      return true;
-    case Act::Tick:
-      model.tick();
-      return true;
-    case Act::Position:
-      model.look.decks.at(static_cast<std::size_t>(event.first)).Position = event.second;
-      return true;
-    case Act::Finished:
-      model.finished(event.first % 2);
-      return true;
-    case Act::Select:
-      model.click_line(event.first % lines);
-      return true;
-    case Act::Double:
-      model.double_click_line(event.first % lines);
-      return true;
-    case Act::Resync:
-      model.resynchronise();
-      return true;
-    case Act::DelayOver:
-      model.delay_over();
-      return true;
-    case Act::DeviceLost:
-      model.lose_device();
-      return true;
-    case Act::Wait:
-      model.wait(event.first * 10);
-      return true;
-    case Act::Refresh:
-      model.time_of_day = time_of_day(event.first);
-      model.refresh();
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool act_on_files(PanelModel& model, const Event& event, const std::string& saved_path) {
-  const std::string list_path = saved_path.substr(0, saved_path.rfind('/')) + "/list.m3l";
-  switch (event.act) {
-    case Act::Add:
-    case Act::AddMany:
-      model.load_song(chosen_songs(event));
-      return true;
-    case Act::Drop:
-      model.drop(chosen_songs(event));
-      return true;
-    case Act::Cancel:
-      model.load_song("");
-      return true;
-    case Act::Open:
-      model.disk[list_path] = playlist_bytes(event);
-      model.open(list_path);
-      return true;
-    case Act::OpenSaved:
-      model.open(saved_path);
-      return true;
-    case Act::OpenMissing:
-      model.open(event.first % 2 == 0 ? "" : "/no/such/folder/x.m3l");
-      return true;
-    case Act::Save:
-      model.save(event.first % 4 == 0 ? "" : saved_path);
-      return true;
-    case Act::ShowPlayList:
-      model.toggle_list();
-      return true;
-    case Act::LoadSongPress:
-      model.press_load_song(true);
-      return true;
-    case Act::LoadSongRelease:
-      model.press_load_song(false);
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool act_on_player(PanelModel& model, const Event& event) {
-  switch (event.act) {
-    case Act::Lead:
-      model.click_lead(static_cast<std::size_t>(event.first % 4));
-      return true;
-    case Act::BufferSwitch:
-      model.move_buffer_switch(event.first % 2);
-      return true;
-    case Act::ResetPress:
-      model.press_pitch_reset(true);
-      return true;
-    case Act::ResetRelease:
-      model.press_pitch_reset(false);
-      return true;
-    case Act::PitchPress:
-      model.press_pitch();
-      return true;
-    case Act::PitchMove:
-      model.move_pitch(event.first);
-      return true;
-    case Act::PitchRelease:
-      model.release_pitch();
-      return true;
-    case Act::PitchReset:
-      model.click_pitch_reset();
-      return true;
-    case Act::SeekPress:
-      model.press_seek();
-      return true;
-    case Act::SeekMove:
-      model.move_seek(event.first);
-      return true;
-    case Act::SeekRelease:
-      model.release_seek();
-      return true;
-    case Act::Volume:
-      model.move_volume(event.first);
-      return true;
-    case Act::Bypass:
-      model.move_bypass(event.first % 2);
-      return true;
-    default:
-      return false;
-  }
-}
-
+// Each function leaves what it does not know to the one above it.
 void act_on_board(PanelModel& model, const Event& event) {
   const auto number = static_cast<std::size_t>(event.first);
   switch (event.act) {
@@ -173,13 +31,115 @@ void act_on_board(PanelModel& model, const Event& event) {
   }
 }
 
+void act_on_player(PanelModel& model, const Event& event) {
+  switch (event.act) {
+    case Act::Lead:
+      return model.click_lead(static_cast<std::size_t>(event.first % 4));
+    case Act::BufferSwitch:
+      return model.move_buffer_switch(event.first % 2);
+    case Act::ResetPress:
+      return model.press_pitch_reset(true);
+    case Act::ResetRelease:
+      return model.press_pitch_reset(false);
+    case Act::PitchPress:
+      return model.press_pitch();
+    case Act::PitchMove:
+      return model.move_pitch(event.first);
+    case Act::PitchRelease:
+      return model.release_pitch();
+    case Act::PitchReset:
+      return model.click_pitch_reset();
+    case Act::SeekPress:
+      return model.press_seek();
+    case Act::SeekMove:
+      return model.move_seek(event.first);
+    case Act::SeekRelease:
+      return model.release_seek();
+    case Act::Volume:
+      return model.move_volume(event.first);
+    case Act::Bypass:
+      return model.move_bypass(event.first % 2);
+    default:
+      return act_on_board(model, event);
+  }
+}
+
+void act_on_files(PanelModel& model, const Event& event, const std::string& saved_path) {
+  const std::string list_path = saved_path.substr(0, saved_path.rfind('/')) + "/list.m3l";
+  switch (event.act) {
+    case Act::Add:
+    case Act::AddMany:
+      return model.load_song(chosen_songs(event));
+    case Act::Drop:
+      return model.drop(chosen_songs(event));
+    case Act::Cancel:
+      return model.load_song("");
+    case Act::Open:
+      model.disk[list_path] = playlist_bytes(event);
+      return model.open(list_path);
+    case Act::OpenSaved:
+      return model.open(saved_path);
+    case Act::OpenMissing:
+      return model.open(event.first % 2 == 0 ? "" : "/no/such/folder/x.m3l");
+    case Act::Save:
+      return model.save(event.first % 4 == 0 ? "" : saved_path);
+    case Act::ShowPlayList:
+      return model.toggle_list();
+    case Act::LoadSongPress:
+      return model.press_load_song(true);
+    case Act::LoadSongRelease:
+      return model.press_load_song(false);
+    default:
+      return act_on_player(model, event);
+  }
+}
+
+void act_on_transport(PanelModel& model, const Event& event, const std::string& saved_path) {
+  const auto lines = static_cast<std::int32_t>(model.look.PlayList.size());
+  switch (event.act) {
+    case Act::Play:
+      return model.play();
+    case Act::Pause:
+      return model.pause();
+    case Act::Stop:
+      return model.stop();
+    case Act::Next:
+      return model.next();
+    case Act::Up:
+      return model.move_up();
+    case Act::Down:
+      return model.move_down();
+    case Act::Tick:
+      return model.tick();
+    case Act::Position:
+      model.look.decks.at(static_cast<std::size_t>(event.first)).Position = event.second;
+      return;
+    case Act::Finished:
+      return model.finished(event.first % 2);
+    case Act::Select:
+      return model.click_line(event.first % lines);
+    case Act::Double:
+      return model.double_click_line(event.first % lines);
+    case Act::Resync:
+      return model.resynchronise();
+    case Act::DelayOver:
+      return model.delay_over();
+    case Act::DeviceLost:
+      return model.lose_device();
+    case Act::Wait:
+      return model.wait(event.first * 10);
+    case Act::Refresh:
+      model.time_of_day = time_of_day(event.first);
+      return model.refresh();
+    default:
+      return act_on_files(model, event, saved_path);
+  }
+}
+
 }  // namespace
 
 void act_on_model(PanelModel& model, const Event& event, const std::string& saved_path) {
-  model.event([&] {
-    if (!act_on_transport(model, event) && !act_on_files(model, event, saved_path) && !act_on_player(model, event))
-      act_on_board(model, event);
-  });
+  model.event([&] { act_on_transport(model, event, saved_path); });
 }
 
 }  // namespace tandem::model

@@ -13,7 +13,16 @@ namespace tandem::model {
 
 using Number = std::int32_t;
 
+// The panel's colours, blue in the upper byte.
+inline constexpr Number kRed = 0x0000FF;
+inline constexpr Number kMaroon = 0x000080;
 inline constexpr Number kYellow = 0x00FFFF;
+inline constexpr Number kOlive = 0x008080;
+inline constexpr Number kLime = 0x00FF00;
+inline constexpr Number kGreen = 0x008000;
+inline constexpr Number kAqua = 0xFFFF00;
+inline constexpr Number kTeal = 0x808000;
+
 inline const std::string kBlanks(14, ' ');  // before and after a running title
 
 struct Box {  // a button, lamp or display: what is used of it

@@ -135,6 +135,7 @@ class PanelModel {
   void label_first(const std::string& title);
 
   void pitch_texts(Number value, bool above);
+  void pitch_sign(Number value);
   void set(SpectrumSetting setting, Number value);
   Number get(SpectrumSetting setting) const { return look.analyser.at(static_cast<std::size_t>(setting)); }
   void click_led_style(Number& lamp);

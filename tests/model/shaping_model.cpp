@@ -6,13 +6,6 @@
 
 namespace tandem::model {
 
-namespace {
-constexpr Number kRed = 0x0000FF;
-constexpr Number kMaroon = 0x000080;
-constexpr Number kAqua = 0xFFFF00;
-constexpr Number kTeal = 0x808000;
-}  // namespace
-
 // above: the right lamp is lit; it goes with the text of whole steps up.
 void PanelModel::pitch_texts(Number value, bool above) {
   const std::string steps = std::to_string(std::abs(value) / 5);
@@ -25,13 +18,8 @@ void PanelModel::pitch_texts(Number value, bool above) {
   if (value == 0) look.INDIC.Caption = "PITCH  0";
 }
 
-void PanelModel::move_pitch(Number moved) {
-  const Number value = std::clamp(moved, -20, 20);
-  look.SliderP = value;
-  look.PitchMoving = -1;
-  call("Pitch(" + std::to_string(look.ActiveDeck) + ").Value(" + std::to_string(value) + ")");
-  look.decks.at(static_cast<std::size_t>(look.ActiveDeck)).Pitch = static_cast<float>(value);
-  pitch_texts(value, value >= 5);
+// Below a whole step there is a sign alone.
+void PanelModel::pitch_sign(Number value) {
   if (value >= 1 && value <= 4) {
     look.INDIC.Caption = "PITCH  +";
     look.signs[2].Colour = kRed;
@@ -42,6 +30,16 @@ void PanelModel::move_pitch(Number moved) {
   }
 }
 
+void PanelModel::move_pitch(Number moved) {
+  const Number value = std::clamp(moved, -20, 20);
+  look.SliderP = value;
+  look.PitchMoving = -1;
+  call("Pitch(" + std::to_string(look.ActiveDeck) + ").Value(" + std::to_string(value) + ")");
+  look.decks.at(static_cast<std::size_t>(look.ActiveDeck)).Pitch = static_cast<float>(value);
+  pitch_texts(value, value >= 5);
+  pitch_sign(value);
+}
+
 void PanelModel::press_pitch() {
   const Number value = look.SliderP;
   if (value == 0) {
@@ -49,14 +47,7 @@ void PanelModel::press_pitch() {
     look.INDIC.Caption = "PITCH  0";
   }
   if ((value >= 5 || value <= -1) && look.PitchMoving == 0) pitch_texts(value, value > 0);
-  if (value >= 1 && value <= 4) {
-    look.INDIC.Caption = "PITCH  +";
-    look.signs[2].Colour = kRed;
-  }
-  if (value >= -4 && value <= -1) {
-    look.INDIC.Caption = "PITCH  -";
-    look.signs[0].Colour = kRed;
-  }
+  pitch_sign(value);
   look.INDIC.Colour = kAqua;
   for (Box& sign : look.signs) sign.Visible = true;
   look.MeterVol.Visible = false;
