@@ -4,21 +4,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
-#include <vector>
-
-#include "layout/layout_tables.h"
 
 namespace tandem {
 
 namespace {
-
-std::vector<ControlBox> joined_tables() {
-  std::vector<ControlBox> all;
-  for (const auto part : {layout_left(), layout_right(), layout_equalizer(), layout_board()}) {
-    all.insert(all.end(), part.begin(), part.end());
-  }
-  return all;
-}
 
 constexpr int kBoardKnobRadius = 22;
 
@@ -33,11 +22,6 @@ QSize window_size(WindowSize size) {
     default:
       return {607, 258};
   }
-}
-
-std::span<const ControlBox> panel_layout() {
-  static const std::vector<ControlBox> kAll = joined_tables();
-  return kAll;
 }
 
 const ControlBox& control_box(std::string_view name) {
