@@ -9,40 +9,19 @@ DeviceOutput::DeviceOutput(OutputRing& ring, std::string alsa_device)
     : alsa_(ring, {std::move(alsa_device), &token_, false}),
       pulse_(ring, {&token_, [this](bool reachable) { alsa_.allow(!reachable); }}) {}
 
-void DeviceOutput::open(int buffer_bytes) {
-  pulse_.open(buffer_bytes);
-  alsa_.open(buffer_bytes);
+template <class... Values>
+void DeviceOutput::command_both(void (Output::*command)(Values...), Values... values) {
+  (pulse_.*command)(values...);
+  (alsa_.*command)(values...);
 }
 
-void DeviceOutput::close() {
-  pulse_.close();
-  alsa_.close();
-}
-
-void DeviceOutput::start() {
-  pulse_.start();
-  alsa_.start();
-}
-
-void DeviceOutput::stop() {
-  pulse_.stop();
-  alsa_.stop();
-}
-
-void DeviceOutput::pause() {
-  pulse_.pause();
-  alsa_.pause();
-}
-
-void DeviceOutput::restart() {
-  pulse_.restart();
-  alsa_.restart();
-}
-
-void DeviceOutput::set_queue_length(int buffers) {
-  pulse_.set_queue_length(buffers);
-  alsa_.set_queue_length(buffers);
-}
+void DeviceOutput::open(int buffer_bytes) { command_both(&Output::open, buffer_bytes); }
+void DeviceOutput::close() { command_both(&Output::close); }
+void DeviceOutput::start() { command_both(&Output::start); }
+void DeviceOutput::stop() { command_both(&Output::stop); }
+void DeviceOutput::pause() { command_both(&Output::pause); }
+void DeviceOutput::restart() { command_both(&Output::restart); }
+void DeviceOutput::set_queue_length(int buffers) { command_both(&Output::set_queue_length, buffers); }
 
 // Both count the same ring's frames, and the one without a device stands where it left off.
 std::uint64_t DeviceOutput::frames_played() const noexcept {

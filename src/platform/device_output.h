@@ -35,6 +35,9 @@ class DeviceOutput final : public Output {
   void put_stream_name(const std::string& name) { pulse_.put_stream_name(name); }
 
  private:
+  template <class... Values>
+  void command_both(void (Output::*command)(Values...), Values... values);
+
   RingReaderToken token_;  // of the two, the one that holds a device reads the ring
   AlsaOutput alsa_;
   PulseOutput pulse_;  // decides whether alsa_ may play, so it is destroyed first

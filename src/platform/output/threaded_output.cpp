@@ -15,42 +15,17 @@ ThreadedOutput::ThreadedOutput(OutputRing& ring, RingReaderToken* token)
   if (!wake_fd_.is_open()) throw std::system_error(errno, std::generic_category(), "eventfd");
 }
 
-void ThreadedOutput::open(int buffer_bytes) {
-  commanded_.open(buffer_bytes);
-  publish_target();
-}
+void ThreadedOutput::open(int buffer_bytes) { command(&TargetState::open, buffer_bytes); }
+void ThreadedOutput::close() { command(&TargetState::close, ring_.written()); }
+void ThreadedOutput::start() { command(&TargetState::start, ring_.written()); }
+void ThreadedOutput::stop() { command(&TargetState::stop, ring_.written()); }
+void ThreadedOutput::pause() { command(&TargetState::pause, ring_.written()); }
+void ThreadedOutput::restart() { command(&TargetState::restart, ring_.written()); }
+void ThreadedOutput::set_queue_length(int buffers) { command(&TargetState::set_queue_length, buffers); }
 
-void ThreadedOutput::close() {
-  commanded_.close(ring_.written());
-  publish_target();
-}
-
-void ThreadedOutput::start() {
-  commanded_.start(ring_.written());
-  publish_target();
-}
-
-void ThreadedOutput::stop() {
-  commanded_.stop(ring_.written());
-  publish_target();
-}
-
-void ThreadedOutput::pause() {
-  commanded_.pause(ring_.written());
-  publish_target();
-}
-
-void ThreadedOutput::restart() {
-  commanded_.restart(ring_.written());
-  publish_target();
-}
-
-void ThreadedOutput::set_queue_length(int buffers) {
-  commanded_.set_queue_length(buffers);
-  publish_target();
-}
-
-void ThreadedOutput::publish_target() noexcept {
+template <class Value>
+void ThreadedOutput::command(void (TargetState::*change)(Value), Value value) {
+  (commanded_.*change)(value);
   published_.publish(commanded_);
   wake();
 }

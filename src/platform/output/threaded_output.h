@@ -64,7 +64,9 @@ class ThreadedOutput : public Output {
   std::atomic<std::uint64_t> underruns_{0};
 
  private:
-  void publish_target() noexcept;
+  // Changes the target state and publishes it.
+  template <class Value>
+  void command(void (TargetState::*change)(Value), Value value);
 
   Descriptor wake_fd_;
   RingReaderToken own_token_;
