@@ -10,6 +10,8 @@ import re
 import subprocess
 import sys
 
+import tree_check
+
 DOCUMENTS = re.compile(r'(README|CONTRIBUTING|CHANGELOG)\.md|docs/[^/]+\.md')
 QUOTED = re.compile(r'`([^`]+)`')
 # A path with at least one slash; * stands for any part of a name.
@@ -88,14 +90,5 @@ def offences(root):
                     yield f'{document}:{number}: no {kind} "{name}"'
 
 
-def main():
-    found = list(offences(sys.argv[1] if len(sys.argv) > 1 else os.path.join(os.path.dirname(__file__), '..', '..')))
-    for one in found:
-        print(one)
-    if not found:
-        print('document paths: every name is there')
-    return 1 if found else 0
-
-
 if __name__ == '__main__':
-    sys.exit(main())
+    sys.exit(tree_check.run(offences, 'document paths: every name is there'))

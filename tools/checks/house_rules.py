@@ -11,6 +11,8 @@ import re
 import subprocess
 import sys
 
+import tree_check
+
 CODE_LIMIT = 300
 CODE = ('.h', '.cpp', '.c', '.py', '.bash')
 COMMENT = {'.h': '//', '.cpp': '//', '.c': '//', '.py': '#', '.bash': '#', '.cmake': '#', '.txt': '#', '': '#'}
@@ -134,12 +136,5 @@ def offences(root):
     yield from repeated_names(sources)
 
 
-def main():
-    root = sys.argv[1] if len(sys.argv) > 1 else os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', '..')
-    found = list(offences(os.path.normpath(root)))
-    print('\n'.join(found) if found else 'house rules: kept')
-    return 1 if found else 0
-
-
 if __name__ == '__main__':
-    sys.exit(main())
+    sys.exit(tree_check.run(offences, 'house rules: kept'))

@@ -9,6 +9,8 @@ import re
 import subprocess
 import sys
 
+import tree_check
+
 # Each room and what it may include besides itself, as rooms or as whole folders (a folder stands for all its rooms).
 # A room lies in the list below all rooms that it may include, so that no include can run up or in a circle.
 ROOMS = {
@@ -257,12 +259,5 @@ def offences(root):
                     yield f'{path}:{number}: {wrong}'
 
 
-def main():
-    root = sys.argv[1] if len(sys.argv) > 1 else os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', '..')
-    found = list(offences(os.path.normpath(root)))
-    print('\n'.join(found) if found else 'include order: every include is allowed')
-    return 1 if found else 0
-
-
 if __name__ == '__main__':
-    sys.exit(main())
+    sys.exit(tree_check.run(offences, 'include order: every include is allowed'))
