@@ -64,6 +64,13 @@ class TheProgram : public testing::Test {
     for (int i = 0; i < 19; ++i) player->key("Tab");  // to PLAY, and on to the equalizer
     for (const char* key : {"Up", "Up", "Right", "Next", "F2"}) player->key(key);
   }
+  // Ended by a signal, it has saved the volume, which is one notch lower than at first.
+  void expect_volume_saved_at(int signal) {
+    player->send(signal);
+    EXPECT_EQ(player->exit_status(), 0);
+    EXPECT_EQ(player->errors(), "");
+    EXPECT_EQ(lines_of(player->settings()).at(kVolumeLine), std::to_string(32768 - 328));
+  }
   void expect_songs_in(const std::string& list) const {
     std::stringstream content;
     content << std::ifstream(list).rdbuf();
@@ -152,10 +159,7 @@ TEST_F(TheProgram, ATermSignalWhilePlayingSavesTheSettings) {
   desktop.sound.start_recording();
   ASSERT_TRUE(player->play());
   ASSERT_TRUE(hears(kTones[0]));
-  player->send(SIGTERM);
-  EXPECT_EQ(player->exit_status(), 0);
-  EXPECT_EQ(player->errors(), "");
-  EXPECT_EQ(lines_of(player->settings()).at(kVolumeLine), std::to_string(32768 - 328));
+  expect_volume_saved_at(SIGTERM);
 }
 
 TEST_F(TheProgram, ATermSignalWithAnOpenDialogSavesTheSettingsToo) {
@@ -163,10 +167,7 @@ TEST_F(TheProgram, ATermSignalWithAnOpenDialogSavesTheSettingsToo) {
   player->click(kVolumeWheel, 5);
   player->click(kSongKey);
   ASSERT_TRUE(player->dialog_shows_up());
-  player->send(SIGTERM);
-  EXPECT_EQ(player->exit_status(), 0);
-  EXPECT_EQ(player->errors(), "");
-  EXPECT_EQ(lines_of(player->settings()).at(kVolumeLine), std::to_string(32768 - 328));
+  expect_volume_saved_at(SIGTERM);
 }
 
 TEST_F(TheProgram, SoundsAsSoonAsThereIsASoundServer) {

@@ -13,11 +13,16 @@ struct Ticks {
   TimerQueue::Id add(char name) {
     return queue.add([this, name] { order += name; });
   }
+  TimerQueue::Id started(char name, TimerQueue::Milliseconds interval) {
+    const TimerQueue::Id timer = add(name);
+    queue.start(timer, interval);
+    return timer;
+  }
 };
 
 TEST(TimerQueue, TicksOnceAnInterval) {
   Ticks t;
-  t.queue.start(t.add('a'), 10);
+  t.started('a', 10);
   for (int now = 1; now <= 35; ++now) t.queue.advance(now);
   EXPECT_EQ(t.order, "aaa");
 }
@@ -34,7 +39,7 @@ TEST(TimerQueue, DueTogetherTheyTickInTheOrderOfTheirMaking) {
 
 TEST(TimerQueue, AStalledProgramDoesNotMakeUpForTicks) {
   Ticks t;
-  t.queue.start(t.add('a'), 10);
+  t.started('a', 10);
   t.queue.advance(1000);
   EXPECT_EQ(t.order, "a");
   EXPECT_EQ(t.queue.next_due(), 1010);
@@ -42,7 +47,7 @@ TEST(TimerQueue, AStalledProgramDoesNotMakeUpForTicks) {
 
 TEST(TimerQueue, ALittleDelayDoesNotShiftTheRhythm) {
   Ticks t;
-  t.queue.start(t.add('a'), 10);
+  t.started('a', 10);
   t.queue.advance(13);
   EXPECT_EQ(t.queue.next_due(), 20);
 }
@@ -85,45 +90,38 @@ TEST(TimerQueue, ATickMayStopItself) {
 }
 
 TEST(TimerQueue, APostponedTimerSavesTheTicksUntilThen) {
-  TimerQueue queue;
-  int ticks = 0;
-  const TimerQueue::Id timer = queue.add([&ticks] { ++ticks; });
-  queue.start(timer, 10);
-  queue.postpone(timer, 35);
-  EXPECT_EQ(queue.next_due(), 35);
-  queue.advance(34);
-  EXPECT_EQ(ticks, 0);
-  queue.advance(35);
-  EXPECT_EQ(ticks, 1);
-  EXPECT_EQ(queue.next_due(), 45);
+  Ticks t;
+  t.queue.postpone(t.started('a', 10), 35);
+  EXPECT_EQ(t.queue.next_due(), 35);
+  t.queue.advance(34);
+  EXPECT_EQ(t.order, "");
+  t.queue.advance(35);
+  EXPECT_EQ(t.order, "a");
+  EXPECT_EQ(t.queue.next_due(), 45);
 }
 
 TEST(TimerQueue, PostponingNeverBringsATickForward) {
-  TimerQueue queue;
-  const TimerQueue::Id timer = queue.add([] {});
-  queue.start(timer, 10);
-  queue.postpone(timer, 3);
-  EXPECT_EQ(queue.next_due(), 10);
+  Ticks t;
+  t.queue.postpone(t.started('a', 10), 3);
+  EXPECT_EQ(t.queue.next_due(), 10);
 }
 
 TEST(TimerQueue, AHastenedTimerTicksWithinOneInterval) {
-  TimerQueue queue;
-  const TimerQueue::Id timer = queue.add([] {});
-  queue.start(timer, 10);
-  queue.postpone(timer, 500);
-  queue.advance(100);
-  queue.hasten(timer);
-  EXPECT_EQ(queue.next_due(), 110);
+  Ticks t;
+  const auto a = t.started('a', 10);
+  t.queue.postpone(a, 500);
+  t.queue.advance(100);
+  t.queue.hasten(a);
+  EXPECT_EQ(t.queue.next_due(), 110);
 }
 
 TEST(TimerQueue, APostponedTimerThatIsStoppedStaysStopped) {
-  TimerQueue queue;
-  const TimerQueue::Id timer = queue.add([] {});
-  queue.start(timer, 10);
-  queue.stop(timer);
-  queue.postpone(timer, 20);
-  queue.hasten(timer);
-  EXPECT_EQ(queue.next_due(), std::nullopt);
+  Ticks t;
+  const auto a = t.started('a', 10);
+  t.queue.stop(a);
+  t.queue.postpone(a, 20);
+  t.queue.hasten(a);
+  EXPECT_EQ(t.queue.next_due(), std::nullopt);
 }
 
 TEST(TimerQueue, ATickMayAddTimers) {

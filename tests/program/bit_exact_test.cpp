@@ -77,14 +77,25 @@ TEST(BitExact, AgainAfterAnEqualizerThatWasInCircuit) {
   EXPECT_EQ(wrong_frames(rig, noise.signal, start, 60'000, kSong), 0U);
 }
 
+// Two songs of noise that overlap by a second; the first one has begun.
+struct TwoSongs {
+  explicit TwoSongs(double peak) {
+    rig.choose_lead(1000);
+    first = add_noise(rig, 4, peak);
+    second = add_noise(rig, 5, peak);
+    start = rig.next_start();
+    rig.play();
+  }
+
+  PlayerRig rig;
+  Noise first, second;
+  std::size_t start = 0;  // of the first one
+};
+
 // From the first frame of the second song to the last of the first, and on to the end of the second.
 TEST(BitExact, TwoSongsAreSummedFrameByFrame) {
-  PlayerRig rig;
-  rig.choose_lead(1000);
-  const Noise first = add_noise(rig, 4, 0.49);
-  const Noise second = add_noise(rig, 5, 0.49);
-  const std::size_t start = rig.next_start();
-  rig.play();
+  TwoSongs songs(0.49);
+  auto& [rig, first, second, start] = songs;
   ASSERT_TRUE(rig.run_until_stopped(8000));
   rig.run(100);
   SongFinder finder(rig.sound());
@@ -97,13 +108,9 @@ TEST(BitExact, TwoSongsAreSummedFrameByFrame) {
 
 // Wrapping would turn the sign of a sum beyond full scale.
 TEST(Limiting, TwoFullScaleSongsAtOnceNeverWrap) {
-  PlayerRig rig;
-  rig.choose_lead(1000);
-  const Noise first = add_noise(rig, 6, 1.0);
-  const Noise second = add_noise(rig, 7, 1.0);
-  const std::size_t start = rig.next_start();
-  rig.play();
-  ASSERT_TRUE(rig.run_until([&rig] { return !rig.mixer().Mute(1); }, 4000));
+  TwoSongs songs(1.0);
+  auto& [rig, first, second, start] = songs;
+  ASSERT_TRUE(rig.run_until([&songs] { return !songs.rig.mixer().Mute(1); }, 4000));
   const std::size_t mixed = rig.next_start();
   ASSERT_TRUE(rig.run_until_stopped(8000));
   rig.run(100);

@@ -1,26 +1,13 @@
 #include "shell/mix_forecast.h"
 
-#include <gtest/gtest.h>
-
-#include "program/player_rig.h"
-#include "program/songs.h"
-#include "support/wav_writer.h"
+#include "program/three_songs.h"
 
 namespace tandem::test {
 namespace {
 
-constexpr int kLead = 1000;
-
-class MixForecastTest : public testing::Test {
+class MixForecastTest : public ThreeSongsTest {
  protected:
-  MixForecastTest() {
-    rig_.choose_lead(kLead);
-    for (const char* name : {"a.wav", "b.wav", "c.wav"})
-      rig_.add(rig_.make_file(name, wav_file(tones(5.0, 440, 0.3), Encoding::kInt16)));
-  }
   MixForecast look() { return mix_forecast(rig_.player().program, rig_.player().engine.sounding()); }
-
-  PlayerRig rig_;
 };
 
 TEST_F(MixForecastTest, StoppedNothingIsDue) {

@@ -2,27 +2,14 @@
 
 #include "shell/mix_view.h"
 
-#include <gtest/gtest.h>
-
-#include "program/player_rig.h"
-#include "program/songs.h"
-#include "support/wav_writer.h"
+#include "program/three_songs.h"
 
 namespace tandem::test {
 namespace {
 
-constexpr int kViewLead = 1000;
-
-class MixViewTest : public testing::Test {
+class MixViewTest : public ThreeSongsTest {
  protected:
-  MixViewTest() {
-    rig_.choose_lead(kViewLead);
-    for (const char* name : {"a.wav", "b.wav", "c.wav"})
-      rig_.add(rig_.make_file(name, wav_file(tones(5.0, 440, 0.3), Encoding::kInt16)));
-  }
   MixView look() { return mix_view(rig_.player().program); }
-
-  PlayerRig rig_;
 };
 
 TEST_F(MixViewTest, StoppedNothingSoundsButLengthsAreKnown) {
@@ -42,7 +29,7 @@ TEST_F(MixViewTest, OneSongSoundsWithItsMixPointAndWhatIsLeft) {
   EXPECT_EQ(view.counted->line, 0);
   EXPECT_EQ(view.counted->name, "a.wav");
   EXPECT_FALSE(view.other);
-  EXPECT_EQ(view.mix_at, 5000 - kViewLead);
+  EXPECT_EQ(view.mix_at, 5000 - kLead);
   EXPECT_EQ(view.songs_left, 3);
   EXPECT_EQ(view.left, 15000 - view.counted->position);
 }
@@ -57,8 +44,8 @@ TEST_F(MixViewTest, InAnOverlapTheCounterStaysWithTheOutgoingSong) {
   EXPECT_EQ(view.counted->line, 0);
   EXPECT_EQ(view.other->line, 1);
   EXPECT_NEAR(view.other->position, 300, 50);
-  EXPECT_GT(view.counted->position, 5000 - kViewLead);
-  rig_.run(kViewLead);
+  EXPECT_GT(view.counted->position, 5000 - kLead);
+  rig_.run(kLead);
   EXPECT_FALSE(look().other);
   EXPECT_EQ(look().counted->line, 1);
 }

@@ -49,6 +49,21 @@ class TransportSound : public testing::Test {
     return click(rig.sound(), from, rig.frames() - 200);
   }
 
+  // Goes on after a pause; the greatest click in the first frames after frame `paused`, which was the last before it.
+  double click_of_restart(std::size_t paused, std::size_t frames) {
+    rig.pause();
+    rig.run(500);
+    return click(std::span(rig.sound()).subspan(paused), 0, frames);
+  }
+  // How many frames after `act` are not the song's from its beginning on; the first `faded` ones are not looked at.
+  template <class Act>
+  std::size_t differing_from_the_top(Act act, std::size_t faded = 0) {
+    const std::size_t again = rig.next_start();
+    act();
+    rig.run(1000);
+    return differing(rig, again + faded, song.sound, faded, 40'000);
+  }
+
   PlayerRig rig;
   AddedSong song;
   std::size_t start = 0;
@@ -84,10 +99,7 @@ TEST_F(TransportSound, PauseFadesToSilenceAndRestartFromIt) {
   rig.run(1000);
   const std::size_t paused = rig.frames();
   EXPECT_LE(click(rig.sound(), paused - 1000, paused + 200), kNoClick);
-  rig.pause();
-  rig.run(500);
-  const std::span<const Sample16> again = std::span(rig.sound()).subspan(paused);
-  EXPECT_LE(click(again, 0, 2000), kNoClick);
+  EXPECT_LE(click_of_restart(paused, 2000), kNoClick);
 }
 
 TEST_F(TransportSound, StopFades) {
@@ -100,18 +112,12 @@ TEST_F(TransportSound, StopAndPlayStartFromTheTop) {
   play_noise();
   rig.stop();
   rig.run(500);
-  const std::size_t again = rig.next_start();
-  rig.play();
-  rig.run(1000);
-  EXPECT_EQ(differing(rig, again, song.sound, 0, 40'000), 0U);
+  EXPECT_EQ(differing_from_the_top([this] { rig.play(); }), 0U);
 }
 
 TEST_F(TransportSound, PlayWhilePlayingStartsTheSongOver) {
   play_noise();
-  const std::size_t again = rig.next_start();
-  rig.play();
-  rig.run(1000);
-  EXPECT_EQ(differing(rig, again + kRamp, song.sound, kRamp, 40'000), 0U);
+  EXPECT_EQ(differing_from_the_top([this] { rig.play(); }, kRamp), 0U);
 }
 
 TEST_F(TransportSound, AfterPauseAndStopNothingOldIsHeard) {
@@ -133,10 +139,7 @@ TEST_F(TransportSound, PlayWhilePausedIsHeardFromItsFirstFrameAtTheRestart) {
   rig.stop();
   rig.play();
   rig.run(1000);
-  const std::size_t again = rig.next_start();
-  rig.pause();
-  rig.run(1000);
-  EXPECT_EQ(differing(rig, again, song.sound, 0, 40'000), 0U);
+  EXPECT_EQ(differing_from_the_top([this] { rig.pause(); }), 0U);
 }
 
 TEST_F(TransportSound, ASeekLandsOnItsMillisecond) {
@@ -177,10 +180,7 @@ TEST_F(TransportSound, ASeekWhilePausedDoesNotClick) {
   rig.seek(7777);
   rig.run(1000);
   EXPECT_EQ(rig.deck(0).Position(), 7777);
-  rig.pause();
-  rig.run(500);
-  const std::span<const Sample16> again = std::span(rig.sound()).subspan(paused);
-  EXPECT_LE(click(again, 0, 5000), kNoClick);
+  EXPECT_LE(click_of_restart(paused, 5000), kNoClick);
 }
 
 TEST_F(TransportSound, DraggingTheSliderSeeksOnlyAtItsRelease) {
