@@ -9,6 +9,7 @@
 #include "paint/displays/needle_meter.h"
 #include "paint/displays/oscilloscope.h"
 #include "paint/strokes/distance_field.h"
+#include "paint/strokes/ink.h"
 #include "paint/strokes/palette.h"
 #include "sketch.h"
 

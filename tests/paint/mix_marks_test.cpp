@@ -1,6 +1,8 @@
 // What shows a change of songs: the marks of the position slider and the breath of the lead lamp.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "paint/controls/fader.h"
 #include "paint/controls/lamps.h"
 #include "paint/strokes/palette.h"

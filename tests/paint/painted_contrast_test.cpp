@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <cmath>
 #include <cstdlib>
 #include <string>
 #include <vector>

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "paint/strokes/palette.h"
 #include "paint/text/elide.h"
 #include "sketch.h"

@@ -57,6 +57,14 @@ class AccessibleEvents : public testing::Test {
     spoken_list().childCount();
     line_events();
   }
+  // Three songs in the list, which has the focus, on the first or the last line.
+  void focus_list(Qt::Key home_or_end) {
+    rig.add_songs(3);
+    listen_to_list();
+    rig.focus("PlayList");
+    rig.key(home_or_end);
+    events({});
+  }
   QAccessibleInterface& spoken(const char* name) {
     QAccessibleInterface* found = QAccessible::queryAccessibleInterface(&rig.item(name));
     if (found == nullptr) throw std::runtime_error("silent");
@@ -177,11 +185,7 @@ TEST_F(AccessibleEvents, NothingBeforeAnybodyHasAsked) {
 }
 
 TEST_F(AccessibleEvents, TheLineThatIsSelected) {
-  rig.add_songs(3);
-  listen_to_list();
-  rig.focus("PlayList");
-  rig.key(Qt::Key_Home);
-  events({});
+  focus_list(Qt::Key_Home);
   rig.key(Qt::Key_Down);
   EXPECT_EQ(events({"selected", "focus"}), (Events{"selected 1 02 - song 2.wav", "focus on 1 02 - song 2.wav"}));
   rig.focus("PLAY");
@@ -191,11 +195,7 @@ TEST_F(AccessibleEvents, TheLineThatIsSelected) {
 }
 
 TEST_F(AccessibleEvents, ARemovedLineLeavesTheFocusToTheList) {
-  rig.add_songs(3);
-  listen_to_list();
-  rig.focus("PlayList");
-  rig.key(Qt::Key_Home);
-  events({});
+  focus_list(Qt::Key_Home);
   rig.key(Qt::Key_Delete);
   EXPECT_EQ(events({"destroyed", "selected", "focus"}), (Events{"destroyed 0", "focus on Playlist"}));
   rig.key(Qt::Key_Down);
@@ -208,11 +208,7 @@ TEST_F(AccessibleEvents, ARemovedLineLeavesTheFocusToTheList) {
 
 // While it moves there is for a moment no line at all.
 TEST_F(AccessibleEvents, AMovedSongKeepsTheFocus) {
-  rig.add_songs(3);
-  listen_to_list();
-  rig.focus("PlayList");
-  rig.key(Qt::Key_End);
-  events({});
+  focus_list(Qt::Key_End);
   rig.key(Qt::Key_Up, Qt::ControlModifier);
   EXPECT_EQ(events({"selected", "focus"}), (Events{"selected 1 02 - song 3.wav", "focus on 1 02 - song 3.wav"}));
 }
@@ -220,26 +216,25 @@ TEST_F(AccessibleEvents, AMovedSongKeepsTheFocus) {
 // Screen readers keep a name until it is announced as changed, and a switch's name holds its position.
 TEST_F(AccessibleEvents, ASwitchThatIsMovedHasAnotherName) {
   PanelControls& controls = rig.controls();
-  for (const char* name : {"MMSwitchX1", "BufferSwitch", "Bypass", "MMSwitch1", "MMSwitch2", "MMSwitch3", "MMSwitch4"})
-    spoken(name);
-  for (Switch* control : {&controls.MMSwitchX1, &controls.MMSwitch1, &controls.MMSwitch2, &controls.MMSwitch3,
-                          &controls.MMSwitch4, &controls.BufferSwitch, &controls.Bypass})
-    control->move(0);
-  events({});
-  controls.MMSwitchX1.move(1);
-  EXPECT_EQ(events({"named"}), Events{"named Meter: V.U."});
-  controls.BufferSwitch.move(1);
-  EXPECT_EQ(events({"named"}), Events{"named Output buffer: Buf2"});
-  controls.Bypass.move(1);
-  EXPECT_EQ(events({"named"}), Events{"named Equalizer: EQ"});
-  controls.MMSwitch1.move(2);
-  EXPECT_EQ(events({"named Type"}), Events{"named Type: V.Lines"});
-  controls.MMSwitch2.move(1);
-  EXPECT_EQ(events({"named Window"}), Events{"named Window: Hamming"});
-  controls.MMSwitch3.move(1);
-  EXPECT_EQ(events({"named Decay"}), Events{"named Decay: Step"});
-  controls.MMSwitch4.move(2);
-  EXPECT_EQ(events({"named Gain"}), Events{"named Gain: 6db"});
+  const struct {
+    const char* item;
+    Switch& control;
+    int position;
+    const char* name;
+  } moves[] = {{"MMSwitchX1", controls.MMSwitchX1, 1, "Meter: V.U."},
+               {"BufferSwitch", controls.BufferSwitch, 1, "Output buffer: Buf2"},
+               {"Bypass", controls.Bypass, 1, "Equalizer: EQ"},
+               {"MMSwitch1", controls.MMSwitch1, 2, "Type: V.Lines"},
+               {"MMSwitch2", controls.MMSwitch2, 1, "Window: Hamming"},
+               {"MMSwitch3", controls.MMSwitch3, 1, "Decay: Step"},
+               {"MMSwitch4", controls.MMSwitch4, 2, "Gain: 6db"}};
+  for (const auto& move : moves) spoken(move.item);
+  for (const auto& move : moves) move.control.move(0);
+  for (const auto& move : moves) {
+    events({});
+    move.control.move(move.position);
+    EXPECT_EQ(events({"named"}), Events{std::string("named ") + move.name});
+  }
 }
 
 TEST_F(AccessibleEvents, AValueThatHasChangedAwayFromTheFocus) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "widgets/window_rig.h"
+#include "widgets/key_moves.h"
 
 namespace tandem::test {
 namespace {
@@ -42,13 +42,16 @@ TEST(VolumeWheel, WheelKeysAndTheReadOut) {
   rig.wheel("Volume", 5);
   EXPECT_EQ(volume.value(), kFullVolume);
   rig.focus("Volume");
-  const std::pair<Qt::Key, int> steps[] = {{Qt::Key_Home, 0},     {Qt::Key_Up, 328}, {Qt::Key_Right, 656},
-                                           {Qt::Key_Down, 328},   {Qt::Key_Left, 0}, {Qt::Key_PageUp, 3277},
-                                           {Qt::Key_PageDown, 0}, {Qt::Key_Left, 0}, {Qt::Key_End, kFullVolume}};
-  for (const auto& [key, value] : steps) {
-    rig.key(key);
-    EXPECT_EQ(volume.value(), value) << key;
-  }
+  expect_keys_move(rig, volume,
+                   {{Qt::Key_Home, 0},
+                    {Qt::Key_Up, 328},
+                    {Qt::Key_Right, 656},
+                    {Qt::Key_Down, 328},
+                    {Qt::Key_Left, 0},
+                    {Qt::Key_PageUp, 3277},
+                    {Qt::Key_PageDown, 0},
+                    {Qt::Key_Left, 0},
+                    {Qt::Key_End, kFullVolume}});
   EXPECT_EQ(rig.controls().MeterVol.Progress, 100);
   EXPECT_EQ(rig.item("MeterVol").accessible_value().toStdString(), "100 %");
 }
@@ -103,15 +106,8 @@ TEST(RotarySwitch, WheelAndKeysStopAtTheEnds) {
   rig.show_board();
   Switch& type = rig.controls().MMSwitch1;
   rig.focus("MMSwitch1");
-  rig.key(Qt::Key_Home);
-  EXPECT_EQ(type.value(), 0);
-  rig.key(Qt::Key_Up);
-  EXPECT_EQ(type.value(), 0);
-  rig.key(Qt::Key_Down);
-  EXPECT_EQ(type.value(), 1);
-  rig.key(Qt::Key_End);
-  rig.key(Qt::Key_Down);
-  EXPECT_EQ(type.value(), 5);
+  expect_keys_move(rig, type,
+                   {{Qt::Key_Home, 0}, {Qt::Key_Up, 0}, {Qt::Key_Down, 1}, {Qt::Key_End, 5}, {Qt::Key_Down, 5}});
   for (char digit = '1'; digit <= '6'; ++digit) {
     rig.type(digit);
     EXPECT_EQ(type.value(), digit - '1');
@@ -216,14 +212,9 @@ TEST(Spinners, PageIsTenStepsAndHomeAndEndAreTheLimits) {
   reference.move(500);
   rig.focus("MMLEDSpin7");
   const int step = reference.Step;
-  rig.key(Qt::Key_PageUp);
-  EXPECT_EQ(reference.value(), 500 + 10 * step);
-  rig.key(Qt::Key_PageDown);
-  EXPECT_EQ(reference.value(), 500);
-  rig.key(Qt::Key_End);
-  EXPECT_EQ(reference.value(), 22050);
-  rig.key(Qt::Key_Home);
-  EXPECT_EQ(reference.value(), 50);
+  expect_keys_move(
+      rig, reference,
+      {{Qt::Key_PageUp, 500 + 10 * step}, {Qt::Key_PageDown, 500}, {Qt::Key_End, 22050}, {Qt::Key_Home, 50}});
 }
 
 TEST(Spinners, ThoseThatWorkByTheirButtonsTakePageAsAButton) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "widgets/window_rig.h"
+#include "widgets/key_moves.h"
 
 namespace tandem::test {
 namespace {
@@ -58,13 +58,15 @@ TEST(BandFader, IsMovedByKeys) {
   rig.show_equalizer();
   Slider& band = rig.controls().sl0[7];
   rig.focus("sl0(7)");
-  const std::pair<Qt::Key, int> steps[] = {{Qt::Key_Up, 1},       {Qt::Key_PageUp, 4}, {Qt::Key_Down, 3},
-                                           {Qt::Key_PageDown, 0}, {Qt::Key_Home, 12},  {Qt::Key_Up, 12},
-                                           {Qt::Key_End, -12},    {Qt::Key_0, 0}};
-  for (const auto& [key, value] : steps) {
-    rig.key(key);
-    EXPECT_EQ(band.value(), value) << key;
-  }
+  expect_keys_move(rig, band,
+                   {{Qt::Key_Up, 1},
+                    {Qt::Key_PageUp, 4},
+                    {Qt::Key_Down, 3},
+                    {Qt::Key_PageDown, 0},
+                    {Qt::Key_Home, 12},
+                    {Qt::Key_Up, 12},
+                    {Qt::Key_End, -12},
+                    {Qt::Key_0, 0}});
   rig.key(Qt::Key_Right);
   EXPECT_EQ(rig.focused(), "sl0(8)");
   rig.key(Qt::Key_Left);
@@ -84,10 +86,16 @@ TEST(BandFader, WheelGoesByOne) {
   EXPECT_EQ(rig.controls().sl0[2].value(), 2);
 }
 
-TEST(PitchFader, MouseIsPressChangesRelease) {
+// What the fader gives notice of, in place of what the panel does.
+class PitchFaderEvents : public testing::Test {
+ protected:
+  PitchFaderEvents() { log_of(rig.controls().SliderP, log); }
+
   WindowRig rig;
   Events log;
-  log_of(rig.controls().SliderP, log);
+};
+
+TEST_F(PitchFaderEvents, MouseIsPressChangesRelease) {
   const QPoint middle = rig.middle("SliderP");
   const double zero = 181 + 73 / 2.0;  // 1.5 px for each unit
   rig.press({middle.x(), static_cast<int>(zero - 15)});
@@ -100,10 +108,7 @@ TEST(PitchFader, MouseIsPressChangesRelease) {
   EXPECT_EQ(log[3], "release");
 }
 
-TEST(PitchFader, KeyDownIsPressAndChangeKeyUpIsRelease) {
-  WindowRig rig;
-  Events log;
-  log_of(rig.controls().SliderP, log);
+TEST_F(PitchFaderEvents, KeyDownIsPressAndChangeKeyUpIsRelease) {
   rig.focus("SliderP");
   rig.key_down(Qt::Key_Up);
   EXPECT_EQ(log, (Events{"press", "change 1"}));
@@ -117,20 +122,14 @@ TEST(PitchFader, KeyDownIsPressAndChangeKeyUpIsRelease) {
                          "release"}));
 }
 
-TEST(PitchFader, LosingTheFocusLetsGo) {
-  WindowRig rig;
-  Events log;
-  log_of(rig.controls().SliderP, log);
+TEST_F(PitchFaderEvents, LosingTheFocusLetsGo) {
   rig.focus("SliderP");
   rig.key_down(Qt::Key_Up);
   rig.focus("PLAY");
   EXPECT_EQ(log, (Events{"press", "change 1", "release"}));
 }
 
-TEST(PitchFader, WheelIsAllThree) {
-  WindowRig rig;
-  Events log;
-  log_of(rig.controls().SliderP, log);
+TEST_F(PitchFaderEvents, WheelIsAllThree) {
   rig.wheel("SliderP", -1);
   EXPECT_EQ(log, (Events{"press", "change -1", "release"}));
 }
@@ -214,12 +213,7 @@ TEST(SlideSwitch, SlotCaptionsKeysAndWheel) {
   rig.click(rig.caption("Bypass", 1));
   EXPECT_EQ(bypass.value(), 1);
   rig.focus("Bypass");
-  rig.key(Qt::Key_Up);
-  EXPECT_EQ(bypass.value(), 0);
-  rig.key(Qt::Key_Down);
-  EXPECT_EQ(bypass.value(), 1);
-  rig.key(Qt::Key_Space);
-  EXPECT_EQ(bypass.value(), 0);
+  expect_keys_move(rig, bypass, {{Qt::Key_Up, 0}, {Qt::Key_Down, 1}, {Qt::Key_Space, 0}});
   rig.wheel("Bypass", -1);
   EXPECT_EQ(bypass.value(), 1);
   rig.click("BufferSwitch");

@@ -1,28 +1,12 @@
 #include "tools/pictures/sample_picture.h"
 
 #include <algorithm>
-#include <cmath>
-#include <functional>
 
-#include "paint/strokes/ink.h"
 #include "tools/pictures/panel_scene.h"
 #include "tools/pictures/sample_sheets.h"
+#include "tools/pictures/sheet_image.h"
 
 namespace tandem {
-
-namespace {
-
-QImage drawn(const QSize& size, double scale, const std::function<void(QPainter&)>& draw) {
-  QImage image(static_cast<int>(std::lround(size.width() * scale)),
-               static_cast<int>(std::lround(size.height() * scale)), QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
-  QPainter painter(&image);
-  set_up(painter, scale);
-  draw(painter);
-  return image;
-}
-
-}  // namespace
 
 std::span<const SampleSheet> sample_sheets() {
   static constexpr SampleSheet kSheets[] = {
@@ -41,7 +25,7 @@ std::vector<std::string_view> picture_names() {
 
 QImage sample_picture(std::string_view name, double scale) {
   for (const SampleSheet& sheet : sample_sheets()) {
-    if (sheet.name == name) return drawn({sheet.width, sheet.height}, scale, sheet.paint);
+    if (sheet.name == name) return painted_image({sheet.width, sheet.height}, scale, Qt::transparent, sheet.paint);
   }
   const auto states = panel_states();
   if (std::find(states.begin(), states.end(), name) == states.end()) return {};

@@ -7,15 +7,13 @@ namespace tandem {
 namespace {
 
 SpectrumStyle style_of(const SpectrumReading& picture) {
-  SpectrumStyle style;
-  style.kind = picture.kind;
-  style.solid = picture.solid_bars;
-  style.inactive = picture.inactive;
-  style.grid_lines = picture.grid_lines;
-  style.grid = picture.grid;
-  style.axis = picture.axis;
-  style.reference_hz = picture.reference_hz;
-  return style;
+  return {.kind = picture.kind,
+          .solid = picture.solid_bars,
+          .inactive = picture.inactive,
+          .grid_lines = picture.grid_lines,
+          .grid = picture.grid,
+          .axis = picture.axis,
+          .reference_hz = picture.reference_hz};
 }
 
 }  // namespace
