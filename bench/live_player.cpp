@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,27 +35,23 @@ struct Options {
   std::vector<std::string> songs;
 };
 
+const std::map<std::string_view, bool Options::*> kFlags{{"--hidden", &Options::hidden},
+                                                         {"--equalizer", &Options::equalizer},
+                                                         {"--record", &Options::record},
+                                                         {"--factory", &Options::factory}};
+const std::map<std::string_view, int Options::*> kNumbers{{"--display", &Options::display},
+                                                          {"--pitch", &Options::pitch},
+                                                          {"--seconds", &Options::seconds},
+                                                          {"--buffer", &Options::buffer}};
+
 Options read_options(int argc, char** argv) {
   Options options;
   for (int i = 1; i < argc; ++i) {
     const std::string_view word = argv[i];
-    const auto number = [&] { return i + 1 < argc ? std::atoi(argv[++i]) : 0; };
-    if (word == "--hidden") {
-      options.hidden = true;
-    } else if (word == "--equalizer") {
-      options.equalizer = true;
-    } else if (word == "--display") {
-      options.display = number();
-    } else if (word == "--pitch") {
-      options.pitch = number();
-    } else if (word == "--buffer") {
-      options.buffer = number();
-    } else if (word == "--record") {
-      options.record = true;
-    } else if (word == "--factory") {
-      options.factory = true;
-    } else if (word == "--seconds") {
-      options.seconds = number();
+    if (const auto flag = kFlags.find(word); flag != kFlags.end()) {
+      options.*flag->second = true;
+    } else if (const auto number = kNumbers.find(word); number != kNumbers.end()) {
+      options.*number->second = i + 1 < argc ? std::atoi(argv[++i]) : 0;
     } else if (word != "--play") {
       options.songs.emplace_back(word);
     }

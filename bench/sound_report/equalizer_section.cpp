@@ -6,12 +6,12 @@
 #include <random>
 
 #include "engine/equalizer/filter_design.h"
-#include "engine/equalizer/real_fft.h"
 #include "sound_report/limits.h"
 #include "sound_report/sections.h"
 #include "sound_report/sound.h"
 #include "sound_report/svg_plot.h"
 #include "support/equalizer_gains.h"
+#include "support/tap_response.h"
 
 namespace tandem::report {
 
@@ -22,6 +22,7 @@ using test::bands_of;
 using test::even_gains;
 using test::Gains;
 using test::kEdges;
+using test::TapResponse;
 
 Gains one_band(std::size_t band, double gain) {
   Gains gains{};
@@ -29,42 +30,13 @@ Gains one_band(std::size_t band, double gain) {
   return gains;
 }
 
-struct Response {
-  std::vector<double> level_db;
-  std::vector<double> delay_ms;
-  double spacing_hz;
-  double at(double hz) const {
-    const double place = hz / spacing_hz;
-    const auto bin = static_cast<std::size_t>(place);
-    return std::lerp(level_db[bin], level_db[bin + 1], place - static_cast<double>(bin));
-  }
-};
+TapResponse response_of(const std::vector<float>& taps) { return test::tap_response(taps, 65536); }
 
-Response response_of(const std::vector<float>& taps) {
-  const RealFft fft(65536);
-  std::vector<float> time(fft.points(), 0.0F);
-  std::vector<float> ramp(fft.points(), 0.0F);
-  for (std::size_t n = 0; n < taps.size(); ++n) {
-    time[n] = taps[n];
-    ramp[n] = taps[n] * static_cast<float>(n);
-  }
-  std::vector<RealFft::Complex> bins(fft.bins());
-  std::vector<RealFft::Complex> slopes(fft.bins());
-  fft.forward(time, bins);
-  fft.forward(ramp, slopes);
-  Response response{{}, {}, kSampleRate / 65536.0};
-  for (std::size_t k = 0; k < bins.size(); ++k) {
-    response.level_db.push_back(decibels(static_cast<double>(std::norm(bins[k]))));
-    response.delay_ms.push_back(static_cast<double>((slopes[k] / bins[k]).real()) * 1000.0 / kSampleRate);
-  }
-  return response;
-}
-
-double centre_error(const Response& response, const Gains& gains) {
+double centre_error(const TapResponse& response, const Gains& gains) {
   double worst = 0.0;
   for (std::size_t i = 0; i < gains.size(); ++i) {
-    worst = greater(worst, std::abs(response.at((kEdges[i] + kEdges[i + 1]) / 2.0) - gains[i]));
-    if (i > 0) worst = greater(worst, std::abs(response.at(std::sqrt(kEdges[i] * kEdges[i + 1])) - gains[i]));
+    worst = greater(worst, std::abs(response.level_at((kEdges[i] + kEdges[i + 1]) / 2.0) - gains[i]));
+    if (i > 0) worst = greater(worst, std::abs(response.level_at(std::sqrt(kEdges[i] * kEdges[i + 1])) - gains[i]));
   }
   return worst;
 }
@@ -78,7 +50,7 @@ double ringing_ms(const std::vector<float>& taps) {
   return static_cast<double>(last) * 1000.0 / kSampleRate;
 }
 
-double greatest_delay_ms(const Response& response) {
+double greatest_delay_ms(const TapResponse& response) {
   double greatest = 0.0;
   for (const double delay : response.delay_ms) greatest = greater(greatest, std::abs(delay));
   return greatest;
@@ -89,7 +61,7 @@ constexpr double kGroupDelay = 15.0;  // ms
 
 Line print(const std::string& name, const Gains& gains, double longest_ms = 40.0) {
   const auto taps = design_taps(bands_of(gains));
-  const Response response = response_of(taps);
+  const TapResponse response = response_of(taps);
   const double centres = centre_error(response, gains);
   const double ringing = ringing_ms(taps);
   const double delay = greatest_delay_ms(response);
@@ -97,7 +69,7 @@ Line print(const std::string& name, const Gains& gains, double longest_ms = 40.0
               name.c_str(), centres, at_most(kCentres, centres, 1).c_str(), ringing,
               at_most(longest_ms, ringing).c_str(), delay, at_most(kGroupDelay, delay).c_str());
   Line line{name, {}};
-  for (double hz = 10.0; hz < 22000.0; hz *= 1.01) line.points.emplace_back(hz, response.at(hz));
+  for (double hz = 10.0; hz < 22000.0; hz *= 1.01) line.points.emplace_back(hz, response.level_at(hz));
   return line;
 }
 
@@ -109,7 +81,7 @@ void print_random() {
     Gains gains;
     for (double& gain : gains)
       gain = set % 2 == 0 ? static_cast<double>(random() % 25) - 12.0 : (random() % 2 == 0 ? 12.0 : -12.0);
-    const Response response = response_of(design_taps(bands_of(gains)));
+    const TapResponse response = response_of(design_taps(bands_of(gains)));
     centre = greater(centre, centre_error(response, gains));
     delay = greater(delay, greatest_delay_ms(response));
   }

@@ -12,49 +12,40 @@ struct Ticking {
   Ticking(int interval, bool enabled) : timer(queue, interval, enabled) {
     timer.tick.connect([this] { ++ticks; });
   }
-  void pass(int milliseconds) {
+  int ticks_in(int milliseconds) {
+    ticks = 0;
     for (int i = 0; i < milliseconds; ++i) queue.advance(queue.now() + 1);
+    return ticks;
   }
 };
 
-TEST(HiTimer, TicksWhileEnabledWithAnInterval) {
-  Ticking t(200, true);
-  t.pass(1000);
-  EXPECT_EQ(t.ticks, 5);
-}
+TEST(HiTimer, TicksWhileEnabledWithAnInterval) { EXPECT_EQ(Ticking(200, true).ticks_in(1000), 5); }
 
 TEST(HiTimer, AnIntervalOfZeroStops) {
   Ticking t(0, true);
-  t.pass(100);
-  EXPECT_EQ(t.ticks, 0);
+  EXPECT_EQ(t.ticks_in(100), 0);
   t.timer.put_Interval(10);
-  t.pass(100);
-  EXPECT_EQ(t.ticks, 10);
+  EXPECT_EQ(t.ticks_in(100), 10);
   t.timer.put_Interval(0);
-  t.pass(100);
-  EXPECT_EQ(t.ticks, 10);
+  EXPECT_EQ(t.ticks_in(100), 0);
 }
 
 TEST(HiTimer, DisabledItKeepsItsInterval) {
   Ticking t(50, false);
-  t.pass(100);
-  EXPECT_EQ(t.ticks, 0);
+  EXPECT_EQ(t.ticks_in(100), 0);
   t.timer.put_Enabled(true);
-  t.pass(100);
-  EXPECT_EQ(t.ticks, 2);
+  EXPECT_EQ(t.ticks_in(100), 2);
   t.timer.put_Enabled(false);
   EXPECT_EQ(t.timer.Interval(), 50);
 }
 
 TEST(HiTimer, OffAndOnBeginsANewInterval) {
   Ticking t(2500, true);
-  t.pass(2400);
+  EXPECT_EQ(t.ticks_in(2400), 0);
   t.timer.put_Enabled(false);
   t.timer.put_Enabled(true);
-  t.pass(2400);
-  EXPECT_EQ(t.ticks, 0);
-  t.pass(100);
-  EXPECT_EQ(t.ticks, 1);
+  EXPECT_EQ(t.ticks_in(2400), 0);
+  EXPECT_EQ(t.ticks_in(100), 1);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/equalizer/band_equalizer_rig.h"
+#include "support/odd_pieces.h"
 
 namespace tandem {
 namespace {
@@ -118,12 +119,7 @@ TEST(BandEqualizer, GivesTheSameSoundForAnyLengthOfCall) {
   a.adopt(bands);
   b.adopt(bands);
   a.play_steps(steps);
-  std::mt19937 random(8);
-  for (std::size_t n = 0; n < odd.size();) {
-    const std::size_t count = std::min<std::size_t>(1 + random() % 512, odd.size() - n);
-    b.play(std::span(odd).subspan(n, count));
-    n += count;
-  }
+  test::process_in_odd_pieces(odd, [&b](std::span<StereoFrame> piece) { b.play(piece); });
   EXPECT_EQ(steps, odd);
 }
 

@@ -15,6 +15,7 @@
 #include "engine/equalizer/filter_worker.h"
 #include "engine/equalizer/real_fft.h"
 #include "support/equalizer_gains.h"
+#include "support/tap_response.h"
 
 namespace tandem {
 namespace {
@@ -114,37 +115,14 @@ TEST(FilterDesign, NearlyZeroGainsAreNearlyASingleTap) {
   for (std::size_t n = 1; n < taps.size(); ++n) ASSERT_NEAR(taps[n], 0.0F, 1e-4F);
 }
 
-// The response and its group delay in ms on a grid of 2.7 Hz.
-struct Spectrum {
-  std::vector<double> level_db;
-  std::vector<double> delay_ms;
-};
-
-Spectrum spectrum_of(const std::vector<float>& taps) {
-  const RealFft fft(16384);
-  std::vector<float> time(fft.points(), 0.0F);
-  std::vector<float> ramp(fft.points(), 0.0F);
-  for (std::size_t n = 0; n < taps.size(); ++n) {
-    time[n] = taps[n];
-    ramp[n] = taps[n] * static_cast<float>(n);
-  }
-  std::vector<RealFft::Complex> response(fft.bins());
-  std::vector<RealFft::Complex> slope(fft.bins());
-  fft.forward(time, response);
-  fft.forward(ramp, slope);
-  Spectrum spectrum;
-  for (std::size_t k = 0; k < fft.bins(); ++k) {
-    spectrum.level_db.push_back(20.0 * std::log10(static_cast<double>(std::abs(response[k]))));
-    spectrum.delay_ms.push_back(static_cast<double>((slope[k] / response[k]).real()) * 1000.0 / kSampleRate);
-  }
-  return spectrum;
-}
+// On a grid of 2.7 Hz.
+test::TapResponse response_of(const std::vector<float>& taps) { return test::tap_response(taps, 16384); }
 
 // What makes a response minimum-phase: no other with the same levels has its energy earlier. The first tap is then
 // the geometric mean of the levels over all frequencies.
 TEST(FilterDesign, TheResponseIsMinimumPhase) {
   for (const auto& [gains, taps] : many_designs()) {
-    const auto levels = spectrum_of(taps).level_db;
+    const auto levels = response_of(taps).level_db;
     double sum = -(levels.front() + levels.back()) / 2.0;
     for (const double level : levels) sum += level;
     const double mean = sum / static_cast<double>(levels.size() - 1);
@@ -155,7 +133,7 @@ TEST(FilterDesign, TheResponseIsMinimumPhase) {
 TEST(FilterDesign, NoFrequencyIsDelayedByMoreThan15Milliseconds) {
   double worst = 0.0;
   for (const auto& [gains, taps] : many_designs())
-    for (const double delay : spectrum_of(taps).delay_ms) worst = std::max(worst, std::abs(delay));
+    for (const double delay : response_of(taps).delay_ms) worst = std::max(worst, std::abs(delay));
   RecordProperty("worst_delay_ms", std::to_string(worst));
   EXPECT_LE(worst, 15.0);
 }

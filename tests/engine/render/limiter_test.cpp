@@ -10,6 +10,7 @@
 #include <random>
 #include <vector>
 
+#include "support/odd_pieces.h"
 #include "support/residue.h"
 
 namespace tandem {
@@ -227,11 +228,7 @@ TEST(Limiter, GivesTheSameSoundForAnyLengthOfCall) {
   Limiter steps;
   Limiter odd;
   const Sound expected = limited(steps, sound);
-  for (std::size_t n = 0; n < sound.size();) {
-    const std::size_t count = std::min<std::size_t>(1 + random() % 512, sound.size() - n);
-    odd.process(std::span(sound).subspan(n, count));
-    n += count;
-  }
+  test::process_in_odd_pieces(sound, [&odd](std::span<StereoFrame> piece) { odd.process(piece); });
   EXPECT_EQ(sound, expected);
 }
 

@@ -35,6 +35,12 @@ class RtKitTest : public BusFixture {
   bool done() {
     return soon([this] { return !kit_.asking(); });
   }
+  // For the thread that the kernel refuses; whether everything has been answered.
+  bool asked() {
+    thread_.ask();
+    kit_.ask();
+    return done();
+  }
   std::uint64_t number() const { return static_cast<std::uint64_t>(thread_.number()); }
 
   rlimit limit_before_{};
@@ -60,9 +66,7 @@ TEST_F(RtKitTest, IsAskedForEveryThreadThatTheKernelRefused) {
 
 TEST_F(RtKitTest, TheKernelWatchesForRunawaysBeforeAnythingIsGranted) {
   start({});
-  thread_.ask();
-  kit_.ask();
-  ASSERT_TRUE(done());
+  ASSERT_TRUE(asked());
   ASSERT_EQ(fake_->requests().size(), 1U) << "refused: the limit was not in place";
   const rlimit limit = fake_->requests()[0].limit;
   EXPECT_LE(limit.rlim_max, static_cast<rlim_t>(FakeRealtimeKit::kMostRun));
@@ -71,18 +75,14 @@ TEST_F(RtKitTest, TheKernelWatchesForRunawaysBeforeAnythingIsGranted) {
 
 TEST_F(RtKitTest, NoMoreIsAskedForThanIsGranted) {
   start({.highest = 3});
-  thread_.ask();
-  kit_.ask();
-  ASSERT_TRUE(done());
+  ASSERT_TRUE(asked());
   ASSERT_EQ(fake_->requests().size(), 1U);
   EXPECT_EQ(fake_->requests()[0].value, 3);
 }
 
 TEST_F(RtKitTest, ARefusedThreadIsMadeNicer) {
   start({.grants = false});
-  thread_.ask();
-  kit_.ask();
-  ASSERT_TRUE(done());
+  ASSERT_TRUE(asked());
   const std::vector<RealtimeRequest> requests = fake_->requests();
   ASSERT_EQ(requests.size(), 2U);
   EXPECT_EQ(requests[1].method, "MakeThreadHighPriority");
@@ -92,9 +92,7 @@ TEST_F(RtKitTest, ARefusedThreadIsMadeNicer) {
 
 TEST_F(RtKitTest, ButNotNicerThanIsAllowed) {
   start({.lowest_niceness = -5, .grants = false});
-  thread_.ask();
-  kit_.ask();
-  ASSERT_TRUE(done());
+  ASSERT_TRUE(asked());
   ASSERT_EQ(fake_->requests().size(), 2U);
   EXPECT_EQ(fake_->requests()[1].value, -5);
 }
@@ -121,17 +119,11 @@ TEST_F(RtKitTest, AThreadThatHasEndedIsForgotten) {
   EXPECT_FALSE(kit_.asking());
 }
 
-TEST_F(RtKitTest, WithoutABusNothingHappens) {
-  thread_.ask();
-  kit_.ask();
-  ASSERT_TRUE(done());
-}
+TEST_F(RtKitTest, WithoutABusNothingHappens) { ASSERT_TRUE(asked()); }
 
 TEST_F(RtKitTest, WithoutRtkitNothingHappens) {
   bus_.start();
-  thread_.ask();
-  kit_.ask();
-  ASSERT_TRUE(done());
+  ASSERT_TRUE(asked());
 }
 
 TEST_F(RtKitTest, ABusThatHangsBlocksNoThread) {

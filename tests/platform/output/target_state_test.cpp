@@ -7,6 +7,12 @@
 namespace tandem {
 namespace {
 
+TargetState started() {
+  TargetState state;
+  state.start(0);
+  return state;
+}
+
 TEST(TargetState, AtFirstNothingIsOpenAndNoSoundIsWanted) {
   const TargetState state;
   EXPECT_FALSE(state.is_open());
@@ -15,16 +21,14 @@ TEST(TargetState, AtFirstNothingIsOpenAndNoSoundIsWanted) {
 }
 
 TEST(TargetState, StartOpensAClosedDevice) {
-  TargetState state;
-  state.start(0);
+  const TargetState state = started();
   EXPECT_TRUE(state.is_open());
   EXPECT_TRUE(state.wants_sound());
   EXPECT_EQ(state.buffer_bytes(), 5120);
 }
 
 TEST(TargetState, StopEndsWhereTheRingStood) {
-  TargetState state;
-  state.start(0);
+  TargetState state = started();
   state.stop(1000);
   EXPECT_TRUE(state.is_open());
   EXPECT_FALSE(state.wants_sound());
@@ -32,8 +36,7 @@ TEST(TargetState, StopEndsWhereTheRingStood) {
 }
 
 TEST(TargetState, WhatIsStoppedTwiceEndsWhereItFirstDid) {
-  TargetState state;
-  state.start(0);
+  TargetState state = started();
   state.stop(1000);
   state.stop(2000);
   state.close(3000);
@@ -41,8 +44,7 @@ TEST(TargetState, WhatIsStoppedTwiceEndsWhereItFirstDid) {
 }
 
 TEST(TargetState, PauseHoldsWhatWasStartedAndRestartGoesOn) {
-  TargetState state;
-  state.start(0);
+  TargetState state = started();
   state.pause(500);
   EXPECT_FALSE(state.wants_sound());
   EXPECT_EQ(state.play_up_to(), 500U);
@@ -59,8 +61,7 @@ TEST(TargetState, WhatWasNotStartedCannotBePaused) {
 }
 
 TEST(TargetState, StartWhilePausedStaysPausedAndStopEndsThePause) {
-  TargetState state;
-  state.start(0);
+  TargetState state = started();
   state.pause(0);
   state.start(0);
   EXPECT_FALSE(state.wants_sound());
