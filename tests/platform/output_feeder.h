@@ -14,6 +14,9 @@
 
 namespace tandem {
 
+inline constexpr int kTestedBuffer = 5120;  // bytes, 29 ms
+inline constexpr std::uint64_t kTestedRequest = kTestedBuffer / sizeof(Sample16);
+
 StereoFrame numbered_frame(std::uint64_t number);
 std::uint64_t number_of_frame(const Sample16& frame);
 bool is_silence(const Sample16& frame);

@@ -17,14 +17,8 @@
 #include "support/equalizer_gains.h"
 #include "support/tap_response.h"
 
-namespace tandem {
+namespace tandem::test {
 namespace {
-
-using test::alternating_gains;
-using test::bands_of;
-using test::even_gains;
-using test::Gains;
-using test::kEdges;
 
 Gains notch() { return {12, 12, -12, 12, 12, 12, 12, 12, -12, 12, -12, -12, -12, -12, -12}; }  // at 91 Hz
 Gains smile() { return {12, 10, 8, 6, 3, 1, 0, -2, -2, 0, 2, 4, 7, 10, 12}; }
@@ -116,7 +110,7 @@ TEST(FilterDesign, NearlyZeroGainsAreNearlyASingleTap) {
 }
 
 // On a grid of 2.7 Hz.
-test::TapResponse response_of(const std::vector<float>& taps) { return test::tap_response(taps, 16384); }
+TapResponse response_of(const std::vector<float>& taps) { return tap_response(taps, 16384); }
 
 // What makes a response minimum-phase: no other with the same levels has its energy earlier. The first tap is then
 // the geometric mean of the levels over all frequencies.
@@ -260,4 +254,4 @@ TEST(FilterWorker, StopsWhileARequestIsUnderWay) {
 }
 
 }  // namespace
-}  // namespace tandem
+}  // namespace tandem::test

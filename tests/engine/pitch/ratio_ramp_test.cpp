@@ -8,6 +8,12 @@
 namespace tandem {
 namespace {
 
+RatioRamp begun(double ratio) {
+  RatioRamp ramp;
+  ramp.begin(ratio);
+  return ramp;
+}
+
 // The next positions; `from` goes on to the one that follows.
 std::vector<double> advance(RatioRamp& ramp, double& from, std::size_t count) {
   std::vector<double> positions(count);
@@ -18,8 +24,7 @@ std::vector<double> advance(RatioRamp& ramp, double& from, std::size_t count) {
 double speed(const std::vector<double>& positions, std::size_t at) { return positions[at + 1] - positions[at]; }
 
 TEST(RatioRamp, ReadsAtItsRatioFromTheFirstFrame) {
-  RatioRamp ramp;
-  ramp.begin(1.25);
+  RatioRamp ramp = begun(1.25);
   double from = 7.0;
   const auto positions = advance(ramp, from, 4);
   EXPECT_EQ(positions, (std::vector<double>{7.0, 8.25, 9.5, 10.75}));
@@ -28,8 +33,7 @@ TEST(RatioRamp, ReadsAtItsRatioFromTheFirstFrame) {
 }
 
 TEST(RatioRamp, ReachesAnotherRatioInAStraightLineOver512Frames) {
-  RatioRamp ramp;
-  ramp.begin(1.0);
+  RatioRamp ramp = begun(1.0);
   ramp.set_ratio(1.2);
   EXPECT_FALSE(ramp.settled());
   double from = 0.0;
@@ -41,8 +45,7 @@ TEST(RatioRamp, ReachesAnotherRatioInAStraightLineOver512Frames) {
 }
 
 TEST(RatioRamp, ANewRatioInMidRampStartsFromTheSpeedOfThatMoment) {
-  RatioRamp ramp;
-  ramp.begin(1.0);
+  RatioRamp ramp = begun(1.0);
   ramp.set_ratio(1.2);
   double from = 0.0;
   advance(ramp, from, 256);
@@ -51,8 +54,7 @@ TEST(RatioRamp, ANewRatioInMidRampStartsFromTheSpeedOfThatMoment) {
 }
 
 TEST(RatioRamp, TheTopRatioIsNotExceeded) {
-  RatioRamp ramp;
-  ramp.begin(0.8);
+  RatioRamp ramp = begun(0.8);
   ramp.set_ratio(1.25);
   double from = 0.0;
   const double top = ramp.top_ratio();
@@ -62,8 +64,7 @@ TEST(RatioRamp, TheTopRatioIsNotExceeded) {
 
 TEST(RatioRamp, ResyncTakesTheLeadOffAtMostTwoPercentFromTheSongsSpeed) {
   for (const double lead : {300.4, -300.4, 3.0}) {
-    RatioRamp ramp;
-    ramp.begin(1.0);
+    RatioRamp ramp = begun(1.0);
     ramp.resync(lead);
     double from = 1000.0 + lead;
     double time = 1000.0;
@@ -80,8 +81,7 @@ TEST(RatioRamp, ResyncTakesTheLeadOffAtMostTwoPercentFromTheSongsSpeed) {
 }
 
 TEST(RatioRamp, InUnisonEveryPositionIsAWholeFrame) {
-  RatioRamp ramp;
-  ramp.begin(1.0);
+  RatioRamp ramp = begun(1.0);
   ramp.resync(12.3456);
   double from = 1012.3456;
   advance(ramp, from, 5000);
@@ -89,15 +89,13 @@ TEST(RatioRamp, InUnisonEveryPositionIsAWholeFrame) {
 }
 
 TEST(RatioRamp, WithoutALeadItIsInUnisonAtOnce) {
-  RatioRamp ramp;
-  ramp.begin(1.0);
+  RatioRamp ramp = begun(1.0);
   ramp.resync(0.0);
   EXPECT_TRUE(ramp.in_unison());
 }
 
 TEST(RatioRamp, ARatioTakesItOutOfUnison) {
-  RatioRamp ramp;
-  ramp.begin(1.0);
+  RatioRamp ramp = begun(1.0);
   ramp.resync(0.0);
   ramp.set_ratio(1.1);
   EXPECT_FALSE(ramp.in_unison());

@@ -19,9 +19,6 @@
 namespace tandem {
 namespace {
 
-constexpr int kAlsaBuffer = 5120;
-constexpr std::uint64_t kAlsaRequest = kAlsaBuffer / sizeof(Sample16);
-
 // Devices without hardware: one that has no clock and takes every format, three that write what they play into a file
 // and know one format each (16 bits; 32 bits at 48 kHz; 24 bits in 3 bytes), and one with a clock, which is the sound
 // server seen through ALSA.
@@ -57,8 +54,8 @@ class AlsaOutputTest : public testing::Test {
   // Until so many frames of the ring have been heard, to the end of what the ring was given.
   void play(const std::string& device, const OutputFeeder::Sound& sound, std::uint64_t frames) {
     AlsaOutput output(ring_, {device});
-    OutputFeeder feeder(ring_, output, 2 * kAlsaRequest, sound);
-    output.open(kAlsaBuffer);
+    OutputFeeder feeder(ring_, output, 2 * kTestedRequest, sound);
+    output.open(kTestedBuffer);
     output.start();
     ASSERT_TRUE(wait_until([&] { return output.frames_played() > frames; }));
     output.close();
@@ -77,8 +74,8 @@ StereoFrame fine_frame(std::uint64_t number) {
 
 TEST_F(AlsaOutputTest, EveryFrameReachesTheDeviceUnchanged) {
   AlsaOutput output(ring_, {"written"});
-  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
-  output.open(kAlsaBuffer);
+  OutputFeeder feeder(ring_, output, 2 * kTestedRequest);
+  output.open(kTestedBuffer);
   output.start();
   ASSERT_TRUE(wait_until([&] { return output.frames_played() > 100000; }));
   output.close();
@@ -135,11 +132,11 @@ TEST_F(AlsaOutputTest, IfOurConversionFailsAlsaConverts) {
 
 TEST_F(AlsaOutputTest, PauseHoldsAndRestartGoesOn) {
   AlsaOutput output(ring_, {"nowhere"});
-  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
+  OutputFeeder feeder(ring_, output, 2 * kTestedRequest);
   output.start();
   for (int i = 0; i < 5; ++i) {
     const std::uint64_t before = output.frames_played();
-    ASSERT_TRUE(wait_until([&] { return output.frames_played() > before + 4 * kAlsaRequest; }));
+    ASSERT_TRUE(wait_until([&] { return output.frames_played() > before + 4 * kTestedRequest; }));
     output.pause();
     ASSERT_TRUE(wait_until([&] { return !output.consuming() && output.frames_played() == ring_.taken(); }));
     output.restart();
@@ -148,22 +145,22 @@ TEST_F(AlsaOutputTest, PauseHoldsAndRestartGoesOn) {
 
 TEST_F(AlsaOutputTest, AMissingDeviceIsLookedForAgain) {
   AlsaOutput output(ring_, {"clocked"});
-  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
+  OutputFeeder feeder(ring_, output, 2 * kTestedRequest);
   output.start();
   EXPECT_FALSE(output.consuming());
   server_.start();
-  EXPECT_TRUE(wait_until([&] { return output.frames_played() > 4 * kAlsaRequest; }));
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > 4 * kTestedRequest; }));
 }
 
 TEST_F(AlsaOutputTest, AClockedDeviceIsFollowedAndFoundAgain) {
   server_.start();
   server_.start_recording();
   AlsaOutput output(ring_, {"clocked"});
-  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
-  output.open(kAlsaBuffer);
+  OutputFeeder feeder(ring_, output, 2 * kTestedRequest);
+  output.open(kTestedBuffer);
   output.set_queue_length(8);
   output.start();
-  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 4 * kAlsaRequest; }));
+  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 4 * kTestedRequest; }));
   const Nanoseconds began = monotonic_now();
   const std::uint64_t from = output.frames_played();
   ASSERT_TRUE(wait_until([&] { return output.frames_played() >= from + 22050; }));
@@ -179,27 +176,27 @@ TEST_F(AlsaOutputTest, AClockedDeviceIsFollowedAndFoundAgain) {
   ASSERT_TRUE(wait_until([&] { return !output.consuming(); }));
   server_.start();
   const std::uint64_t stood = output.frames_played();
-  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 4 * kAlsaRequest; }));
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 4 * kTestedRequest; }));
 }
 
 TEST_F(AlsaOutputTest, TheServerIsPreferredAndAlsaStandsIn) {
   DeviceOutput output(ring_, "nowhere");
-  OutputFeeder feeder(ring_, output, 2 * kAlsaRequest);
+  OutputFeeder feeder(ring_, output, 2 * kTestedRequest);
   output.start();
-  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 100 * kAlsaRequest; })) << "no server: ALSA";
+  ASSERT_TRUE(wait_until([&] { return output.frames_played() > 100 * kTestedRequest; })) << "no server: ALSA";
   server_.start();
   const Nanoseconds deadline = monotonic_now() + 10 * kNanosecondsPerSecond;
   bool clocked = false;  // the device without a clock takes sound many times faster
   while (!clocked && monotonic_now() < deadline) {
     const std::uint64_t from = output.frames_played();
     const Nanoseconds began = monotonic_now();
-    wait_until([&] { return output.frames_played() >= from + 4 * kAlsaRequest; });
+    wait_until([&] { return output.frames_played() >= from + 4 * kTestedRequest; });
     clocked = monotonic_now() - began > 80 * kNanosecondsPerMillisecond;
   }
   EXPECT_TRUE(clocked) << "the server came: it plays";
   server_.kill_hard();
   const std::uint64_t stood = output.frames_played();
-  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 100 * kAlsaRequest; }))
+  EXPECT_TRUE(wait_until([&] { return output.frames_played() > stood + 100 * kTestedRequest; }))
       << "the server went: ALSA again";
 }
 

@@ -16,8 +16,8 @@ namespace tandem {
 
 class PulseOutputFixture : public testing::Test {
  protected:
-  static constexpr int kBuffer = 5120;
-  static constexpr std::uint64_t kRequest = kBuffer / sizeof(Sample16);
+  static constexpr int kBuffer = kTestedBuffer;
+  static constexpr std::uint64_t kRequest = kTestedRequest;
   static constexpr std::size_t kKeep = 2 * kRequest;
 
   bool consuming() const {
