@@ -1,6 +1,5 @@
 // The equalizer's curve, its ringing and its delay.
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdio>
 #include <random>
