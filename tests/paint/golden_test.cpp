@@ -1,5 +1,5 @@
 // Golden sheets: what the painters draw is what tests/golden shows. After a wanted change draw them again:
-//   for n in NAME...; do for p in 100 200; do panel_picture $n $p tests/golden/$n-$p.png; done; done
+//   for percent in 100 200; do panel_picture $percent tests/golden NAME...; done
 // and look at them before they are committed. A picture that differs is left beside as NAME.actual.png.
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Golden pictures: the window in its named states looks as tests/golden shows, control by control. After a wanted
 // change draw them again and look at them before they are committed:
-//   for n in NAME...; do for p in 100 150 200; do panel_picture $n $p tests/golden/$n-$p.png; done; done
+//   for percent in 100 150 200; do panel_picture $percent tests/golden NAME...; done
 // A picture that differs is left beside as NAME.actual.png.
 #include <gtest/gtest.h>
 
