@@ -25,8 +25,15 @@ target_compile_options(tandem_options INTERFACE
   # ccache needs it with precompiled headers.
   $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 if(TANDEM_SANITIZE)
-  target_compile_options(tandem_options INTERFACE -fsanitize=${TANDEM_SANITIZE} -fno-omit-frame-pointer
+  # The linker takes all of them; code that only tests is compiled without the second, which doubles its compile time.
+  string(REPLACE "," ";" sanitizers "${TANDEM_SANITIZE}")
+  list(POP_FRONT sanitizers first_sanitizer)
+  target_compile_options(tandem_options INTERFACE -fsanitize=${first_sanitizer} -fno-omit-frame-pointer
     -fno-sanitize-recover=all -Wno-null-dereference -Wno-maybe-uninitialized -Wno-mismatched-new-delete)
+  foreach(sanitizer IN LISTS sanitizers)
+    target_compile_options(tandem_options INTERFACE
+      $<$<NOT:$<BOOL:$<TARGET_PROPERTY:TANDEM_ONLY_TESTS>>>:-fsanitize=${sanitizer}>)
+  endforeach()
   # gcc says that its thread sanitizer does not know fences: those of the render thread order atomics only.
   if(TANDEM_SANITIZE MATCHES "thread")
     target_compile_options(tandem_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-tsan>)
@@ -38,22 +45,26 @@ elseif(TANDEM_HARDEN)
   target_link_options(tandem_options INTERFACE -pie -Wl,-z,relro,-z,now,-z,noexecstack)
 endif()
 
-# A unity build (CMAKE_UNITY_BUILD, on in the presets) compiles the files of a room, or eight files of a test program without
-# rooms, as one: it takes a third of the time. So names in anonymous namespaces differ within a folder of src and of tests.
+# A unity build (CMAKE_UNITY_BUILD, on in the presets) compiles the files of a room, or eight files of a test program, as
+# one: it takes a third of the time. So names in anonymous namespaces differ within a folder of src and of tests.
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
 
-# clang-tidy reads the headers of other people once for each unit, which is most of its work.
-option(TANDEM_WHOLE_FOLDERS "Make the units of a unity build as large as can be, for clang-tidy" OFF)
+# Headers are read once for each unit, and what they define is compiled once for each: clang-tidy and the sanitizers
+# take less time for few units. After a change of one file they compile more again.
+option(TANDEM_WHOLE_FOLDERS "Make the units of a unity build whole folders of src and whole test programs" OFF)
+if(TANDEM_WHOLE_FOLDERS)
+  set(CMAKE_UNITY_BUILD_BATCH_SIZE 0)
+endif()
 
 # tandem_compile_by_room(TARGET): the units of a unity build are the rooms, or the whole target.
 function(tandem_compile_by_room target)
+  if(TANDEM_WHOLE_FOLDERS)
+    return()
+  endif()
   get_target_property(sources ${target} SOURCES)
   foreach(source IN LISTS sources)
     get_filename_component(room "${source}" DIRECTORY)
     get_filename_component(room "${room}" NAME)
-    if(TANDEM_WHOLE_FOLDERS)
-      set(room ${target})
-    endif()
     set_property(SOURCE "${source}" PROPERTY UNITY_GROUP "${room}")
   endforeach()
   set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
@@ -85,11 +96,8 @@ endfunction()
 function(tandem_quick_to_compile target)
   # At this level gcc 12 sees overflows inside std::string that are none.
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds>)
-  if(TANDEM_SANITIZE MATCHES "address")
-    target_compile_options(${target} PRIVATE -O0 -fno-sanitize=undefined)
-  else()
-    target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
-  endif()
+  set_target_properties(${target} PROPERTIES TANDEM_ONLY_TESTS ON)
+  target_compile_options(${target} PRIVATE $<IF:$<CONFIG:Release>,-O1,-O0>)
 endfunction()
 
 # tandem_test_data(file...): sources that read tests/data. They alone know where it lies, so that the others are the same
@@ -104,34 +112,37 @@ function(tandem_reads_test_headers target)
   target_compile_definitions(${target} PRIVATE _REENTRANT)
 endfunction()
 
-# tandem_test_headers(SOURCE): the headers of GoogleTest, precompiled once for all test programs: each would take 8 s more.
-function(tandem_test_headers source)
+# tandem_test_headers(NAME SOURCE header... LINKS target...): headers of GoogleTest and others, precompiled once for all test
+# programs that use them: each would take 8 s more.
+function(tandem_test_headers name source)
+  cmake_parse_arguments(arg "" "" "LINKS" ${ARGN})
   find_package(GTest REQUIRED)
-  add_library(test_headers OBJECT ${source})
-  target_link_libraries(test_headers PRIVATE tandem_options GTest::gmock GTest::gtest)
-  tandem_quick_to_compile(test_headers)
-  tandem_reads_test_headers(test_headers)
-  target_precompile_headers(test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+  add_library(${name} OBJECT ${source})
+  target_link_libraries(${name} PRIVATE tandem_options ${arg_LINKS} GTest::gmock GTest::gtest)
+  tandem_quick_to_compile(${name})
+  tandem_reads_test_headers(${name})
+  target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> ${arg_UNPARSED_ARGUMENTS})
 endfunction()
 
-# tandem_test(NAME SOURCES file... LINKS target... [LABELS label...] [PRECOMPILED header...] [SERIAL] [SHARDS n]):
-# a GoogleTest program.
+# tandem_test(NAME SOURCES file... LINKS target... [LABELS label...] [QT] [SERIAL] [SHARDS n]):
+# a GoogleTest program. QT: one that includes much of Qt's windows.
 # It is one CTest entry of that name, or n entries NAME.0 ... that share its cases. Labels with a meaning for ./check:
 # "threads" is run under the thread sanitizer too, "slow" is left out under the address sanitizer (what is not slow
-# gets the label "quick"), and what is labelled "window" needs Qt's windows, which take long to compile there, so that the
-# address sanitizer sees it in "./check all" only. SERIAL: runs in real time on a private sound server, alone (label
-# "server").
+# gets the label "quick"), and what is labelled "window" (Qt's windows, which take long to compile there) or "songs" (whole
+# songs, which take long to play) is seen by the address sanitizer in "./check all" and in .ci/run. SERIAL: runs in real
+# time on a private sound server, alone (label "server").
 # Each entry leaves its cases in results/ENTRY.xml of the build folder, where they are counted.
 function(tandem_test name)
-  cmake_parse_arguments(arg "SERIAL" "SHARDS" "SOURCES;LINKS;LABELS;PRECOMPILED" ${ARGN})
+  cmake_parse_arguments(arg "SERIAL;QT" "SHARDS" "SOURCES;LINKS;LABELS" ${ARGN})
   find_package(GTest REQUIRED)
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE tandem_options ${arg_LINKS} GTest::gmock GTest::gtest GTest::gtest_main)
   tandem_quick_to_compile(${name})
   tandem_reads_test_headers(${name})
-  if(arg_PRECOMPILED)
-    target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> ${arg_PRECOMPILED})
+  if(arg_QT)
+    target_link_libraries(${name} PRIVATE Qt6::Widgets)
+    target_precompile_headers(${name} REUSE_FROM qt_test_headers)
   else()
     target_precompile_headers(${name} REUSE_FROM test_headers)
   endif()
@@ -143,9 +154,9 @@ function(tandem_test name)
   endif()
   if(NOT "slow" IN_LIST arg_LABELS)
     list(APPEND arg_LABELS quick)
-    if("window" IN_LIST arg_LABELS)
-      add_dependencies(window_tests ${name})
-    else()
+    if("window" IN_LIST arg_LABELS OR "songs" IN_LIST arg_LABELS)
+      add_dependencies(rest_tests ${name})
+    elseif(NOT arg_SERIAL)
       add_dependencies(quick_tests ${name})
     endif()
   endif()
@@ -168,7 +179,7 @@ endfunction()
 
 # The test programs that the sanitizer stages of ./check build.
 add_custom_target(quick_tests)
-add_custom_target(window_tests)
+add_custom_target(rest_tests)
 add_custom_target(threads_tests)
 
 # tandem_factory_settings(TARGET): puts the factory TP.inf beside the program TARGET if there is none.

@@ -17,7 +17,7 @@ TEST(BandEqualizerThreads, TakesFiltersWhileTheSoundRuns) {
   std::atomic<bool> dragging{true};
   std::thread sound_thread([&] {
     BandEqualizer equalizer;
-    Sound step = noise(kStepFrames, 13);
+    Sound step = seeded_noise(kStepFrames, 13);
     const auto give_back_all = [&] {
       while (const EqualizerFilter* const filter = equalizer.take_retired()) designer.give_back(filter);
     };

@@ -77,7 +77,7 @@ TEST(BandEqualizerFade, AJumpLeavesNoClick) {
 }
 
 TEST(BandEqualizerFade, OfSeveralThatWaitTheNewestIsTaken) {
-  const Sound in = noise(20000, 10);
+  const Sound in = seeded_noise(20000, 10);
   Sound out = in;
   Rig rig;
   rig.adopt(bands_of(1, 1, 1));

@@ -24,7 +24,7 @@ inline std::vector<EqualizerBand> bands_of(double low, double middle, double hig
   return {{0, 630, low}, {630, 1200, middle}, {1200, 20000, high}};
 }
 
-inline Sound noise(std::size_t frames, unsigned seed) {
+inline Sound seeded_noise(std::size_t frames, unsigned seed) {
   std::mt19937 random(seed);
   std::uniform_real_distribution<float> level(-1.0F, 1.0F);
   Sound sound(frames);

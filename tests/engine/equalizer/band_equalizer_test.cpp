@@ -28,7 +28,7 @@ StereoFrame direct_sum(const std::vector<float>& taps, const Sound& in, std::siz
 TEST(BandEqualizer, DelaysByAtMostOnePartition) { EXPECT_LE(kDelay, 256U); }
 
 TEST(BandEqualizer, WithoutAFilterIsBitExact) {
-  const Sound in = noise(30000, 1);
+  const Sound in = seeded_noise(30000, 1);
   Sound out = in;
   Rig rig;
   rig.play_steps(out);
@@ -39,7 +39,7 @@ TEST(BandEqualizer, WithoutAFilterIsBitExact) {
 TEST(BandEqualizer, EqualsTheDirectSum) {
   const auto bands = bands_of(-12, 12, 6);
   const auto taps = design_taps(bands);
-  const Sound in = noise(20000, 2);
+  const Sound in = seeded_noise(20000, 2);
   Sound out = in;
   Rig rig;
   rig.adopt(bands);
@@ -73,7 +73,7 @@ TEST(BandEqualizer, EveryTapIsHeardAtItsPlace) {
 TEST(BandEqualizer, AFilterOfOneTapIsTimeAlignedWithNone) {
   const std::vector<float> one{1.0F};
   const EqualizerFilter filter(one);
-  const Sound in = noise(20000, 4);
+  const Sound in = seeded_noise(20000, 4);
   Sound out = in;
   BandEqualizer equalizer;
   equalizer.process(std::span(out).first(5000));
@@ -85,7 +85,7 @@ TEST(BandEqualizer, AFilterOfOneTapIsTimeAlignedWithNone) {
 TEST(BandEqualizer, AFilterThatBeginsLateKnowsTheWholePast) {
   const auto bands = bands_of(12, -12, 12);
   const auto taps = design_taps(bands);
-  const Sound in = noise(24000, 5);
+  const Sound in = seeded_noise(24000, 5);
   Sound out = in;
   Rig rig;
   const std::size_t start = 15000;
@@ -99,7 +99,7 @@ TEST(BandEqualizer, AFilterThatBeginsLateKnowsTheWholePast) {
 }
 
 TEST(BandEqualizer, IsBitExactAgainAfterBypass) {
-  const Sound in = noise(40000, 6);
+  const Sound in = seeded_noise(40000, 6);
   Sound out = in;
   Rig rig;
   rig.adopt(bands_of(6, 6, -6));
@@ -112,7 +112,7 @@ TEST(BandEqualizer, IsBitExactAgainAfterBypass) {
 
 TEST(BandEqualizer, GivesTheSameSoundForAnyLengthOfCall) {
   const auto bands = bands_of(3, -9, 12);
-  Sound steps = noise(30000, 7);
+  Sound steps = seeded_noise(30000, 7);
   Sound odd = steps;
   Rig a;
   Rig b;
@@ -124,7 +124,7 @@ TEST(BandEqualizer, GivesTheSameSoundForAnyLengthOfCall) {
 }
 
 TEST(BandEqualizer, EveryBandUpIsPlainGain) {
-  const Sound in = noise(20000, 9);
+  const Sound in = seeded_noise(20000, 9);
   Sound out = in;
   Rig rig;
   rig.adopt(bands_of(12, 12, 12));
@@ -136,7 +136,7 @@ TEST(BandEqualizer, EveryBandUpIsPlainGain) {
 TEST(BandEqualizer, ResetLeavesSilenceAndTheNewestFilter) {
   Rig rig;
   rig.adopt(bands_of(6, 6, 6));
-  Sound sound = noise(700, 11);
+  Sound sound = seeded_noise(700, 11);
   rig.play(sound);
   rig.adopt(bands_of(-6, -6, -6));
   rig.equalizer.reset();
@@ -145,7 +145,7 @@ TEST(BandEqualizer, ResetLeavesSilenceAndTheNewestFilter) {
   Sound silence(20000);
   rig.play(silence);
   for (const StereoFrame& frame : silence) ASSERT_EQ(frame, StereoFrame{});
-  const Sound in = noise(2000, 12);
+  const Sound in = seeded_noise(2000, 12);
   Sound out = in;
   rig.equalizer.reset();
   rig.play(out);
