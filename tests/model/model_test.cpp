@@ -28,6 +28,7 @@ TEST(Model, RandomSequencesGiveTheSamePanel) {
 }
 
 TEST(Model, RandomSequencesReachWhatMatters) {
+  if (test::kShortRuns) GTEST_SKIP() << "this judges the sequences, not the code";
   Reached reached;
   for (std::uint64_t seed = 1; seed <= 1000; ++seed) first_difference(random_events(seed), &reached);
   EXPECT_GT(reached.events, 35000);

@@ -13,7 +13,7 @@
 namespace tandem::test {
 namespace {
 
-constexpr unsigned kSessions = kShortRuns ? 60 : 400;
+constexpr unsigned kSessions = kShortRuns ? 24 : 400;
 constexpr int kActs = 40;
 
 class User {

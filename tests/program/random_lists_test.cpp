@@ -16,7 +16,7 @@ namespace tandem::test {
 namespace {
 
 constexpr unsigned kLists = 400;
-constexpr unsigned kParts = 4;
+constexpr unsigned kParts = kShortRuns ? 12 : 4;
 
 struct Played {
   bool ended = false;

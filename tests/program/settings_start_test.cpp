@@ -7,6 +7,7 @@
 #include "base/runtime_error.h"
 #include "program/player_rig.h"
 #include "support/bytes.h"
+#include "support/short_runs.h"
 
 namespace tandem::test {
 namespace {
@@ -62,7 +63,7 @@ TEST_F(SettingsStart, ShortGivesTheFactoryValuesForEverything) {
 
 TEST_F(SettingsStart, EveryShorterLengthStarts) {
   const std::string whole = factory_text();
-  for (std::size_t size = 0; size <= whole.size(); ++size) {
+  for (std::size_t size = 0; size <= whole.size(); size += test::kShortRuns ? 7 : 1) {
     write(whole.substr(0, size));
     SimulatedPlayer each(options());
     ASSERT_NO_THROW(each.load()) << size;
@@ -82,7 +83,7 @@ TEST_F(SettingsStart, BinaryWithoutLinesIsAShortFile) {
 }
 
 TEST_F(SettingsStart, AnyBytesStartOrOverflow) {
-  for (unsigned seed = 1; seed <= 200; ++seed) {
+  for (unsigned seed = 1; seed <= (test::kShortRuns ? 40U : 200U); ++seed) {
     write_file(path(), random_bytes(3000, seed));
     SimulatedPlayer each(options());
     try {
