@@ -127,7 +127,7 @@ std::vector<Step> song_steps(const TempDirectory& directory) {
   return steps;
 }
 
-// The cost of `work` on so many seconds of sound.
+// The cost of `work` on `sound` seconds.
 double stage_cost(const std::vector<Step>& source, double sound,
                   const std::function<void(std::span<StereoFrame, kStepFrames>)>& work) {
   const auto steps = static_cast<std::size_t>(sound * kSampleRate / kStepFrames);

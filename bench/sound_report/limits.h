@@ -6,7 +6,7 @@
 
 namespace tandem::report {
 
-// With so many decimals of the limit. A figure that is no number misses.
+// `decimals`: of the limit. A figure that is no number misses.
 std::string at_most(double limit, double figure, int decimals = 0);
 std::string at_least(double limit, double figure, int decimals = 0);
 std::string about(double middle, double reach, double figure, int decimals = 1);

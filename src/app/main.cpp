@@ -1,4 +1,4 @@
-// The player takes no arguments: it is the panel, and the panel's settings lie beside the program.
+// The player takes no arguments but --version and --help: it is the panel, whose settings lie beside the program.
 
 #include <QApplication>
 #include <QFile>

@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kFirstTone = 800;
 constexpr double kSecondTone = 2000;
-constexpr double kFirstSeconds = 12;  // of which the last 2.5 overlap with the next, as the factory settings have it
+constexpr double kFirstSeconds = 12;  // of which the last 2.5 overlap with the next by the factory settings
 constexpr double kSecondSeconds = 30;
 
 // Near the full orange of a mix: the play mark of the incoming song, its line, the mark of the slider.

@@ -54,7 +54,7 @@ TEST(NumberField, AnEmptyLineReadsZero) {
 
 TEST(NumberField, OnlyTheFrontOfAFieldCounts) { EXPECT_EQ(read_one("12abc"), 12); }
 
-TEST(NumberField, SignsAndExponents) {
+TEST(NumberField, MayHaveSignAndExponent) {
   EXPECT_EQ(read_one("+5"), 5);
   EXPECT_EQ(read_one("1e3"), 1000);
   EXPECT_EQ(read_one("-.5e1"), -5);
@@ -118,7 +118,7 @@ TEST(NumberField, RoundingComesBeforeTheWidth) {
   EXPECT_EQ(error_of([] { read_one("32767.5"); }), RuntimeErrorKind::Overflow);
 }
 
-TEST(NumberField, BeyondTheEnd) {
+TEST(NumberField, BeyondTheEndIsAnError) {
   EXPECT_EQ(error_of([] { read_one(""); }), RuntimeErrorKind::InputPastEnd);
   FieldReader reader("1\r\n");
   reader.read_int16();
@@ -161,7 +161,7 @@ TEST(TextField, AByteOrderMarkAtTheFrontIsPassedOver) {
   EXPECT_TRUE(FieldReader("\xEF\xBB\xBF").at_end());
 }
 
-TEST(TextField, BeyondTheEnd) {
+TEST(TextField, BeyondTheEndIsAnError) {
   EXPECT_EQ(error_of([] { FieldReader("").read_text(); }), RuntimeErrorKind::InputPastEnd);
   EXPECT_EQ(error_of([] { FieldReader("").read_plain_text(); }), RuntimeErrorKind::InputPastEnd);
 }
@@ -172,7 +172,7 @@ TEST(PlainTextField, OnlyLeadingBlanksGoAndQuotesAreLetters) {
   EXPECT_EQ(FieldReader("\r\n").read_plain_text(), "");
 }
 
-TEST(Lines, NumberAndTextLines) {
+TEST(Lines, OfNumbersHaveBlanksAndOfTextsNone) {
   EXPECT_EQ(number_line(7), " 7 \r\n");
   EXPECT_EQ(number_line(-12), "-12 \r\n");
   EXPECT_EQ(number_line(0), " 0 \r\n");

@@ -24,7 +24,7 @@ TEST(NaturalOrder, EqualButForCaseOrZerosComparesByBytes) {
   EXPECT_FALSE(natural_less("a", "a"));
 }
 
-TEST(NaturalOrder, NumbersOfAnyLength) {
+TEST(NaturalOrder, ComparesNumbersOfAnyLength) {
   EXPECT_TRUE(natural_less("99999999999999999999998", "99999999999999999999999"));
   EXPECT_TRUE(natural_less("9", "10000000000000000000000"));
 }

@@ -25,20 +25,20 @@ TEST(RuntimeErrors, EveryKindHasItsOwnReason) {
       EXPECT_EQ(first == second, std::string(RuntimeError(first).what()) == RuntimeError(second).what());
 }
 
-TEST(Widths, SixteenBits) {
+TEST(Widths, AreSixteenBitsOrAnOverflow) {
   EXPECT_EQ(to_int16(32767), 32767);
   EXPECT_EQ(to_int16(-32768), -32768);
   EXPECT_THROW(to_int16(32768), RuntimeError);
   EXPECT_THROW(to_int16(-32769), RuntimeError);
 }
 
-TEST(Widths, ThirtyTwoBits) {
+TEST(Widths, AreThirtyTwoBitsOrAnOverflow) {
   EXPECT_EQ(to_int32(2147483647), 2147483647);
   EXPECT_THROW(to_int32(2147483648), RuntimeError);
   EXPECT_THROW(to_int32(-2147483649), RuntimeError);
 }
 
-TEST(Rounding, HalfToEven) {
+TEST(Rounding, TakesHalvesToTheEvenNumber) {
   EXPECT_EQ(rounded_half_to_even(0.5), 0.0);
   EXPECT_EQ(rounded_half_to_even(1.5), 2.0);
   EXPECT_EQ(rounded_half_to_even(-0.5), 0.0);

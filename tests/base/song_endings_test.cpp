@@ -5,7 +5,7 @@
 namespace tandem {
 namespace {
 
-TEST(SongEndings, AnyLetterCase) {
+TEST(SongEndings, CountInAnyLetterCase) {
   for (const char* path : {"/m/a.mp3", "/m/A.MP3", "a.Wav", ".mp3", "/m/vol. 2.wAV"})
     EXPECT_TRUE(ends_as_song(path)) << path;
 }
@@ -15,7 +15,7 @@ TEST(SongEndings, OnlyTheEndCounts) {
     EXPECT_FALSE(ends_as_song(path)) << path;
 }
 
-TEST(SongEndings, OfASavedList) {
+TEST(SongEndings, DifferFromThatOfASavedList) {
   EXPECT_TRUE(ends_as_list("/m/Night.M3L"));
   EXPECT_FALSE(ends_as_list("/m/night.m3u"));
   EXPECT_FALSE(ends_as_list("/m/vol. 2"));

@@ -45,7 +45,7 @@ TEST(WholeFile, AShorterTextLeavesNoRest) {
   EXPECT_EQ(read_whole_file(directory.file("x")), "");
 }
 
-TEST(WholeFile, LargerThanOneBlock) {
+TEST(WholeFile, LargerThanOneBlockIsReadWhole) {
   const TempDirectory directory;
   const std::string bytes(300000, 'x');
   replace_whole_file(directory.file("x"), bytes);

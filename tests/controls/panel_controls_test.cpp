@@ -19,7 +19,7 @@ struct DesignedPanel : testing::Test {
   PanelControls c{dialog, timers};
 };
 
-TEST_F(DesignedPanel, TransportAtRest) {
+TEST_F(DesignedPanel, HasItsTransportAtRest) {
   EXPECT_EQ(c.PLAY.Picture, 0);
   EXPECT_EQ(c.PAUSE.Picture, 2);
   EXPECT_EQ(c.STOPBtn.Picture, 5);
@@ -51,14 +51,14 @@ TEST_F(DesignedPanel, TheReadOutShowsTheVolume) {
   EXPECT_EQ(c.LED3.LEDColor, clMaroon);
 }
 
-TEST_F(DesignedPanel, LeadTimeLamps) {
+TEST_F(DesignedPanel, HasOneLeadTimeLampLit) {
   EXPECT_EQ(c.AMLedOff.LEDColor, 16512);
   EXPECT_EQ(c.AMLed1.LEDColor, 16512);
   EXPECT_EQ(c.AMLed2.LEDColor, 33023);
   EXPECT_EQ(c.AMLed3.LEDColor, 16512);
 }
 
-TEST_F(DesignedPanel, RangesAndValuesOfTheBoard) {
+TEST_F(DesignedPanel, HasTheRangesAndValuesOfTheBoard) {
   const struct {
     int digits, minimum, maximum, value;
   } expected[] = {{2, 1, 16, 7}, {4, 8, 2048, 512}, {3, 1, 200, 20},     {2, 0, 50, 25},
@@ -80,7 +80,7 @@ TEST_F(DesignedPanel, RangesAndValuesOfTheBoard) {
   EXPECT_EQ(c.MMLEDX6.LEDColor, clOlive);
 }
 
-TEST_F(DesignedPanel, SlidersAndDials) {
+TEST_F(DesignedPanel, HasTheRangesOfSlidersAndDials) {
   EXPECT_EQ(c.SliderP.minimum(), -20);
   EXPECT_EQ(c.SliderP.maximum(), 20);
   EXPECT_EQ(c.SliderP.LineSize, 10);

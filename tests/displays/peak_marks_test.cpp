@@ -102,7 +102,7 @@ TEST(PeakMarks, OlderMarksHoldAndFallOnTheirOwn) {
   EXPECT_TRUE(marks.marks().settled());
 }
 
-TEST(PeakMarks, NoneIsNone) {
+TEST(PeakMarks, AreNotThereWhereTheirNumberIsNone) {
   Marks marks(0, 10, 10);
   marks.bar(0.5F, 0.1);
   EXPECT_TRUE(marks.marks().heights().empty());

@@ -25,10 +25,10 @@ int busy_processes() {
   const char* setting = std::getenv("TANDEM_BUSY_PROCESSES");
   return setting != nullptr ? std::max(std::atoi(setting), 1) : 4;
 }
-constexpr std::size_t kChance = 5;         // breaks
-constexpr std::size_t kSpared = 4;         // a break is answered: at most one of so many comes about
-constexpr int kQuick = 20;                 // seconds
-constexpr std::chrono::seconds kAlone{5};  // until the program takes the user to be away
+constexpr std::size_t kChance = 5;            // breaks
+constexpr std::size_t kSpared = 4;            // a break is answered: at most one of so many comes about
+constexpr int kQuick = 20;                    // seconds
+constexpr std::chrono::seconds kUserGone{5};  // until the program takes the user to be away
 constexpr std::chrono::seconds kLook{1};
 
 using User = PlayingProgram::User;
@@ -119,7 +119,7 @@ TEST_P(BusyMachine, LosesNothing) {
   PlayingProgram program(songs, kSong, setting.buffer_mode);
   PlainPlayer beside(program.desktop.sound, program.expected_seconds() + 120, setting.queue_ms);
   ASSERT_TRUE(program.play(setting.user)) << program.player.errors();
-  std::this_thread::sleep_for(kAlone);
+  std::this_thread::sleep_for(kUserGone);
   const int queued = program.queued_milliseconds();
   EXPECT_GE(queued, setting.least_queue);
   BusyProcesses others(busy_processes(), program.disk_file("written"));

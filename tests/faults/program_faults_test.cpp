@@ -106,7 +106,7 @@ class KilledPlayer : public testing::Test {
   int left_over = 0;
 };
 
-TEST_F(KilledPlayer, AtRandomInstants) {
+TEST_F(KilledPlayer, LeavesWholeSettingsAtRandomInstants) {
   for (int i = 0; i < kills(); ++i) {
     OffscreenPlayer player(folder);
     wait_up_to(150'000);
@@ -117,7 +117,7 @@ TEST_F(KilledPlayer, AtRandomInstants) {
 }
 
 // At instants spread over half as long again as closing takes: the first kills come before the writing, the last after.
-TEST_F(KilledPlayer, WhileItCloses) {
+TEST_F(KilledPlayer, LeavesWholeSettingsWhileItCloses) {
   const auto whole = close_time(folder) * 3 / 2;
   folder.write_settings(old_settings());
   for (int i = 0; i < kills(); ++i) {
@@ -133,7 +133,7 @@ TEST_F(KilledPlayer, WhileItCloses) {
 }
 
 // As soon as the temporary file is there, which becomes TP.inf once it is on the disk.
-TEST_F(KilledPlayer, WhileItWrites) {
+TEST_F(KilledPlayer, LeavesWholeSettingsWhileItWrites) {
   for (int i = 0; i < kills(); ++i) {
     OffscreenPlayer player(folder);
     ASSERT_TRUE(player.started());
@@ -221,7 +221,7 @@ class NoPlace : public testing::Test {
   PlayerFolder folder{old_settings()};
 };
 
-TEST_F(NoPlace, OnAFullDisk) {
+TEST_F(NoPlace, OnAFullDiskKeepsTheOldSettings) {
   OffscreenPlayer player(folder, {.nothing_can_be_written = true});
   close_and_judge(player, "disk full at close");
 }
@@ -242,7 +242,7 @@ TEST_F(NoPlace, InAReadOnlyDirectoryAWritableFileIsSavedInPlace) {
                    std::to_string(player.exit_status()));
 }
 
-TEST_F(NoPlace, WithAReadOnlyFile) {
+TEST_F(NoPlace, InAReadOnlyFileKeepsTheOldSettings) {
   fs::permissions(folder.file("TP.inf"), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
   OffscreenPlayer player(folder, {.ordinary_user = true});
   close_and_judge(player, "TP.inf read-only at close");

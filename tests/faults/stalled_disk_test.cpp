@@ -61,7 +61,7 @@ class StalledDisk : public testing::TestWithParam<int> {  // for how many millis
   std::size_t begin = 0;
 };
 
-TEST_P(StalledDisk, WhileASongPlays) {
+TEST_P(StalledDisk, WhileASongPlaysIsNotHeard) {
   play({kLong, kShort});
   rig.run(7000);
   stall();
@@ -71,7 +71,7 @@ TEST_P(StalledDisk, WhileASongPlays) {
 
 // From before the song's name is put on its deck. The song before it has been read to its end by then and is heard to
 // its end.
-TEST_P(StalledDisk, BeforeASongsTurn) {
+TEST_P(StalledDisk, BeforeASongsTurnCostsNoMoreThanTheStall) {
   play({kShort, kShort, kShort});
   ASSERT_TRUE(rig.run_until([this] { return rig.state().CurrentSong == 2; }, 10'000));
   rig.run(kLead - 100);
@@ -82,7 +82,7 @@ TEST_P(StalledDisk, BeforeASongsTurn) {
   expect_all_heard();
 }
 
-TEST_P(StalledDisk, WhereASeekLeads) {
+TEST_P(StalledDisk, WhereASeekLeadsCostsNoMoreThanTheStall) {
   play({kLong, kShort});
   rig.run(2000);
   rig.seek(15'000);

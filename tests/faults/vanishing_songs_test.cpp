@@ -126,13 +126,13 @@ class VanishingSong : public testing::TestWithParam<Fault> {
   AddedSong first, victim, last;
 };
 
-TEST_P(VanishingSong, BeforeItsTurn) {
+TEST_P(VanishingSong, BeforeItsTurnLetsTheListGoOn) {
   GetParam().strike(victim.path);
   rig.play();
   expect_the_list_goes_on("before its turn", 30 * kMillisecond);
 }
 
-TEST_P(VanishingSong, WhileItPlays) {
+TEST_P(VanishingSong, WhileItPlaysLetsTheListGoOn) {
   rig.play();
   ASSERT_TRUE(rig.run_until([this] { return rig.state().CurrentSong == 2; }, 5000));
   rig.run(500);
@@ -141,7 +141,7 @@ TEST_P(VanishingSong, WhileItPlays) {
 }
 
 // From a place in the song to one that is not in memory.
-TEST_P(VanishingSong, BeforeASeek) {
+TEST_P(VanishingSong, BeforeASeekLetsTheListGoOn) {
   rig.play();
   ASSERT_TRUE(rig.run_until([this] { return rig.state().CurrentSong == 2; }, 5000));
   ASSERT_TRUE(rig.run_until([this] { return rig.state().MixStarted == kFalse; }, 5000));

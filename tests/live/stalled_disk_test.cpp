@@ -66,7 +66,7 @@ class LiveStalledDisk : public testing::TestWithParam<int> {  // for how many mi
   std::vector<Sound> songs_;
 };
 
-TEST_P(LiveStalledDisk, WhileASongPlays) {
+TEST_P(LiveStalledDisk, WhileASongPlaysIsNotHeard) {
   add(12);
   add(2);
   start();
@@ -76,7 +76,7 @@ TEST_P(LiveStalledDisk, WhileASongPlays) {
 }
 
 // The next song is loaded when the one before has ended, a lead after its own beginning.
-TEST_P(LiveStalledDisk, BeforeASongsTurn) {
+TEST_P(LiveStalledDisk, BeforeASongsTurnCostsNoMoreThanTheStall) {
   for (int i = 0; i < 3; ++i) add(3);
   start();
   ASSERT_TRUE(rig_.run_until([this] { return rig_.current_song() == 2; }));

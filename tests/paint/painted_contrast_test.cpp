@@ -69,7 +69,7 @@ std::int32_t chosen_position(const PanelControls& c, std::string_view control) {
   return (c.*kBoardSwitches.at(static_cast<std::size_t>(control.back() - '1'))).value();
 }
 
-TEST(PaintedContrast, OfPositionCaptions) {
+TEST(PaintedContrast, OfPositionCaptionsIsKept) {
   PanelScene scene("board-open", kContrastScale);
   const QImage picture = scene.picture();
   for (const PositionCaption& caption : position_captions()) {
@@ -94,7 +94,7 @@ QRgb caption_ink(const PanelControls& c, std::string_view name) {
   return palette::kLegend;
 }
 
-TEST(PaintedContrast, OfPrintedCaptions) {
+TEST(PaintedContrast, OfPrintedCaptionsIsKept) {
   PanelScene scene("board-open", kContrastScale);
   const QImage board = scene.picture();
   int seen = 0;
@@ -128,7 +128,7 @@ struct Columns {
   QRectF line;
 };
 
-TEST(PaintedContrast, OfTheList) {
+TEST(PaintedContrast, OfTheListIsKept) {
   const QImage picture = PanelScene("full-playlist", kContrastScale).picture();
   const QRectF box = control_box("PlayList").box();
   for (int row = 0; row < 9; ++row) {
@@ -157,7 +157,7 @@ int nearest(const QImage& picture, const QRectF& box, QRgb ink) {
   return least;
 }
 
-TEST(PaintedContrast, OfTheNeedleMeters) {
+TEST(PaintedContrast, OfTheNeedleMetersIsKept) {
   const QImage picture = PanelScene("full-vu", kContrastScale).picture();
   for (const QRectF& meter : {left_meter_box(), right_meter_box()}) {
     const QRectF foot(meter.left(), meter.bottom() - 18, meter.width(), 12);
@@ -196,7 +196,7 @@ TEST(PaintedContrast, OfAKeysCaptionIsKeptBesideEveryColour) {
 }
 
 // The ring lies outside the control, on what is there without it.
-TEST(PaintedContrast, OfTheFocusRing) {
+TEST(PaintedContrast, OfTheFocusRingIsKept) {
   PanelScene scene("full-equalizer", kContrastScale);
   const QImage without = scene.picture();
   scene.window().activateWindow();

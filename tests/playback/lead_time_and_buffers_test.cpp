@@ -78,7 +78,7 @@ TEST_F(Buffers, LargeOnesRestartTheOutputAndStop) {
   EXPECT_EQ(state.BufferMode, 1);
 }
 
-TEST_F(Buffers, SmallOnesAgain) {
+TEST_F(Buffers, BecomeSmallAgain) {
   controls.BufferSwitch.move(1);
   panel.sound.calls.clear();
   controls.BufferSwitch.move(0);

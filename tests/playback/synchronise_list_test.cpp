@@ -46,7 +46,7 @@ TEST_F(Synchronising, TheTimeRunsFromTheLastEdit) {
   EXPECT_EQ(state.CurrentSong, 3);
 }
 
-TEST_F(Synchronising, AfterARemovalToo) {
+TEST_F(Synchronising, WorksAfterARemovalToo) {
   panel.add_songs(4);
   panel.select(2);
   controls.PLAY.click.raise();

@@ -276,7 +276,7 @@ TEST_F(Skipping, DuringAMixTheSongShownIsNeverPlayed) {
   EXPECT_EQ(panel.sound.deck[0]->FileName(), "/music/d.mp3");
 }
 
-TEST_F(Skipping, BeforeAnythingHasPlayed) {
+TEST_F(Skipping, BeforeAnythingHasPlayedGoesToTheFirstLine) {
   songs(2);
   next();
   EXPECT_EQ(state.CurrentSong, 1);

@@ -16,7 +16,7 @@ struct Removing : PanelTest {
   void remove(std::int32_t line) { controls.PlayList.user_double_click(line); }
 };
 
-TEST_F(Removing, LineThreeOfTwelve) {
+TEST_F(Removing, LineThreeOfTwelveRenumbersTheRest) {
   panel.add_songs(12);
   state.CurrentSong = 7;
   remove(2);
@@ -89,7 +89,7 @@ TEST_F(Removing, TheListTimerGoesOffAndOnAndTheNextSongStaysLoaded) {
   EXPECT_EQ(state.NextSongLoaded, kTrue);
 }
 
-TEST_F(Removing, NumbersOfThreeDigits) {
+TEST_F(Removing, KeepsNumbersOfThreeDigits) {
   panel.add_songs(102);
   remove(0);
   EXPECT_EQ(controls.PlayList.List(8), "09 - /music/j.mp3");

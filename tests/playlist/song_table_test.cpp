@@ -55,7 +55,7 @@ TEST(SongTable, CompactingTrimsPathsAndLeavesEntryZero) {
   EXPECT_EQ(table.at(1).SongLength, 8);
 }
 
-TEST(LineText, NumberHyphenPath) {
+TEST(LineText, IsNumberHyphenPath) {
   EXPECT_EQ(LineText(1, "/music/a.mp3"), "01 - /music/a.mp3");
   EXPECT_EQ(LineText(9, "/b"), "09 - /b");
   EXPECT_EQ(LineText(10, "/c"), "10 - /c");
@@ -80,7 +80,7 @@ TEST(Paths, LastSeparatorCountsCharacters) {
   EXPECT_THROW(last_separator("/" + std::string(32767, 'x')), RuntimeError);
 }
 
-TEST(Paths, FolderAndName) {
+TEST(Paths, HaveFolderAndName) {
   EXPECT_EQ(folder_of("/music/a.mp3"), "/music");
   EXPECT_EQ(folder_of("/a.mp3"), "");
   EXPECT_THROW(folder_of("a.mp3"), RuntimeError);
@@ -96,7 +96,7 @@ TEST(Titles, FromFourteenCharactersOnTheyScroll) {
   EXPECT_EQ(scroll_gap().size(), 14U);
 }
 
-TEST(Titles, FourBlanksInFront) {
+TEST(Titles, BeginBlankWithFourBlanksInFront) {
   EXPECT_TRUE(begins_blank("    a"));
   EXPECT_FALSE(begins_blank("   a"));
 }

@@ -66,7 +66,7 @@ class SongNames : public testing::Test {
   std::vector<AddedSong> songs;
 };
 
-TEST_F(SongNames, OneByOne) {
+TEST_F(SongNames, StayTheSameOneByOne) {
   rig.add(paths());
   EXPECT_THAT(lines(), ElementsAreArray(paths()));
   EXPECT_THAT(table(), ElementsAreArray(paths()));
@@ -74,7 +74,7 @@ TEST_F(SongNames, OneByOne) {
 }
 
 // Added from the last to the first.
-TEST_F(SongNames, SeveralAtOnce) {
+TEST_F(SongNames, StayTheSameSeveralAtOnce) {
   std::string several = rig.file("");
   several.pop_back();
   for (auto name = kNames.rbegin(); name != kNames.rend(); ++name) several += '\0' + *name;
@@ -84,7 +84,7 @@ TEST_F(SongNames, SeveralAtOnce) {
   play_all(kNames.size());
 }
 
-TEST_F(SongNames, ThroughAPlaylistFile) {
+TEST_F(SongNames, StayTheSameThroughAPlaylistFile) {
   rig.add(paths());
   save_and_open(rig.file("my list.m3l"));
   EXPECT_THAT(lines(), ElementsAreArray(paths()));

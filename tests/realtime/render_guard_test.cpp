@@ -80,7 +80,7 @@ class RenderGuardTest : public ::testing::Test {
     return path;
   }
 
-  // Lets so many steps pass, with the panel's ticks between them, as in the program. The render thread is waited for:
+  // Lets `steps` pass, with the panel's ticks between them, as in the program. The render thread is waited for:
   // until it has reached the commands that start or stop it, and until it has made its step.
   void run(int steps) {
     for (int i = 0; i < steps; ++i) {

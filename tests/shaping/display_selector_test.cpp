@@ -14,7 +14,7 @@ using testing::IsEmpty;
 
 struct Selector : PanelTest {};
 
-TEST_F(Selector, TheSpectrum) {
+TEST_F(Selector, ConnectsTheSpectrum) {
   controls.MMSwitchX1.move(0);
   EXPECT_THAT(
       panel.sound.calls,
@@ -25,7 +25,7 @@ TEST_F(Selector, TheSpectrum) {
                   "MMLevelX1.Visible(False)", "MMOscopeX1.Enabled(False)", "MMOscopeX1.Visible(False)"));
 }
 
-TEST_F(Selector, TheMetersWithTheLevelBar) {
+TEST_F(Selector, ConnectsTheMetersWithTheLevelBar) {
   controls.MMSwitchX1.move(1);
   EXPECT_THAT(panel.sound.calls,
               ElementsAre("MMConnectorX1.LeftMeter(MMMeterX1)", "MMConnectorX1.RightMeter(MMMeterX2)",
@@ -36,7 +36,7 @@ TEST_F(Selector, TheMetersWithTheLevelBar) {
                           "MMOscopeX1.Visible(False)"));
 }
 
-TEST_F(Selector, TheOscilloscope) {
+TEST_F(Selector, ConnectsTheOscilloscope) {
   controls.MMSwitchX1.move(2);
   EXPECT_THAT(
       panel.sound.calls,

@@ -45,7 +45,7 @@ TEST_F(Pitch, EveryPositionOfTheSlider) {
   }
 }
 
-TEST_F(Pitch, TheNamedPositions) {
+TEST_F(Pitch, ShowsItsNamedPositions) {
   EXPECT_EQ(at(20), "PITCH +04|+");
   EXPECT_EQ(at(-20), "PITCH -04|-");
   EXPECT_EQ(at(9), "PITCH +01|+");
@@ -103,7 +103,7 @@ TEST_F(Pitch, APressShowsThePitchAndWritesNone) {
   EXPECT_THAT(panel.sound.calls, IsEmpty());
 }
 
-TEST_F(Pitch, APressAtZero) {
+TEST_F(Pitch, APressAtZeroShowsZero) {
   controls.SliderP.user_press();
   EXPECT_EQ(read_out(), "PITCH  0|0");
 }

@@ -88,7 +88,7 @@ TEST_F(StartUp, SavedValuesFollowInTheirOrder) {
   EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
 }
 
-TEST_F(StartUp, GeometryLabelsAndFlags) {
+TEST_F(StartUp, SetsGeometryLabelsAndFlags) {
   controls.LblPosition.Caption = "x";
   controls.Painel.Width = 1;
   controls.PlayList.AddItem("x");

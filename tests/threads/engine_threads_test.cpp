@@ -75,7 +75,7 @@ TEST(EngineThreads, ADeepQueueWaitsLonger) {
   EXPECT_LE(late, 10);
 }
 
-// Runs until so many steps more have been made; how long it took, in steps of the clock.
+// Runs until `steps` more have been made; how long it took, in steps of the clock.
 int time_for(ThreadsRig& rig, std::uint64_t steps) {
   const std::uint64_t target = rig.engine().chain().steps() + steps;
   int passed = 0;

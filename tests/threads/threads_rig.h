@@ -27,7 +27,7 @@ class ThreadsRig {
   // Lets time pass in steps of 10 ms; the panel works at the end of every `panel_every`-th.
   void run(int milliseconds, int panel_every = 1);
   void work();  // the panel's turn
-  // From now on the device demands what is missing to so many frames ahead, as a sound server does.
+  // From now on the device demands what is missing to `frames` ahead, as a sound server does.
   void demand_ahead(std::size_t frames) { demands_ahead_ = frames; }
   void end_demands();
   std::size_t ready() const { return ring_.readable(); }  // frames

@@ -57,7 +57,7 @@ TEST_F(Names, TextsAreQuoted) {
   EXPECT_EQ(value("SongLabel.Caption"), R"("a \"b\" \\c")");
 }
 
-TEST_F(Names, LinesOfLists) {
+TEST_F(Names, ReachLinesOfLists) {
   panel.add_songs(2);
   expect_values({{"PlayList.List(0)", "\"01 - /music/a.mp3\""},
                  {"PlayList.List(7)", "\"\""},
@@ -98,7 +98,7 @@ TEST_F(Names, ReachComponents) {
                  {"MMMeterX1.Visible", "False"}});
 }
 
-TEST_F(Names, RunStateAndSongTable) {
+TEST_F(Names, ReachRunStateAndSongTable) {
   panel.add_songs(1);
   panel.state.MixStarted = kTrue;
   panel.state.EqLevels[2] = -3;

@@ -60,7 +60,7 @@ TEST(Traces, ListEditsAreEvents) {
             "1 passed, 0 failed\n");
 }
 
-TEST(Traces, DownAndTheSynchronisation) {
+TEST(Traces, ReplayDownAndTheSynchronisation) {
   EXPECT_EQ(replayed(kStart + "PLAY\nDOWN | LI=1 NB=F\nSEL 0\nRESYNC | LI=1 CS=2 NB=T\n"), "1 passed, 0 failed\n");
 }
 

@@ -87,7 +87,7 @@ class AccessibleEvents : public testing::Test {
   AccessibilityHandler before_;
 };
 
-TEST_F(AccessibleEvents, LinesThatCome) {
+TEST_F(AccessibleEvents, ReportLinesThatCome) {
   listen_to_list();
   rig.add_songs(2);
   EXPECT_EQ(line_events(), (Events{"created 0 01 - song 1.wav", "created 1 02 - song 2.wav"}));
@@ -95,7 +95,7 @@ TEST_F(AccessibleEvents, LinesThatCome) {
   EXPECT_EQ(line_events(), (Events{"created 2 03 - song 3.wav"}));
 }
 
-TEST_F(AccessibleEvents, ALineThatGoesAndThoseThatAreRenumbered) {
+TEST_F(AccessibleEvents, ReportALineThatGoesAndThoseThatAreRenumbered) {
   rig.add_songs(4);
   QAccessibleInterface* third = spoken_list().child(2);
   ASSERT_NE(third, nullptr);
@@ -117,7 +117,7 @@ TEST_F(AccessibleEvents, AMovedSongIsTwoNames) {
   EXPECT_EQ(line_events(), (Events{"named 1 02 - song 3.wav", "named 2 03 - song 2.wav"}));
 }
 
-TEST_F(AccessibleEvents, AListThatIsEmptied) {
+TEST_F(AccessibleEvents, ReportAListThatIsEmptied) {
   rig.add_songs(3);
   listen_to_list();
   list().Clear();
@@ -125,7 +125,7 @@ TEST_F(AccessibleEvents, AListThatIsEmptied) {
   EXPECT_EQ(spoken_list().childCount(), 0);
 }
 
-TEST_F(AccessibleEvents, HowAnEmptyListIsFilled) {
+TEST_F(AccessibleEvents, ReportHowAnEmptyListIsFilled) {
   const auto description = [this] { return spoken_list().text(QAccessible::Description).toStdString(); };
   const std::string name = spoken_list().text(QAccessible::Name).toStdString();
   EXPECT_EQ(description(), "Drop songs here or press SONG");
@@ -137,7 +137,7 @@ TEST_F(AccessibleEvents, HowAnEmptyListIsFilled) {
   EXPECT_EQ(events({name + " is"}), Events{name + " is Drop songs here or press SONG"});
 }
 
-TEST_F(AccessibleEvents, NothingOfLinesThatAreAsTheyWere) {
+TEST_F(AccessibleEvents, ReportNothingOfLinesThatAreAsTheyWere) {
   rig.add_songs(3);
   listen_to_list();
   rig.wheel("PlayList", -1);
@@ -145,7 +145,7 @@ TEST_F(AccessibleEvents, NothingOfLinesThatAreAsTheyWere) {
   EXPECT_EQ(line_events(), Events{});
 }
 
-TEST_F(AccessibleEvents, ALineRequestedBeforeItIsAnnounced) {
+TEST_F(AccessibleEvents, ReportALineRequestedBeforeItIsAnnounced) {
   listen_to_list();
   rig.add_songs(2);
   const QAccessibleInterface* second = spoken_list().child(1);
@@ -154,7 +154,7 @@ TEST_F(AccessibleEvents, ALineRequestedBeforeItIsAnnounced) {
   EXPECT_EQ(spoken_list().child(1), second) << "it is the same object";
 }
 
-TEST_F(AccessibleEvents, ALineRequestedAndGoneBeforeItIsAnnounced) {
+TEST_F(AccessibleEvents, ReportALineRequestedAndGoneBeforeItIsAnnounced) {
   listen_to_list();
   rig.add_songs(3);
   ASSERT_NE(spoken_list().child(2), nullptr);
@@ -163,7 +163,7 @@ TEST_F(AccessibleEvents, ALineRequestedAndGoneBeforeItIsAnnounced) {
   EXPECT_EQ(spoken_list().child(2), nullptr);
 }
 
-TEST_F(AccessibleEvents, ALineThatComesAndIsSelectedInOneAct) {
+TEST_F(AccessibleEvents, ReportALineThatComesAndIsSelectedInOneAct) {
   listen_to_list();
   rig.focus("PlayList");
   events({});
@@ -174,7 +174,7 @@ TEST_F(AccessibleEvents, ALineThatComesAndIsSelectedInOneAct) {
                     "focus on 0 01 - song 1.wav"}));
 }
 
-TEST_F(AccessibleEvents, NothingBeforeAnybodyHasAsked) {
+TEST_F(AccessibleEvents, ReportNothingBeforeAnybodyHasAsked) {
   rig.focus("PlayList");
   events({});
   rig.add_songs(3);
@@ -184,7 +184,7 @@ TEST_F(AccessibleEvents, NothingBeforeAnybodyHasAsked) {
   EXPECT_EQ(events({"selected", "focus"}), Events{});
 }
 
-TEST_F(AccessibleEvents, TheLineThatIsSelected) {
+TEST_F(AccessibleEvents, ReportTheLineThatIsSelected) {
   focus_list(Qt::Key_Home);
   rig.key(Qt::Key_Down);
   EXPECT_EQ(events({"selected", "focus"}), (Events{"selected 1 02 - song 2.wav", "focus on 1 02 - song 2.wav"}));
@@ -237,7 +237,7 @@ TEST_F(AccessibleEvents, ASwitchThatIsMovedHasAnotherName) {
   }
 }
 
-TEST_F(AccessibleEvents, AValueThatHasChangedAwayFromTheFocus) {
+TEST_F(AccessibleEvents, ReportAValueThatHasChangedAwayFromTheFocus) {
   rig.show_board();
   spoken("MMLEDX1");
   spoken("MMLEDX6");
@@ -253,7 +253,7 @@ TEST_F(AccessibleEvents, AValueThatHasChangedAwayFromTheFocus) {
   EXPECT_EQ(events({"Grid"}), (Events{"Grid: on"}));
 }
 
-TEST_F(AccessibleEvents, ThePositionAsATime) {
+TEST_F(AccessibleEvents, ReportThePositionAsATime) {
   rig.controls().Slider1.put_maximum(225'000);
   rig.controls().Slider1.Position = 82'400;
   EXPECT_EQ(spoken("Slider1").text(QAccessible::Value).toStdString(), "1:22 of 3:45");

@@ -98,7 +98,7 @@ TEST_F(Spoken, ValuesAreWhatIsShown) {
 }
 
 // A number that can be read but not moved.
-TEST_F(Spoken, NumbersOfTheDisplays) {
+TEST_F(Spoken, NumbersOfTheDisplaysAreReadOnly) {
   rig.controls().Volume.put(8192);
   EXPECT_EQ(number("MeterVol").currentValue().toInt(), 25);
   number("MeterVol").setCurrentValue(80);
@@ -113,14 +113,14 @@ TEST_F(Spoken, NumbersOfTheDisplays) {
   EXPECT_EQ(number("MMLevelX1").currentValue().toInt(), 0);
 }
 
-TEST_F(Spoken, TheWindow) {
+TEST_F(Spoken, TheWindowHasTheProgramsName) {
   QAccessibleInterface* window = QAccessible::queryAccessibleInterface(rig.window.get());
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(window->role(), QAccessible::Window);
   EXPECT_EQ(window->text(QAccessible::Name).toStdString(), "Tandem");
 }
 
-TEST_F(Spoken, LinesOfTheList) {
+TEST_F(Spoken, LinesOfTheListAreItsChildren) {
   QAccessibleInterface& list = of("PlayList");
   EXPECT_EQ(list.childCount(), 0);
   rig.add_songs(12);
@@ -150,7 +150,7 @@ TEST_F(Spoken, LinesOfTheList) {
   EXPECT_FALSE(last.isValid());
 }
 
-TEST_F(Spoken, OnlyTheDisplayThatIsShown) {
+TEST_F(Spoken, OnlyTheDisplayThatIsShownIsThere) {
   rig.controls().MMSwitchX1.move(0);
   rig.frame(0);
   EXPECT_EQ(accessible_name("MMSpectrum1"), "Spectrum analyser");
@@ -174,7 +174,7 @@ TEST_F(Spoken, OnlyTheDisplayThatIsShown) {
   EXPECT_FALSE(rig.item("MMLevelX1").isVisible());
 }
 
-TEST_F(Spoken, TwoStates) {
+TEST_F(Spoken, LampsAndViewKeysAreOnOrOff) {
   EXPECT_TRUE(of("AMLed2").state().checkable);
   EXPECT_TRUE(of("AMLed2").state().checked);
   EXPECT_FALSE(of("AMLed1").state().checked);

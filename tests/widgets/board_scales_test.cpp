@@ -178,7 +178,7 @@ TEST_F(BoardMarks, VelocityIsHowFastItFalls) {
   }
 }
 
-TEST_F(BoardMarks, PicksIsTheirNumber) {
+TEST_F(BoardMarks, AreAsManyAsPicksSays) {
   rig.controls().MMLEDSpin8.move(20);
   rig.controls().MMLEDSpin4.move(5);
   for (const int number : {0, 1, 3}) {

@@ -63,7 +63,7 @@ class DialogTest : public testing::Test {
       names.push_back(view->model()->index(row, 0, view->rootIndex()).data().toString().toStdString());
     return names;
   }
-  // The names that the dialog shows, once it shows so many.
+  // The names that the dialog shows, once there are `count`.
   static std::set<std::string> listed(QFileDialog& open, std::size_t count) {
     std::vector<std::string> names;
     EXPECT_TRUE(QTest::qWaitFor([&] { return (names = names_in_order(open)).size() == count; })) << names.size();

@@ -28,12 +28,12 @@ Names joined(std::initializer_list<Names> parts) {
   return all;
 }
 
-TEST(TabOrder, WithTheList) {
+TEST(TabOrder, GoesThroughTheList) {
   WindowRig rig;
   EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, kList, kHead})));
 }
 
-TEST(TabOrder, WithTheEqualizerWhichIsOneStop) {
+TEST(TabOrder, HasOneStopForTheEqualizer) {
   WindowRig rig;
   rig.show_equalizer();
   EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, {"sl0(0)"}, kHead})));
@@ -49,13 +49,13 @@ TEST(TabOrder, TheStopOfTheEqualizerIsTheFaderLastUsed) {
   EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, {"sl0(10)"}, kHead})));
 }
 
-TEST(TabOrder, WithTheBoard) {
+TEST(TabOrder, GoesThroughTheBoard) {
   WindowRig rig;
   rig.show_board();
   EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kMix, kList, kBoardKeys, kHead})));
 }
 
-TEST(TabOrder, OfTheSmallWindow) {
+TEST(TabOrder, OfTheSmallWindowIsTransportAndHead) {
   WindowRig rig;
   rig.make_small();
   EXPECT_THAT(rig.tab_round(), ElementsAreArray(joined({kTransport, kHead})));

@@ -27,7 +27,7 @@ std::vector<int> lit_columns(const QImage& picture) {
   return columns;
 }
 
-// The text has moved by so many dot columns to the left.
+// The text has moved by `way` dot columns to the left.
 bool has_moved(const QImage& before, const QImage& after, int way) {
   const std::vector<int> from = lit_columns(before);
   const std::vector<int> to = lit_columns(after);
@@ -59,7 +59,7 @@ TEST_F(Title, RestsFor800MillisecondsThenGoesByWholeColumns) {
   EXPECT_TRUE(has_moved(rest, picture_of(rig, "SongLabel"), 5));
 }
 
-TEST_F(Title, IsARing) {
+TEST_F(Title, ComesRoundAsARing) {
   rig.frame(0.8 + kColumn * 25 * 6 + 0.001);
   EXPECT_EQ(picture_of(rig, "SongLabel"), rest);
 }

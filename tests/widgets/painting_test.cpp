@@ -20,7 +20,7 @@ QRect with_margin(const char* name) {
   return control_box(name).box().adjusted(-5, -5, 5, 5).intersected(QRect(0, 0, 607, 258));
 }
 
-TEST(Painting, NothingWhileNothingChanges) {
+TEST(Painting, StopsWhileNothingChanges) {
   WindowRig rig;
   rig.player->run(1000);  // the clock shows the time
   rig.painted();

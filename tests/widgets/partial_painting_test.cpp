@@ -61,7 +61,7 @@ class PartialPainting : public testing::Test {
   std::minstd_rand random{7};
 };
 
-TEST_F(PartialPainting, UnderAPointerThatGoesEverywhere) {
+TEST_F(PartialPainting, IsRightUnderAPointerThatGoesEverywhere) {
   rig.show_board();
   for (int i = 0; i < 60; ++i) {
     const auto at = [this](int end) { return std::uniform_int_distribution<int>(0, end - 1)(random); };
@@ -71,7 +71,7 @@ TEST_F(PartialPainting, UnderAPointerThatGoesEverywhere) {
   expect_whole("moves");
 }
 
-TEST_F(PartialPainting, AfterPressesAndDrags) {
+TEST_F(PartialPainting, IsRightAfterPressesAndDrags) {
   rig.controls().Slider1.put_maximum(200'000);
   for (const char* name : {"Volume", "SliderP", "Command2", "STOPBtn", "PAUSE", "AMLed2", "BufferSwitch", "Bypass",
                            "PlayList", "UpList", "Slider1"}) {
@@ -85,7 +85,7 @@ TEST_F(PartialPainting, AfterPressesAndDrags) {
   expect_whole("faders");
 }
 
-TEST_F(PartialPainting, AfterTheFocusHasGoneRound) {
+TEST_F(PartialPainting, IsRightAfterTheFocusHasGoneRound) {
   rig.show_board();
   rig.focus("PLAY");
   for (int i = 0; i < 60; ++i) {
@@ -95,7 +95,7 @@ TEST_F(PartialPainting, AfterTheFocusHasGoneRound) {
   expect_whole("a round of the focus");
 }
 
-TEST_F(PartialPainting, AfterTheFocusHasLeftTheTimeSliderAtItsBegin) {
+TEST_F(PartialPainting, IsRightAfterTheFocusHasLeftTheTimeSliderAtItsBegin) {
   rig.focus("Slider1");
   ASSERT_EQ(rig.focused(), "Slider1");
   ASSERT_EQ(rig.controls().Slider1.value(), 0);
@@ -106,7 +106,7 @@ TEST_F(PartialPainting, AfterTheFocusHasLeftTheTimeSliderAtItsBegin) {
 }
 
 // The position moves the cap by parts of a pixel, and what is painted beside it goes over the cap's edge.
-TEST_F(PartialPainting, WhileASongPlays) {
+TEST_F(PartialPainting, IsRightWhileASongPlays) {
   Slider& position = rig.controls().Slider1;
   position.put_maximum(200'000);
   const auto play = [&](const std::string& how) {
@@ -128,7 +128,7 @@ TEST_F(PartialPainting, WhileASongPlays) {
   expect_whole("a jump with the focus");
 }
 
-TEST_F(PartialPainting, AfterThePointerHasLeftTheDisplayBesideAFocusedButton) {
+TEST_F(PartialPainting, IsRightAfterThePointerHasLeftTheDisplayBesideAFocusedButton) {
   rig.focus("Close");
   pass(.05);
   for (const QPoint& at : {QPoint(500, 60), QPoint(260, 150), QPoint(500, 60)}) {
@@ -151,7 +151,7 @@ TEST_F(PartialPainting, ASteppingTitleIsPaintedOnce) {
   }
 }
 
-TEST_F(PartialPainting, AfterEveryDisplayAndKind) {
+TEST_F(PartialPainting, IsRightAfterEveryDisplayAndKind) {
   for (int display = 0; display < 3; ++display) {
     rig.controls().MMSwitchX1.move(display);
     pass(.5);
@@ -166,7 +166,7 @@ TEST_F(PartialPainting, AfterEveryDisplayAndKind) {
   }
 }
 
-TEST_F(PartialPainting, AfterSizesListsAndScrolling) {
+TEST_F(PartialPainting, IsRightAfterSizesListsAndScrolling) {
   rig.controls().SongLabel.Caption = "A TITLE LONGER THAN ITS CELLS.MP3   ";
   rig.controls().SongLabel.Scrolling = true;
   rig.make_small();

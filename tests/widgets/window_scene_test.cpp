@@ -62,7 +62,7 @@ class WindowColours : public testing::Test {
   WindowRig rig;
 };
 
-TEST_F(WindowColours, TransportKeys) {
+TEST_F(WindowColours, TransportKeysHaveFramesOfTheirOwn) {
   EXPECT_EQ(frame_of("PLAY"), 0xFF4C5259);
   EXPECT_EQ(frame_of("STOPBtn"), 0xFF7A2A20);
   EXPECT_EQ(frame_of("PAUSE"), 0xFF808000);
@@ -87,7 +87,7 @@ TEST_F(WindowColours, TransportKeys) {
   EXPECT_EQ(frame_of("LoadSong"), 0xFF808080);
 }
 
-TEST_F(WindowColours, ViewKeysAndStud) {
+TEST_F(WindowColours, ViewKeysAndStudShowWhatIsOpen) {
   EXPECT_EQ(frame_of("ShowPlayList"), 0xFF00FFFF);
   EXPECT_EQ(frame_of("ShowControls"), 0xFF008000);
   rig.key(Qt::Key_F2);

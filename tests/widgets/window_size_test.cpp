@@ -151,7 +151,7 @@ TEST(WindowPlace, TheBareFaceplateDragsTooAndControlsDoNot) {
   EXPECT_EQ(rig.window->pos(), QPoint(30, 30));
 }
 
-TEST(WindowButtons, CloseAndItsKeys) {
+TEST(WindowButtons, CloseAndItsKeysCloseTheWindow) {
   WindowRig rig;
   rig.click("Close");
   EXPECT_EQ(rig.closes, 1);

@@ -4,7 +4,7 @@
 No code file has more than 300 lines. Text files end with one line end, hold no CR, no tab and no blank at a line's end.
 Names in anonymous namespaces are unique among files that are compiled as one: a folder of src, a test program. Nothing
 refers to papers outside this repository: what matters is said where it matters. Comments and documents are in plain English:
-words that readers stumbled over stay out, of names too. Exit status 0, or 1 with one line for each offence.
+words to avoid stay out, of names too. Exit status 0, or 1 with one line for each offence.
 """
 import os
 import re

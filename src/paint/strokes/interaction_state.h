@@ -6,7 +6,7 @@ namespace tandem {
 struct InteractionState {
   double hover = 0;  ///< 0 pointer elsewhere .. 1 pointer on the control; between while the hover light fades
   bool pressed = false;
-  bool focused = false;  ///< keyboard focus that shall be shown
+  bool focused = false;  ///< keyboard focus that is to be shown
   bool enabled = true;
 };
 

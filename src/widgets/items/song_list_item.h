@@ -35,7 +35,7 @@ class SongListItem final : public PanelItem {
   const ListBox& list() const { return list_; }
   int top() const { return top_; }
   QRect line_on_screen(int index) const;  // nothing if it is not in view
-  void select_line(int index);            // an act of the user
+  void select_line(int index);            // a user action
   // Assistive technology has asked for the lines: from now on it hears when they change.
   void set_follower(const std::shared_ptr<SongListFollower>& follower) { follower_ = follower; }
   LineSound sound_of(int index) const;  // of a line

@@ -40,7 +40,7 @@ void LeadLampItem::draw(QPainter& painter) const {
 // The caption stands in front of the lamp.
 QRect LeadLampItem::drawn_box() const { return LampItem::drawn_box().adjusted(-20, 0, 0, 0); }
 
-// It begins calm, goes on after a pause as bright as it stood, and breathes out when the overlap has ended.
+// It begins calm, goes on after a pause as bright as it stood, and fades out when the overlap has ended.
 void LeadLampItem::set_mixing(bool mixing, bool held) {
   held = held && mixing;
   if (breathing_ == mixing && held_ == held) return;

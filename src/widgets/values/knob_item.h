@@ -15,7 +15,7 @@ class WheelItem final : public PanelItem {
   std::optional<ItemValue> value_range() const override;
   QString accessible_value() const override;
   static constexpr std::int32_t kStep = 328;  // one per cent
-  void turn(std::int32_t by);                 // an act of the user
+  void turn(std::int32_t by);                 // a user action
 
  protected:
   void put_value(double value) override;

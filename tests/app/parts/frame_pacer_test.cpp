@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kSixty = 1000.0 / 60;
 
-// The frames of ten seconds in which it is looked every so many milliseconds.
+// The frames of ten seconds which are asked for every `every` milliseconds.
 std::vector<std::int64_t> frames(double period, std::int64_t every) {
   FramePacer pacer;
   std::vector<std::int64_t> times;

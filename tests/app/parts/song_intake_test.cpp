@@ -66,7 +66,7 @@ TEST_F(Intake, AFileThatHasChangedIsMeasuredAgain) {
   EXPECT_EQ(rig.player().program.SongTable.at(1).SongLength, 700);
 }
 
-TEST_F(Intake, CancelIsCancel) {
+TEST_F(Intake, CancelAddsNothing) {
   const std::string recording = make_recording();
   gate.set_open(false);
   at_tick = [&] {

@@ -24,8 +24,8 @@ std::vector<Encoded> encoded_songs();
 std::string text_of(const Encoded& each);
 
 struct Edges {
-  Frames first = 0;  // the source's first sample is heard so many frames late
-  Frames last = 0;   // so many frames are heard after its last one
+  Frames first = 0;  // by which the source's first sample is late
+  Frames last = 0;   // that are heard after its last one
 };
 // Makes the file and reads it. Throws std::runtime_error if the encoder cannot be run or the file cannot be read whole.
 Edges edges_of(const Encoded& each);

@@ -32,7 +32,7 @@ class Mp3Damage : public testing::Test {
     return from;
   }
 
-  // Offset just after so many frames.
+  // Offset just after the first `frames`.
   static std::size_t after_frames(const Bytes& bytes, int frames) {
     std::size_t offset = 0;
     for (int i = 0; i < frames; ++i) offset += static_cast<std::size_t>(parse_mpeg_header(&bytes[offset])->bytes);
@@ -178,7 +178,7 @@ TEST_F(Mp3Damage, TruncatedTaggedFileKeepsItsPlace) {
 }
 
 // A count of frames is not trusted as such. The stream is as long as the frame says: its end is padding all the same.
-TEST_F(Mp3Damage, LyingInformationFrame) {
+TEST_F(Mp3Damage, LyingInformationFrameIsNotBelieved) {
   const std::size_t at = frame_at(tagged(), 0) + 4 + 32 + 8;
   for (const std::uint32_t lie : {0U, 1U, 50U, 100'000U, 0xFFFFFFFFU}) {
     Bytes song = tagged();

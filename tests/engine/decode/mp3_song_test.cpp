@@ -81,7 +81,7 @@ TEST(Mp3Song, WithoutInformationFrameEveryFrameSounds) {
   }
 }
 
-TEST(Mp3Song, FreeFormat) {
+TEST(Mp3Song, OfFreeFormatPlaysWhole) {
   const Signal signal = music(3.0);
   const SongCheck check = check_song(make_mp3(signal, {"--freeformat", "-b", "450"}));
   EXPECT_TRUE(check.consistent(0.0F)) << check.length << " " << check.measured << " " << check.sound.size();
@@ -97,7 +97,7 @@ TEST(Mp3Song, LowBitRatesSeekOverALongReservoir) {
   }
 }
 
-TEST(Mp3Song, LayerTwo) {
+TEST(Mp3Song, OfLayerTwoPlaysWhole) {
   for (const int rate : {44100, 48000, 24000}) {
     const Signal signal = tones(3.0, 330.0, 0.3, rate);
     const SongCheck check = check_song(make_layer2(signal));
@@ -108,7 +108,7 @@ TEST(Mp3Song, LayerTwo) {
   }
 }
 
-TEST(Mp3Song, LayerOne) {
+TEST(Mp3Song, OfLayerOnePlaysWhole) {
   const SongCheck check = check_song(make_layer1(300));
   EXPECT_TRUE(check.consistent(0.0F));
   EXPECT_EQ(check.length, 300 * 384);
@@ -133,7 +133,7 @@ TEST(Mp3Song, RateAndModeMayChangeWithinTheStream) {
   }
 }
 
-TEST(Mp3Song, WithinAWavFile) {
+TEST(Mp3Song, WithinAWavFilePlaysWhole) {
   const Signal signal = music(3.0);
   const Bytes mp3 = make_mp3(signal, {"-V2"});
   const Bytes format = number_bytes(0x55, 2) + number_bytes(2, 2) + number_bytes(44100, 4) + number_bytes(16000, 4) +
@@ -146,7 +146,7 @@ TEST(Mp3Song, WithinAWavFile) {
   expect_like(to_stereo(signal), check.sound, kCodingSnr);
 }
 
-TEST(Mp3Song, VeryShortSongs) {
+TEST(Mp3Song, IsWholeHoweverShort) {
   for (const Frames frames : {1, 100, 1152, 2000}) {
     const Signal signal = music(static_cast<double>(frames) / kSampleRate);
     const SongCheck check = check_song(make_mp3(signal, {"-b", "128"}));

@@ -39,7 +39,7 @@ TEST(WavSong, SixteenBitSamplesComeOutExactly) {
   expect_plays(wav_file(signal, Encoding::kInt16), to_stereo(signal), "all values");
 }
 
-TEST(WavSong, EveryUncompressedEncoding) {
+TEST(WavSong, PlaysInEveryUncompressedEncoding) {
   const Signal signal = short_music();
   const Sound expected = to_stereo(signal);
   const std::vector<std::pair<Encoding, double>> encodings = {
@@ -169,7 +169,7 @@ TEST(WavSong, TruncatedFilePlaysWhatIsThere) {
   EXPECT_EQ(check.sound, Sound(all.begin(), all.begin() + 1000));
 }
 
-TEST(WavSong, OtherChunksAnywhere) {
+TEST(WavSong, PlaysWithOtherChunksAnywhere) {
   const Signal signal = short_music();
   const Sound expected = as_16_bit(signal);
   const Bytes data = wav_chunk("data", encode(signal.samples, Encoding::kInt16));
@@ -180,14 +180,14 @@ TEST(WavSong, OtherChunksAnywhere) {
   expect_plays(make_id3v2(3000) + wav_file(format16(signal) + data), expected, "ID3 in front");
 }
 
-TEST(WavSong, BigEndian) {
+TEST(WavSong, PlaysInBigEndian) {
   const Signal signal = short_music();
   const Bytes chunks = wav_chunk("fmt ", wav_format(signal, Encoding::kInt16, 0, true), true) +
                        wav_chunk("data", encode(signal.samples, Encoding::kInt16, true), true);
   expect_plays(wav_file(chunks, "RIFX", true), as_16_bit(signal), "RIFX");
 }
 
-TEST(WavSong, LongSizes) {
+TEST(WavSong, PlaysWithSizesOf64Bits) {
   const Signal signal = short_music();
   const Bytes data = encode(signal.samples, Encoding::kInt16);
   for (const std::uint64_t stated : {std::uint64_t{data.size()}, std::uint64_t{0}}) {
@@ -198,7 +198,7 @@ TEST(WavSong, LongSizes) {
   }
 }
 
-TEST(WavSong, SixtyFourBitFamily) {
+TEST(WavSong, PlaysInTheSixtyFourBitFamily) {
   const Signal signal = short_music();
   const Bytes data = encode(signal.samples, Encoding::kInt16);
   const Bytes tail = {0xF3, 0xAC, 0xD3, 0x11, 0x8C, 0xD1, 0x00, 0xC0, 0x4F, 0x8E, 0xDB, 0x8A};

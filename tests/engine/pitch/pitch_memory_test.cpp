@@ -82,7 +82,7 @@ class PitchMemory : public testing::Test {
   }
 };
 
-TEST_F(PitchMemory, TheCountCounts) {
+TEST_F(PitchMemory, EveryAllocationIsCounted) {
   // Called by name, which no compiler may leave out.
   const int calls = calls_in([] { ::operator delete(::operator new(1000)); });
   EXPECT_EQ(calls, 2);

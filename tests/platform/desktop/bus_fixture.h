@@ -18,7 +18,7 @@ class BusFixture : public testing::Test {
     });
   }
 
-  // No one shall say a word, whatever happens.
+  // Nothing is written to standard error, whatever happens.
   void SetUp() override { testing::internal::CaptureStderr(); }
   void TearDown() override { EXPECT_EQ(testing::internal::GetCapturedStderr(), ""); }
 

@@ -117,7 +117,7 @@ TEST_F(PulseOutputRecoveryTest, AServerThatIsKilledAgainAndAgainIsFoundAgain) {
   expect_back_each_time("sound server killed and started again", go, [this] { server_.start(); });
 }
 
-TEST_F(PulseOutputRecoveryTest, NoServerAtStart) {
+TEST_F(PulseOutputRecoveryTest, PlaysOnceThereIsAServer) {
   output_.start();
   EXPECT_FALSE(output_.consuming());
   EXPECT_EQ(output_.frames_played(), 0U);
