@@ -25,7 +25,7 @@ target_compile_options(tandem_options INTERFACE
   # ccache needs it with precompiled headers.
   $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 if(TANDEM_SANITIZE)
-  # The linker takes all of them; code that only tests is compiled without the second, which doubles its compile time.
+  # The linker takes all of them; code that only tests is compiled without the others, which would double its compile time.
   string(REPLACE "," ";" sanitizers "${TANDEM_SANITIZE}")
   list(POP_FRONT sanitizers first_sanitizer)
   target_compile_options(tandem_options INTERFACE -fsanitize=${first_sanitizer} -fno-omit-frame-pointer
@@ -49,8 +49,8 @@ endif()
 # one: it takes a third of the time. So names in anonymous namespaces differ within a folder of src and of tests.
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
 
-# Headers are read once for each unit, and what they define is compiled once for each: clang-tidy and the sanitizers
-# take less time for few units. After a change of one file they compile more again.
+# Headers are compiled once for each unit, so few large units save time for clang-tidy and the sanitizers; a change of one
+# file then compiles more.
 option(TANDEM_WHOLE_FOLDERS "Make the units of a unity build whole folders of src and whole test programs" OFF)
 if(TANDEM_WHOLE_FOLDERS)
   set(CMAKE_UNITY_BUILD_BATCH_SIZE 0)
@@ -106,7 +106,7 @@ function(tandem_test_data)
   set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_DEFINITIONS TANDEM_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data")
 endfunction()
 
-# A compiler takes precompiled headers only where these are as they were: -fPIC as with Qt, _REENTRANT as with PulseAudio.
+# A precompiled header is used only by a compilation with the same options: -fPIC as with Qt, _REENTRANT as with PulseAudio.
 function(tandem_reads_test_headers target)
   target_compile_options(${target} PRIVATE -fPIC)
   target_compile_definitions(${target} PRIVATE _REENTRANT)
@@ -125,12 +125,12 @@ function(tandem_test_headers name source)
 endfunction()
 
 # tandem_test(NAME SOURCES file... LINKS target... [LABELS label...] [QT] [SERIAL] [SHARDS n]):
-# a GoogleTest program. QT: one that includes much of Qt's windows.
+# a GoogleTest program. QT: one that includes Qt's widget headers.
 # It is one CTest entry of that name, or n entries NAME.0 ... that share its cases. Labels with a meaning for ./check:
 # "threads" is run under the thread sanitizer too, "slow" is left out under the address sanitizer (what is not slow
-# gets the label "quick"), and what is labelled "window" (Qt's windows, which take long to compile there) or "songs" (whole
-# songs, which take long to play) is seen by the address sanitizer in "./check all" and in .ci/run. SERIAL: runs in real
-# time on a private sound server, alone (label "server").
+# gets the label "quick"), "window" (Qt's windows, which take long to compile there) and "songs" (whole songs, which take
+# long to play) are seen by it in "./check all" and in .ci/run only, "live" is run by "./check all" only. SERIAL: runs in
+# real time on a private sound server, alone (label "server"); sanitizers see it in "./check all" and in .ci/run.
 # Each entry leaves its cases in results/ENTRY.xml of the build folder, where they are counted.
 function(tandem_test name)
   cmake_parse_arguments(arg "SERIAL;QT" "SHARDS" "SOURCES;LINKS;LABELS" ${ARGN})
@@ -146,20 +146,16 @@ function(tandem_test name)
   else()
     target_precompile_headers(${name} REUSE_FROM test_headers)
   endif()
-  if("threads" IN_LIST arg_LABELS)
-    add_dependencies(threads_tests ${name})
+  if(NOT "live" IN_LIST arg_LABELS)
+    add_dependencies(all_tests ${name})
+  endif()
+  if(NOT "slow" IN_LIST arg_LABELS)
+    list(APPEND arg_LABELS quick)
   endif()
   if(arg_SERIAL)
     list(APPEND arg_LABELS server)
   endif()
-  if(NOT "slow" IN_LIST arg_LABELS)
-    list(APPEND arg_LABELS quick)
-    if("window" IN_LIST arg_LABELS OR "songs" IN_LIST arg_LABELS)
-      add_dependencies(rest_tests ${name})
-    elseif(NOT arg_SERIAL)
-      add_dependencies(quick_tests ${name})
-    endif()
-  endif()
+  tandem_sanitized_test(${name} ${arg_LABELS})
   if(NOT arg_SHARDS)
     tandem_test_entry(${name} ${name} "" "${arg_LABELS}" "${arg_SERIAL}")
     return()
@@ -171,16 +167,33 @@ function(tandem_test name)
   endforeach()
 endfunction()
 
+# Makes the program part of what the sanitizer stages build.
+function(tandem_sanitized_test name)
+  set(part "")
+  if("server" IN_LIST ARGN)
+    set(part server_)
+  endif()
+  if("threads" IN_LIST ARGN)
+    add_dependencies(${part}threads_tests ${name})
+  endif()
+  if("quick" IN_LIST ARGN)
+    if(NOT part AND ("window" IN_LIST ARGN OR "songs" IN_LIST ARGN))
+      set(part rest_)
+    endif()
+    add_dependencies(${part}quick_tests ${name})
+  endif()
+endfunction()
+
 function(tandem_test_entry entry program environment labels serial)
   add_test(NAME ${entry} COMMAND ${program})
   set_tests_properties(${entry} PROPERTIES TIMEOUT 600 LABELS "${labels}" RUN_SERIAL "${serial}"
     ENVIRONMENT "GTEST_OUTPUT=xml:${CMAKE_BINARY_DIR}/results/${entry}.xml;${environment}")
 endfunction()
 
-# The test programs that the sanitizer stages of ./check build.
-add_custom_target(quick_tests)
-add_custom_target(rest_tests)
-add_custom_target(threads_tests)
+# The test programs that the stages of ./check build.
+foreach(tests all_tests quick_tests rest_quick_tests server_quick_tests threads_tests server_threads_tests)
+  add_custom_target(${tests})
+endforeach()
 
 # tandem_factory_settings(TARGET): puts the factory TP.inf beside the program TARGET if there is none.
 function(tandem_factory_settings target)
