@@ -27,8 +27,7 @@ class Act {
 // With both inputs open the active deck is the one that goes out.
 int PanelRemote::deck() const {
   const int active = program_.state.ActiveDeck;
-  const int idle = program_.state.idle_deck();
-  if (is_open(idle)) return idle;
+  if (const int idle = program_.state.idle_deck(); is_open(idle)) return idle;
   return is_open(active) ? active : -1;
 }
 

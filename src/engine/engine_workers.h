@@ -1,8 +1,8 @@
-// Who reads and renders for the engine: in the player threads (EngineThreads), in simulated time the one thread that
-// lets time pass. The engine is wired in the same way for both, so that what tests in simulated time prove holds in the
-// player.
+// Who reads and renders for the engine: in the player threads (EngineThreads), in simulated time the calling thread
+// (SimulatedWorkers of the tests). The engine is wired in the same way for both, so that what tests in simulated time
+// prove holds in the player.
 //
-// UI thread. Nothing fails. What workers without threads have no use for does nothing.
+// UI thread. Nothing fails. The defaults do nothing, which suits workers without threads.
 #pragma once
 
 #include <array>
@@ -34,7 +34,7 @@ class EngineWorkers {
 
   // Whether the equalizer's filters are designed on a thread, too.
   virtual bool has_threads() const { return false; }
-  // The engine's first call and its last: what is to be worked on lives between them.
+  // The engine's first call and its last: `work` stays valid between them.
   virtual void start(const Work& work) = 0;
   virtual void stop() = 0;
 

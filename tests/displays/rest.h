@@ -7,8 +7,8 @@
 
 namespace tandem {
 
-// Plays `sound` to the display until `end` seconds. It moves while the first `sounding` seconds are heard, and in the
-// end lies at rest and changes no more.
+// Plays `sound` to the display until `end` seconds. It moves while the first `sounding` seconds are heard; at the end
+// it is at rest and no longer changes.
 inline void expect_rest_after(SoundDisplay& display, const Sound& sound, double sounding, double end) {
   Screen screen(display, sound);
   screen.run(sounding);

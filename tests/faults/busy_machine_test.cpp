@@ -26,7 +26,7 @@ int busy_processes() {
   return setting != nullptr ? std::max(std::atoi(setting), 1) : 4;
 }
 constexpr std::size_t kChance = 5;            // breaks
-constexpr std::size_t kSpared = 4;            // a break is answered: at most one of so many comes about
+constexpr std::size_t kSpared = 4;            // after a break the queue is long: at most one in this many is heard
 constexpr int kQuick = 20;                    // seconds
 constexpr std::chrono::seconds kUserGone{5};  // until the program takes the user to be away
 constexpr std::chrono::seconds kLook{1};

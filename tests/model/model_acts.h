@@ -22,7 +22,7 @@ class Acting {
   std::string compare_saved(const PanelModel& model) const;
 
  private:
-  // Each one leaves what it does not know to the next.
+  // Each passes what it does not handle to the next.
   void act_on_transport(const Event& event);
   void act_on_files(const Event& event);
   void act_on_player(const Event& event);

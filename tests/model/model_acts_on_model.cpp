@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include <filesystem>
 
 #include "model/model_acts.h"
@@ -6,7 +8,7 @@ namespace tandem::model {
 
 namespace {
 
-// Each function leaves what it does not know to the one above it.
+// Each function passes what it does not handle to the one above it.
 void act_on_board(PanelModel& model, const Event& event) {
   const auto number = static_cast<std::size_t>(event.first);
   switch (event.act) {
@@ -27,7 +29,7 @@ void act_on_board(PanelModel& model, const Event& event) {
     case Act::Size:
       return model.toggle_size();
     default:
-      return;
+      ADD_FAILURE() << "there is no such act";
   }
 }
 

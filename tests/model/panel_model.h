@@ -1,5 +1,5 @@
-// A second, independent telling of what the panel does: transport, mix, list, displays and board as one struct of plain
-// values with one function for each event. It knows no control and no component; what the panel asks of the sound
+// A second, independent description of what the panel does: transport, mix, list, displays and board as one struct of
+// plain values with one function for each event. It knows no control and no component; what the panel asks of the sound
 // components is kept in calls, in the words of tests/logged_graph/logged_graph.h.
 #pragma once
 

@@ -15,7 +15,8 @@ class SimulatedWorkers final : public EngineWorkers {
   void start(const Work& work) override { work_.emplace(work); }
   void stop() override { work_.reset(); }
 
-  // 10 ms of sound, if the output takes any, while an engine lives. Engine::deliver() follows unless the panel is busy.
+  // 10 ms of sound, if the output takes any; there must be an engine. Engine::deliver() follows unless the panel is
+  // busy.
   void step();
   // The deck's reader does no work while stalled, as on a disk that hangs.
   void stall_reader(std::size_t deck, bool stalled) { stalled_.at(deck) = stalled; }

@@ -100,12 +100,12 @@ class HouseRules(unittest.TestCase):
 
     def test_plain_english(self):
         for name, line in (('a.cpp', 'int h = 0;  // the ha' + 'nd moves it'), ('a.md', 'No' + 'body is near.'),
-                           ('a.py', '# drawn an' + 'ew'), ('CMakeLists.txt', '# as it is to' + 'ld'),
+                           ('a.py', '# drawn an' + 'ew'), ('a.cpp', 'f();  // is han' + 'ded over'), ('CMakeLists.txt', '# as it is to' + 'ld'),
                            ('a.cpp', 'TEST_F(Window, FollowsTheHa' + 'nd) {'), ('a.c', 'f();  // as to' + 'ld'),
                            ('a.h', 'int number_to' + 'ld_ = 0;'), ('a.cpp', 'int times_wis' + 'hed() {')):
             self.assertIsNotNone(house_rules.word_offence(name, line), line)
-        for name, line in (('a.cpp', 'int ha' + 'nd = 0;'), ('a.cpp', 'f();  // handed over, handles, beforehand'),
-                           ('a.cpp', 'TEST(Queue, IsHandedOver) {'),
+        for name, line in (('a.cpp', 'int ha' + 'nd = 0;'), ('a.cpp', 'f();  // handles, beforehand'),
+                           ('a.cpp', 'TEST(Queue, HandlesTheLast) {'),
                            ('a.cpp', 'handler_ = old_handle;'),
                            ('a.svg', '<!-- be' + 'hind -->')):
             self.assertIsNone(house_rules.word_offence(name, line), line)

@@ -2,7 +2,7 @@
 """house_rules.py [ROOT]: fails on files that are too long, on stray blanks and line ends, and on unwanted words.
 
 No code file has more than 300 lines. Text files end with one line end, hold no CR, no tab and no blank at a line's end.
-Names in anonymous namespaces are unique among files that are compiled as one: a folder of src, a test program. Nothing
+Names in anonymous namespaces are unique among files that are compiled as one: a folder of src or of tests. Nothing
 refers to papers outside this repository: what matters is said where it matters. Comments and documents are in plain English:
 words to avoid stay out, of names too. Exit status 0, or 1 with one line for each offence.
 """
@@ -26,7 +26,7 @@ EXEMPT = ('tests/data/', 'fuzz/seeds/', 'fuzz/regressions/')
 PAPERS = re.compile(r'\b[sS]p' r'ec(ification)?s?\b|\bPart' r' [0-9](\.[0-9])?|\.\./' r'shared|\bshared' r'/(sp' r'ec|design)')
 CAPTION = re.compile(r'"Sp' r'ec"|\bSp' r'ec(?=, V\.U\.)|\bSp' r'ec(?=[,/|] ?VU)')
 # Say the user, reported, again, no one, after or before, on purpose, Qt.
-UNCLEAR = r'(hands?|told|tells?|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)'
+UNCLEAR = r'(hand(s|ed|ing)?|told|tell(s|ing)?|anew|nobody|whoever|wilful(ly)?|behind|toolkit|wish(es|ed)?)'
 WORDS = re.compile(rf'\b{UNCLEAR}\b', re.IGNORECASE)
 NAME = re.compile(rf'\b\w*_{UNCLEAR}_?\b')  # a function or a variable in snake_case
 TEST_NAME = re.compile(r'TEST(?:_[FP])?\((\w+, \w+)\)')  # words that begin with a capital letter

@@ -17,7 +17,7 @@ namespace tandem {
 
 class Downmix {
  public:
-  // `channel_mask`: one bit for each channel's place, as in WAV files; 0 for the usual places of so many channels.
+  // `channel_mask`: one bit for each channel's place, as in WAV files; 0 for the usual places of as many.
   Downmix(int channels, std::uint32_t channel_mask);
 
   // `in` holds out.size() frames, interleaved. Mono goes to both channels, stereo through unchanged.

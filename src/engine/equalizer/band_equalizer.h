@@ -23,7 +23,7 @@ class BandEqualizer {
   BandEqualizer();
 
   // Changes to another filter (nullptr: none) with the next block, or after the fade that is running; of several
-  // that wait only the newest is taken. Every filter is handed in once; it must live until take_retired() gives it.
+  // that wait only the newest is taken. Every filter is passed in once; it must live until take_retired() gives it.
   void adopt(const EqualizerFilter* next) noexcept;
 
   // A filter that is no longer used, or nullptr. To be called until it gives nullptr, after adopt() and process().

@@ -39,7 +39,7 @@ class SectionReader {
   std::vector<StereoFrame> input_;
   std::span<const StereoFrame> waiting_;  // of input_, not yet converted
   Frames taken_ = 0;                      // frames of the section read from the decoder
-  Frames given_ = 0;                      // frames of the section handed out
+  Frames given_ = 0;                      // frames of the section given out
   bool ended_ = false;                    // the decoder has given all of the section
 };
 

@@ -142,11 +142,7 @@ void Chain::report(const RenderEvent& event) noexcept {
 
 void Chain::post_events() noexcept {
   for (std::uint8_t i = 0; i < kDecks; ++i) {
-    RenderEvent event;
-    if (decks_[i].take_end(event)) {
-      event.deck = i;
-      report(event);
-    }
+    if (const auto end = decks_[i].take_end(i)) report(*end);
     while (PitchShifter* shifter = decks_[i].take_retired())
       report({RenderEvent::Kind::RetiredShifter, i, 0, 0, shifter});
   }

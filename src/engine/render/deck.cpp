@@ -187,11 +187,10 @@ Frames Deck::frames_left() const noexcept {
   return static_cast<Frames>(status_.end - status_.begin) - (frame_ - status_.first_frame);
 }
 
-bool Deck::take_end(RenderEvent& event) noexcept {
-  if (muted_ || !ended_ || reported_) return false;
+std::optional<RenderEvent> Deck::take_end(std::uint8_t deck) noexcept {
+  if (muted_ || !ended_ || reported_) return {};
   reported_ = true;
-  event = {RenderEvent::Kind::SongEnded, 0, generation_, epoch_, nullptr};
-  return true;
+  return RenderEvent{RenderEvent::Kind::SongEnded, deck, generation_, epoch_, nullptr};
 }
 
 PitchShifter* Deck::take_retired() noexcept {

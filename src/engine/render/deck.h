@@ -6,6 +6,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "engine/core/frames.h"
@@ -47,8 +48,8 @@ class Deck {
   void drop_tail() noexcept;
   // Frames until the sounding song ends: its reader knows the end a few seconds ahead. A very large number until then.
   Frames frames_left() const noexcept;
-  // The end of an unmuted song: true once for each song and unmute.
-  bool take_end(RenderEvent& event) noexcept;
+  // The end of an unmuted song, once for each song and unmute. `deck`: the index of this one.
+  std::optional<RenderEvent> take_end(std::uint8_t deck) noexcept;
   PitchShifter* take_retired() noexcept;
 
   const DeckPosition& position() const noexcept { return position_; }

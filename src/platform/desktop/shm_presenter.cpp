@@ -23,7 +23,7 @@ namespace {
 constexpr int kPixelBits = 32;
 constexpr std::size_t kPixel = sizeof(QRgb);
 
-// Memory is handed over as a descriptor, which only a socket of this machine takes.
+// Memory is passed as a descriptor, which only a socket of this machine takes.
 bool is_local(xcb_connection_t* server) {
   sockaddr_storage address = {};
   socklen_t size = sizeof(address);

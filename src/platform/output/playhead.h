@@ -1,5 +1,5 @@
 // The playing position of a device that has no clock of its own: what was added plays at 44100 frames a second, and
-// stands when there is no more. Time is handed in. No thread of its own.
+// stands when there is no more. Time is a parameter. No thread of its own.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // What keeps a real-time thread that runs away from taking the machine with it: after a tenth of a second without a
-// wait the kernel sends SIGXCPU, and all threads that asked for real-time scheduling go back to the usual one. The
+// wait the kernel sends SIGXCPU, and all threads that asked for real-time scheduling go back to default scheduling. The
 // sound goes on as far as it can.
 #pragma once
 

@@ -32,7 +32,7 @@ inline Sound seeded_noise(std::size_t frames, unsigned seed) {
   return sound;
 }
 
-// Owns the filters handed to an equalizer and checks that each comes back once.
+// Owns the filters given to an equalizer and checks that each comes back once.
 class Rig {
  public:
   void adopt(const std::vector<EqualizerBand>& bands) { adopt_own(design_filter(bands).release()); }

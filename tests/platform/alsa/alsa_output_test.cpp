@@ -51,7 +51,7 @@ class AlsaOutputTest : public testing::Test {
     return samples;
   }
 
-  // Until that many `frames` of the ring have been heard, to the end of what the ring was given.
+  // Plays until more than `frames` of the ring have been heard, then lets the rest out.
   void play(const std::string& device, const OutputFeeder::Sound& sound, std::uint64_t frames) {
     AlsaOutput output(ring_, {device});
     OutputFeeder feeder(ring_, output, 2 * kTestedRequest, sound);

@@ -18,7 +18,7 @@ struct AlsaTestDesk {
     kGone        // unplugged, as long as it is set
   };
   std::atomic<Fault> fault{Fault::kNone};
-  std::atomic<int> opened{0};  // so many times
+  std::atomic<int> opened{0};  // how often
   std::mutex mutex;
   std::vector<Sample16> recording;  // guarded by mutex
 };

@@ -35,7 +35,7 @@ int realtime_threads() {
   return count;
 }
 
-TEST(RealtimePriority, IsGrantedAndNotHandedOnOrChangesNothing) {
+TEST(RealtimePriority, IsGrantedAndNotInheritedOrChangesNothing) {
   bool granted = false;
   int policy = -1;
   std::thread([&] {
