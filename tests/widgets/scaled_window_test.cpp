@@ -56,6 +56,15 @@ class ScaledWindow : public testing::Test {
     auto* store = dynamic_cast<QImage*>(rig.window->backingStore()->paintDevice());
     return store->convertToFormat(QImage::Format_RGB32);
   }
+  // The needle meters and the level bar after a second of this frame.
+  QImage meters_after(const SoundFrame& frame) {
+    rig.controls().MMSwitchX1.move(1);
+    for (int i = 0; i < 60; ++i) {
+      rig.window->visual().feed(std::vector<SoundFrame>(735, frame));
+      rig.frame(1.0 / 60);
+    }
+    return shown();
+  }
   // One item on the bare panel, drawn again at a scale.
   QImage drawn(const std::string& name, double at_scale) {
     const auto length = [at_scale](int px) { return static_cast<int>(std::floor(px * at_scale + .5)); };
@@ -126,14 +135,16 @@ TEST_F(ScaledWindow, ClicksDoWhatTheyDoAtOneHundred) {
   EXPECT_EQ(rig.controls().MMLEDX1.LEDColor.get(), clLime);
 }
 
+TEST_F(ScaledWindow, TheLevelBarShowsTheLeftChannelOnTheLeft) {
+  const QImage picture = meters_after(SoundFrame{1, 0});
+  const auto lit = [&](int x) { return is_near(picture.pixel(pixel(x), pixel(104)), palette::kLime); };
+  EXPECT_TRUE(lit(429));
+  EXPECT_FALSE(lit(435));
+}
+
 // A spot is its whole colour, and between two spots there is nothing of it.
 TEST_F(ScaledWindow, SpotsOfTheLevelBarAreWholePixels) {
-  rig.controls().MMSwitchX1.move(1);
-  for (int i = 0; i < 60; ++i) {
-    rig.window->visual().feed(std::vector<SoundFrame>(735, SoundFrame{1, 1}));
-    rig.frame(1.0 / 60);
-  }
-  const QImage picture = shown();
+  const QImage picture = meters_after(SoundFrame{1, 1});
   constexpr QRgb kGround = 0xFF020303;
   std::vector<int> runs = {0};
   for (int y = pixel(66); y < pixel(105); ++y) {  // below the glass's light
