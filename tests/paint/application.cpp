@@ -16,7 +16,7 @@ class ApplicationEnvironment : public ::testing::Environment {
 
  private:
   int count_ = 1;
-  char name_[11] = "paint_test";
+  char name_[7] = "tandem";
   char* arguments_[2] = {name_, nullptr};
   std::unique_ptr<QApplication> application_;
 };

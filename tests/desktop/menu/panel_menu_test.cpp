@@ -36,13 +36,6 @@ class Menu : public testing::Test {
                                                         [] { return 2.0; }, [this] { ++quits; }});
     window.show();
   }
-  static void SetUpTestSuite() {
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    static int count = 1;
-    static char name[] = "tandem";
-    static char* words[] = {name, nullptr};
-    if (qApp == nullptr) new QApplication(count, words);
-  }
   QMenu* open() {
     QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), item.mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(&item, &event);
