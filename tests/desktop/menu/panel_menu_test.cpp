@@ -13,7 +13,6 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOption>
-#include <cstdlib>
 #include <memory>
 #include <set>
 
