@@ -8,7 +8,7 @@ find_package(Threads REQUIRED)
 set(TANDEM_SANITIZE "" CACHE STRING "Sanitizers to build with, as for -fsanitize= (empty: none)")
 option(TANDEM_HARDEN "Build with the usual hardening" ON)
 
-# With ccache a second build takes seconds, also in another clone: paths are taken relative to this folder.
+# With ccache a second build takes seconds, and that of src in another clone too: paths are taken relative to this folder.
 find_program(TANDEM_CCACHE ccache)
 if(TANDEM_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
